@@ -1,0 +1,49 @@
+#include "SDK/Logger/Logger.h"
+
+#include <QDateTime>
+#include <QDebug>
+#include <QFile>
+#include <QMutex>
+#include <QMutexLocker>
+
+namespace {
+
+QMutex fileLogMutex;
+
+QByteArray fileLogLine(const QString &message)
+{
+    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
+    return QStringLiteral("%1 %2 %3\r\n")
+        .arg(QStringLiteral("[%1]").arg(stamp), QStringLiteral("SDK/Logger"), message)
+        .toUtf8();
+}
+
+} // namespace
+
+const char *const outputName = "output.txt";
+
+void Logger(QString message)
+{
+    const QMutexLocker lock(&fileLogMutex);
+    QFile file(QStringLiteral("log.txt"));
+    if (file.open(QIODevice::ReadWrite | QIODevice::Append)) {
+        file.write(fileLogLine(message));
+        file.flush();
+    }
+    file.close();
+}
+
+void LogDebug(const QString &message)
+{
+    qDebug() << message;
+}
+
+QString labelled(const char *label, const QString &value)
+{
+    return QString::fromUtf8(label) + value;
+}
+
+QString labelled(const char *label, int value)
+{
+    return labelled(label, QString::number(value));
+}
