@@ -12,7 +12,8 @@ QMutex fileLogMutex;
 
 QByteArray fileLogLine(const QString &message)
 {
-    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
+    const QString stamp =
+        QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
     return QStringLiteral("%1 %2 %3\r\n")
         .arg(QStringLiteral("[%1]").arg(stamp), QStringLiteral("SDK/Logger"), message)
         .toUtf8();

@@ -2,9 +2,9 @@
 
 #include <QString>
 
-/// Appends one line, "[yyyy-MM-dd hh:mm:ss] SDK/Logger MESSAGE" in UTF-8 with CR LF, to "log.txt" in
-/// the current working directory. Callable from any thread. The file is opened for each line, so it
-/// may be deleted or moved at any time; a file that cannot be opened loses the line silently.
+/// Appends one line, "[yyyy-MM-dd hh:mm:ss] SDK/Logger MESSAGE" in UTF-8 with CR LF, to "log.txt"
+/// in the current working directory. Callable from any thread. The file is opened for each line, so
+/// it may be deleted or moved at any time; a file that cannot be opened loses the line silently.
 void Logger(QString message);
 
 /// Writes \a message to the framework's debug stream as one quoted item.

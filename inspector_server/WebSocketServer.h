@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+class QWebSocket;
+class QWebSocketServer;
+
+/// Answers the settings panel's requests, bare request names, with one JSON text each, and marks
+/// the running instance by listening. It sends nothing unasked.
+class WebSocketServer : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Listens on all interfaces; a port that is taken is logged and not tried again. Port 0 takes
+    /// any free one.
+    explicit WebSocketServer(quint16 port, QObject *parent = nullptr);
+    ~WebSocketServer() override;
+
+    /// \a plugin is a SystemMonitorLibOwner and is not owned. Without one, requests are left
+    /// unanswered.
+    void setPlugin(QObject *plugin);
+
+    /// The port listened on, 0 when it could not be had.
+    quint16 port() const;
+
+private:
+    void onNewConnection();
+    void onTextMessageReceived(const QString &message);
+    void onDisconnected();
+
+    QWebSocketServer *m_pWebSocketServer;
+    QList<QWebSocket *> m_clients; ///< In the order of connection; owned.
+    QPointer<QObject> m_plugin;
+};

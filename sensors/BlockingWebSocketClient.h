@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QAbstractSocket>
+#include <QObject>
+
+class QUrl;
+class QWebSocket;
+
+/// One WebSocket connection whose outcome is known when the constructor returns. It sends nothing;
+/// an established connection is held until the object is destroyed, which closes it with the code
+/// for normal closure.
+class BlockingWebSocketClient : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Waits in a nested event loop until \a url is connected, refused or silent for
+    /// \a timeoutMs milliseconds.
+    BlockingWebSocketClient(const QUrl &url, unsigned timeoutMs, QObject *parent = nullptr);
+    ~BlockingWebSocketClient() override;
+
+    /// The outcome of the constructor's attempt.
+    bool isConnected() const { return connected; }
+
+private:
+    void attempt(const QUrl &url);
+    void onConnected();
+    void onDisconnected();
+    void onError(QAbstractSocket::SocketError error);
+
+    bool connected = false;
+    QWebSocket *socket;
+    unsigned timeout; ///< Milliseconds.
+};

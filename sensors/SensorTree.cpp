@@ -1,0 +1,67 @@
+#include "sensors/SensorTree.h"
+
+#include <QJsonArray>
+
+#include <cmath>
+#include <limits>
+
+namespace sensortree {
+
+bool containsLabel(const QString &key, const QString &label)
+{
+    return key.contains(label, Qt::CaseInsensitive);
+}
+
+std::optional<QString> findLabel(const QJsonObject &sensors, const QString &label)
+{
+    for (auto sensor = sensors.begin(); sensor != sensors.end(); ++sensor) {
+        if (containsLabel(sensor.key(), label))
+            return sensor.key();
+    }
+    return std::nullopt;
+}
+
+QJsonObject firstReading(const QJsonValue &value)
+{
+    return value.toArray().at(0).toObject();
+}
+
+QJsonObject readingOf(const QJsonObject &sensors, const QString &label)
+{
+    const std::optional<QString> key = findLabel(sensors, label);
+    return key ? firstReading(sensors.value(*key)) : QJsonObject();
+}
+
+double valueOf(const QJsonObject &reading)
+{
+    return reading.value(QLatin1String("value")).toDouble();
+}
+
+int wholeValueOf(const QJsonObject &reading)
+{
+    return reading.value(QLatin1String("value")).toInt();
+}
+
+QString unitsOf(const QJsonObject &reading, const QString &fallback)
+{
+    const QString units = reading.value(QLatin1String("units")).toString();
+    return units.isEmpty() ? fallback : units;
+}
+
+int truncated(double value)
+{
+    if (std::isnan(value))
+        return 0;
+    if (value >= std::numeric_limits<int>::max())
+        return std::numeric_limits<int>::max();
+    if (value <= std::numeric_limits<int>::min())
+        return std::numeric_limits<int>::min();
+    return static_cast<int>(value);
+}
+
+int capped(int value, unsigned cap)
+{
+    return static_cast<unsigned>(value) > cap ? static_cast<int>(cap) : value;
+}
+
+} // namespace sensortree
