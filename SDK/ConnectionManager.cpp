@@ -1,0 +1,113 @@
+#include "SDK/ConnectionManager.h"
+
+#include "SDK/BasePlugin.h"
+#include "SDK/HostEvents.h"
+#include "SDK/HostMessages.h"
+#include "SDK/Logger/Logger.h"
+#include "inspector_server/WebSocketServer.h"
+
+#include <QCoreApplication>
+#include <QUrl>
+#include <QWebSocket>
+
+#include <cstdlib>
+
+namespace {
+
+/// The port on which settings panels ask for readings and other instances look for a running one.
+constexpr quint16 dataServerPort = 24509;
+
+} // namespace
+
+ConnectionManager::ConnectionManager(int hostPort, const QString &uuid, const QString &eventName,
+                                     const QString & /*info*/, BasePlugin *eventReceiver,
+                                     QObject *parent)
+    : QObject(parent)
+    , port(hostPort)
+    , pluginUUID(uuid)
+    , registerEvent(eventName)
+    , plugin(eventReceiver)
+{
+    if (plugin) {
+        plugin->SetConnectionManager(this);
+        connect(plugin, &QObject::destroyed, this, &QObject::deleteLater);
+    }
+}
+
+ConnectionManager::~ConnectionManager() = default;
+
+void ConnectionManager::Run()
+{
+    if (webSocket)
+        return;
+    dataServer = new WebSocketServer(dataServerPort, nullptr);
+    dataServer->setPlugin(plugin);
+
+    webSocket = new QWebSocket(QString(), QWebSocketProtocol::Version13);
+    connect(webSocket, &QWebSocket::connected, this, &ConnectionManager::OnConnected);
+    connect(webSocket, &QWebSocket::disconnected, this, &ConnectionManager::OnDisconnected);
+    connect(webSocket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), this,
+            &ConnectionManager::OnError);
+    connect(webSocket, &QWebSocket::textMessageReceived, this, &ConnectionManager::OnMessage);
+
+    const QString address = QStringLiteral("ws://127.0.0.1:%1").arg(port);
+    Logger(address);
+    webSocket->open(QUrl(address));
+}
+
+void ConnectionManager::SetTitle(const QString &title, const QString &context, int target,
+                                 int state)
+{
+    send(hostmessages::setTitle(title, context, target, state));
+}
+
+void ConnectionManager::SetImage(const QString &image, const QString &context, int target,
+                                 int state)
+{
+    send(hostmessages::setImage(image, context, target, state));
+}
+
+void ConnectionManager::SetSettings(const QJsonObject &payload, const QString &context)
+{
+    send(hostmessages::setSettings(payload, context));
+}
+
+void ConnectionManager::OnMessage(const QString &text)
+{
+    LogDebug(labelled("OnMessage: ", text));
+    if (!plugin)
+        return;
+    try {
+        dispatchHostEvent(text, *plugin);
+    } catch (...) { // NOLINT(bugprone-empty-catch): one bad event must not end the plugin
+    }
+}
+
+void ConnectionManager::OnConnected()
+{
+    const QString registration =
+        hostmessages::compact(hostmessages::registration(registerEvent, pluginUUID));
+    webSocket->sendTextMessage(registration);
+    Logger(registration);
+    Logger(labelled("Connect-serverPort: ", webSocket->peerPort()));
+}
+
+void ConnectionManager::OnDisconnected()
+{
+    Logger(labelled("Disonnected-serverPort: ", webSocket->peerPort()));
+    Logger(labelled("Socket disconnected: ", webSocket->errorString()));
+    QCoreApplication::quit();
+    deleteLater();
+    std::exit(0); // NOLINT(concurrency-mt-unsafe)
+}
+
+void ConnectionManager::OnError(QAbstractSocket::SocketError /*error*/)
+{
+    Logger(labelled("Socket error: ", webSocket->errorString()));
+}
+
+void ConnectionManager::send(const QJsonObject &message)
+{
+    if (webSocket)
+        webSocket->sendTextMessage(hostmessages::compact(message));
+}

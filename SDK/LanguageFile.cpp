@@ -1,0 +1,31 @@
+#include "SDK/LanguageFile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+
+namespace {
+
+/// Far above any real table; what is longer is not one.
+constexpr qint64 longestFile = 16 * 1024 * 1024;
+
+} // namespace
+
+LanguageFile::LanguageFile(const QString &languageCode)
+{
+    QFile file(QCoreApplication::applicationDirPath() + languageCode + QStringLiteral(".json"));
+    // The code comes from outside: opening a pipe could block for ever.
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+        return;
+    m_content = QJsonDocument::fromJson(file.read(longestFile))
+                    .object()
+                    .value(QLatin1String("Localization"))
+                    .toObject();
+}
+
+const LanguageFile &LanguageFile::create(const QString &languageCode)
+{
+    static const LanguageFile file(languageCode);
+    return file;
+}
