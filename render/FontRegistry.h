@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <QVector>
+
+/// The fonts on offer: files that the host names, registered with Qt and listed in
+/// systemInfor::fontlist_one. Filled once at start-up, on the main thread.
+namespace fontregistry {
+
+struct FontFile
+{
+    QString name; ///< Display name, not used for loading.
+    QString url;  ///< Path of the file.
+};
+
+/// The "fonts" array of the host's info document, in which single quotes stand for double ones. A
+/// text that is no JSON object is logged; it and a missing array give an empty list.
+QVector<FontFile> loadFontList(const QString &infoJson);
+
+/// Registers one font file and lists its families and styles that are not listed yet. A file that
+/// cannot be loaded is logged.
+void loadFont(const QString &path);
+
+/// The style word at the end of the display name of the font listed as \a spec, as written there;
+/// empty when there is none.
+QString inferStyleFromName(const QString &spec);
+
+/// The font that "FAMILY|STYLE" or "FAMILY" names; \a pointSize is that of the font it replaces.
+QFont fontFromSpec(const QString &spec, int pointSize);
+
+} // namespace fontregistry

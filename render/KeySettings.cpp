@@ -1,0 +1,52 @@
+#include "render/KeySettings.h"
+
+#include "sensors/SensorTree.h"
+
+#include <QJsonValue>
+
+#include <algorithm>
+
+namespace {
+
+constexpr double smallestFont = 1.0;
+constexpr double largestFont = 600.0;
+
+int lengthFrom(const QJsonValue &value)
+{
+    const int number = sensortree::truncated(value.toDouble());
+    return number != 0 ? number : sensortree::truncated(value.toString().toDouble());
+}
+
+} // namespace
+
+KeySettings parseKeySettings(const QJsonObject &payload)
+{
+    const QJsonObject settings = payload.value(QLatin1String("settings")).toObject();
+    const QJsonObject parameters = settings.value(QLatin1String("titleParameters")).toObject();
+    const QJsonObject geometry = settings.value(QLatin1String("ActionGeometry")).toObject();
+    const auto text = [&parameters](const char *name) {
+        return parameters.value(QLatin1String(name)).toString();
+    };
+
+    KeySettings result;
+    result.text = text("text");
+    result.showTitle = parameters.value(QLatin1String("showTitle")).toBool();
+    result.fontFamily = text("fontFamily");
+    result.fontSize = parameters.value(QLatin1String("fontSize")).toInt();
+    result.color = text("color");
+    result.opacity = parameters.value(QLatin1String("opacity")).toDouble();
+    result.temperatureType = text("temperatureType");
+    result.titleLines = text("titleLines");
+    result.diskMode = text("diskMode");
+    result.volumeNameItem = text("volumeNameItem");
+    result.switchFrequency = parameters.value(QLatin1String("switchFrequency")).toInt();
+    result.showVolumeName = parameters.value(QLatin1String("showVolumeName")).toBool();
+    result.keyWidth = lengthFrom(geometry.value(QLatin1String("width")));
+    return result;
+}
+
+int fontPixelSize(int fontSize, int keyWidth, int imageWidth)
+{
+    const double ratio = imageWidth == 0 ? 1.0 : static_cast<double>(keyWidth) / imageWidth;
+    return static_cast<int>(std::clamp(ratio * fontSize, smallestFont, largestFont));
+}

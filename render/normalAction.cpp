@@ -1,0 +1,125 @@
+#include "render/normalAction.h"
+
+#include "SDK/Logger/Logger.h"
+#include "render/ActionCatalogue.h"
+#include "render/FontRegistry.h"
+#include "render/KeyPicture.h"
+#include "render/KeySettings.h"
+
+#include <QFontMetrics>
+
+#include <algorithm>
+
+namespace {
+
+struct Prefixes
+{
+    QString upload;
+    QString download;
+};
+
+/// The parts of "UPLOAD/DOWNLOAD". A title without a slash is replaced by one that has it.
+Prefixes splitTitle(QString &title)
+{
+    if (!title.contains(QLatin1Char('/')))
+        title = QStringLiteral("上传/下载");
+    const int slash = title.indexOf(QLatin1Char('/'));
+    return {title.left(slash), title.mid(slash + 1)};
+}
+
+QString titled(const QString &title, const QString &text)
+{
+    return title + QStringLiteral(": ") + text;
+}
+
+} // namespace
+
+normalAction::normalAction(ConnectionManager *connectionManager, const QString &action,
+                           const QString &context)
+    : Action(connectionManager, action, context)
+{
+    switchTimer.setTimerType(Qt::PreciseTimer);
+    setFontFromSpec(QStringLiteral("Roboto|Bold"));
+    titleText = defaultTitle(GetAction());
+}
+
+normalAction::~normalAction()
+{
+    switchTimer.stop();
+}
+
+void normalAction::applySettings(const QJsonObject &payload)
+{
+    const KeySettings settings = parseKeySettings(payload);
+    LogDebug(labelled("我拿到的字体: ", settings.fontFamily));
+    LogDebug(labelled("我当前的字体大小: ", font.pixelSize()));
+    LogDebug(labelled("我拿到的字体大小: ",
+                      QString::number(static_cast<double>(settings.fontSize), 'g', 6)));
+    titleText = settings.text;
+    showTitle = settings.showTitle;
+    color = settings.color;
+    opacity = settings.opacity;
+    setFontFromSpec(settings.fontFamily);
+    temperatureType = settings.temperatureType;
+    titleLines = settings.titleLines;
+    diskMode = settings.diskMode;
+    volumeNameItem = settings.volumeNameItem;
+    switchFrequency = settings.switchFrequency;
+    showVolumeName = settings.showVolumeName;
+    updateFontPixelSize(settings.fontSize, settings.keyWidth);
+}
+
+void normalAction::setFontFromSpec(const QString &spec)
+{
+    const QFont chosen = fontregistry::fontFromSpec(spec, font.pointSize());
+    fontSpec = spec;
+    font = chosen;
+}
+
+void normalAction::updateFontPixelSize(int fontSize, int keyWidth)
+{
+    if (imageWidth == 0)
+        LogDebug(QStringLiteral("发生错误，ActionW=0"));
+    font.setPixelSize(fontPixelSize(fontSize, keyWidth, imageWidth));
+}
+
+QString normalAction::normalPainting(const QString &textToDraw)
+{
+    LogDebug(labelled("textToDraw: ", textToDraw));
+    displayedText = drawsTitle() ? titled(titleText, textToDraw) : textToDraw;
+
+    const QFontMetrics metrics(font);
+    imageWidth = metrics.horizontalAdvance(displayedText);
+    imageHeight = metrics.height();
+    keyImage = paintPicture({imageWidth, imageHeight},
+                            {{QRect(0, 0, imageWidth, imageHeight), displayedText}},
+                            {font, color, 1.0 - opacity, textAlignment});
+    return pngDataUrl(keyImage, "normalAction::normalPainting");
+}
+
+QString normalAction::paintingTwoLines(const QString &uploadText, const QString &downloadText)
+{
+    if (GetAction() != actionuuid::netWork || titleLines != QLatin1String("双行显示"))
+        return {};
+    QString upload = uploadText;
+    QString download = downloadText;
+    if (drawsTitle()) {
+        const Prefixes prefixes = splitTitle(titleText);
+        upload = titled(prefixes.upload, uploadText);
+        download = titled(prefixes.download, downloadText);
+    }
+    displayedText = upload + QLatin1Char('\n') + download;
+
+    const QFontMetrics metrics(font);
+    const int lineHeight = metrics.height();
+    const int uploadWidth = metrics.horizontalAdvance(upload);
+    const int downloadWidth = metrics.horizontalAdvance(download);
+    imageWidth = std::max(uploadWidth, downloadWidth);
+    imageHeight = 2 * lineHeight;
+    // Each line is centred in a rectangle of its own width: the shorter one stands flush left.
+    keyImage = paintPicture({imageWidth, imageHeight},
+                            {{QRect(0, 0, uploadWidth, lineHeight), upload},
+                             {QRect(0, lineHeight, downloadWidth, lineHeight), download}},
+                            {font, color, 1.0 - opacity, textAlignment});
+    return pngDataUrl(keyImage, "normalAction::paintingTwoLines");
+}
