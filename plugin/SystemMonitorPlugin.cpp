@@ -1,0 +1,265 @@
+#include "plugin/SystemMonitorPlugin.h"
+
+#include "SDK/ConnectionManager.h"
+#include "SDK/Logger/Logger.h"
+#include "plugin/KeyTable.h"
+#include "plugin/SettingsReply.h"
+#include "render/normalAction.h"
+#include "sensors/SensorRefresh.h"
+#include "sensors/VqSystemMonitorLib.h"
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QMutexLocker>
+#include <QSysInfo>
+#include <QTimer>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::chrono::milliseconds startUpWait = 1000ms;
+constexpr std::chrono::milliseconds updateInterval = 1000ms;
+
+/// The data sources settle meanwhile; nothing else may run on this thread.
+void waitBusily(std::chrono::milliseconds duration)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!timer.hasExpired(duration.count())) {
+    }
+}
+
+QString currentErrorText()
+{
+    return QString::fromLocal8Bit(std::strerror(errno)); // NOLINT(concurrency-mt-unsafe)
+}
+
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_DEPRECATED
+int windowsVersion()
+{
+    return QSysInfo::windowsVersion();
+}
+QT_WARNING_POP
+
+QJsonObject settingsOf(const QJsonObject &payload)
+{
+    return payload.value(QLatin1String("settings")).toObject();
+}
+
+void logKeyEvent(const QString &event, const QString &action, const QString &context)
+{
+    LogDebug(event);
+    LogDebug(labelled("inAction: ", action));
+    LogDebug(labelled("inContext: ", context));
+}
+
+} // namespace
+
+bool isNewerThanWindows7(int version)
+{
+    constexpr int windows7 = 0x90;
+    return version > windows7;
+}
+
+SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent)
+    : Plugin(parent)
+    , m_library(new VqSystemMonitorLib(false, nullptr))
+    , m_unusedLibrary(new VqSystemMonitorLib(false, nullptr))
+    , m_updateTimer(new QTimer(this))
+{
+    LogDebug(QStringLiteral("插件启动"));
+    LogDebug(QStringLiteral("连接关机，重启，注销信号"));
+    if (auto *const application = qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
+        connect(application, &QGuiApplication::commitDataRequest, this,
+                &SystemMonitorPlugin::onCommitData);
+    }
+    waitBusily(startUpWait);
+    initSystemMonitorLib();
+    LogDebug(QStringLiteral("初始化系统信息"));
+    refresh();
+
+    connect(m_updateTimer, &QTimer::timeout, this, &SystemMonitorPlugin::updateImages);
+    m_updateTimer->setTimerType(Qt::PreciseTimer);
+    m_updateTimer->start(updateInterval);
+}
+
+SystemMonitorPlugin::~SystemMonitorPlugin() = default;
+
+void SystemMonitorPlugin::initSystemMonitorLib()
+{
+    if (m_library->initSystemMonitorLib(isNewerThanWindows7(windowsVersion()))) {
+        LogDebug(QStringLiteral("initSystemMonitorLib success"));
+        m_library->getNumberOfDetectedSensors();
+        LogDebug(QStringLiteral("初始化性能监视器模块成功"));
+    } else {
+        LogDebug(labelled("initSystemMonitorLib failed: ", currentErrorText()));
+        LogDebug(QStringLiteral("初始化性能监视器模块失败"));
+    }
+}
+
+void SystemMonitorPlugin::refresh()
+{
+    refreshSystemInfor(*m_library);
+}
+
+void SystemMonitorPlugin::onCommitData()
+{
+    LogDebug(QStringLiteral("Commit data request."));
+    m_library->deinitSystemMonitorLib();
+    std::exit(0); // NOLINT(concurrency-mt-unsafe)
+}
+
+void SystemMonitorPlugin::updateImages()
+{
+    refresh();
+    LogDebug(QStringLiteral("updateImages"));
+    if (mConnectionManager)
+        updateKeys();
+    LogDebug(QStringLiteral("-------------------updateImages over---------------------"));
+}
+
+void SystemMonitorPlugin::updateKeys()
+{
+    const QMutexLocker lock(&m_listLock);
+    for (normalAction *const key : qAsConst(m_actions))
+        updateKey(*key);
+}
+
+void SystemMonitorPlugin::updateKey(normalAction &key)
+{
+    LogDebug(labelled("get_operator->GetAction(): ", key.GetAction()));
+    if (const std::optional<QString> picture = paintKey(key))
+        mConnectionManager->SetImage(*picture, key.GetContext(), 0, -1);
+    mConnectionManager->SetTitle(key.displayedText, key.GetContext(), 0, -1);
+}
+
+void SystemMonitorPlugin::WillAppearForAction(const QString &action, const QString &context,
+                                              const QJsonObject &payload,
+                                              const QString & /*deviceId*/)
+{
+    logKeyEvent(QStringLiteral("WillAppearForAction"), action, context);
+    normalAction *const key = getOrCreateKey(action, context);
+    key->applySettings(payload);
+    sendSettingsReply(settingsReply(settingsOf(payload), *key, SettingsOccasion::WillAppear),
+                      context);
+}
+
+void SystemMonitorPlugin::DidReceiveSettings(const QString &action, const QString &context,
+                                             const QJsonObject &payload,
+                                             const QString & /*deviceId*/)
+{
+    logKeyEvent(QStringLiteral("DidReceiveSettings"), action, context);
+    normalAction *const key = FindAction(action, context);
+    if (!key) {
+        LogDebug(QStringLiteral("action 操作句柄无效.."));
+        return;
+    }
+    key->applySettings(payload);
+    sendSettingsReply(
+        settingsReply(settingsOf(payload), *key, SettingsOccasion::DidReceiveSettings), context);
+}
+
+void SystemMonitorPlugin::sendSettingsReply(const QJsonObject &reply, const QString &context)
+{
+    if (mConnectionManager)
+        mConnectionManager->SetSettings(reply, context);
+}
+
+void SystemMonitorPlugin::WillDisappearForAction(const QString &action, const QString &context,
+                                                 const QJsonObject & /*payload*/,
+                                                 const QString & /*deviceId*/)
+{
+    LogDebug(labelled("WillDisappearForAction: ", action));
+    RemoveAction(action, context);
+}
+
+void SystemMonitorPlugin::KeyDownForAction(const QString &action, const QString & /*context*/,
+                                           const QJsonObject & /*payload*/,
+                                           const QString & /*deviceId*/)
+{
+    LogDebug(labelled("KeyDownForAction: ", action));
+}
+
+void SystemMonitorPlugin::KeyUpForAction(const QString &action, const QString & /*context*/,
+                                         const QJsonObject & /*payload*/,
+                                         const QString & /*deviceId*/)
+{
+    LogDebug(labelled("KeyUpForAction: ", action));
+}
+
+void SystemMonitorPlugin::SendToPlugin(const QString &action, const QString & /*context*/,
+                                       const QJsonObject & /*payload*/,
+                                       const QString & /*deviceId*/)
+{
+    LogDebug(labelled("SendToPlugin: ", action));
+}
+
+void SystemMonitorPlugin::TitleParametersDidChange(const QString &action,
+                                                   const QString & /*context*/,
+                                                   const QJsonObject & /*payload*/,
+                                                   const QString & /*deviceId*/)
+{
+    LogDebug(labelled("TitleParametersDidChange: ", action));
+}
+
+void SystemMonitorPlugin::PropertyInspectorDidAppear(const QString &action,
+                                                     const QString & /*context*/,
+                                                     const QJsonObject & /*payload*/,
+                                                     const QString & /*deviceId*/)
+{
+    LogDebug(labelled("PropertyInspectorDidAppear: ", action));
+}
+
+void SystemMonitorPlugin::PropertyInspectorDidDisAppear(const QString &action,
+                                                        const QString & /*context*/,
+                                                        const QJsonObject & /*payload*/,
+                                                        const QString & /*deviceId*/)
+{
+    LogDebug(labelled("PropertyInspectorDidDisAppear: ", action));
+}
+
+normalAction *SystemMonitorPlugin::FindAction(const QString &action, const QString &context) const
+{
+    const auto key =
+        std::find_if(m_actions.begin(), m_actions.end(), [&](const normalAction *each) {
+            return each->GetAction() == action && each->GetContext() == context;
+        });
+    return key == m_actions.end() ? nullptr : *key;
+}
+
+normalAction *SystemMonitorPlugin::getOrCreateKey(const QString &action, const QString &context)
+{
+    if (normalAction *const known = FindAction(action, context)) {
+        LogDebug(QStringLiteral("已存在的动作"));
+        return known;
+    }
+    LogDebug(QStringLiteral("新动作"));
+    auto *const key = new normalAction(mConnectionManager, action, context);
+    const QMutexLocker lock(&m_listLock);
+    m_actions.append(key);
+    return key;
+}
+
+Action *SystemMonitorPlugin::GetOrCreateAction(const QString &action, const QString &context)
+{
+    return getOrCreateKey(action, context);
+}
+
+bool SystemMonitorPlugin::RemoveAction(const QString &action, const QString &context)
+{
+    const QMutexLocker lock(&m_listLock);
+    normalAction *const key = FindAction(action, context);
+    if (!key)
+        return false;
+    m_actions.removeOne(key);
+    delete key;
+    return true;
+}

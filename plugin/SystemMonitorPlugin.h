@@ -1,0 +1,75 @@
+#pragma once
+
+#include "SDK/Plugin.h"
+#include "sensors/SystemMonitorLibOwner.h"
+
+#include <QList>
+#include <QMutex>
+
+class normalAction;
+class QTimer;
+
+/// The plugin: it owns the data sources and the visible keys, and paints and sends every key once a
+/// second. Everything runs on the main thread.
+class SystemMonitorPlugin : public Plugin, public SystemMonitorLibOwner
+{
+    Q_OBJECT
+    Q_INTERFACES(SystemMonitorLibOwner)
+
+public:
+    /// Opens the data sources, waits one second for them, takes the first readings and starts the
+    /// update timer.
+    explicit SystemMonitorPlugin(QObject *parent = nullptr);
+    /// Deletes neither the keys nor the data sources: the plugin goes only with the process.
+    ~SystemMonitorPlugin() override;
+
+    VqSystemMonitorLib *systemMonitorLib() const override { return m_library; }
+
+    void DidReceiveSettings(const QString &action, const QString &context,
+                            const QJsonObject &payload, const QString &deviceId) override;
+    void KeyDownForAction(const QString &action, const QString &context, const QJsonObject &payload,
+                          const QString &deviceId) override;
+    void KeyUpForAction(const QString &action, const QString &context, const QJsonObject &payload,
+                        const QString &deviceId) override;
+    void WillAppearForAction(const QString &action, const QString &context,
+                             const QJsonObject &payload, const QString &deviceId) override;
+    void WillDisappearForAction(const QString &action, const QString &context,
+                                const QJsonObject &payload, const QString &deviceId) override;
+    void SendToPlugin(const QString &action, const QString &context, const QJsonObject &payload,
+                      const QString &deviceId) override;
+    void TitleParametersDidChange(const QString &action, const QString &context,
+                                  const QJsonObject &payload, const QString &deviceId) override;
+    void PropertyInspectorDidAppear(const QString &action, const QString &context,
+                                    const QJsonObject &payload, const QString &deviceId) override;
+    void PropertyInspectorDidDisAppear(const QString &action, const QString &context,
+                                       const QJsonObject &payload,
+                                       const QString &deviceId) override;
+
+    /// The key of this UUID and context, created when there is none; never null.
+    Action *GetOrCreateAction(const QString &action, const QString &context) override;
+    bool RemoveAction(const QString &action, const QString &context) override;
+    /// The key of this UUID and context, or null.
+    normalAction *FindAction(const QString &action, const QString &context) const;
+
+    /// One pass: takes new readings, then paints and sends every key.
+    void updateImages();
+
+private:
+    void initSystemMonitorLib();
+    void refresh();
+    void updateKeys();
+    void updateKey(normalAction &key);
+    void onCommitData();
+    void sendSettingsReply(const QJsonObject &reply, const QString &context);
+    normalAction *getOrCreateKey(const QString &action, const QString &context);
+
+    QMutex m_listLock;               ///< Held during a pass, on insertion and on removal.
+    QList<normalAction *> m_actions; ///< In the order in which the keys first appeared.
+    VqSystemMonitorLib *m_library;
+    VqSystemMonitorLib *m_unusedLibrary; ///< Kept beside the first, never initialised nor read.
+    QTimer *m_updateTimer;
+};
+
+/// Whether \a version, as QSysInfo::windowsVersion() gives it, is newer than Windows 7. It is 0 on
+/// other systems.
+bool isNewerThanWindows7(int version);
