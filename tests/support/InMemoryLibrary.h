@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QJsonObject>
+
+/// What the substitute for the system-monitor library answers and what was asked of it. Tests
+/// write the trees; every instance of VqSystemMonitorLib serves them.
+struct InMemoryLibrary
+{
+    static inline QJsonObject systemInfo;
+    static inline QJsonObject cpuInfo;
+    static inline QJsonObject networkInfo;
+    static inline QJsonObject presentMon;
+    static inline QJsonObject allSensors;
+
+    static inline bool initSucceeds = true;
+    static inline int instances = 0;
+    static inline int initCalls = 0;
+    static inline bool lastInitFlag = false;
+    static inline int detectedSensorsCalls = 0;
+    static inline int deinitCalls = 0;
+
+    /// Empty trees, a succeeding init, all counts 0.
+    static void reset();
+
+    /// {label: [{"value": value, "units": units}]}
+    static QJsonObject reading(const QString &label, const QJsonValue &value,
+                               const QString &units = QString());
+};
