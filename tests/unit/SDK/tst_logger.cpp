@@ -1,0 +1,181 @@
+#include "SDK/Logger/Logger.h"
+#include "tests/support/MessageCapture.h"
+#include "tests/support/TemporaryWorkingDirectory.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <memory>
+#include <thread>
+
+class tst_Logger : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void writesStampTagAndMessage();
+    void stampIsTheLocalTimeOfTheCall();
+    void writesUtf8WithCarriageReturnAndLineFeed();
+    void keepsLineBreaksOfTheMessage();
+    void keepsPlaceholdersOfTheMessage();
+    void appendsToWhatIsThere();
+    void recreatesADeletedFile();
+    void followsTheWorkingDirectory();
+    void losesTheLineWhenTheFileCannotBeOpened();
+    void keepsLinesOfSeveralThreadsWhole();
+    void debugSinkQuotesOneItem_data();
+    void debugSinkQuotesOneItem();
+    void labelsAValue();
+
+private:
+    QByteArray log() const { return m_directory->content(QStringLiteral("log.txt")); }
+
+    std::unique_ptr<TemporaryWorkingDirectory> m_directory;
+};
+
+void tst_Logger::init()
+{
+    m_directory = std::make_unique<TemporaryWorkingDirectory>();
+}
+
+void tst_Logger::cleanup()
+{
+    m_directory.reset();
+}
+
+void tst_Logger::writesStampTagAndMessage()
+{
+    Logger(QStringLiteral("ws://127.0.0.1:5000"));
+    const QRegularExpression line(
+        QStringLiteral("^\\[\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\] SDK/Logger "
+                       "ws://127\\.0\\.0\\.1:5000\r\n$"));
+    QVERIFY2(line.match(QString::fromUtf8(log())).hasMatch(), log().constData());
+}
+
+void tst_Logger::stampIsTheLocalTimeOfTheCall()
+{
+    const QString format = QStringLiteral("yyyy-MM-dd hh:mm:ss");
+    const QDateTime before =
+        QDateTime::fromString(QDateTime::currentDateTime().toString(format), format);
+    Logger(QStringLiteral("x"));
+    const QDateTime after = QDateTime::currentDateTime();
+    const QDateTime stamp = QDateTime::fromString(QString::fromUtf8(log().mid(1, 19)), format);
+    QVERIFY(stamp.isValid());
+    QVERIFY(stamp >= before && stamp <= after);
+}
+
+void tst_Logger::writesUtf8WithCarriageReturnAndLineFeed()
+{
+    Logger(QStringLiteral("网速"));
+    QVERIFY(log().endsWith("SDK/Logger \xE7\xBD\x91\xE9\x80\x9F\r\n"));
+}
+
+void tst_Logger::keepsLineBreaksOfTheMessage()
+{
+    Logger(QStringLiteral("one\ntwo\r\nthree"));
+    QVERIFY(log().endsWith(" one\ntwo\r\nthree\r\n"));
+}
+
+void tst_Logger::keepsPlaceholdersOfTheMessage()
+{
+    Logger(QStringLiteral("%1 %2 %3"));
+    QVERIFY(log().endsWith("SDK/Logger %1 %2 %3\r\n"));
+}
+
+void tst_Logger::appendsToWhatIsThere()
+{
+    Logger(QStringLiteral("first"));
+    Logger(QStringLiteral("second"));
+    const QList<QByteArray> lines = log().split('\n');
+    QCOMPARE(lines.size(), 3);
+    QVERIFY(lines.at(0).endsWith(" first\r"));
+    QVERIFY(lines.at(1).endsWith(" second\r"));
+}
+
+void tst_Logger::recreatesADeletedFile()
+{
+    Logger(QStringLiteral("gone"));
+    QVERIFY(QFile::remove(QStringLiteral("log.txt")));
+    Logger(QStringLiteral("new"));
+    QCOMPARE(log().count("\r\n"), 1);
+    QVERIFY(log().endsWith(" new\r\n"));
+}
+
+void tst_Logger::followsTheWorkingDirectory()
+{
+    const TemporaryWorkingDirectory other;
+    Logger(QStringLiteral("there"));
+    QVERIFY(other.content(QStringLiteral("log.txt")).endsWith(" there\r\n"));
+    QVERIFY(log().isEmpty());
+}
+
+void tst_Logger::losesTheLineWhenTheFileCannotBeOpened()
+{
+    QVERIFY(QDir().mkdir(QStringLiteral("log.txt")));
+    const MessageCapture capture;
+    Logger(QStringLiteral("lost"));
+    QCOMPARE(MessageCapture::messages(), QStringList());
+    QVERIFY(QDir().rmdir(QStringLiteral("log.txt")));
+    Logger(QStringLiteral("kept"));
+    QCOMPARE(log().count("\r\n"), 1);
+}
+
+void tst_Logger::keepsLinesOfSeveralThreadsWhole()
+{
+    constexpr int linesPerThread = 200;
+    const auto write = [](QChar letter) {
+        for (int i = 0; i < linesPerThread; ++i)
+            Logger(QString(100, letter));
+    };
+    std::thread first(write, QLatin1Char('a'));
+    std::thread second(write, QLatin1Char('b'));
+    first.join();
+    second.join();
+
+    QList<QByteArray> lines = log().split('\n');
+    QVERIFY(lines.takeLast().isEmpty());
+    QCOMPARE(lines.size(), 2 * linesPerThread);
+    int ofFirst = 0;
+    for (const QByteArray &line : qAsConst(lines)) {
+        const bool isFirst = line.endsWith(" " + QByteArray(100, 'a') + '\r');
+        QVERIFY(isFirst || line.endsWith(" " + QByteArray(100, 'b') + '\r'));
+        QVERIFY(line.startsWith('['));
+        ofFirst += isFirst ? 1 : 0;
+    }
+    QCOMPARE(ofFirst, linesPerThread);
+}
+
+void tst_Logger::debugSinkQuotesOneItem_data()
+{
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("printed");
+    QTest::newRow("plain") << QStringLiteral("updateImages") << QStringLiteral("\"updateImages\"");
+    QTest::newRow("chinese") << QStringLiteral("插件启动") << QStringLiteral("\"插件启动\"");
+    QTest::newRow("quotes") << QStringLiteral("{\"a\":1}") << QStringLiteral("\"{\\\"a\\\":1}\"");
+    QTest::newRow("empty") << QString() << QStringLiteral("\"\"");
+}
+
+void tst_Logger::debugSinkQuotesOneItem()
+{
+    QFETCH(QString, message);
+    QFETCH(QString, printed);
+    const MessageCapture capture;
+    LogDebug(message);
+    QCOMPARE(MessageCapture::messages(), QStringList(printed));
+    QVERIFY(log().isEmpty());
+}
+
+void tst_Logger::labelsAValue()
+{
+    QCOMPARE(labelled("Connect-serverPort: ", 24509), QStringLiteral("Connect-serverPort: 24509"));
+    QCOMPARE(labelled("当前进程名:", QStringLiteral("x")), QStringLiteral("当前进程名:x"));
+    QCOMPARE(labelled("", QString()), QString());
+}
+
+QTEST_GUILESS_MAIN(tst_Logger)
+#include "tst_logger.moc"
