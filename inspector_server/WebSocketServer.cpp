@@ -34,7 +34,7 @@ WebSocketServer::WebSocketServer(quint16 port, QObject *parent)
                                               QWebSocketServer::NonSecureMode, this))
 {
     if (m_pWebSocketServer->listen(QHostAddress::Any, port)) {
-        qDebug() << "WebSocket server started on port" << port;
+        qDebug() << "WebSocket server started on port" << m_pWebSocketServer->serverPort();
         connect(m_pWebSocketServer, &QWebSocketServer::newConnection, this,
                 &WebSocketServer::onNewConnection);
     } else {
