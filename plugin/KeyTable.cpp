@@ -50,7 +50,7 @@ QString paintOneLine(normalAction &key, const KeyTexts &texts)
 /// One line on request; else the two-line painter decides, which knows only its own setting.
 QString paintNetwork(normalAction &key, const KeyTexts &texts)
 {
-    if (key.titleLines == QLatin1String("单行显示"))
+    if (key.titleLines == QStringLiteral("单行显示"))
         return key.normalPainting(texts.first + QStringLiteral("  ") + texts.second);
     return key.paintingTwoLines(texts.first, texts.second);
 }

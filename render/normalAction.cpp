@@ -99,7 +99,7 @@ QString normalAction::normalPainting(const QString &textToDraw)
 
 QString normalAction::paintingTwoLines(const QString &uploadText, const QString &downloadText)
 {
-    if (GetAction() != actionuuid::netWork || titleLines != QLatin1String("双行显示"))
+    if (GetAction() != actionuuid::netWork || titleLines != QStringLiteral("双行显示"))
         return {};
     QString upload = uploadText;
     QString download = downloadText;

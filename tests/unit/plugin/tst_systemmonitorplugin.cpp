@@ -1,0 +1,272 @@
+#include "plugin/SystemMonitorPlugin.h"
+
+#include "render/normalAction.h"
+#include "sensors/systemInfor.h"
+#include "tests/support/InMemoryLibrary.h"
+#include "tests/support/MessageCapture.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTimer>
+#include <QtTest>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+const char *const endTheSession = "end-the-session";
+
+void reportDeinit()
+{
+    std::printf("deinit calls: %d\n", InMemoryLibrary::deinitCalls);
+}
+
+/// The process in which the session ends: it must end itself.
+int runUntilSessionEnds()
+{
+    std::atexit(reportDeinit);
+    const SystemMonitorPlugin plugin;
+    QTimer::singleShot(0, qApp, [] {
+        // A session manager cannot be made here; its argument is not looked at.
+        char placeholder = 0;
+        Q_EMIT qApp->commitDataRequest(*reinterpret_cast<QSessionManager *>(&placeholder));
+    });
+    QApplication::exec();
+    return EXIT_FAILURE;
+}
+
+QString quoted(const char *text)
+{
+    return MessageCapture::quoted(QString::fromUtf8(text));
+}
+
+} // namespace
+
+class tst_SystemMonitorPlugin : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void startsInOrder();
+    void startsWithALibraryThatFails();
+    void tellsTheWindowsVersion_data();
+    void tellsTheWindowsVersion();
+    void keepsOneKeyForEachUuidAndContext();
+    void removesOnlyTheKeyThatIsNamed();
+    void appearingTwiceKeepsTheKey();
+    void settingsOfAnUnknownKeyAreDropped();
+    void disappearingRemovesTheKey();
+    void otherKeyEventsAreOnlyLogged();
+    void passWithoutAHostOnlyRefreshes();
+    void passesRunEverySecond();
+    void sessionEndStopsTheLibraryAndTheProcess();
+
+private:
+    SystemMonitorPlugin &plugin() { return *m_plugin; }
+
+    std::unique_ptr<MessageCapture> m_capture;
+    std::unique_ptr<SystemMonitorPlugin> m_plugin;
+};
+
+namespace {
+
+const QString uuid = QStringLiteral("com.quellor.stream.system.cpu");
+const QString context = QStringLiteral("ctx");
+
+} // namespace
+
+void tst_SystemMonitorPlugin::init()
+{
+    InMemoryLibrary::reset();
+    m_capture = std::make_unique<MessageCapture>();
+}
+
+void tst_SystemMonitorPlugin::cleanup()
+{
+    m_plugin.reset();
+    m_capture.reset();
+}
+
+void tst_SystemMonitorPlugin::startsInOrder()
+{
+    QElapsedTimer timer;
+    timer.start();
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    QVERIFY(timer.elapsed() >= 1000);
+    QVERIFY(timer.elapsed() < 5000);
+    QCOMPARE(MessageCapture::messages(),
+             (QStringList{quoted("插件启动"), quoted("连接关机，重启，注销信号"),
+                          quoted("initSystemMonitorLib success"),
+                          quoted("初始化性能监视器模块成功"), quoted("初始化系统信息")}));
+    QCOMPARE(InMemoryLibrary::instances, 2);
+    QCOMPARE(InMemoryLibrary::initCalls, 1);
+    QCOMPARE(InMemoryLibrary::detectedSensorsCalls, 1);
+    QVERIFY(m_plugin->systemMonitorLib());
+}
+
+void tst_SystemMonitorPlugin::startsWithALibraryThatFails()
+{
+    InMemoryLibrary::initSucceeds = false;
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    const QStringList messages = MessageCapture::messages();
+    QVERIFY(messages.at(2).startsWith(QLatin1String("\"initSystemMonitorLib failed: ")));
+    QCOMPARE(messages.mid(3),
+             (QStringList{quoted("初始化性能监视器模块失败"), quoted("初始化系统信息")}));
+    QCOMPARE(InMemoryLibrary::detectedSensorsCalls, 0);
+}
+
+void tst_SystemMonitorPlugin::tellsTheWindowsVersion_data()
+{
+    QTest::addColumn<int>("version");
+    QTest::addColumn<bool>("newer");
+    QTest::newRow("no Windows") << 0 << false;
+    QTest::newRow("Windows 7") << 144 << false;
+    QTest::newRow("next") << 145 << true;
+    QTest::newRow("Windows 10") << 0xa0 << true;
+}
+
+void tst_SystemMonitorPlugin::tellsTheWindowsVersion()
+{
+    QFETCH(int, version);
+    QTEST(isNewerThanWindows7(version), "newer");
+}
+
+void tst_SystemMonitorPlugin::keepsOneKeyForEachUuidAndContext()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    QVERIFY(!plugin().FindAction(uuid, context));
+    Action *const first = plugin().GetOrCreateAction(uuid, context);
+    QCOMPARE(MessageCapture::messages().constLast(), quoted("新动作"));
+    QCOMPARE(plugin().GetOrCreateAction(uuid, context), first);
+    QCOMPARE(MessageCapture::messages().constLast(), quoted("已存在的动作"));
+    QVERIFY(plugin().GetOrCreateAction(uuid, QStringLiteral("other")) != first);
+    QVERIFY(plugin().GetOrCreateAction(QStringLiteral("x"), context) != first);
+    QCOMPARE(plugin().FindAction(uuid, context), first);
+    QVERIFY(!plugin().FindAction(uuid.toUpper(), context));
+}
+
+void tst_SystemMonitorPlugin::removesOnlyTheKeyThatIsNamed()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    QVERIFY(!plugin().RemoveAction(uuid, context));
+    plugin().GetOrCreateAction(uuid, context);
+    plugin().GetOrCreateAction(uuid, QStringLiteral("other"));
+    QVERIFY(!plugin().RemoveAction(QStringLiteral("x"), context));
+    QVERIFY(plugin().RemoveAction(uuid, context));
+    QVERIFY(!plugin().FindAction(uuid, context));
+    QVERIFY(plugin().FindAction(uuid, QStringLiteral("other")));
+    QVERIFY(!plugin().RemoveAction(uuid, context));
+}
+
+void tst_SystemMonitorPlugin::appearingTwiceKeepsTheKey()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    plugin().WillAppearForAction(uuid, context, {}, QString());
+    normalAction *const key = plugin().FindAction(uuid, context);
+    QVERIFY(key);
+    key->imageWidth = 7;
+    MessageCapture::clear();
+    plugin().WillAppearForAction(uuid, context, {}, QString());
+    QCOMPARE(plugin().FindAction(uuid, context), key);
+    QCOMPARE(key->imageWidth, 7);
+    QCOMPARE(MessageCapture::messages().mid(0, 4),
+             (QStringList{quoted("WillAppearForAction"),
+                          quoted("inAction: com.quellor.stream.system.cpu"),
+                          quoted("inContext: ctx"), quoted("已存在的动作")}));
+}
+
+void tst_SystemMonitorPlugin::settingsOfAnUnknownKeyAreDropped()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    MessageCapture::clear();
+    plugin().DidReceiveSettings(uuid, context, {}, QString());
+    QCOMPARE(MessageCapture::messages(),
+             (QStringList{quoted("DidReceiveSettings"),
+                          quoted("inAction: com.quellor.stream.system.cpu"),
+                          quoted("inContext: ctx"), quoted("action 操作句柄无效..")}));
+    QVERIFY(!plugin().FindAction(uuid, context));
+}
+
+void tst_SystemMonitorPlugin::disappearingRemovesTheKey()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    plugin().GetOrCreateAction(uuid, context);
+    MessageCapture::clear();
+    plugin().WillDisappearForAction(uuid, QStringLiteral("other"), {}, QString());
+    QVERIFY(plugin().FindAction(uuid, context));
+    plugin().WillDisappearForAction(uuid, context, {}, QString());
+    QVERIFY(!plugin().FindAction(uuid, context));
+    QCOMPARE(MessageCapture::messages(),
+             QStringList({quoted("WillDisappearForAction: com.quellor.stream.system.cpu"),
+                          quoted("WillDisappearForAction: com.quellor.stream.system.cpu")}));
+}
+
+void tst_SystemMonitorPlugin::otherKeyEventsAreOnlyLogged()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    MessageCapture::clear();
+    const QString x = QStringLiteral("x");
+    plugin().KeyDownForAction(x, context, {}, QString());
+    plugin().KeyUpForAction(x, context, {}, QString());
+    plugin().SendToPlugin(x, context, {}, QString());
+    plugin().TitleParametersDidChange(x, context, {}, QString());
+    plugin().PropertyInspectorDidAppear(x, context, {}, QString());
+    plugin().PropertyInspectorDidDisAppear(x, context, {}, QString());
+    QCOMPARE(MessageCapture::messages(),
+             (QStringList{quoted("KeyDownForAction: x"), quoted("KeyUpForAction: x"),
+                          quoted("SendToPlugin: x"), quoted("TitleParametersDidChange: x"),
+                          quoted("PropertyInspectorDidAppear: x"),
+                          quoted("PropertyInspectorDidDisAppear: x")}));
+    QVERIFY(!plugin().FindAction(x, context));
+}
+
+void tst_SystemMonitorPlugin::passWithoutAHostOnlyRefreshes()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    plugin().WillAppearForAction(uuid, context, {}, QString());
+    InMemoryLibrary::cpuInfo =
+        InMemoryLibrary::reading(QStringLiteral("Total CPU Usage"), 42, QStringLiteral("%"));
+    MessageCapture::clear();
+    plugin().updateImages();
+    QCOMPARE(systemInfor::CpuUsage, 42U);
+    QCOMPARE(MessageCapture::messages(),
+             (QStringList{quoted("updateImages"),
+                          quoted("-------------------updateImages over---------------------")}));
+    QVERIFY(plugin().FindAction(uuid, context)->keyImage.isNull());
+}
+
+void tst_SystemMonitorPlugin::passesRunEverySecond()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    QElapsedTimer timer;
+    timer.start();
+    QTRY_COMPARE(MessageCapture::count(quoted("updateImages")), 2);
+    QVERIFY(timer.elapsed() >= 1900);
+}
+
+void tst_SystemMonitorPlugin::sessionEndStopsTheLibraryAndTheProcess()
+{
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(endTheSession)});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 0);
+    QCOMPARE(process.readAllStandardOutput(), QByteArray("deinit calls: 1\n"));
+    QVERIFY(process.readAllStandardError().contains("\"Commit data request.\"\n"));
+}
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    if (argc == 2 && qstrcmp(argv[1], endTheSession) == 0)
+        return runUntilSessionEnds();
+    tst_SystemMonitorPlugin test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_systemmonitorplugin.moc"
