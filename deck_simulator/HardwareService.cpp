@@ -52,6 +52,7 @@ bool HardwareService::announce(const QString &folder) const
 void HardwareService::acceptConnection()
 {
     while (QWebSocket *client = m_server->nextPendingConnection()) {
+        client->setParent(this);
         ++m_clients;
         client->setMaxAllowedIncomingMessageSize(maximumRequest);
         client->setMaxAllowedIncomingFrameSize(maximumRequest);
