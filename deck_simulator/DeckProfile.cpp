@@ -16,14 +16,14 @@ const ProfileKey profileKeys[] = {
     {"Network, one line", "com.quellor.stream.system.NetWork", "Net"},
     {"Network, two lines", "com.quellor.stream.system.NetWork", "Up/Down", "双行显示"},
     {"Memory model", "com.quellor.stream.system.Memory_Model", "RAM"},
-    {"Memory free, GB", "com.quellor.stream.system.Memory_Free_GB", "Free"},
-    {"Memory used, GB", "com.quellor.stream.system.Memory_Used_GB", "Used"},
-    {"Memory total, GB", "com.quellor.stream.system.Memory_Total_GB", "Total"},
+    {"Free GB of memory", "com.quellor.stream.system.Memory_Free_GB", "Free"},
+    {"Used GB of memory", "com.quellor.stream.system.Memory_Used_GB", "Used"},
+    {"Total GB of memory", "com.quellor.stream.system.Memory_Total_GB", "Total"},
     {"Upload", "com.quellor.stream.system.NetWork.Upload", "Up"},
     {"Download", "com.quellor.stream.system.NetWork.Download", "Down"},
-    {"Memory free, MB", "com.quellor.stream.system.Memory_Free_MB", "Free"},
-    {"Memory used, MB", "com.quellor.stream.system.Memory_Used_MB", "Used"},
-    {"Memory total, MB", "com.quellor.stream.system.Memory_Total_MB", "Total"},
+    {"Free MB of memory", "com.quellor.stream.system.Memory_Free_MB", "Free"},
+    {"Used MB of memory", "com.quellor.stream.system.Memory_Used_MB", "Used"},
+    {"Total MB of memory", "com.quellor.stream.system.Memory_Total_MB", "Total"},
 };
 
 QString contextOf(int index)
