@@ -157,7 +157,7 @@ void DeckSession::onRegistrationLimit()
 {
     fail(QStringLiteral("The plugin did not register within %1.")
              .arg(seconds(m_settings.registrationLimit)) +
-         pluginOutput());
+         keptOutput());
 }
 
 void DeckSession::onProcessEnded()
@@ -167,13 +167,13 @@ void DeckSession::onProcessEnded()
         judgeOrderlyEnd();
         finish();
     } else if (m_state == State::LinkLost && m_process->wasForced()) {
-        fail(QStringLiteral("The plugin closed its link and did not end.") + pluginOutput());
+        fail(QStringLiteral("The plugin closed its link and did not end.") + keptOutput());
     } else if (m_state == State::Starting) {
         fail(QStringLiteral("The plugin ended with %1 before it registered.").arg(how) +
-             pluginOutput());
+             keptOutput());
     } else {
         fail(QStringLiteral("The plugin ended with %1 while its keys were on the deck.").arg(how) +
-             pluginOutput());
+             keptOutput());
     }
 }
 
@@ -188,7 +188,7 @@ void DeckSession::judgeOrderlyEnd()
     else
         m_failure = QStringLiteral("The plugin ended with %1 when it lost its link.")
                         .arg(m_process->exitText());
-    m_failure += pluginOutput();
+    m_failure += keptOutput();
 }
 
 void DeckSession::fail(const QString &reason)
@@ -202,13 +202,13 @@ void DeckSession::fail(const QString &reason)
 void DeckSession::finish()
 {
     m_state = State::Ended;
-    if (m_temporaryFolder && !m_failure.isEmpty())
-        m_temporaryFolder->setAutoRemove(false);
     Q_EMIT ended();
 }
 
-QString DeckSession::pluginOutput() const
+QString DeckSession::keptOutput()
 {
+    if (m_temporaryFolder)
+        m_temporaryFolder->setAutoRemove(false);
     QString text = QStringLiteral("\nIts log and output are in %1")
                        .arg(QDir::toNativeSeparators(m_workFolder));
     const QStringList tail = m_process->standardErrorTail(tailLines);

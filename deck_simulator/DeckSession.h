@@ -74,7 +74,8 @@ private:
     void judgeOrderlyEnd();
     void fail(const QString &reason);
     void finish();
-    [[nodiscard]] QString pluginOutput() const;
+    /// Keeps the working folder and says what is in it.
+    QString keptOutput();
 
     SessionSettings m_settings;
     DeckHost *m_host;
