@@ -1,0 +1,33 @@
+#include "deck_simulator/FontFiles.h"
+
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QMap>
+#include <QStandardPaths>
+
+FontFile fontFile(const QString &path)
+{
+    const QFileInfo file(path);
+    return {file.completeBaseName(), file.absoluteFilePath()};
+}
+
+QVector<FontFile> findRobotoFiles(const QStringList &folders)
+{
+    const QStringList patterns{QStringLiteral("Roboto-*.ttf"), QStringLiteral("Roboto-*.otf")};
+    QMap<QString, FontFile> byName;
+    for (const QString &folder : folders) {
+        QDirIterator files(folder, patterns, QDir::Files | QDir::Readable,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const FontFile file = fontFile(files.next());
+            if (!byName.contains(file.name))
+                byName.insert(file.name, file);
+        }
+    }
+    return byName.values().toVector();
+}
+
+QStringList fontFolders()
+{
+    return QStandardPaths::standardLocations(QStandardPaths::FontsLocation);
+}

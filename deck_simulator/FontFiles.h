@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+/// A font file that the host offers to the plugin.
+struct FontFile
+{
+    QString name; ///< The file name without folder and suffix.
+    QString path; ///< Absolute.
+};
+
+FontFile fontFile(const QString &path);
+
+/// The files of the Roboto family anywhere below \a folders, sorted by name; each name once.
+QVector<FontFile> findRobotoFiles(const QStringList &folders);
+
+/// The machine's font folders.
+QStringList fontFolders();

@@ -1,0 +1,117 @@
+// A plugin that does what the environment variable SCRIPT says:
+//   draw       registers, answers each willAppear with settings, a title and a picture, and ends
+//              with status 0 when its link closes
+//   half       as draw, but draws on the first key only
+//   impostor   registers with a wrong uuid
+//   mute       never connects
+//   refuse     writes to standard error and ends with status 3 at once
+//   die        as draw, but kills itself once it has drawn
+//   leave      as draw, but closes its link after the first key
+//   stubborn   as draw, but stays when its link closes
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QImage>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTimer>
+#include <QUrl>
+#include <QWebSocket>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+QString compact(const QJsonObject &object)
+{
+    return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
+}
+
+QString picture()
+{
+    QImage image(60, 20, QImage::Format_ARGB32);
+    image.fill(Qt::red);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    image.save(&buffer, "png");
+    return QStringLiteral("data:image/png;base64,") + QString::fromLatin1(bytes.toBase64());
+}
+
+void sendForKey(QWebSocket &link, const QString &event, const QString &context,
+                const QJsonObject &payload)
+{
+    link.sendTextMessage(compact({{QStringLiteral("event"), event},
+                                  {QStringLiteral("context"), context},
+                                  {QStringLiteral("payload"), payload}}));
+}
+
+void drawKey(QWebSocket &link, const QJsonObject &appearance)
+{
+    const QString context = appearance.value(QLatin1String("context")).toString();
+    QJsonObject settings = appearance.value(QLatin1String("payload"))
+                               .toObject()
+                               .value(QLatin1String("settings"))
+                               .toObject();
+    settings.insert(QStringLiteral("seen"), true);
+    sendForKey(link, QStringLiteral("setSettings"), context, settings);
+    sendForKey(link, QStringLiteral("setTitle"), context,
+               {{QStringLiteral("title"), QStringLiteral("drawn")}});
+    sendForKey(link, QStringLiteral("setImage"), context, {{QStringLiteral("image"), picture()}});
+}
+
+void onEvent(QWebSocket &link, const QByteArray &script, const QString &text)
+{
+    static int appearances = 0;
+    const QJsonObject message = QJsonDocument::fromJson(text.toUtf8()).object();
+    if (message.value(QLatin1String("event")) != QLatin1String("willAppear"))
+        return;
+    ++appearances;
+    if (script == "half" && appearances > 1)
+        return;
+    drawKey(link, message);
+    if (script == "leave")
+        link.close();
+    if (script == "die") {
+        link.flush();
+        std::abort();
+    }
+}
+
+QString argumentAfter(const QStringList &arguments, const QString &name)
+{
+    return arguments.value(arguments.indexOf(name) + 1);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const QByteArray script = qgetenv("SCRIPT");
+    const QStringList arguments = QCoreApplication::arguments();
+    if (script == "refuse" || arguments.size() != 9) {
+        std::fputs("first line\nthis plugin \x1b[31mrefuses\n", stderr);
+        return 3;
+    }
+
+    QWebSocket link;
+    QObject::connect(&link, &QWebSocket::connected, &link, [&] {
+        const QString uuid = script == "impostor"
+                                 ? QStringLiteral("somebody else")
+                                 : argumentAfter(arguments, QStringLiteral("-pluginUUID"));
+        link.sendTextMessage(compact(
+            {{QStringLiteral("event"), argumentAfter(arguments, QStringLiteral("-registerEvent"))},
+             {QStringLiteral("uuid"), uuid}}));
+    });
+    QObject::connect(&link, &QWebSocket::textMessageReceived, &link,
+                     [&](const QString &text) { onEvent(link, script, text); });
+    QObject::connect(&link, &QWebSocket::disconnected, &application, [&] {
+        if (script != "stubborn")
+            QCoreApplication::quit();
+    });
+    if (script != "mute")
+        link.open(QUrl(QStringLiteral("ws://127.0.0.1:") +
+                       argumentAfter(arguments, QStringLiteral("-port"))));
+    return QCoreApplication::exec();
+}

@@ -1,0 +1,117 @@
+#include "deck_simulator/SimulatorOptions.h"
+
+#include <QtTest>
+
+class tst_SimulatorOptions : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void hasDefaults();
+    void readsEverything();
+    void refusesWrongUsage_data();
+    void refusesWrongUsage();
+    void explainsItself();
+};
+
+namespace {
+
+ParsedOptions parse(const QStringList &arguments)
+{
+    return parseOptions(QStringList{QStringLiteral("deck_simulator")} + arguments,
+                        QStringLiteral("/default/plugin"));
+}
+
+} // namespace
+
+void tst_SimulatorOptions::hasDefaults()
+{
+    const ParsedOptions parsed = parse({});
+    QVERIFY2(parsed.options.has_value(), qPrintable(parsed.text));
+    const SimulatorOptions &options = *parsed.options;
+    QCOMPARE(options.plugin, QStringLiteral("/default/plugin"));
+    QCOMPARE(options.language, QStringLiteral("en"));
+    QVERIFY(options.fontFiles.isEmpty());
+    QVERIFY(options.workFolder.isEmpty());
+    QVERIFY(options.snapshotFile.isEmpty());
+    QCOMPARE(options.columns, 5);
+    QCOMPARE(options.keySize, 144);
+    QVERIFY(!options.quiet);
+    QVERIFY(!options.runFor.has_value());
+}
+
+void tst_SimulatorOptions::readsEverything()
+{
+    const QString font = QFINDTESTDATA("tst_SimulatorOptions.cpp");
+    const ParsedOptions parsed = parse(
+        {QStringLiteral("--plugin"), QStringLiteral("p"), QStringLiteral("--language"),
+         QStringLiteral("zh_CN"), QStringLiteral("--font"), font, QStringLiteral("--font"), font,
+         QStringLiteral("--work-dir"), QStringLiteral("w"), QStringLiteral("--snapshot=s.png"),
+         QStringLiteral("--after=1.5"), QStringLiteral("--columns=8"),
+         QStringLiteral("--key-size=72"), QStringLiteral("--quiet")});
+    QVERIFY2(parsed.options.has_value(), qPrintable(parsed.text));
+    const SimulatorOptions &options = *parsed.options;
+    QCOMPARE(options.plugin, QStringLiteral("p"));
+    QCOMPARE(options.language, QStringLiteral("zh_CN"));
+    QCOMPARE(options.fontFiles, QStringList({font, font}));
+    QCOMPARE(options.workFolder, QStringLiteral("w"));
+    QCOMPARE(options.snapshotFile, QStringLiteral("s.png"));
+    QCOMPARE(qint64(options.snapshotAfter.count()), qint64(1500));
+    QCOMPARE(options.columns, 8);
+    QCOMPARE(options.keySize, 72);
+    QVERIFY(options.quiet);
+
+    const ParsedOptions timed = parse({QStringLiteral("--seconds=2")});
+    QVERIFY(timed.options.has_value());
+    QVERIFY(timed.options->runFor.has_value());
+    QCOMPARE(qint64(timed.options->runFor->count()), qint64(2000));
+}
+
+void tst_SimulatorOptions::refusesWrongUsage_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("complaint");
+    const auto row = [](const char *name, const QStringList &arguments, const char *complaint) {
+        QTest::newRow(name) << arguments << QString::fromLatin1(complaint);
+    };
+    row("unknown option", {QStringLiteral("--colour")}, "colour");
+    row("missing value", {QStringLiteral("--plugin")}, "plugin");
+    row("empty value", {QStringLiteral("--plugin=")}, "--plugin must not be empty");
+    row("stray argument", {QStringLiteral("stray")}, "Unexpected argument: stray");
+    row("columns not a number", {QStringLiteral("--columns=x")}, "--columns");
+    row("no columns", {QStringLiteral("--columns=0")}, "from 1 to 16");
+    row("key too large", {QStringLiteral("--key-size=100000")}, "--key-size");
+    row("negative time", {QStringLiteral("--seconds=-1")}, "--seconds");
+    row("no time", {QStringLiteral("--seconds=nan")}, "--seconds");
+    row("endless time", {QStringLiteral("--seconds=inf")}, "--seconds");
+    row("missing font", {QStringLiteral("--font=/no/such/font.ttf")}, "/no/such/font.ttf");
+    row("two ends", {QStringLiteral("--snapshot=a"), QStringLiteral("--seconds=2")}, "--after");
+    row("after alone", {QStringLiteral("--after=2")}, "--snapshot only");
+}
+
+void tst_SimulatorOptions::refusesWrongUsage()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, complaint);
+    const ParsedOptions parsed = parse(arguments);
+    QVERIFY(!parsed.options.has_value());
+    QCOMPARE(parsed.exitStatus, 2);
+    QVERIFY2(parsed.text.contains(complaint), qPrintable(parsed.text));
+}
+
+void tst_SimulatorOptions::explainsItself()
+{
+    const ParsedOptions help = parse({QStringLiteral("--help")});
+    QVERIFY(!help.options.has_value());
+    QCOMPARE(help.exitStatus, 0);
+    for (const char *option : {"--plugin", "--language", "--font", "--work-dir", "--snapshot",
+                               "--after", "--seconds", "--columns", "--key-size", "--quiet"})
+        QVERIFY2(help.text.contains(QLatin1String(option)), option);
+
+    const ParsedOptions version = parse({QStringLiteral("--version")});
+    QVERIFY(!version.options.has_value());
+    QCOMPARE(version.exitStatus, 0);
+}
+
+QTEST_GUILESS_MAIN(tst_SimulatorOptions)
+#include "tst_SimulatorOptions.moc"
