@@ -1,0 +1,54 @@
+# Sourced by ./run, ./test and .ci/run: installs the Debian packages that they name.
+
+build_packages=(cmake ninja-build g++ qtbase5-dev libqt5websockets5-dev)
+run_packages=(fonts-roboto-unhinted)
+test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux)
+gate_packages=(clang-format clang-tidy)
+
+is_installed() {
+    [ "$(dpkg-query -W -f '${db:Status-Abbrev}' "$1" 2>/dev/null)" = "ii " ]
+}
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# install_packages NAME...: installs those that are missing; says nothing when there are none.
+install_packages() {
+    local package missing=()
+    for package in "$@"; do
+        is_installed "$package" || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    if ! command -v apt-get >/dev/null; then
+        echo "These packages are missing, and this system has no apt-get: ${missing[*]}" >&2
+        return 1
+    fi
+    echo "Installing missing packages: ${missing[*]}"
+    local install=(env DEBIAN_FRONTEND=noninteractive
+        apt-get install --yes --quiet --no-install-recommends "${missing[@]}")
+    # The lists of packages may be missing or old.
+    as_root "${install[@]}" >/dev/null 2>&1 || {
+        as_root apt-get update --quiet >/dev/null
+        as_root "${install[@]}" >/dev/null
+    }
+}
+
+# quietly COMMAND...: shows the command's output only when it fails.
+quietly() {
+    local log status=0
+    log=$(mktemp)
+    "$@" >"$log" 2>&1 || status=$?
+    [ $status -eq 0 ] || cat "$log" >&2
+    rm -f "$log"
+    return $status
+}
+
+# build PRESET [TARGET...]: configures and builds, quiet unless it fails.
+build() {
+    local preset=$1
+    shift
+    echo "Building preset $preset"
+    quietly cmake --preset "$preset"
+    quietly cmake --build --preset "$preset" ${1:+--target "$@"}
+}
