@@ -1,0 +1,16 @@
+#pragma once
+
+#include "system_monitor_lib/SensorTrees.h"
+
+/// One source of readings of this machine.
+class Collector
+{
+public:
+    Collector() = default;
+    virtual ~Collector() = default;
+    Q_DISABLE_COPY(Collector)
+
+    /// Takes a sample and adds its labels to \a trees. \a nowNs is monotonic time in nanoseconds,
+    /// for rates and for sources that are to be read rarely. False when the source cannot be read.
+    virtual bool collect(qint64 nowNs, SensorTrees &trees) = 0;
+};

@@ -1,0 +1,32 @@
+#include "system_monitor_lib/live/CpuInfoText.h"
+
+#include "system_monitor_lib/live/TextFields.h"
+
+namespace {
+
+QString name(std::string_view value)
+{
+    return QString::fromUtf8(value.data(), static_cast<int>(value.size())).simplified();
+}
+
+} // namespace
+
+QString parseCpuModel(std::string_view text)
+{
+    QString hardware;
+    QString model;
+    while (const std::optional<std::string_view> line = takeLine(text)) {
+        const std::size_t colon = line->find(':');
+        if (colon == std::string_view::npos)
+            continue;
+        const std::string_view key = trimmed(line->substr(0, colon));
+        QString value = name(line->substr(colon + 1));
+        if (key == "model name" && !value.isEmpty())
+            return value;
+        if (key == "Hardware")
+            hardware = value;
+        else if (key == "Model")
+            model = value;
+    }
+    return hardware.isEmpty() ? model : hardware;
+}

@@ -1,0 +1,55 @@
+#include "system_monitor_lib/live/LiveSource.h"
+
+#include "system_monitor_lib/live/CpuLoadCollector.h"
+#include "system_monitor_lib/live/CpuModel.h"
+#include "system_monitor_lib/live/MemoryCollector.h"
+#include "system_monitor_lib/live/NetworkCollector.h"
+
+namespace {
+
+/// The model follows ": ", where readers of the group look for it.
+QString cpuGroup(const MachineRoots &roots)
+{
+    const QString group = QStringLiteral("CPU [#0]");
+    const QString model = cpuModel(roots);
+    return model.isEmpty() ? group : group + QStringLiteral(": ") + model;
+}
+
+} // namespace
+
+LiveSource::LiveSource(const MachineRoots &roots, const MonotonicClock &clock)
+    : m_roots(roots)
+    , m_clock(clock)
+{
+}
+
+bool LiveSource::open()
+{
+    m_collectors.clear();
+    m_collectors.push_back(std::make_unique<CpuLoadCollector>(m_roots, cpuGroup(m_roots)));
+    m_collectors.push_back(std::make_unique<MemoryCollector>(m_roots));
+    m_collectors.push_back(std::make_unique<NetworkCollector>(m_roots));
+    const bool readable = sample(m_clock());
+    if (!readable)
+        qWarning("No readings of this machine can be read");
+    return readable;
+}
+
+QJsonObject LiveSource::tree(Query query)
+{
+    const qint64 now = m_clock();
+    if (now < m_sampledNs || now - m_sampledNs > freshness.count())
+        sample(now);
+    return m_trees.tree(query);
+}
+
+bool LiveSource::sample(qint64 nowNs)
+{
+    SensorTrees trees;
+    bool readable = false;
+    for (const auto &collector : m_collectors)
+        readable = collector->collect(nowNs, trees) || readable;
+    m_trees = trees;
+    m_sampledNs = nowNs;
+    return readable;
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <functional>
+
+/// A source of time in nanoseconds that never goes back.
+using MonotonicClock = std::function<qint64()>;
+
+/// Nanoseconds since some fixed moment, the time that the machine slept included, so that a sleep
+/// shows as a gap.
+qint64 monotonicNanoseconds();

@@ -1,0 +1,29 @@
+#include "system_monitor_lib/recorded/FileStamp.h"
+
+#include <QFile>
+
+#include <sys/stat.h>
+
+namespace {
+
+qint64 nanoseconds(const timespec &time)
+{
+    constexpr qint64 perSecond = 1'000'000'000;
+    return qint64{time.tv_sec} * perSecond + time.tv_nsec;
+}
+
+} // namespace
+
+FileStamp fileStamp(const QString &path)
+{
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        return {};
+    FileStamp stamp;
+    stamp.kind = S_ISREG(status.st_mode) ? FileStamp::Kind::Regular : FileStamp::Kind::Other;
+    stamp.size = status.st_size;
+    stamp.identity = status.st_ino;
+    stamp.modifiedNs = nanoseconds(status.st_mtim);
+    stamp.changedNs = nanoseconds(status.st_ctim);
+    return stamp;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "system_monitor_lib/SensorTrees.h"
+#include "system_monitor_lib/TreeSource.h"
+#include "system_monitor_lib/recorded/FileStamp.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <variant>
+
+/// Serves the trees of a recording (see Recording.h). The file is read again whenever it has
+/// changed; while it is missing or broken the last good trees stay, and each change for the worse
+/// is one logged line.
+class RecordedSource : public TreeSource
+{
+public:
+    /// Larger files are refused (bytes).
+    static constexpr qint64 largestFile = qint64{64} * 1024 * 1024;
+
+    explicit RecordedSource(const QString &path);
+
+    /// True when the file holds a recording.
+    bool open() override;
+    QJsonObject tree(Query query) override;
+
+private:
+    /// Looks at the file, and reads it when it is not the one that was read last.
+    void refresh();
+    /// The file's bytes, or why there are none.
+    [[nodiscard]] std::variant<QByteArray, QString> content() const;
+    void load();
+    void report(const QString &complaint);
+
+    const QString m_path;
+    SensorTrees m_trees;
+    bool m_good = false;
+    /// The state in which the file was read last, and whether it can be told from a later one.
+    FileStamp m_stamp;
+    bool m_settled = false;
+    QString m_reported;
+};

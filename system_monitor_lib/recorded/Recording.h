@@ -1,0 +1,21 @@
+#pragma once
+
+#include "system_monitor_lib/SensorTrees.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <variant>
+
+/// The content of a recording: a JSON object whose members are named after the operations of
+/// VqSystemMonitorLib ("getSystemInfo", ...) and hold the tree which that operation returns.
+struct Recording
+{
+    SensorTrees trees;
+    /// One text per member that is no object and was therefore passed over.
+    QStringList remarks;
+};
+
+/// Gives the recording, or a text saying why \a json is none.
+std::variant<Recording, QString> parseRecording(const QByteArray &json);
