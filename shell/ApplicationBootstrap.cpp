@@ -1,0 +1,95 @@
+#include "shell/ApplicationBootstrap.h"
+
+#include "SDK/LanguageUtilities.h"
+#include "SDK/Logger/Logger.h"
+#include "sensors/BlockingWebSocketClient.h"
+#include "shell/processes.h"
+
+#include <QUrl>
+
+namespace {
+
+/// How long another instance may take to answer.
+constexpr unsigned probeTimeoutMs = 1500;
+
+QStringList textsOf(int argc, char **argv)
+{
+    QStringList texts;
+    for (int i = 0; i < argc; ++i)
+        texts.append(QString::fromLocal8Bit(argv[i]));
+    return texts;
+}
+
+void endOtherProcesses(const QString &name)
+{
+    const auto processes = processes::snapshot();
+    if (!processes) {
+        LogDebug(QStringLiteral("无法创建进程快照！"));
+        return;
+    }
+    for (const processes::Process &process : *processes) {
+        if (process.id == processes::ownId() ||
+            process.executableName.compare(name, Qt::CaseInsensitive) != 0)
+            continue;
+        const char *const outcome =
+            processes::terminate(process) ? "已终止进程 ID:" : "无法打开进程 ID:";
+        LogDebug(labelled(outcome, QString::number(process.id)));
+    }
+}
+
+void endLeftovers()
+{
+    const QString name = processes::ownExecutableName();
+    if (name.isEmpty()) {
+        LogDebug(QStringLiteral("无法获取当前进程名。"));
+        LogDebug(QStringLiteral("Get currentProcessName Failed, Exit"));
+        return;
+    }
+    LogDebug(labelled("当前进程名:", name));
+    endOtherProcesses(name);
+    LogDebug(QStringLiteral("已终止所有同名进程。"));
+}
+
+} // namespace
+
+ApplicationBootstrap::ApplicationBootstrap(int argc, char **argv)
+{
+    const QStringList arguments = textsOf(argc, argv);
+    for (int i = 0; i < arguments.size(); ++i)
+        LogDebug(QStringLiteral("args%1: %2").arg(QString::number(i), arguments.at(i)));
+    const QString language = languageFromArguments(arguments);
+    LogDebug(labelled("Language:", language));
+    LogDebug(QStringLiteral("初始化翻译"));
+    LanguageUtilities::instance()->LoadLanguages();
+    LanguageUtilities::instance()->SetLanguage(language);
+    checkInstance();
+}
+
+QString ApplicationBootstrap::languageFromArguments(const QStringList &arguments)
+{
+    static const QString label = QStringLiteral("language:");
+    QString language = QStringLiteral("en");
+    for (const QString &argument : arguments) {
+        const int found = argument.indexOf(label);
+        if (found < 0)
+            continue;
+        const int start = found + label.size();
+        const int comma = argument.indexOf(QLatin1Char(','), start);
+        language = argument.mid(start, comma < 0 ? -1 : comma - start).trimmed();
+    }
+    return language;
+}
+
+void ApplicationBootstrap::checkInstance()
+{
+    // Never deleted: an answering instance keeps its connection.
+    auto *const probe = new BlockingWebSocketClient(QUrl(QStringLiteral("ws://localhost:24509")),
+                                                    probeTimeoutMs, this);
+    if (probe->isConnected()) {
+        LogDebug(
+            QStringLiteral("Connect to PROT: 24509 Success(SystemMonitorIsAlearyRunning), Exit"));
+        return;
+    }
+    LogDebug(QStringLiteral("Connect to PROT: 24509 Failed, try to killProcess and Running.."));
+    endLeftovers();
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QObject>
+
+/// What asks for the debug console from outside. On Linux it is the signal SIGUSR1, taken through
+/// the event loop from the construction of this object on; on Windows the hot key reaches the
+/// window as a native message and this object stays silent.
+class ConsoleTrigger : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ConsoleTrigger(QObject *parent = nullptr);
+
+Q_SIGNALS:
+    void pressed();
+};

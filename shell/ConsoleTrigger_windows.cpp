@@ -1,0 +1,6 @@
+#include "shell/ConsoleTrigger.h"
+
+ConsoleTrigger::ConsoleTrigger(QObject *parent)
+    : QObject(parent)
+{
+}

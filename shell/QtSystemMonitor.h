@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+
+class SystemMonitorPlugin;
+
+/// The program's one top-level widget, never shown: it owns the plugin and receives native window
+/// messages.
+class QtSystemMonitor : public QWidget
+{
+    Q_OBJECT
+
+public:
+    QtSystemMonitor();
+
+    /// Creates the plugin, opens its host link and loads the fonts that the host names. False, with
+    /// no plugin left, when the command line is at fault; false at once on a second call.
+    bool StartPlugin(int argc, char **argv);
+
+    /// Hot key 1 opens the debug console; returns whether \a identifier was handled.
+    bool handleHotKey(quint64 identifier);
+
+    SystemMonitorPlugin *startedPlugin() const { return plugin; }
+
+protected:
+    bool nativeEvent(const QByteArray &eventType, void *message, long *result) override;
+
+private:
+    SystemMonitorPlugin *plugin = nullptr;
+};

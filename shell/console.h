@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QPoint>
+
+#include <optional>
+
+/// The stream behind the debug console.
+///
+/// On Windows it is a console window of the process's own. On Linux it is the terminal: standard
+/// error where that is one, else the controlling terminal, else the file "debug-console.txt" in the
+/// working directory.
+namespace console {
+
+/// Gets a console; false when none is to be had, on Windows also when one is attached already.
+bool attach();
+
+/// The upper left corner of the console's window; nothing where the console has no window.
+std::optional<QPoint> windowPosition();
+
+/// Shows the console's window, top-most and in the foreground.
+void showWindow();
+
+/// Reopens standard output and standard error, on Windows also standard input, on the console.
+void redirectStandardStreams();
+
+/// Has \a handler called when the user closes the console: its window on Windows, a hang-up of the
+/// terminal (SIGHUP) on Linux. The process survives that; interrupts keep their default course.
+/// The call may come on a thread of the system's.
+void onClosed(void (*handler)());
+
+/// Lets go of a console that the user has closed.
+void detach();
+
+} // namespace console

@@ -1,0 +1,78 @@
+#include "shell/console.h"
+
+#include "shell/UnixSignal_linux.h"
+
+#include <csignal>
+#include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+const char *const fallbackFile = "debug-console.txt";
+
+/// The stream that attach has opened; -1 where standard error is the console as it stands.
+int attachedStream = -1;
+
+UnixSignal *hangUp = nullptr;
+
+void putInPlaceOf(int stream, FILE *standardStream)
+{
+    std::fflush(standardStream);
+    dup2(stream, fileno(standardStream));
+}
+
+} // namespace
+
+namespace console {
+
+bool attach()
+{
+    attachedStream = -1;
+    if (isatty(STDERR_FILENO) == 1)
+        return true;
+    attachedStream = open("/dev/tty", O_WRONLY | O_NOCTTY | O_CLOEXEC);
+    if (attachedStream < 0) {
+        attachedStream =
+            open(fallbackFile, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW | O_CLOEXEC, 0600);
+    }
+    return attachedStream >= 0;
+}
+
+std::optional<QPoint> windowPosition()
+{
+    return std::nullopt;
+}
+
+void showWindow() {}
+
+void redirectStandardStreams()
+{
+    if (attachedStream < 0)
+        return;
+    putInPlaceOf(attachedStream, stdout);
+    putInPlaceOf(attachedStream, stderr);
+    close(attachedStream);
+    attachedStream = -1;
+}
+
+void onClosed(void (*handler)())
+{
+    if (hangUp)
+        return;
+    // It watches for the rest of the process's life, as the console's messages go on.
+    hangUp = new UnixSignal(SIGHUP);
+    QObject::connect(hangUp, &UnixSignal::received, hangUp, handler);
+}
+
+void detach()
+{
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    if (nowhere < 0)
+        return;
+    putInPlaceOf(nowhere, stdout);
+    putInPlaceOf(nowhere, stderr);
+    close(nowhere);
+}
+
+} // namespace console

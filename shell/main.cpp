@@ -1,0 +1,29 @@
+#include "SDK/Logger/Logger.h"
+#include "shell/ApplicationBootstrap.h"
+#include "shell/ConsoleTrigger.h"
+#include "shell/QtSystemMonitor.h"
+#include "shell/desktop.h"
+
+#include <QApplication>
+#include <QThread>
+
+int main(int argc, char **argv)
+{
+    QThread::msleep(100);
+    desktop::choosePlatform();
+    QApplication application(argc, argv);
+    desktop::attach();
+    const ConsoleTrigger consoleTrigger;
+    auto *const bootstrap = new ApplicationBootstrap(argc, argv);
+    Q_UNUSED(bootstrap) // It stays for as long as the process lives.
+
+    QtSystemMonitor window;
+    QObject::connect(&consoleTrigger, &ConsoleTrigger::pressed, &window,
+                     [&window] { window.handleHotKey(1); });
+    if (!window.StartPlugin(argc, argv)) {
+        LogDebug(QStringLiteral("开始与varodek建立连接失败"));
+        return 1;
+    }
+    window.hide();
+    return QApplication::exec();
+}

@@ -1,0 +1,121 @@
+#include "shell/processes.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <csignal>
+#include <sys/stat.h>
+#include <unistd.h>
+
+// The C library's header lacks the linkage for C++ in its first release with these functions.
+extern "C" {
+#include <sys/pidfd.h>
+}
+
+namespace {
+
+/// TASK_COMM_LEN - 1: /proc/PID/comm holds no more of a name.
+constexpr int longestComm = 15;
+
+QByteArray procPath(qint64 id, const char *entry)
+{
+    return "/proc/" + QByteArray::number(id) + '/' + entry;
+}
+
+/// The kernel marks the link of an executable whose file is gone, as after an update.
+QByteArray withoutDeletedMark(QByteArray target, const QByteArray &link)
+{
+    static const QByteArray mark(" (deleted)");
+    struct stat file = {};
+    if (target.endsWith(mark) && stat(link.constData(), &file) == 0 && file.st_nlink == 0)
+        target.chop(mark.size());
+    return target;
+}
+
+/// The file name behind /proc/PID/exe. Another user's link cannot be read: then the name that the
+/// kernel keeps, which anyone may read, has to serve.
+QString executableName(qint64 id)
+{
+    const QByteArray link = procPath(id, "exe");
+    QByteArray target(4096, '\0');
+    const ssize_t length =
+        readlink(link.constData(), target.data(), static_cast<size_t>(target.size()));
+    if (length >= 0) {
+        target.truncate(static_cast<int>(length));
+        const QByteArray path = withoutDeletedMark(target, link);
+        return QFile::decodeName(path.mid(path.lastIndexOf('/') + 1));
+    }
+    if (errno != EACCES && errno != EPERM)
+        return {};
+    QFile comm(QFile::decodeName(procPath(id, "comm")));
+    if (!comm.open(QIODevice::ReadOnly))
+        return {};
+    return QFile::decodeName(comm.read(longestComm + 1).trimmed());
+}
+
+class Descriptor
+{
+public:
+    explicit Descriptor(int number)
+        : m_number(number)
+    {
+    }
+    ~Descriptor()
+    {
+        if (m_number >= 0)
+            close(m_number);
+    }
+    Q_DISABLE_COPY(Descriptor)
+
+    int number() const { return m_number; }
+
+private:
+    int m_number;
+};
+
+} // namespace
+
+namespace processes {
+
+QString ownExecutableName()
+{
+    return executableName(ownId());
+}
+
+qint64 ownId()
+{
+    return QCoreApplication::applicationPid();
+}
+
+std::optional<QVector<Process>> snapshot()
+{
+    const QDir proc(QStringLiteral("/proc"));
+    const QStringList entries = proc.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    if (entries.isEmpty())
+        return std::nullopt;
+    QVector<Process> found;
+    for (const QString &entry : entries) {
+        bool isProcess = false;
+        const qint64 id = entry.toLongLong(&isProcess);
+        if (!isProcess)
+            continue;
+        const QString name = executableName(id);
+        if (!name.isEmpty())
+            found.append({id, name});
+    }
+    return found;
+}
+
+bool terminate(const Process &process)
+{
+    // The descriptor names the process itself, so that no other can be hit that gets its number.
+    const Descriptor descriptor(pidfd_open(static_cast<pid_t>(process.id), 0));
+    if (descriptor.number() < 0 || executableName(process.id) != process.executableName)
+        return false;
+    return pidfd_send_signal(descriptor.number(), SIGKILL, nullptr, 0) == 0;
+}
+
+} // namespace processes
