@@ -1,0 +1,142 @@
+#include "SDK/Logger/Logger.h"
+#include "shell/ConsoleLog.h"
+#include "tests/support/MessageCapture.h"
+#include "tests/support/TemporaryWorkingDirectory.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QtTest>
+
+#include <csignal>
+
+namespace {
+
+const char *const useTheConsole = "use-the-console";
+
+/// Runs the event loop until the console is as wanted or ten seconds have passed.
+bool waitFor(bool open)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (ConsoleLog::isOpen() != open && !timer.hasExpired(10000))
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    return ConsoleLog::isOpen() == open;
+}
+
+/// The life of a console, in a process of its own that has no terminal.
+int runConsole()
+{
+    ConsoleLog::instance()->openOnce();
+    LogDebug(QStringLiteral("first message"));
+    qWarning("a warning without quotes");
+    ConsoleLog::instance()->openOnce();
+    if (!ConsoleLog::isOpen())
+        return 2;
+
+    std::raise(SIGHUP);
+    if (!waitFor(false))
+        return 3;
+    LogDebug(QStringLiteral("to nobody"));
+
+    ConsoleLog::instance()->openOnce();
+    LogDebug(QStringLiteral("second opening"));
+    return ConsoleLog::isOpen() ? 0 : 4;
+}
+
+/// Where no console is to be had.
+int runWithoutConsole()
+{
+    ConsoleLog::instance()->openOnce();
+    return ConsoleLog::isOpen() ? 0 : 5;
+}
+
+} // namespace
+
+class tst_ConsoleLog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void isOneObject();
+    void printsEveryMessageUntilClosed();
+    void failedAttemptIsNotRepeated();
+    void interruptKeepsItsDefaultCourse();
+
+private:
+    static void runDetached(QProcess &process, const char *mode)
+    {
+        process.start(QStringLiteral("setsid"),
+                      {QCoreApplication::applicationFilePath(), QString::fromLatin1(mode)});
+    }
+};
+
+void tst_ConsoleLog::isOneObject()
+{
+    const MessageCapture capture;
+    ConsoleLog *const log = ConsoleLog::instance();
+    QCOMPARE(ConsoleLog::instance(), log);
+    QCOMPARE(MessageCapture::messages(),
+             QStringList(MessageCapture::quoted(QStringLiteral("outPutName: output.txt"))));
+    QVERIFY(!ConsoleLog::isOpen());
+    QVERIFY(log->isHidden());
+}
+
+void tst_ConsoleLog::printsEveryMessageUntilClosed()
+{
+    const TemporaryWorkingDirectory directory;
+    QProcess process;
+    runDetached(process, useTheConsole);
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 0);
+    QCOMPARE(QString::fromUtf8(directory.content(QStringLiteral("debug-console.txt"))),
+             QStringLiteral("\"child window open\"\n"
+                            "\"打开控制台完成\"\n"
+                            "\"first message\"\n"
+                            "a warning without quotes\n"
+                            "\"child window open\"\n"
+                            "\"打开控制台完成\"\n"
+                            "\"second opening\"\n"));
+    QVERIFY(!QFile::exists(QStringLiteral("output.txt")));
+}
+
+void tst_ConsoleLog::failedAttemptIsNotRepeated()
+{
+    const TemporaryWorkingDirectory directory;
+    QVERIFY(QDir().mkdir(QStringLiteral("debug-console.txt")));
+    QProcess process;
+    runDetached(process, "no-console");
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 0);
+    const QString errors = QString::fromUtf8(process.readAllStandardError());
+    QVERIFY(errors.endsWith(QStringLiteral("\"尝试打开控制台...\"\n")));
+}
+
+void tst_ConsoleLog::interruptKeepsItsDefaultCourse()
+{
+    const TemporaryWorkingDirectory directory;
+    QProcess process;
+    runDetached(process, "interrupt");
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+    QVERIFY(directory.content(QStringLiteral("debug-console.txt")).contains("child window open"));
+}
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    const QByteArray mode = argc == 2 ? argv[1] : "";
+    if (mode == useTheConsole)
+        return runConsole();
+    if (mode == "no-console")
+        return runWithoutConsole();
+    if (mode == "interrupt") {
+        ConsoleLog::instance()->openOnce();
+        std::raise(SIGINT);
+        return 0;
+    }
+    tst_ConsoleLog test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_consolelog.moc"
