@@ -34,8 +34,6 @@ ConnectionManager::ConnectionManager(int hostPort, const QString &uuid, const QS
     }
 }
 
-ConnectionManager::~ConnectionManager() = default;
-
 void ConnectionManager::Run()
 {
     if (webSocket)

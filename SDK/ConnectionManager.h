@@ -22,7 +22,6 @@ public:
     /// kept.
     ConnectionManager(int hostPort, const QString &uuid, const QString &eventName,
                       const QString &info, BasePlugin *eventReceiver, QObject *parent = nullptr);
-    ~ConnectionManager() override;
 
     /// Starts the property-inspector data server and opens the link; returns at once.
     void Run();

@@ -8,7 +8,7 @@
 namespace {
 
 /// Far above any real table; what is longer is not one.
-constexpr qint64 longestFile = 16 * 1024 * 1024;
+constexpr qint64 longestFile = 16LL * 1024 * 1024;
 
 } // namespace
 

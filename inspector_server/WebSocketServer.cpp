@@ -13,7 +13,7 @@
 namespace {
 
 /// Far above the longest request name and far below harm.
-constexpr quint64 longestRequest = 64 * 1024;
+constexpr quint64 longestRequest = 64ULL * 1024;
 
 QString compact(const QJsonObject &object)
 {

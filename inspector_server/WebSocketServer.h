@@ -19,6 +19,7 @@ public:
     /// any free one.
     explicit WebSocketServer(quint16 port, QObject *parent = nullptr);
     ~WebSocketServer() override;
+    Q_DISABLE_COPY(WebSocketServer)
 
     /// \a plugin is a SystemMonitorLibOwner and is not owned. Without one, requests are left
     /// unanswered.

@@ -91,8 +91,6 @@ SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent)
     m_updateTimer->start(updateInterval);
 }
 
-SystemMonitorPlugin::~SystemMonitorPlugin() = default;
-
 void SystemMonitorPlugin::initSystemMonitorLib()
 {
     if (m_library->initSystemMonitorLib(isNewerThanWindows7(windowsVersion()))) {

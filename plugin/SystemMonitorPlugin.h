@@ -10,7 +10,8 @@ class normalAction;
 class QTimer;
 
 /// The plugin: it owns the data sources and the visible keys, and paints and sends every key once a
-/// second. Everything runs on the main thread.
+/// second. Everything runs on the main thread. It goes only with the process, and so deletes neither
+/// its keys nor its data sources.
 class SystemMonitorPlugin : public Plugin, public SystemMonitorLibOwner
 {
     Q_OBJECT
@@ -20,8 +21,6 @@ public:
     /// Opens the data sources, waits one second for them, takes the first readings and starts the
     /// update timer.
     explicit SystemMonitorPlugin(QObject *parent = nullptr);
-    /// Deletes neither the keys nor the data sources: the plugin goes only with the process.
-    ~SystemMonitorPlugin() override;
 
     VqSystemMonitorLib *systemMonitorLib() const override { return m_library; }
 

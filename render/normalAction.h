@@ -14,6 +14,7 @@ public:
     normalAction(ConnectionManager *connectionManager, const QString &action,
                  const QString &context);
     ~normalAction() override;
+    Q_DISABLE_COPY(normalAction)
 
     /// Replaces all display settings by those of the event's payload. The font's pixel size follows
     /// from the width of the last picture, and so from what the key showed before.

@@ -18,6 +18,7 @@ public:
     /// \a timeoutMs milliseconds.
     BlockingWebSocketClient(const QUrl &url, unsigned timeoutMs, QObject *parent = nullptr);
     ~BlockingWebSocketClient() override;
+    Q_DISABLE_COPY(BlockingWebSocketClient)
 
     /// The outcome of the constructor's attempt.
     bool isConnected() const { return connected; }

@@ -11,6 +11,7 @@ class UnixSignal : public QObject
 public:
     explicit UnixSignal(int signalNumber, QObject *parent = nullptr);
     ~UnixSignal() override;
+    Q_DISABLE_COPY(UnixSignal)
 
 Q_SIGNALS:
     void received();

@@ -23,7 +23,7 @@ QByteArray fileLogLine(const QString &message)
 
 const char *const outputName = "output.txt";
 
-void Logger(QString message)
+void Logger(QString message) // NOLINT(performance-unnecessary-value-param)
 {
     const QMutexLocker lock(&fileLogMutex);
     QFile file(QStringLiteral("log.txt"));
