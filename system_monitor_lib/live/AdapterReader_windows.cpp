@@ -3,6 +3,7 @@
 #include <QHash>
 
 #include <winsock2.h>
+#include <ws2ipdef.h>
 
 #include <windows.h>
 

@@ -1,0 +1,489 @@
+#include "system_monitor_lib/live/LiveSource.h"
+#include "tests/unit/system_monitor_lib/files.h"
+#include "tests/unit/system_monitor_lib/labels.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+constexpr qint64 second = 1'000'000'000;
+constexpr qint64 millisecond = 1'000'000;
+
+const QString usage = QStringLiteral("Total CPU Usage");
+const QString memoryLoad = QStringLiteral("Physical Memory Load");
+const QString upRate = QStringLiteral("Current UP rate");
+const QString downRate = QStringLiteral("Current DL rate");
+const QString eth0 = QStringLiteral("eth0");
+
+/// A machine whose /proc and /sys are folders, and whose time stands until it is moved.
+class Machine
+{
+public:
+    const QTemporaryDir directory;
+    qint64 now = 5 * second;
+
+    [[nodiscard]] MachineRoots roots() const
+    {
+        return {path(QStringLiteral("proc")), path(QStringLiteral("sys"))};
+    }
+
+    [[nodiscard]] QString path(const QString &name) const { return directory.filePath(name); }
+
+    [[nodiscard]] bool setCpu(quint64 busy, quint64 idle) const
+    {
+        return writeFile(
+            path(QStringLiteral("proc/stat")),
+            QStringLiteral("cpu  %1 0 0 %2 0 0 0 0 0 0\n").arg(busy).arg(idle).toLatin1());
+    }
+
+    [[nodiscard]] bool setMemory(quint64 total, quint64 available) const
+    {
+        return writeFile(path(QStringLiteral("proc/meminfo")),
+                         QStringLiteral("MemTotal: %1 kB\nMemAvailable: %2 kB\n")
+                             .arg(total)
+                             .arg(available)
+                             .toLatin1());
+    }
+
+    [[nodiscard]] QString adapter(const QString &name) const
+    {
+        return path(QStringLiteral("sys/class/net/") + name);
+    }
+
+    [[nodiscard]] bool setCounters(const QString &name, quint64 received, quint64 sent) const
+    {
+        const QString statistics = adapter(name) + QStringLiteral("/statistics");
+        return writeFile(statistics + QStringLiteral("/rx_bytes"),
+                         QByteArray::number(received) + '\n') &&
+               writeFile(statistics + QStringLiteral("/tx_bytes"), QByteArray::number(sent) + '\n');
+    }
+
+    [[nodiscard]] bool addAdapter(const QString &name, quint64 received, quint64 sent) const
+    {
+        return QDir().mkpath(adapter(name) + QStringLiteral("/device")) &&
+               setCounters(name, received, sent);
+    }
+
+    [[nodiscard]] bool setLinkSpeed(const QString &name, const QByteArray &megabits) const
+    {
+        return writeFile(adapter(name) + QStringLiteral("/speed"), megabits);
+    }
+
+    [[nodiscard]] bool removeAdapter(const QString &name) const
+    {
+        return QDir(adapter(name)).removeRecursively();
+    }
+
+    /// A usual machine: a processor, memory and one adapter.
+    [[nodiscard]] bool setUp() const
+    {
+        return setCpu(1000, 9000) && setMemory(8192000, 6144000) && addAdapter(eth0, 1000, 2000);
+    }
+};
+
+} // namespace
+
+class LiveSourceTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void opensWhatCanBeRead_data();
+    void opensWhatCanBeRead();
+    void capturedMachineHasItsGroups();
+    void unknownModelIsLeftOut();
+    void firstSampleHasNoRates();
+    void secondSampleHasRates();
+    void groupsHoldTheSameLabels();
+    void otherQueriesAreEmpty();
+
+    void queriesOfOneTickShareASample();
+    void sampleIsRenewedByAnyQuery();
+    void clockGoingBackRenewsTheSample();
+
+    void brokenFileGivesNoLabel_data();
+    void brokenFileGivesNoLabel();
+    void vanishedFilesComeBack();
+    void sleepGivesNoRates();
+    void countersGoingBackGiveNoRates();
+    void zeroTrafficIsAReading();
+
+    void virtualAdaptersAreLeftOut();
+    void adapterComesAndGoes();
+    void adapterReplacedBetweenSamples();
+    void adapterWithUnreadableCountersIsLeftOut_data();
+    void adapterWithUnreadableCountersIsLeftOut();
+    void jumpAboveTheLinkSpeedIsDropped_data();
+    void jumpAboveTheLinkSpeedIsDropped();
+    void linkThatBecameFasterIsAskedAgain();
+
+private:
+    QJsonObject network(const QString &adapter = eth0)
+    {
+        return m_source->tree(Query::NetworkInfo).value(adapter).toObject();
+    }
+
+    std::unique_ptr<Machine> m_machine;
+    std::unique_ptr<LiveSource> m_source;
+};
+
+void LiveSourceTest::init()
+{
+    m_machine = std::make_unique<Machine>();
+    QVERIFY(m_machine->directory.isValid());
+    QVERIFY(m_machine->setUp());
+    Machine *const machine = m_machine.get();
+    m_source = std::make_unique<LiveSource>(machine->roots(), [machine] { return machine->now; });
+}
+
+void LiveSourceTest::cleanup()
+{
+    m_source.reset();
+    m_machine.reset();
+}
+
+void LiveSourceTest::opensWhatCanBeRead_data()
+{
+    QTest::addColumn<QStringList>("removed");
+    QTest::addColumn<bool>("opens");
+
+    const QString stat = QStringLiteral("proc/stat");
+    const QString meminfo = QStringLiteral("proc/meminfo");
+    const QString adapters = QStringLiteral("sys/class/net");
+    QTest::newRow("all") << QStringList() << true;
+    QTest::newRow("no processor") << QStringList{stat} << true;
+    QTest::newRow("no memory") << QStringList{meminfo} << true;
+    QTest::newRow("no adapters") << QStringList{adapters} << true;
+    QTest::newRow("processor only") << QStringList{meminfo, adapters} << true;
+    QTest::newRow("nothing") << QStringList{stat, meminfo, adapters} << false;
+}
+
+void LiveSourceTest::opensWhatCanBeRead()
+{
+    QFETCH(const QStringList, removed);
+    QFETCH(const bool, opens);
+    for (const QString &name : removed) {
+        const QString path = m_machine->path(name);
+        QVERIFY(QFileInfo(path).isDir() ? QDir(path).removeRecursively() : QFile::remove(path));
+    }
+    if (!opens)
+        QTest::ignoreMessage(QtWarningMsg, "No readings of this machine can be read");
+    QCOMPARE(m_source->open(), opens);
+}
+
+void LiveSourceTest::capturedMachineHasItsGroups()
+{
+    const QString fixtures = QStringLiteral(FIXTURES_DIRECTORY);
+    LiveSource source({fixtures + QStringLiteral("/proc/virtual-machine-epyc"),
+                       fixtures + QStringLiteral("/sys/virtual-machine-virtio")},
+                      [] { return second; });
+    QVERIFY(source.open());
+    const QStringList expected{QStringLiteral("CPU [#0]: AMD EPYC"),
+                               QStringLiteral("Network: eth0"), QStringLiteral("System: memory")};
+    QCOMPARE(source.tree(Query::AllSensorsData).keys(), expected);
+    QCOMPARE(source.tree(Query::NetworkInfo).keys(), QStringList{eth0});
+    const QJsonObject memory = source.tree(Query::SystemInfo);
+    QCOMPARE(value(memory, QStringLiteral("Physical Memory Used")), 574.0);
+    QCOMPARE(value(memory, QStringLiteral("Physical Memory Available")), 23532.0);
+}
+
+void LiveSourceTest::unknownModelIsLeftOut()
+{
+    QVERIFY(m_source->open());
+    QVERIFY(m_source->tree(Query::AllSensorsData).contains(QStringLiteral("CPU [#0]")));
+}
+
+void LiveSourceTest::firstSampleHasNoRates()
+{
+    QVERIFY(m_source->open());
+    QVERIFY(m_source->tree(Query::CpuInfo).isEmpty());
+    QVERIFY(m_source->tree(Query::NetworkInfo).contains(eth0));
+    QVERIFY(network().isEmpty());
+    QCOMPARE(value(m_source->tree(Query::SystemInfo), memoryLoad), 25.0);
+}
+
+void LiveSourceTest::secondSampleHasRates()
+{
+    QVERIFY(m_source->open());
+    m_machine->now += 2 * second;
+    QVERIFY(m_machine->setCpu(1050, 9150));
+    QVERIFY(m_machine->setCounters(eth0, 1000 + 4096, 2000 + 1024));
+
+    const QJsonObject cpu = m_source->tree(Query::CpuInfo);
+    QCOMPARE(cpu.keys(), QStringList{usage});
+    QCOMPARE(value(cpu, usage), 25.0);
+    QCOMPARE(units(cpu, usage), QStringLiteral("%"));
+    QCOMPARE(value(network(), downRate), 2.0);
+    QCOMPARE(value(network(), upRate), 0.5);
+    QCOMPARE(units(network(), downRate), QStringLiteral("KB/s"));
+    QCOMPARE(units(network(), upRate), QStringLiteral("KB/s"));
+}
+
+void LiveSourceTest::groupsHoldTheSameLabels()
+{
+    QVERIFY(m_source->open());
+    m_machine->now += second;
+    QVERIFY(m_machine->setCpu(1100, 9100));
+    const QJsonObject all = m_source->tree(Query::AllSensorsData);
+    QCOMPARE(all.value(QStringLiteral("CPU [#0]")).toObject(), m_source->tree(Query::CpuInfo));
+    QCOMPARE(all.value(QStringLiteral("System: memory")).toObject(),
+             m_source->tree(Query::SystemInfo));
+    QCOMPARE(all.value(QStringLiteral("Network: eth0")).toObject(), network());
+    QCOMPARE(value(m_source->tree(Query::CpuInfo), usage), 50.0);
+}
+
+void LiveSourceTest::otherQueriesAreEmpty()
+{
+    QVERIFY(m_source->open());
+    m_machine->now += second;
+    for (const Query query : {Query::MemoryTimingsInfo, Query::CpuDtsInfo, Query::CpuEnhancedInfo,
+                              Query::GpuInfo, Query::SmartInfo, Query::PresentMon})
+        QVERIFY(m_source->tree(query).isEmpty());
+}
+
+void LiveSourceTest::queriesOfOneTickShareASample()
+{
+    QVERIFY(m_source->open());
+    QVERIFY(m_machine->setMemory(8192000, 2048000));
+    m_machine->now += 250 * millisecond;
+    QCOMPARE(value(m_source->tree(Query::SystemInfo), memoryLoad), 25.0);
+    m_machine->now += 1;
+    QCOMPARE(value(m_source->tree(Query::SystemInfo), memoryLoad), 75.0);
+}
+
+void LiveSourceTest::sampleIsRenewedByAnyQuery()
+{
+    QVERIFY(m_source->open());
+    QVERIFY(m_machine->setMemory(8192000, 2048000));
+    m_machine->now += second;
+    QVERIFY(m_source->tree(Query::PresentMon).isEmpty());
+    QVERIFY(m_machine->setMemory(8192000, 4096000));
+    QCOMPARE(value(m_source->tree(Query::SystemInfo), memoryLoad), 75.0);
+}
+
+void LiveSourceTest::clockGoingBackRenewsTheSample()
+{
+    QVERIFY(m_source->open());
+    QVERIFY(m_machine->setMemory(8192000, 2048000));
+    m_machine->now -= second;
+    QCOMPARE(value(m_source->tree(Query::SystemInfo), memoryLoad), 75.0);
+    QVERIFY(m_source->tree(Query::CpuInfo).isEmpty());
+    QVERIFY(network().isEmpty());
+}
+
+void LiveSourceTest::brokenFileGivesNoLabel_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("cut") << QByteArray("cpu  10");
+    QTest::newRow("letters") << QByteArray("cpu  a b c d\nMemTotal: e kB\nMemAvailable: f kB\n");
+    QTest::newRow("zero bytes") << QByteArray(4000, '\0');
+    QTest::newRow("huge") << QByteArray(1024 * 1024, '9');
+}
+
+void LiveSourceTest::brokenFileGivesNoLabel()
+{
+    QFETCH(const QByteArray, content);
+    QVERIFY(m_source->open());
+    QVERIFY(writeFile(m_machine->path(QStringLiteral("proc/stat")), content));
+    QVERIFY(writeFile(m_machine->path(QStringLiteral("proc/meminfo")), content));
+    QVERIFY(writeFile(m_machine->adapter(eth0) + QStringLiteral("/statistics/rx_bytes"), content));
+    m_machine->now += second;
+    QVERIFY(m_source->tree(Query::CpuInfo).isEmpty());
+    QVERIFY(m_source->tree(Query::SystemInfo).isEmpty());
+    QVERIFY(m_source->tree(Query::NetworkInfo).isEmpty());
+    QCOMPARE(m_source->tree(Query::AllSensorsData).keys(), QStringList{QStringLiteral("CPU [#0]")});
+}
+
+void LiveSourceTest::vanishedFilesComeBack()
+{
+    QVERIFY(m_source->open());
+    QVERIFY(QFile::remove(m_machine->path(QStringLiteral("proc/stat"))));
+    QVERIFY(QFile::remove(m_machine->path(QStringLiteral("proc/meminfo"))));
+    m_machine->now += second;
+    QVERIFY(m_source->tree(Query::CpuInfo).isEmpty());
+    QVERIFY(m_source->tree(Query::SystemInfo).isEmpty());
+
+    QVERIFY(m_machine->setUp());
+    QVERIFY(m_machine->setCpu(1100, 9100));
+    m_machine->now += second;
+    QVERIFY2(m_source->tree(Query::CpuInfo).isEmpty(), "a first sample again");
+    QCOMPARE(value(m_source->tree(Query::SystemInfo), memoryLoad), 25.0);
+
+    QVERIFY(m_machine->setCpu(1200, 9200));
+    m_machine->now += second;
+    QCOMPARE(value(m_source->tree(Query::CpuInfo), usage), 50.0);
+}
+
+void LiveSourceTest::sleepGivesNoRates()
+{
+    QVERIFY(m_source->open());
+    m_machine->now += 3600 * second;
+    QVERIFY(m_machine->setCpu(1100, 9100));
+    QVERIFY(m_machine->setCounters(eth0, 500000, 500000));
+    QVERIFY(m_source->tree(Query::CpuInfo).isEmpty());
+    QVERIFY(network().isEmpty());
+
+    m_machine->now += second;
+    QVERIFY(m_machine->setCpu(1110, 9190));
+    QVERIFY(m_machine->setCounters(eth0, 501024, 500000));
+    QCOMPARE(value(m_source->tree(Query::CpuInfo), usage), 10.0);
+    QCOMPARE(value(network(), downRate), 1.0);
+}
+
+void LiveSourceTest::countersGoingBackGiveNoRates()
+{
+    QVERIFY(m_source->open());
+    m_machine->now += second;
+    QVERIFY(m_machine->setCpu(10, 90));
+    QVERIFY(m_machine->setCounters(eth0, 10, 2000 + 1024));
+    QVERIFY(m_source->tree(Query::CpuInfo).isEmpty());
+    QCOMPARE(network().keys(), QStringList{upRate});
+
+    m_machine->now += second;
+    QVERIFY(m_machine->setCpu(20, 180));
+    QVERIFY(m_machine->setCounters(eth0, 10 + 1024, 2000 + 1024));
+    QCOMPARE(value(m_source->tree(Query::CpuInfo), usage), 10.0);
+    QCOMPARE(value(network(), downRate), 1.0);
+}
+
+void LiveSourceTest::zeroTrafficIsAReading()
+{
+    QVERIFY(m_source->open());
+    m_machine->now += second;
+    QCOMPARE(value(network(), downRate), 0.0);
+    QCOMPARE(value(network(), upRate), 0.0);
+}
+
+void LiveSourceTest::virtualAdaptersAreLeftOut()
+{
+    QVERIFY(m_machine->setCounters(QStringLiteral("lo"), 5, 5));
+    QVERIFY(m_machine->addAdapter(QStringLiteral("wlan0"), 5, 5));
+    QVERIFY(writeFile(m_machine->path(QStringLiteral("sys/class/net/bonding_masters")), "\n"));
+    QVERIFY(m_source->open());
+    const QStringList expected{eth0, QStringLiteral("wlan0")};
+    QCOMPARE(m_source->tree(Query::NetworkInfo).keys(), expected);
+    m_machine->now += second;
+    QCOMPARE(m_source->tree(Query::NetworkInfo).keys(), expected);
+}
+
+void LiveSourceTest::adapterComesAndGoes()
+{
+    const QString usb0 = QStringLiteral("usb0");
+    QVERIFY(m_source->open());
+    QVERIFY(m_machine->addAdapter(usb0, 1024, 0));
+    m_machine->now += second;
+    QVERIFY(m_source->tree(Query::NetworkInfo).contains(usb0));
+    QVERIFY(network(usb0).isEmpty());
+    QCOMPARE(value(network(), downRate), 0.0);
+
+    QVERIFY(m_machine->setCounters(usb0, 2048, 0));
+    m_machine->now += second;
+    QCOMPARE(value(network(usb0), downRate), 1.0);
+
+    QVERIFY(m_machine->removeAdapter(usb0));
+    m_machine->now += second;
+    QCOMPARE(m_source->tree(Query::NetworkInfo).keys(), QStringList{eth0});
+
+    QVERIFY(m_machine->addAdapter(usb0, 900000, 0));
+    m_machine->now += second;
+    QVERIFY2(network(usb0).isEmpty(), "the old counters left with the adapter");
+    QVERIFY(m_machine->setCounters(usb0, 900000 + 3072, 0));
+    m_machine->now += second;
+    QCOMPARE(value(network(usb0), downRate), 3.0);
+}
+
+void LiveSourceTest::adapterReplacedBetweenSamples()
+{
+    QVERIFY(m_source->open());
+    // Both exist for a moment, so that the new folder cannot have the old one's inode.
+    QVERIFY(m_machine->addAdapter(QStringLiteral("next"), 900000, 900000));
+    QVERIFY(m_machine->removeAdapter(eth0));
+    QVERIFY(QDir().rename(m_machine->adapter(QStringLiteral("next")), m_machine->adapter(eth0)));
+    m_machine->now += second;
+    QVERIFY(m_source->tree(Query::NetworkInfo).contains(eth0));
+    QVERIFY(network().isEmpty());
+
+    QVERIFY(m_machine->setCounters(eth0, 900000 + 1024, 900000));
+    m_machine->now += second;
+    QCOMPARE(value(network(), downRate), 1.0);
+}
+
+void LiveSourceTest::adapterWithUnreadableCountersIsLeftOut_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("letters") << QByteArray("none\n");
+    QTest::newRow("absurdly large") << QByteArray("99999999999999999999\n");
+}
+
+void LiveSourceTest::adapterWithUnreadableCountersIsLeftOut()
+{
+    QFETCH(const QByteArray, content);
+    QVERIFY(m_source->open());
+    QVERIFY(writeFile(m_machine->adapter(eth0) + QStringLiteral("/statistics/tx_bytes"), content));
+    m_machine->now += second;
+    QVERIFY(m_source->tree(Query::NetworkInfo).isEmpty());
+    QVERIFY(m_machine->setCounters(eth0, 1000, 2000));
+    m_machine->now += second;
+    QVERIFY(network().isEmpty());
+    m_machine->now += second;
+    QCOMPARE(value(network(), downRate), 0.0);
+}
+
+void LiveSourceTest::jumpAboveTheLinkSpeedIsDropped_data()
+{
+    QTest::addColumn<QByteArray>("megabits");
+    QTest::addColumn<quint64>("step");
+    QTest::addColumn<bool>("shown");
+
+    constexpr quint64 hundredMegabit = 12'500'000;
+    QTest::newRow("at the link's speed") << QByteArray("100\n") << hundredMegabit << true;
+    QTest::newRow("two seconds' worth") << QByteArray("100\n") << 2 * hundredMegabit << true;
+    QTest::newRow("impossible") << QByteArray("100\n") << 2 * hundredMegabit + 1 << false;
+    QTest::newRow("absurd") << QByteArray("1000\n") << (quint64{1} << 59U) << false;
+    QTest::newRow("speed unknown") << QByteArray("-1\n") << 100 * hundredMegabit << true;
+    QTest::newRow("speed unreadable") << QByteArray() << 100 * hundredMegabit << true;
+    QTest::newRow("a link of 10 Mbit/s") << QByteArray("10\n") << hundredMegabit << false;
+}
+
+void LiveSourceTest::jumpAboveTheLinkSpeedIsDropped()
+{
+    QFETCH(const QByteArray, megabits);
+    QFETCH(const quint64, step);
+    QFETCH(const bool, shown);
+    QVERIFY(m_machine->setLinkSpeed(eth0, megabits));
+    QVERIFY(m_source->open());
+    QVERIFY(m_machine->setCounters(eth0, 1000 + step, 2000));
+    m_machine->now += second;
+    QCOMPARE(network().contains(downRate), shown);
+    QVERIFY(network().contains(upRate));
+    if (shown)
+        QCOMPARE(value(network(), downRate), static_cast<double>(step) / 1024);
+
+    QVERIFY(m_machine->setCounters(eth0, 1000 + step + 1024, 2000));
+    m_machine->now += second;
+    QCOMPARE(value(network(), downRate), 1.0);
+}
+
+void LiveSourceTest::linkThatBecameFasterIsAskedAgain()
+{
+    constexpr quint64 gigabit = 125'000'000;
+    QVERIFY(m_machine->setLinkSpeed(eth0, "100\n"));
+    QVERIFY(m_source->open());
+    QVERIFY(m_machine->setCounters(eth0, gigabit, 2000));
+    m_machine->now += second;
+    QVERIFY(!network().contains(downRate));
+
+    QVERIFY(m_machine->setLinkSpeed(eth0, "1000\n"));
+    QVERIFY(m_machine->setCounters(eth0, 2 * gigabit, 2000));
+    m_machine->now += second;
+    QCOMPARE(value(network(), downRate), static_cast<double>(gigabit) / 1024);
+}
+
+QTEST_GUILESS_MAIN(LiveSourceTest)
+#include "tst_livesource.moc"

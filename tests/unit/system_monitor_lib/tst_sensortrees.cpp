@@ -1,0 +1,64 @@
+#include "system_monitor_lib/SensorTrees.h"
+
+#include <QtTest>
+
+class SensorTreesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readingHasValueAndUnits();
+    void startsEmpty();
+    void collectorsShareATree();
+    void collectorsShareADevice();
+    void deviceWithoutReadingsIsListed();
+};
+
+void SensorTreesTest::readingHasValueAndUnits()
+{
+    const QJsonArray array = reading(45.5, QStringLiteral("°C"));
+    const QJsonObject expected{{QStringLiteral("value"), 45.5},
+                               {QStringLiteral("units"), QStringLiteral("°C")}};
+    QCOMPARE(array, QJsonArray{expected});
+}
+
+void SensorTreesTest::startsEmpty()
+{
+    const SensorTrees trees;
+    QVERIFY(trees.tree(Query::SystemInfo).isEmpty());
+    QVERIFY(trees.tree(Query::AllSensorsData).isEmpty());
+}
+
+void SensorTreesTest::collectorsShareATree()
+{
+    SensorTrees trees;
+    trees.add(Query::CpuInfo, {{QStringLiteral("load"), 1}});
+    trees.add(Query::CpuInfo, {});
+    trees.add(Query::CpuInfo, {{QStringLiteral("clock"), 2}});
+    const QJsonObject expected{{QStringLiteral("clock"), 2}, {QStringLiteral("load"), 1}};
+    QCOMPARE(trees.tree(Query::CpuInfo), expected);
+    QVERIFY(trees.tree(Query::GpuInfo).isEmpty());
+}
+
+void SensorTreesTest::collectorsShareADevice()
+{
+    SensorTrees trees;
+    const QString device = QStringLiteral("CPU [#0]");
+    trees.addDevice(Query::AllSensorsData, device, {{QStringLiteral("load"), 1}});
+    trees.addDevice(Query::AllSensorsData, device, {{QStringLiteral("clock"), 2}});
+    trees.addDevice(Query::AllSensorsData, QStringLiteral("GPU"), {{QStringLiteral("load"), 3}});
+    const QJsonObject expected{
+        {device, QJsonObject{{QStringLiteral("clock"), 2}, {QStringLiteral("load"), 1}}},
+        {QStringLiteral("GPU"), QJsonObject{{QStringLiteral("load"), 3}}}};
+    QCOMPARE(trees.tree(Query::AllSensorsData), expected);
+}
+
+void SensorTreesTest::deviceWithoutReadingsIsListed()
+{
+    SensorTrees trees;
+    trees.addDevice(Query::NetworkInfo, QStringLiteral("eth0"), {});
+    QVERIFY(trees.tree(Query::NetworkInfo).value(QStringLiteral("eth0")).isObject());
+}
+
+QTEST_APPLESS_MAIN(SensorTreesTest)
+#include "tst_sensortrees.moc"
