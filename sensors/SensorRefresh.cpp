@@ -1,8 +1,13 @@
 #include "sensors/SensorRefresh.h"
 
+#include "sensors/CpuHeat.h"
 #include "sensors/CpuReadings.h"
+#include "sensors/DriveTemperatures.h"
+#include "sensors/GpuReadings.h"
 #include "sensors/MemoryReadings.h"
+#include "sensors/ModelNames.h"
 #include "sensors/NetworkReadings.h"
+#include "sensors/SensorWalk.h"
 #include "sensors/VqSystemMonitorLib.h"
 #include "sensors/systemInfor.h"
 
@@ -31,6 +36,34 @@ void store(const CpuReadings &cpu)
     systemInfor::CpuVoltageUnits = cpu.voltageUnits;
 }
 
+void store(const CpuHeat &heat)
+{
+    systemInfor::CpuTemperature = heat.temperature;
+    systemInfor::CpuTemperatureUnits = heat.temperatureUnits;
+    systemInfor::CpuPower = heat.power;
+    systemInfor::CpuPowerUnits = heat.powerUnits;
+}
+
+void store(const GpuReadings &gpu)
+{
+    systemInfor::GpuTemperature = gpu.temperature;
+    systemInfor::GpuTemperatureUnits = gpu.temperatureUnits;
+    systemInfor::GpuClock = gpu.clock;
+    systemInfor::GpuClockUnits = gpu.clockUnits;
+    systemInfor::GpuLoad = gpu.load;
+    systemInfor::GpuLoadUnits = gpu.loadUnits;
+    systemInfor::GpuMemoryClock = gpu.memoryClock;
+    systemInfor::GpuMemoryClockUnits = gpu.memoryClockUnits;
+    systemInfor::GpuMemoryUsage = gpu.memoryUsage;
+    systemInfor::GpuMemoryUsageUnits = gpu.memoryUsageUnits;
+    systemInfor::GpuMemoryAllocated = gpu.memoryAllocated;
+    systemInfor::GpuMemoryAllocatedUnits = gpu.memoryAllocatedUnits;
+    systemInfor::GpuPower = gpu.power;
+    systemInfor::GpuPowerUnits = gpu.powerUnits;
+    systemInfor::GpuVoltage = gpu.voltage;
+    systemInfor::GpuVoltageUnits = gpu.voltageUnits;
+}
+
 void store(const NetworkReadings &network)
 {
     systemInfor::NetUpRate = network.up.value;
@@ -39,23 +72,52 @@ void store(const NetworkReadings &network)
     systemInfor::NetDownRateUnits = network.down.units;
 }
 
-void storeAllSensors(VqSystemMonitorLib &library)
+void refreshCpuAndGpu(VqSystemMonitorLib &library)
+{
+    store(cpuReadings(library.getCPUInfo()));
+    const QJsonObject dtsTree = library.getCPUDTSInfo();
+    const QJsonObject enhancedTree = library.getCPUEnhancedInfo();
+    store(cpuHeat(dtsTree, enhancedTree));
+    const QJsonObject gpuTrees = library.getGPUInfo();
+    store(gpuReadings(gpuTrees.value(chosenGpu(gpuTrees)).toObject(), enhancedTree));
+}
+
+void refreshDrives(VqSystemMonitorLib &library)
+{
+    systemInfor::SmartInfo = library.getSMARTInfo();
+    systemInfor::DriveTemperatureList = driveTemperatures(library.getSMARTInfo());
+}
+
+void refreshSensorLists(VqSystemMonitorLib &library)
 {
     const QJsonObject frameRates = library.getPresentMon();
     systemInfor::AllSensorsData = library.getAllSensorsData();
     systemInfor::AllSensorsData.insert(QStringLiteral("FPS"), frameRates);
+
+    SensorWalk walk;
+    walk.visit(systemInfor::AllSensorsData);
+    walk.visit(frameRates);
+    systemInfor::AIOPump = walk.pump;
+    systemInfor::CpuFanList = walk.cpuFans;
+    systemInfor::SensorList = walk.sensors;
 }
 
 } // namespace
 
 void refreshSystemInfor(VqSystemMonitorLib &library)
 {
-    const MemoryReadings memory = memoryReadings(library.getSystemInfo());
+    store(memoryReadings(library.getSystemInfo()));
     library.getMemoryTimingsInfo();
-    const CpuReadings cpu = cpuReadings(library.getCPUInfo());
-    const NetworkReadings network = networkReadings(library.getNetworkInfo());
-    store(memory);
-    store(cpu);
-    store(network);
-    storeAllSensors(library);
+    refreshCpuAndGpu(library);
+    store(networkReadings(library.getNetworkInfo()));
+    refreshDrives(library);
+    refreshSensorLists(library);
+}
+
+void refreshModelNames(VqSystemMonitorLib &library)
+{
+    const ModelNames names =
+        modelNames(library.getAllSensorsData(), {systemInfor::CpuModel, systemInfor::GpuModel});
+    systemInfor::CpuModel = names.cpu;
+    systemInfor::GpuModel = names.gpu;
 }

@@ -48,6 +48,11 @@ QString unitsOf(const QJsonObject &reading, const QString &fallback)
     return units.isEmpty() ? fallback : units;
 }
 
+QString withDegreeSign(const QString &units)
+{
+    return units == QLatin1String("C") ? QStringLiteral("°C") : units;
+}
+
 int truncated(double value)
 {
     if (std::isnan(value))

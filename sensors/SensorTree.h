@@ -31,6 +31,9 @@ int wholeValueOf(const QJsonObject &reading);
 /// "units" of a reading, or \a fallback when they are missing or empty.
 QString unitsOf(const QJsonObject &reading, const QString &fallback);
 
+/// "°C" for "C"; any other units stay as they are.
+QString withDegreeSign(const QString &units);
+
 /// \a value truncated toward zero, held to the range of an int.
 int truncated(double value);
 

@@ -4,6 +4,7 @@
 
 #include <QJsonObject>
 #include <QList>
+#include <QPair>
 #include <QString>
 
 /// The process-wide snapshot of readings: one number and one units text per metric. Written by the
@@ -11,10 +12,17 @@
 /// missing is 0 with its default units.
 struct systemInfor
 {
+    /// Sensors by label, each with its value and units as one text.
+    using SensorTexts = QList<QPair<QString, QString>>;
+
     static inline unsigned CpuUsage = 0; ///< 0 to 100.
     static inline QString CpuUsageUnits;
+    static inline int CpuTemperature = 0; ///< At most 150.
+    static inline QString CpuTemperatureUnits;
     static inline int CpuClock = 0; ///< Mean over the cores, at most 100000.
     static inline QString CpuClockUnits;
+    static inline double CpuPower = 0.0;   ///< 0 to 100000.
+    static inline QString CpuPowerUnits;   ///< The sensor's own, even when empty.
     static inline double CpuVoltage = 0.0; ///< Mean over the cores.
     static inline QString CpuVoltageUnits;
 
@@ -33,7 +41,33 @@ struct systemInfor
     static inline double NetDownRate = 0.0;
     static inline QString NetDownRateUnits;
 
+    // Of the GPU with the most memory.
+    static inline int GpuTemperature = 0; ///< At most 150.
+    static inline QString GpuTemperatureUnits;
+    static inline int GpuClock = 0; ///< At most 100000.
+    static inline QString GpuClockUnits;
+    static inline int GpuLoad = 0; ///< At most 100.
+    static inline QString GpuLoadUnits;
+    static inline int GpuMemoryClock = 0; ///< At most 100000.
+    static inline QString GpuMemoryClockUnits;
+    static inline double GpuMemoryUsage = 0.0; ///< 0 to 100.
+    static inline QString GpuMemoryUsageUnits;
+    static inline double GpuMemoryAllocated = 0.0; ///< At least 0.
+    static inline QString GpuMemoryAllocatedUnits;
+    static inline double GpuPower = 0.0; ///< 0 to 100000.
+    static inline QString GpuPowerUnits;
+    static inline double GpuVoltage = 0.0;
+    static inline QString GpuVoltageUnits;
+
+    static inline QString AIOPump;            ///< The pump's speed, or "nodata".
+    static inline SensorTexts CpuFanList;     ///< CPU fans.
+    static inline SensorTexts SensorList;     ///< Every sensor.
     static inline QJsonObject AllSensorsData; ///< The last full sensor tree, frame rates as "FPS".
+    static inline QJsonObject SmartInfo;      ///< The last drive trees.
+    static inline QList<QPair<QString, int>> DriveTemperatureList; ///< By drive, °C.
+
+    static inline QString CpuModel;
+    static inline QString GpuModel;
 
     static inline QList<FontRecord> fontlist_one; ///< In the order of registration.
 };

@@ -1,0 +1,25 @@
+#include "sensors/CpuHeat.h"
+
+#include "sensors/SensorTree.h"
+
+#include <algorithm>
+
+using namespace sensortree;
+
+namespace {
+
+constexpr unsigned highestTemperature = 150;
+constexpr double highestPower = 100000.0;
+
+} // namespace
+
+CpuHeat cpuHeat(const QJsonObject &dtsTree, const QJsonObject &enhancedTree)
+{
+    const QJsonObject temperature = dtsTree.isEmpty()
+                                        ? readingOf(enhancedTree, QStringLiteral("CPU (Tctl/Tdie)"))
+                                        : readingOf(dtsTree, QStringLiteral("CPU Package"));
+    const QJsonObject power = readingOf(enhancedTree, QStringLiteral("CPU Package Power"));
+    return {capped(truncated(valueOf(temperature)), highestTemperature),
+            withDegreeSign(unitsOf(temperature, QStringLiteral("°C"))),
+            std::clamp(valueOf(power), 0.0, highestPower), unitsOf(power, QString())};
+}
