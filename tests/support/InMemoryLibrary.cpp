@@ -8,7 +8,11 @@ void InMemoryLibrary::reset()
 {
     systemInfo = {};
     cpuInfo = {};
+    cpuDtsInfo = {};
+    cpuEnhancedInfo = {};
+    gpuInfo = {};
     networkInfo = {};
+    smartInfo = {};
     presentMon = {};
     allSensors = {};
     initSucceeds = true;
@@ -71,17 +75,17 @@ QJsonObject VqSystemMonitorLib::getCPUInfo()
 
 QJsonObject VqSystemMonitorLib::getCPUDTSInfo()
 {
-    return {};
+    return InMemoryLibrary::cpuDtsInfo;
 }
 
 QJsonObject VqSystemMonitorLib::getCPUEnhancedInfo()
 {
-    return {};
+    return InMemoryLibrary::cpuEnhancedInfo;
 }
 
 QJsonObject VqSystemMonitorLib::getGPUInfo()
 {
-    return {};
+    return InMemoryLibrary::gpuInfo;
 }
 
 QJsonObject VqSystemMonitorLib::getNetworkInfo()
@@ -91,7 +95,7 @@ QJsonObject VqSystemMonitorLib::getNetworkInfo()
 
 QJsonObject VqSystemMonitorLib::getSMARTInfo()
 {
-    return {};
+    return InMemoryLibrary::smartInfo;
 }
 
 QJsonObject VqSystemMonitorLib::getPresentMon()

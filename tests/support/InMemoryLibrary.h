@@ -8,7 +8,11 @@ struct InMemoryLibrary
 {
     static inline QJsonObject systemInfo;
     static inline QJsonObject cpuInfo;
+    static inline QJsonObject cpuDtsInfo;
+    static inline QJsonObject cpuEnhancedInfo;
+    static inline QJsonObject gpuInfo;
     static inline QJsonObject networkInfo;
+    static inline QJsonObject smartInfo;
     static inline QJsonObject presentMon;
     static inline QJsonObject allSensors;
 
