@@ -18,7 +18,10 @@ public:
     /// Opens the console unless it is open or was tried in vain.
     void openOnce();
 
+    /// Attaches and shows a console and sends every message there from then on. Without a console
+    /// to be had it does nothing.
+    void OpenConsole();
+
 private:
     ConsoleLog();
-    void OpenConsole();
 };

@@ -23,8 +23,8 @@ qint64 ownId();
 std::optional<QVector<Process>> snapshot();
 
 /// Ends \a process at once, with no chance to object; false when it may not be opened. A process
-/// that has ended, or whose number has passed to another executable meanwhile, is left alone and
-/// gives false too.
+/// that has ended, that hides its executable, or whose number has passed to another executable
+/// meanwhile is left alone and gives false too.
 bool terminate(const Process &process);
 
 } // namespace processes

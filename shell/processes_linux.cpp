@@ -35,25 +35,34 @@ QByteArray withoutDeletedMark(QByteArray target, const QByteArray &link)
     return target;
 }
 
-/// The file name behind /proc/PID/exe. Another user's link cannot be read: then the name that the
-/// kernel keeps, which anyone may read, has to serve.
-QString executableName(qint64 id)
+/// The file name behind /proc/PID/exe; empty, with the reason in errno, when it cannot be read.
+QString linkedName(qint64 id)
 {
     const QByteArray link = procPath(id, "exe");
     QByteArray target(4096, '\0');
     const ssize_t length =
         readlink(link.constData(), target.data(), static_cast<size_t>(target.size()));
-    if (length >= 0) {
-        target.truncate(static_cast<int>(length));
-        const QByteArray path = withoutDeletedMark(target, link);
-        return QFile::decodeName(path.mid(path.lastIndexOf('/') + 1));
-    }
-    if (errno != EACCES && errno != EPERM)
+    if (length < 0)
         return {};
+    target.truncate(static_cast<int>(length));
+    const QByteArray path = withoutDeletedMark(target, link);
+    return QFile::decodeName(path.mid(path.lastIndexOf('/') + 1));
+}
+
+/// The name that the kernel keeps beside the link and that anyone may read.
+QString keptName(qint64 id)
+{
     QFile comm(QFile::decodeName(procPath(id, "comm")));
-    if (!comm.open(QIODevice::ReadOnly))
-        return {};
-    return QFile::decodeName(comm.read(longestComm + 1).trimmed());
+    return comm.open(QIODevice::ReadOnly) ? QFile::decodeName(comm.read(longestComm + 1).trimmed())
+                                          : QString();
+}
+
+/// Another user's link cannot be read; the kept name has to serve then, so that the process is at
+/// least known to be there.
+QString executableName(qint64 id)
+{
+    const QString name = linkedName(id);
+    return name.isEmpty() && (errno == EACCES || errno == EPERM) ? keptName(id) : name;
 }
 
 class Descriptor
@@ -82,7 +91,7 @@ namespace processes {
 
 QString ownExecutableName()
 {
-    return executableName(ownId());
+    return linkedName(ownId());
 }
 
 qint64 ownId()
@@ -113,7 +122,7 @@ bool terminate(const Process &process)
 {
     // The descriptor names the process itself, so that no other can be hit that gets its number.
     const Descriptor descriptor(pidfd_open(static_cast<pid_t>(process.id), 0));
-    if (descriptor.number() < 0 || executableName(process.id) != process.executableName)
+    if (descriptor.number() < 0 || linkedName(process.id) != process.executableName)
         return false;
     return pidfd_send_signal(descriptor.number(), SIGKILL, nullptr, 0) == 0;
 }

@@ -1,0 +1,197 @@
+#include "sensors/IoLocalSocket.h"
+#include "tests/support/MessageCapture.h"
+
+#include <QElapsedTimer>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QtTest>
+
+#include <atomic>
+#include <memory>
+#include <thread>
+
+namespace {
+
+QString quoted(const QString &text)
+{
+    return MessageCapture::quoted(text);
+}
+
+/// The service, on a thread of its own because the client blocks its caller.
+class Service
+{
+public:
+    /// Answers the first request of one connection with \a reply; an empty one is no answer.
+    explicit Service(const QByteArray &reply)
+        : m_thread([this, reply] { serve(reply); })
+    {
+        while (!m_listening)
+            std::this_thread::yield();
+    }
+    ~Service()
+    {
+        m_done = true;
+        m_thread.join();
+    }
+    Q_DISABLE_COPY(Service)
+
+    QByteArray request;
+
+private:
+    void serve(const QByteArray &reply)
+    {
+        QLocalServer::removeServer(QStringLiteral("MyPersistentServiceSocket"));
+        QLocalServer server;
+        if (!server.listen(QStringLiteral("MyPersistentServiceSocket")))
+            qFatal("The local socket is taken");
+        m_listening = true;
+        server.waitForNewConnection(10000);
+        const std::unique_ptr<QLocalSocket> client(server.nextPendingConnection());
+        if (client && client->waitForReadyRead(10000)) {
+            request = client->readAll();
+            client->write(reply);
+            client->waitForBytesWritten(1000);
+        }
+        while (!m_done)
+            std::this_thread::yield();
+    }
+
+    std::atomic<bool> m_listening = false;
+    std::atomic<bool> m_done = false;
+    std::thread m_thread;
+};
+
+class ImpatientClient : public IoLocalSocket
+{
+public:
+    explicit ImpatientClient(int attempts)
+        : IoLocalSocket(false)
+    {
+        maximumAttempts = attempts;
+    }
+    using IoLocalSocket::fetch;
+    int attempts() const { return maximumAttempts; }
+};
+
+} // namespace
+
+class tst_IoLocalSocket : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void doesNothingWithoutTheSwitch();
+    void fetchesWithTheSwitch();
+    void readsWhatHasCome_data();
+    void readsWhatHasCome();
+    void reportsASilentService();
+    void triesAgainWhenNobodyListens();
+    void skipsBytesOfTheErrorLabel_data();
+    void skipsBytesOfTheErrorLabel();
+};
+
+void tst_IoLocalSocket::doesNothingWithoutTheSwitch()
+{
+    const MessageCapture capture;
+    const IoLocalSocket client(false);
+    QVERIFY(!client.isConnected());
+    QCOMPARE(MessageCapture::messages(), QStringList());
+}
+
+void tst_IoLocalSocket::fetchesWithTheSwitch()
+{
+    const QString reply = QStringLiteral(R"({"code":0,"result":{"a":1}})");
+    Service service(reply.toUtf8());
+    const MessageCapture capture;
+    const IoLocalSocket client(true);
+    QVERIFY(client.isConnected());
+    QCOMPARE(service.request, QByteArray(R"({"method":"getAllSensorsData"})"));
+    QCOMPARE(MessageCapture::messages(),
+             (QStringList{quoted(QStringLiteral("尝试连接第 1 次...")),
+                          quoted(QStringLiteral("IoServer连接成功！")),
+                          quoted(QStringLiteral("收到响应: ") + reply),
+                          quoted(QStringLiteral("alldatajson: {\n    \"code\": 0,\n    \"result\": "
+                                                "{\n        \"a\": 1\n    }\n}\n"))}));
+}
+
+void tst_IoLocalSocket::readsWhatHasCome_data()
+{
+    QTest::addColumn<QByteArray>("reply");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("cut off") << QByteArray(R"({"code":0,)")
+                             << QStringLiteral("unterminated object");
+    QTest::newRow("no JSON") << QByteArray("hello") << QStringLiteral("illegal value");
+    QTest::newRow("array") << QByteArray("[1]") << QString();
+}
+
+void tst_IoLocalSocket::readsWhatHasCome()
+{
+    QFETCH(QByteArray, reply);
+    QFETCH(QString, error);
+    const Service service(reply);
+    const MessageCapture capture;
+    ImpatientClient client(1);
+    client.connectToService();
+    QVERIFY(client.fetch().isEmpty());
+    QCOMPARE(MessageCapture::count(quoted(QStringLiteral("IoServerJSON 解析失败:") + error)),
+             error.isEmpty() ? 0 : 1);
+}
+
+void tst_IoLocalSocket::reportsASilentService()
+{
+    const Service service("");
+    const MessageCapture capture;
+    ImpatientClient client(1);
+    client.connectToService();
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(client.fetch().isEmpty());
+    QVERIFY(timer.elapsed() >= 2800);
+    const QStringList messages = MessageCapture::messages();
+    QCOMPARE(messages.at(messages.size() - 4), quoted(QStringLiteral("等待响应超时")));
+    QCOMPARE(messages.at(messages.size() - 3),
+             quoted(QStringLiteral("socket 状态:%1").arg(int(QLocalSocket::ConnectedState))));
+    QCOMPARE(messages.at(messages.size() - 2),
+             quoted(socketErrorLabel(QLocalSocket::SocketTimeoutError)));
+    QVERIFY(messages.constLast().startsWith(QStringLiteral("\"socket 错误描述:")));
+}
+
+void tst_IoLocalSocket::triesAgainWhenNobodyListens()
+{
+    QLocalServer::removeServer(QStringLiteral("MyPersistentServiceSocket"));
+    const MessageCapture capture;
+    QCOMPARE(ImpatientClient(100).attempts(), 100);
+    ImpatientClient client(2);
+    QElapsedTimer timer;
+    timer.start();
+    client.connectToService();
+    QVERIFY(timer.elapsed() >= 1900);
+    QVERIFY(!client.isConnected());
+    QVERIFY(client.fetch().isEmpty());
+    const QStringList messages = MessageCapture::messages();
+    QCOMPARE(messages.size(), 5);
+    QCOMPARE(messages.at(0), quoted(QStringLiteral("尝试连接第 1 次...")));
+    QVERIFY(messages.at(1).startsWith(QStringLiteral("\"IoServer连接失败: QLocalSocket")));
+    QCOMPARE(messages.at(2), quoted(QStringLiteral("尝试连接第 2 次...")));
+    QCOMPARE(messages.at(4), quoted(QStringLiteral("多次连接失败，退出。")));
+}
+
+void tst_IoLocalSocket::skipsBytesOfTheErrorLabel_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("label");
+    QTest::newRow("none") << 0 << QStringLiteral("socket 错误:");
+    QTest::newRow("five") << 5 << QStringLiteral("t 错误:");
+    QTest::newRow("all letters") << 7 << QStringLiteral("错误:");
+    QTest::newRow("unknown error") << -1 << QStringLiteral("socket 错误:");
+    QTest::newRow("more than there are") << 1000 << QString();
+}
+
+void tst_IoLocalSocket::skipsBytesOfTheErrorLabel()
+{
+    QFETCH(int, code);
+    QTEST(socketErrorLabel(code), "label");
+}
+
+QTEST_GUILESS_MAIN(tst_IoLocalSocket)
+#include "tst_iolocalsocket.moc"

@@ -1,0 +1,292 @@
+#include "sensors/LibreHardwareWebSocket.h"
+#include "tests/support/FakeHardwareService.h"
+#include "tests/support/MessageCapture.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTcpServer>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+const QByteArray request = R"({"method":"getAllSensorsData"})";
+
+QString quoted(const QString &text)
+{
+    return MessageCapture::quoted(text);
+}
+
+/// A port on which nobody listens.
+int freePort()
+{
+    QTcpServer server;
+    server.listen(QHostAddress::LocalHost);
+    return server.serverPort();
+}
+
+} // namespace
+
+class tst_LibreHardwareWebSocket : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void readsTheConfiguredPort_data();
+    void readsTheConfiguredPort();
+    void looksOnTheSystemDrive_data();
+    void looksOnTheSystemDrive();
+    void connectsAndGreets();
+    void fetchesOnConnect();
+    void returnsTheResult_data();
+    void returnsTheResult();
+    void logsTheCodeAsACharacter_data();
+    void logsTheCodeAsACharacter();
+    void secondFrameOfAWaitIsDropped();
+    void frameWithoutARequestIsDropped();
+    void givesUpOnASilentService();
+    void reconnectsForARequest();
+    void givesUpWhenTheServiceDies();
+    void changesThePort();
+    void threeAttemptsWhenTheServiceIsDown();
+
+private:
+    std::unique_ptr<MessageCapture> m_capture;
+    std::unique_ptr<FakeHardwareService> m_service;
+};
+
+void tst_LibreHardwareWebSocket::init()
+{
+    m_capture = std::make_unique<MessageCapture>();
+    m_service = std::make_unique<FakeHardwareService>();
+}
+
+void tst_LibreHardwareWebSocket::cleanup()
+{
+    m_service.reset();
+    m_capture.reset();
+}
+
+void tst_LibreHardwareWebSocket::readsTheConfiguredPort_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("port");
+    QTest::newRow("port") << QByteArray("[HWInfoServe]\nport=16000\n") << 16000;
+    QTest::newRow("carriage returns") << QByteArray("[HWInfoServe]\r\nport=16000\r\n") << 16000;
+    QTest::newRow("other group") << QByteArray("[Other]\nport=16000\n") << -1;
+    QTest::newRow("no key") << QByteArray("[HWInfoServe]\nname=x\n") << -1;
+    QTest::newRow("not a number") << QByteArray("[HWInfoServe]\nport=abc\n") << 0;
+    QTest::newRow("empty value") << QByteArray("[HWInfoServe]\nport=\n") << 0;
+    QTest::newRow("empty file") << QByteArray() << -1;
+    QTest::newRow("binary") << QByteArray("\x7f\0\xff[HW", 6) << -1;
+}
+
+void tst_LibreHardwareWebSocket::readsTheConfiguredPort()
+{
+    QFETCH(QByteArray, content);
+    const QTemporaryDir drive;
+    const QString folder = drive.filePath(QStringLiteral("ProgramData/ParvaneCraftServe"));
+    QVERIFY(QDir().mkpath(folder));
+    QFile file(folder + QStringLiteral("/ServeConfig.ini"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+    file.close();
+    qputenv("SystemDrive", drive.path().toLocal8Bit());
+    QTEST(LibreHardwareWebSocket::readConfiguredPort(), "port");
+}
+
+void tst_LibreHardwareWebSocket::looksOnTheSystemDrive_data()
+{
+    QTest::addColumn<QByteArray>("drive");
+    QTest::addColumn<QString>("path");
+    const QString file = QStringLiteral("/ProgramData/ParvaneCraftServe/ServeConfig.ini");
+    QTest::newRow("none") << QByteArray() << QStringLiteral("C:") + file;
+    QTest::newRow("named") << QByteArray("/no/such") << QStringLiteral("/no/such") + file;
+    QTest::newRow("cleaned") << QByteArray("/no/./such/") << QStringLiteral("/no/such") + file;
+}
+
+void tst_LibreHardwareWebSocket::looksOnTheSystemDrive()
+{
+    QFETCH(QByteArray, drive);
+    QFETCH(QString, path);
+    qputenv("SystemDrive", drive);
+    QCOMPARE(LibreHardwareWebSocket::readConfiguredPort(), -1);
+    QCOMPARE(MessageCapture::messages(),
+             QStringList(QStringLiteral("Config file not found: ") + quoted(path)));
+}
+
+void tst_LibreHardwareWebSocket::connectsAndGreets()
+{
+    const LibreHardwareWebSocket client(false);
+    QCOMPARE(client.address(), QUrl(QStringLiteral("ws://127.0.0.1:%1").arg(m_service->port())));
+    QCOMPARE(MessageCapture::messages(),
+             (QStringList{quoted(QStringLiteral("WebSocket 尝试连接第 1 次...")),
+                          quoted(QStringLiteral("WebSocket connected")),
+                          quoted(QStringLiteral("WebSocket 连接成功"))}));
+    QTRY_COMPARE(m_service->received, QStringList(QStringLiteral("哈喽哈喽")));
+}
+
+void tst_LibreHardwareWebSocket::fetchesOnConnect()
+{
+    m_service->replies =
+        QStringList{QStringLiteral(R"({"method":"m","code":65,"result":{"a":1}})")};
+    const LibreHardwareWebSocket client(true);
+    QCOMPARE(MessageCapture::messages().constLast(),
+             quoted(QStringLiteral("alldatajson:{\n    \"a\": 1\n}\n")));
+    QCOMPARE(m_service->received.constLast(), QString::fromUtf8(request));
+}
+
+void tst_LibreHardwareWebSocket::returnsTheResult_data()
+{
+    QTest::addColumn<QString>("reply");
+    QTest::addColumn<QJsonObject>("result");
+    const QJsonObject none;
+    QTest::newRow("result") << QStringLiteral(R"({"method":"x","code":0,"result":{"a":1}})")
+                            << QJsonObject{{QStringLiteral("a"), 1}};
+    QTest::newRow("of another method") << QStringLiteral(R"({"method":"other","result":{"a":1}})")
+                                       << QJsonObject{{QStringLiteral("a"), 1}};
+    QTest::newRow("no result") << QStringLiteral(R"({"code":1})") << none;
+    QTest::newRow("result of another type") << QStringLiteral(R"({"result":[1]})") << none;
+    QTest::newRow("array") << QStringLiteral("[1]") << none;
+    QTest::newRow("no JSON") << QStringLiteral("hello") << none;
+    QTest::newRow("empty") << QStringLiteral("") << none;
+}
+
+void tst_LibreHardwareWebSocket::returnsTheResult()
+{
+    QFETCH(QString, reply);
+    LibreHardwareWebSocket client(false);
+    m_service->replies = QStringList{reply};
+    QElapsedTimer timer;
+    timer.start();
+    QTEST(client.request(request), "result");
+    QVERIFY(timer.elapsed() < 2900);
+    QCOMPARE(MessageCapture::count(quoted(QStringLiteral("收到消息:") + reply)), 1);
+}
+
+void tst_LibreHardwareWebSocket::logsTheCodeAsACharacter_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QChar>("character");
+    QTest::newRow("A") << 65 << QChar(QLatin1Char('A'));
+    QTest::newRow("of the upper half") << 0xE9 << QChar(0xE9);
+    QTest::newRow("beyond") << 0x141 << QChar(QLatin1Char('A'));
+}
+
+void tst_LibreHardwareWebSocket::logsTheCodeAsACharacter()
+{
+    QFETCH(int, code);
+    QFETCH(QChar, character);
+    LibreHardwareWebSocket client(false);
+    m_service->replies =
+        QStringList{QStringLiteral(R"({"method":"m","code":%1,"result":{}})").arg(code)};
+    client.request(request);
+    QCOMPARE(
+        MessageCapture::messages().constLast(),
+        quoted(QStringLiteral("method:m code:") + character + QStringLiteral(" result:{\n}\n")));
+}
+
+void tst_LibreHardwareWebSocket::secondFrameOfAWaitIsDropped()
+{
+    LibreHardwareWebSocket client(false);
+    m_service->replies = QStringList{QStringLiteral(R"({"result":{"n":1}})"),
+                                     QStringLiteral(R"({"result":{"n":2}})")};
+    const QJsonObject first{{QStringLiteral("n"), 1}};
+    QCOMPARE(client.request(request), first);
+    m_service->replies = QStringList{QStringLiteral(R"({"result":{"n":3}})")};
+    QCOMPARE(client.request(request).size(), 1);
+    QCOMPARE(MessageCapture::count(quoted(QStringLiteral("收到消息:{\"result\":{\"n\":2}}"))), 0);
+}
+
+void tst_LibreHardwareWebSocket::frameWithoutARequestIsDropped()
+{
+    LibreHardwareWebSocket client(false);
+    QTRY_COMPARE(m_service->received.size(), 1);
+    for (QWebSocket *const link : m_service->findChildren<QWebSocket *>())
+        link->sendTextMessage(QStringLiteral(R"({"result":{"early":1}})"));
+    m_service->replies = QStringList{QStringLiteral(R"({"result":{"n":1}})")};
+    QTRY_VERIFY(!client.request(request).contains(QStringLiteral("early")));
+}
+
+void tst_LibreHardwareWebSocket::givesUpOnASilentService()
+{
+    LibreHardwareWebSocket client(false);
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(client.request(request).isEmpty());
+    QVERIFY(timer.elapsed() >= 2800);
+    const QStringList messages = MessageCapture::messages();
+    QCOMPARE(messages.at(messages.size() - 3), QStringLiteral("等待响应超时"));
+    QCOMPARE(messages.at(messages.size() - 2),
+             QStringLiteral("socket 状态: QAbstractSocket::ConnectedState"));
+    QVERIFY(messages.constLast().startsWith(QStringLiteral("socket 错误: \"")));
+}
+
+void tst_LibreHardwareWebSocket::reconnectsForARequest()
+{
+    LibreHardwareWebSocket client(false);
+    for (QWebSocket *const link : m_service->findChildren<QWebSocket *>())
+        link->close();
+    QTRY_COMPARE(MessageCapture::count(quoted(QStringLiteral("WebSocket disconnected"))), 1);
+    m_service->replies = QStringList{QStringLiteral(R"({"result":{"n":1}})")};
+    QCOMPARE(client.request(request).size(), 1);
+    QCOMPARE(m_service->connections, 2);
+}
+
+void tst_LibreHardwareWebSocket::givesUpWhenTheServiceDies()
+{
+    LibreHardwareWebSocket client(false);
+    m_service->diesOnRequest = true;
+    QVERIFY(client.request(request).isEmpty());
+    QVERIFY(MessageCapture::messages().contains(QStringLiteral("等待响应超时")));
+    QVERIFY(MessageCapture::messages().contains(
+        QStringLiteral("socket 状态: QAbstractSocket::UnconnectedState")));
+}
+
+void tst_LibreHardwareWebSocket::changesThePort()
+{
+    LibreHardwareWebSocket client(false);
+    FakeHardwareService other;
+    client.setPort(other.port());
+    QCOMPARE(client.address(), QUrl(QStringLiteral("ws://127.0.0.1:%1").arg(other.port())));
+    other.replies = QStringList{QStringLiteral(R"({"result":{"other":1}})")};
+    QVERIFY(client.request(request).contains(QStringLiteral("other")));
+    QCOMPARE(other.connections, 1);
+}
+
+void tst_LibreHardwareWebSocket::threeAttemptsWhenTheServiceIsDown()
+{
+    const int port = freePort();
+    QFile file(qEnvironmentVariable("SystemDrive") +
+               QStringLiteral("/ProgramData/ParvaneCraftServe/ServeConfig.ini"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[HWInfoServe]\nport=" + QByteArray::number(port));
+    file.close();
+
+    QElapsedTimer timer;
+    timer.start();
+    const LibreHardwareWebSocket client(false);
+    QVERIFY(timer.elapsed() >= 11500);
+    QVERIFY(timer.elapsed() < 20000);
+    QStringList expected;
+    for (int attempt = 1; attempt <= 3; ++attempt) {
+        expected += quoted(QStringLiteral("WebSocket 尝试连接第 %1 次...").arg(attempt));
+        expected += quoted(QStringLiteral("WebSocket 连接失败:Connection refused"));
+    }
+    QStringList logged = MessageCapture::messages();
+    QCOMPARE(logged.takeLast(), QStringLiteral("WebSocket 多次连接失败"));
+    QCOMPARE(logged.removeAll(quoted(QStringLiteral("WebSocket disconnected"))), 3);
+    QCOMPARE(logged.removeAll(QStringLiteral("WebSocket error: \"Connection refused\"")), 3);
+    QCOMPARE(logged, expected);
+}
+
+QTEST_GUILESS_MAIN(tst_LibreHardwareWebSocket)
+#include "tst_librehardwarewebsocket.moc"
