@@ -10,8 +10,8 @@ class normalAction;
 class QTimer;
 
 /// The plugin: it owns the data sources and the visible keys, and paints and sends every key once a
-/// second. Everything runs on the main thread. It goes only with the process, and so deletes neither
-/// its keys nor its data sources.
+/// second. Everything runs on the main thread. It goes only with the process, and so deletes
+/// neither its keys nor its data sources.
 class SystemMonitorPlugin : public Plugin, public SystemMonitorLibOwner
 {
     Q_OBJECT
