@@ -127,14 +127,15 @@ void SystemMonitorPlugin::updateImages()
 void SystemMonitorPlugin::updateKeys()
 {
     const QMutexLocker lock(&m_listLock);
+    KeyPass pass;
     for (normalAction *const key : qAsConst(m_actions))
-        updateKey(*key);
+        updateKey(*key, pass);
 }
 
-void SystemMonitorPlugin::updateKey(normalAction &key)
+void SystemMonitorPlugin::updateKey(normalAction &key, KeyPass &pass)
 {
     LogDebug(labelled("get_operator->GetAction(): ", key.GetAction()));
-    if (const std::optional<QString> picture = paintKey(key))
+    if (const std::optional<QString> picture = paintKey(key, pass))
         mConnectionManager->SetImage(*picture, key.GetContext(), 0, -1);
     mConnectionManager->SetTitle(key.displayedText, key.GetContext(), 0, -1);
 }

@@ -8,6 +8,7 @@
 
 class normalAction;
 class QTimer;
+struct KeyPass;
 
 /// The plugin: it owns the data sources and the visible keys, and paints and sends every key once a
 /// second. Everything runs on the main thread. It goes only with the process, and so deletes
@@ -57,7 +58,7 @@ private:
     void initSystemMonitorLib();
     void refresh();
     void updateKeys();
-    void updateKey(normalAction &key);
+    void updateKey(normalAction &key, KeyPass &pass);
     void onCommitData();
     void sendSettingsReply(const QJsonObject &reply, const QString &context);
     normalAction *getOrCreateKey(const QString &action, const QString &context);

@@ -14,11 +14,20 @@ private Q_SLOTS:
 
     void formatsTheReading_data();
     void formatsTheReading();
+    void showsFahrenheitWithoutALetter_data();
+    void showsFahrenheitWithoutALetter();
+    void diskTemperatureCarriesOverWithinAPass();
+    void looksUpTheChosenSensor_data();
+    void looksUpTheChosenSensor();
+    void looksUpTheChosenFan();
     void networkOnOneLine();
     void networkOnTwoLines();
     void networkOnNeitherPaintsNothing();
     void unknownKindsAreNotPainted_data();
     void unknownKindsAreNotPainted();
+
+private:
+    KeyPass m_pass;
 };
 
 namespace {
@@ -51,6 +60,38 @@ void tst_KeyTable::init()
     systemInfor::MemoryAvailableGB = 1.5;
     systemInfor::MemoryTotalGB = 15.75;
     systemInfor::MemoryTotalGBRounded = 16;
+    systemInfor::CpuTemperature = 45;
+    systemInfor::CpuTemperatureUnits = QStringLiteral("°C");
+    systemInfor::CpuClock = 4200;
+    systemInfor::CpuClockUnits = QStringLiteral("MHz");
+    systemInfor::CpuPower = 65.26;
+    systemInfor::CpuPowerUnits = QStringLiteral("W");
+    systemInfor::CpuVoltage = 1.25;
+    systemInfor::CpuVoltageUnits = QStringLiteral("V");
+    systemInfor::CpuModel = QStringLiteral("Ryzen 9 %1");
+    systemInfor::GpuModel = QStringLiteral("integrated GPU");
+    systemInfor::GpuTemperature = 0;
+    systemInfor::GpuTemperatureUnits = QStringLiteral("°C");
+    systemInfor::GpuClock = 1905;
+    systemInfor::GpuClockUnits = QStringLiteral("MHz");
+    systemInfor::GpuLoad = 99;
+    systemInfor::GpuLoadUnits = QStringLiteral("%");
+    systemInfor::GpuMemoryClock = 9501;
+    systemInfor::GpuMemoryClockUnits = QStringLiteral("MHz");
+    systemInfor::GpuMemoryUsage = 49.9;
+    systemInfor::GpuMemoryUsageUnits = QStringLiteral("%");
+    systemInfor::GpuMemoryAllocated = 2048.0;
+    systemInfor::GpuMemoryAllocatedUnits = QStringLiteral("MB");
+    systemInfor::GpuPower = 3.0;
+    systemInfor::GpuPowerUnits = QStringLiteral("W");
+    systemInfor::GpuVoltage = 0.9127;
+    systemInfor::GpuVoltageUnits = QStringLiteral("V");
+    systemInfor::AIOPump = QStringLiteral("1850RPM");
+    systemInfor::CpuFanList.clear();
+    systemInfor::SensorList = {{QStringLiteral("Vcore"), QStringLiteral("0.5V")},
+                               {QStringLiteral("CPU Package"), QStringLiteral("45°C")},
+                               {QStringLiteral("CPU Package"), QStringLiteral("46°C")}};
+    systemInfor::DriveTemperatureList = {{QStringLiteral("sda"), 40}, {QStringLiteral("sdb"), 50}};
     systemInfor::NetUpRate = 1.24;
     systemInfor::NetUpRateUnits = QStringLiteral("Kb/s");
     systemInfor::NetDownRate = 3;
@@ -65,6 +106,24 @@ void tst_KeyTable::formatsTheReading_data()
     };
     row("com.quellor.stream.system.memory", "61%");
     row("com.quellor.stream.system.cpu", "37%");
+    row("com.quellor.stream.system.cpu.temperature", "45°");
+    row("com.quellor.stream.system.Cpu_Clock", "4200MHz");
+    row("com.quellor.stream.system.Cpu_Package_Power", "65.3W");
+    row("com.quellor.stream.system.Gpu_Temperature", "0°");
+    row("com.quellor.stream.system.Gpu_Core_Clock", "1905MHz");
+    row("com.quellor.stream.system.Gpu_Core_Utility", "99%");
+    row("com.quellor.stream.system.Gpu_Memory_Clock", "9501MHz");
+    row("com.quellor.stream.system.Gpu_Memory_Utility", "49%");
+    row("com.quellor.stream.system.Gpu_Memory_Used", "2048MB");
+    row("com.quellor.stream.system.Gpu_Power", "3.0W");
+    row("com.quellor.stream.system.Cpu_Model", "Ryzen 9 %1");
+    row("com.quellor.stream.system.Gpu_Model", "integrated GPU");
+    row("com.quellor.stream.system.Gpu_Voltage", "0.913V");
+    row("com.quellor.stream.system.Cpu_Voltage", "1.250V");
+    row("com.quellor.stream.system.PhysicalDisk.Temperature", "0°");
+    row("com.quellor.stream.AllDATA", "0.5V");
+    row("com.quellor.stream.PumpSpeed", "1850RPM");
+    row("com.quellor.stream.CPUFan", "nodata");
     row("com.quellor.stream.system.Memory_Free_MB", "1536MB");
     row("com.quellor.stream.system.Memory_Used_MB", "14592MB");
     row("com.quellor.stream.system.Memory_Total_MB", "16128MB");
@@ -79,16 +138,98 @@ void tst_KeyTable::formatsTheReading_data()
 void tst_KeyTable::formatsTheReading()
 {
     BareKey key(QString::fromLatin1(QTest::currentDataTag()));
-    const auto picture = paintKey(key);
+    const auto picture = paintKey(key, m_pass);
     QTEST(key.displayedText, "text");
     QVERIFY(picture && picture->startsWith(png) && picture->size() > png.size());
+}
+
+void tst_KeyTable::showsFahrenheitWithoutALetter_data()
+{
+    QTest::addColumn<int>("celsius");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("45") << 45 << QStringLiteral("113°");
+    QTest::newRow("0") << 0 << QStringLiteral("32°");
+    QTest::newRow("37 is truncated") << 37 << QStringLiteral("98°");
+    QTest::newRow("150") << 150 << QStringLiteral("302°");
+}
+
+void tst_KeyTable::showsFahrenheitWithoutALetter()
+{
+    QFETCH(int, celsius);
+    systemInfor::CpuTemperature = celsius;
+    systemInfor::GpuTemperature = celsius;
+    for (const char *const uuid : {"com.quellor.stream.system.cpu.temperature",
+                                   "com.quellor.stream.system.Gpu_Temperature"}) {
+        BareKey key(QString::fromLatin1(uuid));
+        key.temperatureType = QStringLiteral("华氏度");
+        QVERIFY(paintKey(key, m_pass));
+        QTEST(key.displayedText, "text");
+    }
+}
+
+void tst_KeyTable::diskTemperatureCarriesOverWithinAPass()
+{
+    const QString uuid = QStringLiteral("com.quellor.stream.system.PhysicalDisk.Temperature");
+    const auto shown = [&uuid](const char *disk, bool fahrenheit, KeyPass &pass) {
+        BareKey key(uuid);
+        key.SelectPhysicalDisk = QString::fromLatin1(disk);
+        if (fahrenheit)
+            key.temperatureType = QStringLiteral("华氏度");
+        paintKey(key, pass);
+        return key.displayedText;
+    };
+    KeyPass pass;
+    QCOMPARE(shown("unknown", false, pass), QStringLiteral("0°"));
+    QCOMPARE(shown("sdb", false, pass), QStringLiteral("50°"));
+    QCOMPARE(shown("unknown", false, pass), QStringLiteral("50°"));
+    QCOMPARE(shown("sda", true, pass), QStringLiteral("104°"));
+    QCOMPARE(shown("SDA", false, pass), QStringLiteral("104°"));
+    QCOMPARE(shown("unknown", true, pass), QStringLiteral("219°"));
+    KeyPass next;
+    QCOMPARE(shown("unknown", false, next), QStringLiteral("0°"));
+}
+
+void tst_KeyTable::looksUpTheChosenSensor_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("emptyList");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("none chosen") << QString() << false << QStringLiteral("0.5V");
+    QTest::newRow("first of the name")
+        << QStringLiteral("CPU Package") << false << QStringLiteral("45°C");
+    QTest::newRow("not in the list")
+        << QStringLiteral("cpu package") << false << QStringLiteral("null");
+    QTest::newRow("empty list") << QString() << true << QStringLiteral("null");
+}
+
+void tst_KeyTable::looksUpTheChosenSensor()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, emptyList);
+    if (emptyList)
+        systemInfor::SensorList.clear();
+    BareKey key(QStringLiteral("com.quellor.stream.AllDATA"));
+    key.SelectValue = name;
+    QVERIFY(paintKey(key, m_pass));
+    QTEST(key.displayedText, "text");
+}
+
+void tst_KeyTable::looksUpTheChosenFan()
+{
+    systemInfor::CpuFanList = {{QStringLiteral("CPU Fan"), QStringLiteral("1200RPM")}};
+    BareKey key(QStringLiteral("com.quellor.stream.CPUFan"));
+    QVERIFY(paintKey(key, m_pass));
+    QCOMPARE(key.displayedText, QStringLiteral("nodata"));
+    key.SelectCPUFan = QStringLiteral("CPU Fan");
+    QVERIFY(paintKey(key, m_pass));
+    QCOMPARE(key.displayedText, QStringLiteral("1200RPM"));
 }
 
 void tst_KeyTable::networkOnOneLine()
 {
     BareKey key(QStringLiteral("com.quellor.stream.system.NetWork"));
     key.titleLines = QStringLiteral("单行显示");
-    QVERIFY(paintKey(key)->startsWith(png));
+    QVERIFY(paintKey(key, m_pass)->startsWith(png));
     QCOMPARE(key.displayedText, QStringLiteral("1.2Kb/s  3.0MB/s"));
 }
 
@@ -96,7 +237,7 @@ void tst_KeyTable::networkOnTwoLines()
 {
     BareKey key(QStringLiteral("com.quellor.stream.system.NetWork"));
     key.titleLines = QStringLiteral("双行显示");
-    QVERIFY(paintKey(key)->startsWith(png));
+    QVERIFY(paintKey(key, m_pass)->startsWith(png));
     QCOMPARE(key.displayedText, QStringLiteral("1.2Kb/s\n3.0MB/s"));
 }
 
@@ -105,7 +246,7 @@ void tst_KeyTable::networkOnNeitherPaintsNothing()
     BareKey key(QStringLiteral("com.quellor.stream.system.NetWork"));
     key.titleLines = QStringLiteral("three");
     key.displayedText = QStringLiteral("before");
-    const auto picture = paintKey(key);
+    const auto picture = paintKey(key, m_pass);
     QVERIFY(picture.has_value());
     QCOMPARE(*picture, QString());
     QCOMPARE(key.displayedText, QStringLiteral("before"));
@@ -124,7 +265,7 @@ void tst_KeyTable::unknownKindsAreNotPainted()
 {
     QFETCH(QString, uuid);
     BareKey key(uuid);
-    QVERIFY(!paintKey(key).has_value());
+    QVERIFY(!paintKey(key, m_pass).has_value());
     QCOMPARE(key.displayedText, QString());
     QVERIFY(key.keyImage.isNull());
 }
