@@ -1,0 +1,163 @@
+#include "tests/support/PluginProcess.h"
+
+#include "tests/support/Waits.h"
+
+#include <QDebug>
+#include <QDir>
+#include <QFile>
+#include <QProcessEnvironment>
+#include <QRegularExpression>
+#include <QTest>
+
+namespace {
+
+/// What the tester's session says to programs must not reach the plugin.
+QProcessEnvironment bareEnvironment()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    const QStringList names = environment.keys();
+    for (const QString &name : names) {
+        if (name.startsWith(QLatin1String("QT_")) || name.endsWith(QLatin1String("DISPLAY")) ||
+            name.startsWith(QLatin1String("SYSTEM_MONITOR_")))
+            environment.remove(name);
+    }
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    // Where the framework would otherwise prefer the journal.
+    environment.insert(QStringLiteral("QT_FORCE_STDERR_LOGGING"), QStringLiteral("1"));
+    return environment;
+}
+
+} // namespace
+
+PluginProcess::PluginProcess()
+{
+    const QDir folder(m_folder.path());
+    if (!m_folder.isValid() || !folder.mkdir(QStringLiteral("work")) ||
+        !folder.mkdir(QStringLiteral("drive")))
+        qFatal("No folder for the plugin to work in");
+
+    setProgram(executable());
+    setWorkingDirectory(workingFolder());
+    setProcessEnvironment(bareEnvironment());
+    setVariable(QStringLiteral("SystemDrive"), folder.filePath(QStringLiteral("drive")));
+    setStandardInputFile(nullDevice());
+    setStandardOutputFile(nullDevice());
+    connect(this, &QProcess::readyReadStandardError, this,
+            [this] { m_standardError += readAllStandardError(); });
+}
+
+PluginProcess::~PluginProcess()
+{
+    printOnFailure();
+    kill();
+    waitForFinished();
+}
+
+QString PluginProcess::executable()
+{
+    return QStringLiteral(PLUGIN_EXECUTABLE);
+}
+
+void PluginProcess::setVariable(const QString &name, const QString &value)
+{
+    QProcessEnvironment environment = processEnvironment();
+    environment.insert(name, value);
+    setProcessEnvironment(environment);
+}
+
+void PluginProcess::launch(const QStringList &arguments)
+{
+    setArguments(arguments);
+    start();
+}
+
+bool PluginProcess::waitForEnd()
+{
+    return QTest::qWaitFor([this] { return state() == NotRunning; }, patience);
+}
+
+bool PluginProcess::endsWithStatus(int status)
+{
+    return waitForEnd() && exitStatus() == NormalExit && exitCode() == status;
+}
+
+QStringList PluginProcess::lines() const
+{
+    QStringList lines = QString::fromUtf8(m_standardError).split(QLatin1Char('\n'));
+    lines.removeLast();
+    return lines;
+}
+
+bool PluginProcess::hasLogged(const QString &text) const
+{
+    return timesLogged(text) > 0;
+}
+
+int PluginProcess::timesLogged(const QString &text) const
+{
+    return static_cast<int>(lines().count(quoted(text)));
+}
+
+bool PluginProcess::hasLoggedInOrder(const QStringList &texts) const
+{
+    const QStringList printed = lines();
+    int from = 0;
+    for (const QString &text : texts) {
+        const int found = printed.indexOf(quoted(text), from);
+        if (found < 0)
+            return false;
+        from = found + 1;
+    }
+    return true;
+}
+
+bool PluginProcess::hasPrinted(const QString &text) const
+{
+    return !lines().filter(text).isEmpty();
+}
+
+QString PluginProcess::quoted(const QString &text)
+{
+    QString result;
+    QDebug(&result).nospace() << text;
+    return result;
+}
+
+QByteArray PluginProcess::content(const QString &fileName) const
+{
+    QFile file(QDir(workingFolder()).filePath(fileName));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QStringList PluginProcess::fileLog() const
+{
+    static const QRegularExpression form(
+        QStringLiteral(R"(\A\[\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\] SDK/Logger ([^\r\n]*)\z)"));
+    QStringList written =
+        QString::fromUtf8(content(QStringLiteral("log.txt"))).split(QStringLiteral("\r\n"));
+    if (!written.takeLast().isEmpty())
+        return {};
+    QStringList messages;
+    for (const QString &line : qAsConst(written)) {
+        const QRegularExpressionMatch match = form.match(line);
+        if (!match.hasMatch())
+            return {};
+        messages.append(match.captured(1));
+    }
+    return messages;
+}
+
+QString PluginProcess::workingFolder() const
+{
+    return m_folder.filePath(QStringLiteral("work"));
+}
+
+void PluginProcess::printOnFailure() const
+{
+    if (!QTest::currentTestFailed())
+        return;
+    constexpr int enough = 60;
+    qInfo().noquote() << "The plugin's last words:\n"
+                      << lines().mid(lines().size() - enough).join(QLatin1Char('\n'));
+    qInfo().noquote() << "log.txt:\n" << content(QStringLiteral("log.txt"));
+}

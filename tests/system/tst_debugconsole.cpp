@@ -1,0 +1,116 @@
+#include "tests/support/RunningPlugin.h"
+#include "tests/support/Waits.h"
+
+#include <QtTest>
+
+#include <memory>
+
+/// The plugin has no terminal, so that its console is a file.
+class tst_DebugConsole : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void opensOnTheHotKey();
+    void opensOnce();
+    void outlivesItsClosing();
+
+private:
+    QByteArray console() const;
+    bool consoleHas(const QString &text, int times = 1) const;
+
+    std::unique_ptr<RunningPlugin> m_plugin;
+};
+
+namespace {
+
+const QString pressed = QStringLiteral("nativeEvent Ctrl+Backspace pressed!");
+const QString opening = QStringLiteral("尝试打开控制台...");
+const QString openMark = QStringLiteral("child window open");
+const QString opened = QStringLiteral("打开控制台完成");
+const QString updated = QStringLiteral("-------------------updateImages over---------------------");
+
+} // namespace
+
+void tst_DebugConsole::init()
+{
+    m_plugin = std::make_unique<RunningPlugin>();
+    QVERIFY(m_plugin->start());
+    // From here on it is in its event loop.
+    QTRY_PATIENTLY(m_plugin->process.hasLogged(updated));
+}
+
+void tst_DebugConsole::cleanup()
+{
+    m_plugin.reset();
+}
+
+QByteArray tst_DebugConsole::console() const
+{
+    return m_plugin->process.content(QStringLiteral("debug-console.txt"));
+}
+
+bool tst_DebugConsole::consoleHas(const QString &text, int times) const
+{
+    return console().split('\n').count(PluginProcess::quoted(text).toUtf8()) >= times;
+}
+
+void tst_DebugConsole::opensOnTheHotKey()
+{
+    PluginProcess &process = m_plugin->process;
+    QVERIFY(console().isNull());
+    process.pressConsoleHotKey();
+    QTRY_PATIENTLY(consoleHas(opened));
+    QTRY_PATIENTLY(
+        process.hasLoggedInOrder({QStringLiteral("outPutName: output.txt"), pressed, opening}));
+    QTRY_PATIENTLY(consoleHas(updated));
+
+    // Standard error has moved as a whole.
+    const QStringList lines = process.lines();
+    QCOMPARE(lines.mid(lines.indexOf(PluginProcess::quoted(opening)) + 1), QStringList());
+    QVERIFY(console().startsWith(PluginProcess::quoted(openMark).toUtf8() + '\n' +
+                                 PluginProcess::quoted(opened).toUtf8() + '\n'));
+    QVERIFY(console().endsWith('\n'));
+    QVERIFY(!console().contains('\r'));
+}
+
+void tst_DebugConsole::opensOnce()
+{
+    PluginProcess &process = m_plugin->process;
+    process.pressConsoleHotKey();
+    QTRY_PATIENTLY(consoleHas(opened));
+    process.pressConsoleHotKey();
+    QTRY_PATIENTLY(consoleHas(pressed));
+    QTRY_PATIENTLY(consoleHas(updated));
+    QVERIFY(!consoleHas(opening));
+    QVERIFY(!consoleHas(opened, 2));
+}
+
+void tst_DebugConsole::outlivesItsClosing()
+{
+    PluginProcess &process = m_plugin->process;
+    FakeHost &host = m_plugin->host;
+    const QString key = QStringLiteral("key");
+    process.pressConsoleHotKey();
+    QTRY_PATIENTLY(consoleHas(opened));
+    process.closeConsole();
+
+    // An update after the closing leaves no trace in the console.
+    host.appear(QStringLiteral("com.quellor.stream.system.cpu"), key);
+    QVERIFY(host.waitForUpdate(key));
+    const QByteArray left = console();
+    QVERIFY(host.waitForUpdate(key));
+    QCOMPARE(console(), left);
+
+    process.pressConsoleHotKey();
+    QTRY_PATIENTLY(consoleHas(opened, 2));
+    QVERIFY(host.waitForUpdate(key));
+    QTRY_PATIENTLY(console().size() > left.size() && console().endsWith('\n'));
+    QVERIFY(process.isRunning());
+}
+
+QTEST_GUILESS_MAIN(tst_DebugConsole)
+#include "tst_debugconsole.moc"

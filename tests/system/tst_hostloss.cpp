@@ -1,0 +1,134 @@
+#include "tests/support/DataServerClient.h"
+#include "tests/support/RunningPlugin.h"
+#include "tests/support/Waits.h"
+
+#include <QRegularExpression>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QtTest>
+
+class tst_HostLoss : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void endsWhenTheHostGoes_data();
+    void endsWhenTheHostGoes();
+    void endsWhenThereIsNoHost();
+    void endsWhenTheHostIsNoWebSocketServer();
+    void waitsForASilentHost();
+    void outlivesAPortThatCannotBe();
+};
+
+namespace {
+
+/// The last two lines of a lost link.
+bool tellsOfTheLoss(const QStringList &fileLog)
+{
+    static const QRegularExpression disconnected(
+        QStringLiteral("\\ADisonnected-serverPort: \\d+\\z"));
+    const int last = fileLog.size() - 1;
+    return last >= 1 && disconnected.match(fileLog.at(last - 1)).hasMatch() &&
+           fileLog.at(last).startsWith(QStringLiteral("Socket disconnected: "));
+}
+
+QStringList argumentsFor(const QString &port)
+{
+    QStringList arguments = FakeHost().arguments();
+    arguments[1] = port;
+    return arguments;
+}
+
+} // namespace
+
+void tst_HostLoss::endsWhenTheHostGoes_data()
+{
+    QTest::addColumn<bool>("orderly");
+    QTest::newRow("closing handshake") << true;
+    QTest::newRow("abruptly") << false;
+}
+
+void tst_HostLoss::endsWhenTheHostGoes()
+{
+    QFETCH(bool, orderly);
+
+    RunningPlugin plugin;
+    QVERIFY(plugin.start());
+    plugin.host.appear(QStringLiteral("com.quellor.stream.system.cpu"), QStringLiteral("key"));
+    QVERIFY(plugin.host.waitForMessages(QStringLiteral("setSettings"), QStringLiteral("key"), 1));
+
+    if (orderly)
+        plugin.host.closeLink();
+    else
+        plugin.host.abortLink();
+    QVERIFY(plugin.process.endsWithStatus(0));
+    QVERIFY2(tellsOfTheLoss(plugin.process.fileLog()),
+             plugin.process.content(QStringLiteral("log.txt")).constData());
+    QCOMPARE(plugin.host.connections(), 1);
+}
+
+void tst_HostLoss::endsWhenThereIsNoHost()
+{
+    QTcpServer freed;
+    QVERIFY(freed.listen(QHostAddress::LocalHost));
+    const QString port = QString::number(freed.serverPort());
+    freed.close();
+
+    PluginProcess process;
+    process.launch(argumentsFor(port));
+    QVERIFY(process.endsWithStatus(0));
+    const QStringList log = process.fileLog();
+    QVERIFY2(tellsOfTheLoss(log), process.content(QStringLiteral("log.txt")).constData());
+    // Whether the error comes before the end of the link is up to the socket.
+    const QStringList before = log.mid(0, log.size() - 2);
+    QCOMPARE(before.constFirst(), QStringLiteral("ws://127.0.0.1:") + port);
+    QCOMPARE(before.filter(QStringLiteral("Socket error: ")).size(), before.size() - 1);
+}
+
+void tst_HostLoss::endsWhenTheHostIsNoWebSocketServer()
+{
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    connect(&server, &QTcpServer::newConnection, this, [&server] {
+        QTcpSocket *const link = server.nextPendingConnection();
+        link->write("SSH-2.0-something else\r\n\r\n");
+        link->disconnectFromHost();
+    });
+
+    PluginProcess process;
+    process.launch(argumentsFor(QString::number(server.serverPort())));
+    QVERIFY(process.endsWithStatus(0));
+    const QStringList log = process.fileLog();
+    QVERIFY2(tellsOfTheLoss(log), process.content(QStringLiteral("log.txt")).constData());
+    QVERIFY(log.filter(QStringLiteral("Connect-serverPort: ")).isEmpty());
+}
+
+void tst_HostLoss::waitsForASilentHost()
+{
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+
+    PluginProcess process;
+    process.launch(argumentsFor(QString::number(server.serverPort())));
+    QTRY_PATIENTLY(server.hasPendingConnections());
+    QTRY_PATIENTLY(process.timesLogged(QStringLiteral(
+                       "-------------------updateImages over---------------------")) >= 2);
+    DataServerClient panel;
+    QVERIFY(panel.open());
+    QVERIFY(!panel.ask(QStringLiteral("Cpu Usage")).isEmpty());
+    QVERIFY(process.isRunning());
+    QCOMPARE(process.fileLog(),
+             QStringList(QStringLiteral("ws://127.0.0.1:%1").arg(server.serverPort())));
+}
+
+void tst_HostLoss::outlivesAPortThatCannotBe()
+{
+    PluginProcess process;
+    process.launch(argumentsFor(QStringLiteral("99999")));
+    QTRY_PATIENTLY(process.fileLog().size() >= 2);
+    QCOMPARE(process.fileLog().at(0), QStringLiteral("ws://127.0.0.1:99999"));
+    QVERIFY(process.fileLog().at(1).startsWith(QStringLiteral("Socket error: ")));
+}
+
+QTEST_GUILESS_MAIN(tst_HostLoss)
+#include "tst_hostloss.moc"

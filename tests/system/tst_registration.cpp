@@ -1,0 +1,117 @@
+#include "tests/support/DataServerClient.h"
+#include "tests/support/Json.h"
+#include "tests/support/RunningPlugin.h"
+#include "tests/support/Waits.h"
+
+#include <QElapsedTimer>
+#include <QtTest>
+
+class tst_Registration : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void registersAndWritesTheFileLog();
+    void takesItsTime();
+    void startsUpInOrder();
+    void choosesItsPlatform_data();
+    void choosesItsPlatform();
+};
+
+void tst_Registration::registersAndWritesTheFileLog()
+{
+    const QDateTime before = QDateTime::currentDateTime();
+    RunningPlugin plugin;
+    QVERIFY(plugin.start());
+
+    const QString registration = plugin.host.texts().constFirst();
+    const QJsonObject object = json(registration.toUtf8());
+    QCOMPARE(object, json(R"({"event": "registerPlugin", "uuid": "plugin-1"})"));
+    QCOMPARE(registration.toUtf8(), QJsonDocument(object).toJson(QJsonDocument::Compact));
+
+    const QByteArray port = QByteArray::number(plugin.host.port());
+    QTRY_COMPARE(plugin.process.content(QStringLiteral("log.txt")).count('\n'), 3);
+    const QByteArray log = plugin.process.content(QStringLiteral("log.txt"));
+    const QList<QByteArray> expected{"ws://127.0.0.1:" + port, registration.toUtf8(),
+                                     "Connect-serverPort: " + port};
+    int start = 0;
+    for (const QByteArray &message : expected) {
+        const QByteArray line = log.mid(start, log.indexOf('\n', start) + 1 - start);
+        const QByteArray stamp = line.left(21);
+        QCOMPARE(line, stamp + " SDK/Logger " + message + "\r\n");
+        const QDateTime time = QDateTime::fromString(QString::fromLatin1(stamp),
+                                                     QStringLiteral("'['yyyy-MM-dd hh:mm:ss']'"));
+        QVERIFY2(time.isValid(), stamp.constData());
+        QVERIFY(time >= before.addSecs(-1) && time <= QDateTime::currentDateTime());
+        start += line.size();
+    }
+    QCOMPARE(start, log.size());
+}
+
+void tst_Registration::takesItsTime()
+{
+    constexpr qint64 specifiedWaits = 100 + 1000;
+    constexpr qint64 longest = 10000;
+
+    QElapsedTimer timer;
+    timer.start();
+    RunningPlugin plugin;
+    QVERIFY(plugin.start());
+    const qint64 taken = timer.elapsed();
+    qDebug() << "From start to registration:" << taken << "ms";
+    QVERIFY2(taken >= specifiedWaits, qPrintable(QString::number(taken)));
+    QVERIFY2(taken < longest, qPrintable(QString::number(taken)));
+}
+
+void tst_Registration::startsUpInOrder()
+{
+    RunningPlugin plugin;
+    QVERIFY(plugin.start());
+    QTRY_PATIENTLY(plugin.process.hasPrinted(QStringLiteral("updateImages over")));
+    QTRY_PATIENTLY(plugin.process.hasLoggedInOrder(
+        {QStringLiteral("初始化翻译"),
+         QStringLiteral("Attempting to connect to") + QStringLiteral("ws://localhost:24509"),
+         QStringLiteral("Connection failed or timed out."),
+         QStringLiteral("Connect to PROT: 24509 Failed, try to killProcess and Running.."),
+         QStringLiteral("已终止所有同名进程。"), QStringLiteral("插件第一次启动 初始化插件模块"),
+         QStringLiteral("插件启动"), QStringLiteral("连接关机，重启，注销信号"),
+         QStringLiteral("initSystemMonitorLib success"), QStringLiteral("初始化性能监视器模块成功"),
+         QStringLiteral("初始化系统信息"), QStringLiteral("尝试启动插件"),
+         QStringLiteral("尝试启动插件成功"), QStringLiteral("加载字体..."),
+         QStringLiteral("updateImages"),
+         QStringLiteral("-------------------updateImages over---------------------")}));
+    QTRY_PATIENTLY(plugin.process.hasPrinted(QStringLiteral("WebSocket server started on port")));
+    // One line for each language without a table.
+    QCOMPARE(plugin.process.lines()
+                 .filter(QRegularExpression(QStringLiteral(
+                     "Unable to open file :/JsonLanguage/[a-zA-Z_]+\\.json, error info: ")))
+                 .size(),
+             11);
+}
+
+void tst_Registration::choosesItsPlatform_data()
+{
+    QTest::addColumn<QString>("variable");
+    QTest::addColumn<QString>("value");
+    QTest::newRow("no display") << QString() << QString();
+    QTest::newRow("an empty display") << QStringLiteral("DISPLAY") << QString();
+    QTest::newRow("the tester's choice")
+        << QStringLiteral("QT_QPA_PLATFORM") << QStringLiteral("minimal");
+}
+
+void tst_Registration::choosesItsPlatform()
+{
+    QFETCH(QString, variable);
+    QFETCH(QString, value);
+
+    RunningPlugin plugin;
+    if (!variable.isEmpty())
+        plugin.process.setVariable(variable, value);
+    QVERIFY(plugin.start());
+    plugin.host.appear(QStringLiteral("com.quellor.stream.system.cpu"), QStringLiteral("key"));
+    QVERIFY(plugin.host.waitForUpdate(QStringLiteral("key")));
+    QVERIFY(!FakeHost::picture(plugin.host.images(QStringLiteral("key")).constFirst()).isNull());
+}
+
+QTEST_GUILESS_MAIN(tst_Registration)
+#include "tst_registration.moc"
