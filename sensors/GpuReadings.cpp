@@ -22,8 +22,8 @@ constexpr double highestPower = 100000.0;
 struct Chain
 {
     std::initializer_list<const char *> labels;
-    const char *enhancedLabel;
-    const char *defaultUnits;
+    const char *enhancedLabel = nullptr;
+    const char *defaultUnits = "";
 };
 
 const Chain temperatureChain{{"GPU Temperature", "GPU TS0 (DispIO)", "GPU Core Temperature",

@@ -16,7 +16,7 @@ constexpr int replyTimeoutMs = 3000;
 
 QJsonObject parseReply(const QByteArray &bytes)
 {
-    QJsonParseError error;
+    QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (error.error != QJsonParseError::NoError)
         LogDebug(labelled("IoServerJSON 解析失败:", error.errorString()));

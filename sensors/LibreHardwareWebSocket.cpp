@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr int defaultPort = 15501;
 constexpr int noPort = -1;
 constexpr int attemptCount = 3;
 constexpr int attemptTimeoutMs = 3000;
@@ -42,7 +41,7 @@ LibreHardwareWebSocket::LibreHardwareWebSocket(bool fetch, QObject *parent)
     , fetchOnConnect(fetch)
 {
     const int configured = readConfiguredPort();
-    usePort(configured == noPort ? defaultPort : configured);
+    usePort(configured == noPort ? port : configured);
     connect(&socket, &QWebSocket::connected, this, &LibreHardwareWebSocket::onConnected);
     connect(&socket, &QWebSocket::disconnected, this, &LibreHardwareWebSocket::onDisconnected);
     connect(&socket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), this,
@@ -121,16 +120,7 @@ QJsonObject LibreHardwareWebSocket::request(const QByteArray &text)
     lastMessage.clear();
     result = {};
     socket.sendTextMessage(QString::fromUtf8(text));
-    waitForReply();
-    if (waiting) {
-        reportTimeout();
-        return {};
-    }
-    return result;
-}
 
-void LibreHardwareWebSocket::waitForReply()
-{
     QTimer timer;
     timer.setSingleShot(true);
     timer.start(replyTimeoutMs);
@@ -138,6 +128,11 @@ void LibreHardwareWebSocket::waitForReply()
         QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
         QThread::msleep(10);
     }
+    if (waiting) {
+        reportTimeout();
+        return {};
+    }
+    return result;
 }
 
 void LibreHardwareWebSocket::reportTimeout()

@@ -41,7 +41,6 @@ private:
     void usePort(int newPort);
     void connectAndFetch();
     bool isConnected() const;
-    void waitForReply();
     void reportTimeout();
     void onConnected();
     void onDisconnected();
@@ -49,7 +48,7 @@ private:
     void onTextMessage(const QString &msg);
 
     QWebSocket socket;
-    int port;
+    int port = 15501;
     QUrl url;
     bool waiting = false;
     QString lastMessage;
