@@ -5,11 +5,15 @@
 #include "plugin/KeyTable.h"
 #include "plugin/SettingsReply.h"
 #include "render/normalAction.h"
+#include "sensors/IoLocalSocket.h"
+#include "sensors/LibreHardwareMonitorLib.h"
+#include "sensors/LibreHardwareWebSocket.h"
 #include "sensors/SensorRefresh.h"
 #include "sensors/VqSystemMonitorLib.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QJsonDocument>
 #include <QMutexLocker>
 #include <QSysInfo>
 #include <QTimer>
@@ -73,6 +77,9 @@ SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent)
     : Plugin(parent)
     , m_library(new VqSystemMonitorLib(false, nullptr))
     , m_unusedLibrary(new VqSystemMonitorLib(false, nullptr))
+    , m_hardwareMonitorLib(new LibreHardwareMonitorLib)
+    , m_ioLocalSocket(new IoLocalSocket(false))
+    , m_hardwareSocket(new LibreHardwareWebSocket(false))
     , m_updateTimer(new QTimer(this))
 {
     LogDebug(QStringLiteral("插件启动"));
@@ -85,6 +92,8 @@ SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent)
     initSystemMonitorLib();
     LogDebug(QStringLiteral("初始化系统信息"));
     refresh();
+    LogDebug(QStringLiteral("更新CPU型号&GPU型号"));
+    refreshModelNames(*m_library);
 
     connect(m_updateTimer, &QTimer::timeout, this, &SystemMonitorPlugin::updateImages);
     m_updateTimer->setTimerType(Qt::PreciseTimer);
@@ -223,6 +232,14 @@ void SystemMonitorPlugin::PropertyInspectorDidDisAppear(const QString &action,
                                                         const QString & /*deviceId*/)
 {
     LogDebug(labelled("PropertyInspectorDidDisAppear: ", action));
+}
+
+void SystemMonitorPlugin::HwInfoPortMsg(const QString &message)
+{
+    LogDebug(labelled("hwInfoPortMsg: ", message));
+    LogDebug(QStringLiteral("端口号发生变更，重新链接.."));
+    const QJsonObject object = QJsonDocument::fromJson(message.toUtf8()).object();
+    m_hardwareSocket->setPort(object.value(QLatin1String("hwInfoPort")).toString().toInt());
 }
 
 normalAction *SystemMonitorPlugin::FindAction(const QString &action, const QString &context) const

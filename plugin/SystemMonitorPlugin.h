@@ -6,6 +6,9 @@
 #include <QList>
 #include <QMutex>
 
+class IoLocalSocket;
+class LibreHardwareMonitorLib;
+class LibreHardwareWebSocket;
 class normalAction;
 class QTimer;
 struct KeyPass;
@@ -20,7 +23,7 @@ class SystemMonitorPlugin : public Plugin, public SystemMonitorLibOwner
 
 public:
     /// Opens the data sources, waits one second for them, takes the first readings and starts the
-    /// update timer.
+    /// update timer. Without a hardware-information service this takes some 12 seconds more.
     explicit SystemMonitorPlugin(QObject *parent = nullptr);
 
     VqSystemMonitorLib *systemMonitorLib() const override { return m_library; }
@@ -44,6 +47,8 @@ public:
     void PropertyInspectorDidDisAppear(const QString &action, const QString &context,
                                        const QJsonObject &payload,
                                        const QString &deviceId) override;
+    /// Connects to the hardware-information service on the port that \a message names.
+    void HwInfoPortMsg(const QString &message) override;
 
     /// The key of this UUID and context, created when there is none; never null.
     Action *GetOrCreateAction(const QString &action, const QString &context) override;
@@ -67,6 +72,9 @@ private:
     QList<normalAction *> m_actions; ///< In the order in which the keys first appeared.
     VqSystemMonitorLib *m_library;
     VqSystemMonitorLib *m_unusedLibrary; ///< Kept beside the first, never initialised nor read.
+    LibreHardwareMonitorLib *m_hardwareMonitorLib;
+    IoLocalSocket *m_ioLocalSocket;
+    LibreHardwareWebSocket *m_hardwareSocket;
     QTimer *m_updateTimer;
 };
 

@@ -22,6 +22,9 @@ public:
 
     int port() const { return m_server.serverPort(); }
 
+    /// What SystemDrive has to say for a program to find it.
+    QString drive() const { return m_drive.path(); }
+
     /// What it sends, frame by frame, on the next requests.
     QStringList replies;
 

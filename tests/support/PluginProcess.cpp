@@ -32,14 +32,13 @@ QProcessEnvironment bareEnvironment()
 PluginProcess::PluginProcess()
 {
     const QDir folder(m_folder.path());
-    if (!m_folder.isValid() || !folder.mkdir(QStringLiteral("work")) ||
-        !folder.mkdir(QStringLiteral("drive")))
+    if (!m_folder.isValid() || !folder.mkdir(QStringLiteral("work")))
         qFatal("No folder for the plugin to work in");
 
     setProgram(executable());
     setWorkingDirectory(workingFolder());
     setProcessEnvironment(bareEnvironment());
-    setVariable(QStringLiteral("SystemDrive"), folder.filePath(QStringLiteral("drive")));
+    setVariable(QStringLiteral("SystemDrive"), m_service.drive());
     setStandardInputFile(nullDevice());
     setStandardOutputFile(nullDevice());
     connect(this, &QProcess::readyReadStandardError, this,

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "tests/support/FakeHardwareService.h"
+
 #include <QByteArray>
 #include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// One run of the plugin's executable: a working folder of its own, no display, no terminal, no
-/// hardware-information service on its system drive. It does not outlive this object.
+/// One run of the plugin's executable: a working folder of its own, no display, no terminal, a
+/// hardware-information service so that it starts quickly. It does not outlive this object.
 class PluginProcess : public QProcess
 {
 public:
@@ -61,5 +63,6 @@ private:
     void printOnFailure() const;
 
     QTemporaryDir m_folder;
+    FakeHardwareService m_service;
     QByteArray m_standardError;
 };

@@ -2,6 +2,7 @@
 
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
+#include "tests/support/FakeHardwareService.h"
 #include "tests/support/InMemoryLibrary.h"
 #include "tests/support/MessageCapture.h"
 
@@ -27,6 +28,7 @@ void reportDeinit()
 /// The process in which the session ends: it must end itself.
 int runUntilSessionEnds()
 {
+    const FakeHardwareService service;
     std::atexit(reportDeinit);
     const SystemMonitorPlugin plugin;
     QTimer::singleShot(0, qApp, [] {
@@ -63,6 +65,8 @@ private Q_SLOTS:
     void settingsOfAnUnknownKeyAreDropped();
     void disappearingRemovesTheKey();
     void otherKeyEventsAreOnlyLogged();
+    void takesOverAChangedServicePort_data();
+    void takesOverAChangedServicePort();
     void passWithoutAHostOnlyRefreshes();
     void passesRunEverySecond();
     void sessionEndStopsTheLibraryAndTheProcess();
@@ -70,6 +74,7 @@ private Q_SLOTS:
 private:
     SystemMonitorPlugin &plugin() { return *m_plugin; }
 
+    FakeHardwareService m_service;
     std::unique_ptr<MessageCapture> m_capture;
     std::unique_ptr<SystemMonitorPlugin> m_plugin;
 };
@@ -100,10 +105,13 @@ void tst_SystemMonitorPlugin::startsInOrder()
     m_plugin = std::make_unique<SystemMonitorPlugin>();
     QVERIFY(timer.elapsed() >= 1000);
     QVERIFY(timer.elapsed() < 5000);
-    QCOMPARE(MessageCapture::messages(),
-             (QStringList{quoted("插件启动"), quoted("连接关机，重启，注销信号"),
-                          quoted("initSystemMonitorLib success"),
-                          quoted("初始化性能监视器模块成功"), quoted("初始化系统信息")}));
+    QCOMPARE(
+        MessageCapture::messages(),
+        (QStringList{quoted("WebSocket 尝试连接第 1 次..."), quoted("WebSocket connected"),
+                     quoted("WebSocket 连接成功"), quoted("插件启动"),
+                     quoted("连接关机，重启，注销信号"), quoted("initSystemMonitorLib success"),
+                     quoted("初始化性能监视器模块成功"), quoted("初始化系统信息"),
+                     quoted("更新CPU型号&GPU型号")}));
     QCOMPARE(InMemoryLibrary::instances, 2);
     QCOMPARE(InMemoryLibrary::initCalls, 1);
     QCOMPARE(InMemoryLibrary::detectedSensorsCalls, 1);
@@ -115,9 +123,10 @@ void tst_SystemMonitorPlugin::startsWithALibraryThatFails()
     InMemoryLibrary::initSucceeds = false;
     m_plugin = std::make_unique<SystemMonitorPlugin>();
     const QStringList messages = MessageCapture::messages();
-    QVERIFY(messages.at(2).startsWith(QLatin1String("\"initSystemMonitorLib failed: ")));
-    QCOMPARE(messages.mid(3),
-             (QStringList{quoted("初始化性能监视器模块失败"), quoted("初始化系统信息")}));
+    QVERIFY(messages.at(5).startsWith(QLatin1String("\"initSystemMonitorLib failed: ")));
+    QCOMPARE(messages.mid(6),
+             (QStringList{quoted("初始化性能监视器模块失败"), quoted("初始化系统信息"),
+                          quoted("更新CPU型号&GPU型号")}));
     QCOMPARE(InMemoryLibrary::detectedSensorsCalls, 0);
 }
 
@@ -224,6 +233,31 @@ void tst_SystemMonitorPlugin::otherKeyEventsAreOnlyLogged()
                           quoted("PropertyInspectorDidAppear: x"),
                           quoted("PropertyInspectorDidDisAppear: x")}));
     QVERIFY(!plugin().FindAction(x, context));
+}
+
+void tst_SystemMonitorPlugin::takesOverAChangedServicePort_data()
+{
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<int>("connections");
+    QTest::newRow("good") << QStringLiteral(R"({"event":"hwInfoPort","hwInfoPort":"%1"})") << 1;
+    QTest::newRow("port is no text") << QStringLiteral(R"({"hwInfoPort":%1})") << 0;
+    QTest::newRow("not JSON") << QStringLiteral("hwInfoPort: %1") << 0;
+}
+
+void tst_SystemMonitorPlugin::takesOverAChangedServicePort()
+{
+    QFETCH(QString, message);
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    const FakeHardwareService other;
+    const QString text =
+        message.contains(QStringLiteral("%1")) ? message.arg(other.port()) : message;
+    MessageCapture::clear();
+    plugin().HwInfoPortMsg(text);
+    QCOMPARE(MessageCapture::messages().mid(0, 3),
+             (QStringList{MessageCapture::quoted(QStringLiteral("hwInfoPortMsg: ") + text),
+                          quoted("端口号发生变更，重新链接.."),
+                          quoted("WebSocket 尝试连接第 1 次...")}));
+    QTEST(other.connections, "connections");
 }
 
 void tst_SystemMonitorPlugin::passWithoutAHostOnlyRefreshes()

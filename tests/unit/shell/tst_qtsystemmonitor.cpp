@@ -4,6 +4,7 @@
 #include "SDK/PluginLauncher.h"
 #include "sensors/systemInfor.h"
 #include "shell/ConsoleLog.h"
+#include "tests/support/FakeHardwareService.h"
 #include "tests/support/MessageCapture.h"
 #include "tests/support/TemporaryWorkingDirectory.h"
 
@@ -85,6 +86,7 @@ bool tst_QtSystemMonitor::start(QtSystemMonitor &window, QList<QByteArray> argum
 void tst_QtSystemMonitor::startsOnceAfterAFailedStart()
 {
     const TemporaryWorkingDirectory directory;
+    const FakeHardwareService service;
     const MessageCapture capture;
     QtSystemMonitor window;
 
