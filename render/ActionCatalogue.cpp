@@ -2,13 +2,16 @@
 
 #include "SDK/LanguageUtilities.h"
 
-#include <QVector>
-
 #include <algorithm>
 
-namespace {
+namespace actionuuid {
+const QString netWork = QStringLiteral("com.quellor.stream.system.NetWork");
+const QString allData = QStringLiteral("com.quellor.stream.AllDATA");
+const QString pumpSpeed = QStringLiteral("com.quellor.stream.PumpSpeed");
+const QString cpuFan = QStringLiteral("com.quellor.stream.CPUFan");
+} // namespace actionuuid
 
-const QVector<ActionCatalogueRow> &catalogue()
+const QVector<ActionCatalogueRow> &actionCatalogue()
 {
     static const QVector<ActionCatalogueRow> rows{
         {QStringLiteral("com.quellor.stream.system.memory"), QStringLiteral("内存"),
@@ -73,15 +76,9 @@ const QVector<ActionCatalogueRow> &catalogue()
     return rows;
 }
 
-} // namespace
-
-namespace actionuuid {
-const QString netWork = QStringLiteral("com.quellor.stream.system.NetWork");
-} // namespace actionuuid
-
 const ActionCatalogueRow *findCatalogueRow(const QString &uuid)
 {
-    const auto &rows = catalogue();
+    const auto &rows = actionCatalogue();
     const auto row =
         std::find_if(rows.begin(), rows.end(),
                      [&uuid](const ActionCatalogueRow &each) { return each.uuid == uuid; });

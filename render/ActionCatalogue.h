@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QVector>
 
 /// One kind of key with a default title.
 struct ActionCatalogueRow
@@ -13,7 +14,15 @@ struct ActionCatalogueRow
 /// UUIDs that other code names.
 namespace actionuuid {
 extern const QString netWork;
+
+// Kinds without a default title, and so without a row.
+extern const QString allData;
+extern const QString pumpSpeed;
+extern const QString cpuFan;
 } // namespace actionuuid
+
+/// Every kind of key that has a default title, in the order in which UUIDs are compared.
+const QVector<ActionCatalogueRow> &actionCatalogue();
 
 /// The row of \a uuid (compared exactly), or null: some kinds of keys have no default title.
 const ActionCatalogueRow *findCatalogueRow(const QString &uuid);

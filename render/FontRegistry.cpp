@@ -22,41 +22,26 @@ QSet<QString> &listedSpecs()
     return specs;
 }
 
-QString fullSpec(const QString &family, const QString &style)
+void list(const QVector<FontRecord> &records)
 {
-    return family + QLatin1Char('|') + style;
-}
-
-/// The first listed style of a family goes by the bare family; the default key font keeps its
-/// style.
-QString listedSpec(const QString &family, const QString &style, bool firstOfFamily)
-{
-    const QString spec = fullSpec(family, style);
-    return firstOfFamily && spec != QLatin1String("Roboto|Bold") ? family : spec;
-}
-
-void listFamily(const QString &family, const QFileInfo &file)
-{
-    bool first = true;
-    const QStringList styles = QFontDatabase().styles(family);
-    for (const QString &style : styles) {
-        if (fullSpec(family, style) == QLatin1String("Roboto Light|Regular"))
+    for (const FontRecord &record : records) {
+        if (listedSpecs().contains(record.spec))
             continue;
-        const QString spec = listedSpec(family, style, first);
-        first = false;
-        if (listedSpecs().contains(spec))
-            continue;
-        listedSpecs().insert(spec);
-        systemInfor::fontlist_one.append({family, style, file.absoluteFilePath(), file.baseName(),
-                                          file.baseName() + QLatin1Char(' ') + style, spec});
-        LogDebug(QStringLiteral("  %1  [%2]").arg(family, style));
+        listedSpecs().insert(record.spec);
+        systemInfor::fontlist_one.append(record);
+        LogDebug(QStringLiteral("  %1  [%2]").arg(record.family, record.style));
     }
 }
 
-/// Anything but a regular file is refused: reading a pipe or a device might never end.
+/// Well above the largest collections of faces; a file is read whole.
+constexpr qint64 largestFile = 512 * 1024 * 1024;
+
+/// Anything but a regular file with a size is refused: reading a pipe or a device might never end.
 int registerFile(const QString &path)
 {
-    return QFileInfo(path).isFile() ? QFontDatabase::addApplicationFont(path) : -1;
+    const QFileInfo file(path);
+    const bool readable = file.isFile() && file.size() > 0 && file.size() <= largestFile;
+    return readable ? QFontDatabase::addApplicationFont(path) : -1;
 }
 
 } // namespace
@@ -83,6 +68,21 @@ QVector<FontFile> loadFontList(const QString &infoJson)
     return files;
 }
 
+QVector<FontRecord> recordsOf(const QString &family, const QStringList &styles, const QString &path)
+{
+    const QFileInfo file(path);
+    QVector<FontRecord> records;
+    for (const QString &style : styles) {
+        const QString full = family + QLatin1Char('|') + style;
+        if (full == QLatin1String("Roboto Light|Regular"))
+            continue;
+        const bool bare = records.isEmpty() && full != QLatin1String("Roboto|Bold");
+        records.append({family, style, file.absoluteFilePath(), file.baseName(),
+                        file.baseName() + QLatin1Char(' ') + style, bare ? family : full});
+    }
+    return records;
+}
+
 void loadFont(const QString &path)
 {
     const int id = registerFile(path);
@@ -91,14 +91,13 @@ void loadFont(const QString &path)
         return;
     }
     LogDebug(path + QStringLiteral(" loaded success, contains:"));
-    const QFileInfo file(path);
     QSet<QString> seen;
     const QStringList families = QFontDatabase::applicationFontFamilies(id);
     for (const QString &family : families) {
         if (seen.contains(family.trimmed()))
             continue;
         seen.insert(family);
-        listFamily(family, file);
+        list(recordsOf(family, QFontDatabase().styles(family), path));
     }
 }
 

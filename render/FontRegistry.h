@@ -1,7 +1,10 @@
 #pragma once
 
+#include "sensors/FontRecord.h"
+
 #include <QFont>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 /// The fonts on offer: files that the host names, registered with Qt and listed in
@@ -18,8 +21,14 @@ struct FontFile
 /// text that is no JSON object is logged; it and a missing array give an empty list.
 QVector<FontFile> loadFontList(const QString &infoJson);
 
-/// Registers one font file and lists its families and styles that are not listed yet. A file that
-/// cannot be loaded is logged.
+/// One record for each style of a family, in the order given. The first one goes by the bare
+/// family, but "Roboto|Bold", the default font of keys, keeps its style; "Roboto Light|Regular" has
+/// none.
+QVector<FontRecord> recordsOf(const QString &family, const QStringList &styles,
+                              const QString &path);
+
+/// Registers one font file and lists its families and styles whose specification is not listed yet.
+/// A file that cannot be loaded is logged.
 void loadFont(const QString &path);
 
 /// The style word at the end of the display name of the font listed as \a spec, as written there;

@@ -6,18 +6,45 @@
 #include <QPainter>
 #include <QPen>
 
+#include <algorithm>
+#include <limits>
+
 namespace {
 
 /// The raster paint engine draws nothing beyond this coordinate.
 constexpr int longestSide = 32767;
 
+// Pictures are painted on the thread that serves every key, once a second each. Encoding takes some
+// 60 ms for a million pixels, drawing up to 0.1 ms for a character of the largest font, whether it
+// has a width of its own or is one of many marks on a letter. With these limits no picture holds up
+// the others for much longer than half a second.
+bool canBePainted(const QSize &size, const QVector<PictureLine> &lines)
+{
+    if (size.isEmpty() || size.width() > longestSide || size.height() > longestSide)
+        return false;
+    return size.width() * size.height() <= largestArea &&
+           std::all_of(lines.begin(), lines.end(),
+                       [](const PictureLine &line) { return line.text.size() <= longestText; });
+}
+
 } // namespace
+
+int lineWidth(const QFontMetrics &metrics, const QString &text)
+{
+    const int width = metrics.horizontalAdvance(text.left(longestText));
+    if (text.size() <= longestText)
+        return width;
+    const double whole = static_cast<double>(width) * text.size() / longestText;
+    return static_cast<int>(std::min<double>(whole, std::numeric_limits<int>::max()));
+}
 
 QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const PictureStyle &style)
 {
-    if (size.isEmpty() || size.width() > longestSide || size.height() > longestSide)
+    if (!canBePainted(size, lines))
         return {};
     QImage picture(size, QImage::Format_ARGB32);
+    if (picture.isNull())
+        return {};
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setFont(style.font);

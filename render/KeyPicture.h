@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetrics>
 #include <QImage>
 #include <QRect>
 #include <QString>
@@ -22,8 +23,19 @@ struct PictureStyle
     int alignment;  ///< Qt::Alignment flags of each line within its rectangle.
 };
 
-/// A transparent picture of \a size with \a lines drawn on it; a null image when \a size is empty
-/// or too large to be painted.
+/// The longest text that is measured and painted whole, in characters.
+constexpr int longestText = 4096;
+
+/// The most pixels of a picture.
+constexpr int largestArea = 1 << 23;
+
+/// The width of \a text in pixels. Of a text longer than longestText only the beginning is
+/// measured; the rest is taken to be as wide.
+int lineWidth(const QFontMetrics &metrics, const QString &text);
+
+/// A transparent picture of \a size with \a lines drawn on it. A null image when \a size is empty,
+/// when it has more than 32767 pixels on a side or more than largestArea, or when a line is longer
+/// than longestText.
 QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines,
                     const PictureStyle &style);
 

@@ -6,8 +6,6 @@
 #include "render/KeyPicture.h"
 #include "render/KeySettings.h"
 
-#include <QFontMetrics>
-
 #include <algorithm>
 
 namespace {
@@ -89,7 +87,7 @@ QString normalAction::normalPainting(const QString &textToDraw)
     displayedText = drawsTitle() ? titled(titleText, textToDraw) : textToDraw;
 
     const QFontMetrics metrics(font);
-    imageWidth = metrics.horizontalAdvance(displayedText);
+    imageWidth = lineWidth(metrics, displayedText);
     imageHeight = metrics.height();
     keyImage = paintPicture({imageWidth, imageHeight},
                             {{QRect(0, 0, imageWidth, imageHeight), displayedText}},
@@ -112,8 +110,8 @@ QString normalAction::paintingTwoLines(const QString &uploadText, const QString 
 
     const QFontMetrics metrics(font);
     const int lineHeight = metrics.height();
-    const int uploadWidth = metrics.horizontalAdvance(upload);
-    const int downloadWidth = metrics.horizontalAdvance(download);
+    const int uploadWidth = lineWidth(metrics, upload);
+    const int downloadWidth = lineWidth(metrics, download);
     imageWidth = std::max(uploadWidth, downloadWidth);
     imageHeight = 2 * lineHeight;
     // Each line is centred in a rectangle of its own width: the shorter one stands flush left.

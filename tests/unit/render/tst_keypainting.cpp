@@ -1,0 +1,469 @@
+#include "render/ActionCatalogue.h"
+#include "render/KeyPicture.h"
+#include "render/normalAction.h"
+#include "tests/support/GoldenPicture.h"
+#include "tests/support/MessageCapture.h"
+#include "tests/support/TestFonts.h"
+
+#include <QBuffer>
+#include <QElapsedTimer>
+#include <QFontMetrics>
+#include <QtTest>
+
+#include <algorithm>
+#include <climits>
+#include <utility>
+
+/// The pictures of keys, against kept ones, and what cannot be painted.
+class tst_KeyPainting : public QObject
+{
+    Q_OBJECT
+
+public:
+    static void initMain() { testfonts::hideMachineFonts(); }
+
+private Q_SLOTS:
+    void initTestCase();
+    void paintsOneLine_data();
+    void paintsOneLine();
+    void paintsTwoLines_data();
+    void paintsTwoLines();
+    void composesOneLine_data();
+    void composesOneLine();
+    void composesTwoLines_data();
+    void composesTwoLines();
+    void overwritesATitleWithoutSlash();
+    void twoLinesAreForTheNetworkKeyAlone_data();
+    void twoLinesAreForTheNetworkKeyAlone();
+    void eachPaintingReplacesTheLast();
+    void logsTheTextOfOneLineAlone();
+    void emptyTextGivesNoPicture();
+    void emptyLinesGiveNoPicture();
+    void longTextsGiveNoPictureSoon_data();
+    void longTextsGiveNoPictureSoon();
+    void longSecondLineGivesNoPicture();
+    void paintsNoPictureAboveItsLimits_data();
+    void paintsNoPictureAboveItsLimits();
+    void measuresTheBeginningOfLongTexts();
+};
+
+namespace {
+
+const QString dataUrl = QStringLiteral("data:image/png;base64,");
+
+/// A key that paints in a fixed font.
+class Key : public normalAction
+{
+public:
+    explicit Key(const QString &uuid = actionuuid::netWork)
+        : normalAction(nullptr, uuid, QStringLiteral("ctx"))
+    {
+        font = QFont(QStringLiteral("Roboto"));
+        font.setStyleName(QStringLiteral("Bold"));
+        font.setPixelSize(24);
+        color = QStringLiteral("#2060c0");
+        titleText.clear();
+        titleLines = QStringLiteral("双行显示");
+    }
+};
+
+QImage pictureOf(const QString &url)
+{
+    return QImage::fromData(QByteArray::fromBase64(url.mid(dataUrl.size()).toLatin1()), "PNG");
+}
+
+QString urlOf(const QImage &image)
+{
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "png");
+    return dataUrl + QString::fromLatin1(png.toBase64());
+}
+
+void comparePicture(const normalAction &key, const QString &url, const QString &golden)
+{
+    QCOMPARE(key.keyImage.size(), QSize(key.imageWidth, key.imageHeight));
+    QCOMPARE(key.keyImage.format(), QImage::Format_ARGB32);
+    QCOMPARE(url, urlOf(key.keyImage));
+    QCOMPARE(pictureOf(url), key.keyImage);
+    QCOMPARE(GoldenPicture(golden).differenceFrom(key.keyImage), QString());
+}
+
+/// Why the kept pictures cannot be painted here; empty when they can.
+QString missingFonts;
+
+const QString cannotConvert = QStringLiteral("Can't convert QImage to png");
+
+} // namespace
+
+void tst_KeyPainting::initTestCase()
+{
+    const std::pair<const char *, const char *> fonts[] = {
+        {"Roboto-Bold.ttf", "fonts-roboto-unhinted"},
+        {"DejaVuSans.ttf", "fonts-dejavu-core"},
+        {"wqy-microhei.ttc", "fonts-wqy-microhei"},
+    };
+    for (const auto &[file, package] : fonts) {
+        if (!testfonts::registerFile(QString::fromLatin1(file)))
+            missingFonts += QStringLiteral("%1 of %2 is missing. ")
+                                .arg(QString::fromLatin1(file), QString::fromLatin1(package));
+    }
+}
+
+void tst_KeyPainting::paintsOneLine_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("color");
+    QTest::addColumn<double>("opacity");
+    QTest::addColumn<QString>("golden");
+    const auto row = [](const char *golden, const char *title, const char *text) -> QTestData & {
+        return QTest::newRow(golden)
+               << QString::fromUtf8(title) << QString::fromUtf8(text) << QStringLiteral("#2060c0")
+               << 0.0 << QString::fromLatin1(golden);
+    };
+    row("one-line", "", "45°C");
+    row("one-line-title", "CPU", "45°C");
+    row("one-line-title-with-slash", "Up/Down", "1.2Kb/s");
+    row("one-line-chinese", "CPU温度", "45°C");
+    row("one-line-combining", "Cafe\u0301", "n\u0303o\u0308 q\u0303x\u0323\u0304");
+    row("one-line-emoji", "Fox", "a\U0001F98Ab");
+
+    const auto look = [](const char *name, const char *color, double opacity, const char *golden) {
+        QTest::newRow(name) << QStringLiteral("CPU") << QStringLiteral("45°C")
+                            << QString::fromUtf8(color) << opacity << QString::fromLatin1(golden);
+    };
+    look("color name", "crimson", 0.0, "one-line-color-name");
+    look("color with alpha", "#802060c0", 0.0, "one-line-color-alpha");
+    look("invalid color", "no colour", 0.0, "one-line-color-invalid");
+    look("empty color", "", 0.0, "one-line-color-invalid");
+    look("opacity 0.25", "#2060c0", 0.25, "one-line-opacity-quarter");
+    look("opacity 1", "#2060c0", 1.0, "one-line-opacity-whole");
+    look("opacity above 1", "#2060c0", 1e300, "one-line-opacity-whole");
+    look("negative opacity", "#2060c0", -1e300, "one-line-title");
+}
+
+void tst_KeyPainting::paintsOneLine()
+{
+    if (!missingFonts.isEmpty())
+        QSKIP(qPrintable(missingFonts));
+    QFETCH(QString, title);
+    QFETCH(QString, text);
+    QFETCH(QString, color);
+    QFETCH(double, opacity);
+    QFETCH(QString, golden);
+    Key key;
+    key.titleText = title;
+    key.color = color;
+    key.opacity = opacity;
+    const QString url = key.normalPainting(text);
+    const QFontMetrics metrics(key.font);
+    QCOMPARE(key.imageWidth, metrics.horizontalAdvance(key.displayedText));
+    QCOMPARE(key.imageHeight, metrics.height());
+    comparePicture(key, url, golden);
+}
+
+void tst_KeyPainting::paintsTwoLines_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("upload");
+    QTest::addColumn<QString>("download");
+    const auto row = [](const char *golden, const char *title, const char *upload,
+                        const char *download) {
+        QTest::newRow(golden) << QString::fromUtf8(title) << QString::fromUtf8(upload)
+                              << QString::fromUtf8(download);
+    };
+    row("two-lines", "", "1.2Kb/s", "1023.9MB/s");
+    row("two-lines-longer-first", "", "1023.9MB/s", "0.0Kb/s");
+    row("two-lines-title-with-slash", "Up/Down", "1.2Kb/s", "3.0MB/s");
+    row("two-lines-title-without-slash", "网速", "1.2Kb/s", "1023.9MB/s");
+    row("two-lines-slash-alone", "/", "1.2Kb/s", "3.0MB/s");
+    row("two-lines-one-empty", "", "", "3.0MB/s");
+}
+
+void tst_KeyPainting::paintsTwoLines()
+{
+    if (!missingFonts.isEmpty())
+        QSKIP(qPrintable(missingFonts));
+    QFETCH(QString, title);
+    QFETCH(QString, upload);
+    QFETCH(QString, download);
+    Key key;
+    key.titleText = title;
+    const QString url = key.paintingTwoLines(upload, download);
+    const QFontMetrics metrics(key.font);
+    const QStringList lines = key.displayedText.split(QLatin1Char('\n'));
+    QCOMPARE(key.imageWidth, std::max(metrics.horizontalAdvance(lines.at(0)),
+                                      metrics.horizontalAdvance(lines.at(1))));
+    QCOMPARE(key.imageHeight, 2 * metrics.height());
+    comparePicture(key, url, QString::fromLatin1(QTest::currentDataTag()));
+}
+
+void tst_KeyPainting::composesOneLine_data()
+{
+    QTest::addColumn<bool>("showTitle");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("line");
+    const auto row = [](bool showTitle, const char *title, const char *text, const char *line) {
+        QTest::newRow(line) << showTitle << QString::fromUtf8(title) << QString::fromUtf8(text)
+                            << QString::fromUtf8(line);
+    };
+    row(true, "CPU", "45°C", "CPU: 45°C");
+    row(true, "", "46°C", "46°C");
+    row(false, "CPU", "47°C", "47°C");
+    row(true, " ", "48°C", " : 48°C");
+    row(true, "Up/Down", "1", "Up/Down: 1");
+    row(true, "CPU", "", "CPU: ");
+    row(true, "a%1b", "%2", "a%1b: %2");
+}
+
+void tst_KeyPainting::composesOneLine()
+{
+    QFETCH(bool, showTitle);
+    QFETCH(QString, title);
+    QFETCH(QString, text);
+    Key key;
+    key.showTitle = showTitle;
+    key.titleText = title;
+    key.normalPainting(text);
+    QTEST(key.displayedText, "line");
+    QCOMPARE(key.titleText, title);
+}
+
+void tst_KeyPainting::composesTwoLines_data()
+{
+    QTest::addColumn<bool>("showTitle");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("lines");
+    QTest::addColumn<QString>("titleAfter");
+    const auto row = [](bool showTitle, const char *title, const char *lines,
+                        const char *titleAfter) {
+        QTest::newRow(lines) << showTitle << QString::fromUtf8(title) << QString::fromUtf8(lines)
+                             << QString::fromUtf8(titleAfter);
+    };
+    row(true, "Up/Down", "Up: U\nDown: D", "Up/Down");
+    row(true, "/", ": U\n: D", "/");
+    row(true, "a/", "a: U\n: D", "a/");
+    row(true, "/b", ": U\nb: D", "/b");
+    row(true, "a/b/c", "a: U\nb/c: D", "a/b/c");
+    row(true, "网速", "上传: U\n下载: D", "上传/下载");
+    row(true, "a／b", "上传: U\n下载: D", "上传/下载");
+    row(true, "", "U\nD", "");
+    row(false, "网速", "U\nD", "网速");
+    row(false, "Up/Down", "U\nD", "Up/Down");
+}
+
+void tst_KeyPainting::composesTwoLines()
+{
+    QFETCH(bool, showTitle);
+    QFETCH(QString, title);
+    Key key;
+    key.showTitle = showTitle;
+    key.titleText = title;
+    QVERIFY(key.paintingTwoLines(QStringLiteral("U"), QStringLiteral("D")).startsWith(dataUrl));
+    QTEST(key.displayedText, "lines");
+    QTEST(key.titleText, "titleAfter");
+}
+
+void tst_KeyPainting::overwritesATitleWithoutSlash()
+{
+    Key key;
+    key.titleText = QStringLiteral("网速");
+    key.paintingTwoLines(QStringLiteral("U"), QStringLiteral("D"));
+    key.normalPainting(QStringLiteral("text"));
+    QCOMPARE(key.displayedText, QStringLiteral("上传/下载: text"));
+
+    key.applySettings({{QStringLiteral("settings"),
+                        QJsonObject{{QStringLiteral("titleParameters"),
+                                     QJsonObject{{QStringLiteral("text"), QStringLiteral("网速")},
+                                                 {QStringLiteral("showTitle"), true}}}}}});
+    key.normalPainting(QStringLiteral("text"));
+    QCOMPARE(key.displayedText, QStringLiteral("网速: text"));
+}
+
+void tst_KeyPainting::twoLinesAreForTheNetworkKeyAlone_data()
+{
+    QTest::addColumn<QString>("uuid");
+    QTest::addColumn<QString>("titleLines");
+    const QString two = QStringLiteral("双行显示");
+    for (const ActionCatalogueRow &row : actionCatalogue()) {
+        if (row.uuid != actionuuid::netWork)
+            QTest::newRow(qPrintable(row.uuid)) << row.uuid << two;
+    }
+    QTest::newRow("letter case") << QStringLiteral("com.quellor.stream.system.network") << two;
+    QTest::newRow("one line") << actionuuid::netWork << QStringLiteral("单行显示");
+    QTest::newRow("no setting") << actionuuid::netWork << QString();
+    QTest::newRow("blank") << actionuuid::netWork << two + QLatin1Char(' ');
+}
+
+void tst_KeyPainting::twoLinesAreForTheNetworkKeyAlone()
+{
+    QFETCH(QString, uuid);
+    QFETCH(QString, titleLines);
+    Key key(uuid);
+    key.titleText = QStringLiteral("title");
+    key.titleLines = titleLines;
+    key.normalPainting(QStringLiteral("text"));
+    const QImage image = key.keyImage;
+    const MessageCapture capture;
+    const QString url = key.paintingTwoLines(QStringLiteral("U"), QStringLiteral("D"));
+    QVERIFY(url.isNull());
+    QCOMPARE(key.displayedText, QStringLiteral("title: text"));
+    QCOMPARE(key.titleText, QStringLiteral("title"));
+    QCOMPARE(key.keyImage, image);
+    QCOMPARE(QSize(key.imageWidth, key.imageHeight), image.size());
+    QCOMPARE(MessageCapture::messages(), QStringList());
+}
+
+void tst_KeyPainting::eachPaintingReplacesTheLast()
+{
+    Key key;
+    const QString first = key.normalPainting(QStringLiteral("37%"));
+    const int firstWidth = key.imageWidth;
+    const QString longer = key.normalPainting(QStringLiteral("100% of it"));
+    QVERIFY(key.imageWidth > firstWidth);
+    QVERIFY(longer != first);
+    QCOMPARE(key.normalPainting(QStringLiteral("37%")), first);
+    QCOMPARE(key.imageWidth, firstWidth);
+    QCOMPARE(key.keyImage, pictureOf(first));
+}
+
+void tst_KeyPainting::logsTheTextOfOneLineAlone()
+{
+    Key key;
+    key.titleText = QStringLiteral("title/title");
+    const MessageCapture capture;
+    key.normalPainting(QStringLiteral("45°C"));
+    const QString line = MessageCapture::quoted(QStringLiteral("textToDraw: 45°C"));
+    QCOMPARE(MessageCapture::messages(), QStringList{line});
+    key.paintingTwoLines(QStringLiteral("U"), QStringLiteral("D"));
+    QCOMPARE(MessageCapture::messages(), QStringList{line});
+}
+
+void tst_KeyPainting::emptyTextGivesNoPicture()
+{
+    Key key;
+    key.normalPainting(QStringLiteral("text"));
+    const MessageCapture capture;
+    QCOMPARE(key.normalPainting(QString()), dataUrl);
+    QCOMPARE(MessageCapture::criticalMessages(),
+             QStringList{QStringLiteral("normalAction::normalPainting ") + cannotConvert});
+    QVERIFY(key.keyImage.isNull());
+    QCOMPARE(key.displayedText, QString());
+    QCOMPARE(key.imageWidth, 0);
+    QCOMPARE(key.imageHeight, QFontMetrics(key.font).height());
+}
+
+void tst_KeyPainting::emptyLinesGiveNoPicture()
+{
+    Key key;
+    const MessageCapture capture;
+    QCOMPARE(key.paintingTwoLines(QString(), QString()), dataUrl);
+    QCOMPARE(MessageCapture::criticalMessages(),
+             QStringList{QStringLiteral("normalAction::paintingTwoLines ") + cannotConvert});
+    QVERIFY(key.keyImage.isNull());
+    QCOMPARE(key.displayedText, QStringLiteral("\n"));
+    QCOMPARE(key.imageWidth, 0);
+}
+
+void tst_KeyPainting::longTextsGiveNoPictureSoon_data()
+{
+    QTest::addColumn<int>("pixelSize");
+    QTest::addColumn<QString>("text");
+    const QString letters(100000, QLatin1Char('W'));
+    const QString marks = QLatin1Char('e') + QString(99999, QChar(0x301));
+    const QString circles = QLatin1Char('e') + QString(99999, QChar(0x20dd));
+    const QString noWidth(100000, QChar(0x200b));
+    const QString lineFeeds(100000, QLatin1Char('\n'));
+    for (const int pixelSize : {1, 24, 600}) {
+        const auto row = [pixelSize](const char *name, const QString &text) {
+            QTest::addRow("%s, %d px", name, pixelSize) << pixelSize << text;
+        };
+        row("letters", letters);
+        row("marks", marks);
+        row("circles", circles);
+        row("characters without width", noWidth);
+        row("line feeds", lineFeeds);
+    }
+    QTest::newRow("10 million letters, 600 px") << 600 << QString(10000000, QLatin1Char('W'));
+    QTest::newRow("side, 24 px") << 24 << QString(4000, QLatin1Char('W'));
+    QTest::newRow("area, 600 px") << 600 << QString(60, QLatin1Char('W'));
+}
+
+void tst_KeyPainting::longTextsGiveNoPictureSoon()
+{
+    QFETCH(int, pixelSize);
+    QFETCH(QString, text);
+    Key key;
+    key.font.setPixelSize(pixelSize);
+    const MessageCapture capture;
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(key.normalPainting(text), dataUrl);
+    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(MessageCapture::criticalMessages(),
+             QStringList{QStringLiteral("normalAction::normalPainting ") + cannotConvert});
+    QVERIFY(key.keyImage.isNull());
+    QCOMPARE(key.displayedText, text);
+    QVERIFY(key.imageWidth >= 0);
+}
+
+void tst_KeyPainting::longSecondLineGivesNoPicture()
+{
+    Key key;
+    const MessageCapture capture;
+    const QString text(100000, QLatin1Char('x'));
+    QCOMPARE(key.paintingTwoLines(QStringLiteral("U"), text), dataUrl);
+    QCOMPARE(MessageCapture::criticalMessages(),
+             QStringList{QStringLiteral("normalAction::paintingTwoLines ") + cannotConvert});
+    QVERIFY(key.keyImage.isNull());
+}
+
+void tst_KeyPainting::paintsNoPictureAboveItsLimits_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<bool>("painted");
+    QTest::newRow("one pixel") << QSize(1, 1) << 1 << true;
+    QTest::newRow("longest side") << QSize(32767, 2) << 1 << true;
+    QTest::newRow("too wide") << QSize(32768, 2) << 1 << false;
+    QTest::newRow("too high") << QSize(2, 32768) << 1 << false;
+    QTest::newRow("largest area") << QSize(16384, 512) << 1 << true;
+    QTest::newRow("too large") << QSize(16384, 513) << 1 << false;
+    QTest::newRow("largest int") << QSize(INT_MAX, INT_MAX) << 1 << false;
+    QTest::newRow("no width") << QSize(0, 24) << 1 << false;
+    QTest::newRow("negative") << QSize(-10, -10) << 1 << false;
+    QTest::newRow("longest text") << QSize(100, 24) << longestText << true;
+    QTest::newRow("text too long") << QSize(100, 24) << longestText + 1 << false;
+}
+
+void tst_KeyPainting::paintsNoPictureAboveItsLimits()
+{
+    QFETCH(QSize, size);
+    QFETCH(int, length);
+    QFETCH(bool, painted);
+    const PictureLine line{QRect(QPoint(0, 0), size), QString(length, QLatin1Char('x'))};
+    const QImage picture =
+        paintPicture(size, {line}, {Key().font, QStringLiteral("#ffffff"), 1.0, Qt::AlignCenter});
+    QCOMPARE(picture.isNull(), !painted);
+    QCOMPARE(picture.size(), painted ? size : QSize(0, 0));
+}
+
+void tst_KeyPainting::measuresTheBeginningOfLongTexts()
+{
+    const QFontMetrics metrics(Key().font);
+    const auto width = [&metrics](int length) {
+        return lineWidth(metrics, QString(length, QLatin1Char('x')));
+    };
+    QCOMPARE(width(0), 0);
+    QCOMPARE(width(100), metrics.horizontalAdvance(QString(100, QLatin1Char('x'))));
+    QVERIFY(width(longestText) > 0);
+    QCOMPARE(width(2 * longestText), 2 * width(longestText));
+    QCOMPARE(width(longestText * 100), 100 * width(longestText));
+    QVERIFY(width(longestText + 1) >= width(longestText));
+}
+
+QTEST_MAIN(tst_KeyPainting)
+#include "tst_keypainting.moc"
