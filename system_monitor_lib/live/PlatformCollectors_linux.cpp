@@ -3,7 +3,20 @@
 #include "system_monitor_lib/live/CpuClockCollector.h"
 #include "system_monitor_lib/live/CpuTemperatureCollector.h"
 #include "system_monitor_lib/live/DriveCollector.h"
+#include "system_monitor_lib/live/GpuCollector.h"
 #include "system_monitor_lib/live/RaplCollector.h"
+#include "system_monitor_lib/live/SysfsGpus.h"
+
+namespace {
+
+std::vector<std::unique_ptr<GpuSource>> gpuSources(const MachineRoots &roots)
+{
+    std::vector<std::unique_ptr<GpuSource>> sources;
+    sources.push_back(std::make_unique<SysfsGpus>(roots));
+    return sources;
+}
+
+} // namespace
 
 std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &roots,
                                                            const QString &cpuGroup)
@@ -13,5 +26,6 @@ std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &r
     collectors.push_back(std::make_unique<CpuTemperatureCollector>(roots, cpuGroup));
     collectors.push_back(std::make_unique<RaplCollector>(roots, cpuGroup));
     collectors.push_back(std::make_unique<DriveCollector>(roots));
+    collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
     return collectors;
 }
