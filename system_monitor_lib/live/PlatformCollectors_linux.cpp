@@ -4,6 +4,7 @@
 #include "system_monitor_lib/live/CpuTemperatureCollector.h"
 #include "system_monitor_lib/live/DriveCollector.h"
 #include "system_monitor_lib/live/GpuCollector.h"
+#include "system_monitor_lib/live/NvidiaGpus.h"
 #include "system_monitor_lib/live/RaplCollector.h"
 #include "system_monitor_lib/live/SysfsGpus.h"
 
@@ -13,6 +14,7 @@ std::vector<std::unique_ptr<GpuSource>> gpuSources(const MachineRoots &roots)
 {
     std::vector<std::unique_ptr<GpuSource>> sources;
     sources.push_back(std::make_unique<SysfsGpus>(roots));
+    sources.push_back(std::make_unique<NvidiaGpus>(roots));
     return sources;
 }
 
