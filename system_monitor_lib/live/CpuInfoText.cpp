@@ -30,3 +30,33 @@ QString parseCpuModel(std::string_view text)
     }
     return hardware.isEmpty() ? model : hardware;
 }
+
+std::map<int, double> parseCpuClocks(std::string_view text)
+{
+    std::map<int, double> clocks;
+    int processor = -1;
+    while (const std::optional<std::string_view> line = takeLine(text)) {
+        const std::size_t colon = line->find(':');
+        if (colon == std::string_view::npos)
+            continue;
+        const std::string_view key = trimmed(line->substr(0, colon));
+        const QString value = name(line->substr(colon + 1));
+        bool isNumber = false;
+        if (key == "processor") {
+            processor = value.toInt(&isNumber);
+            if (!isNumber)
+                processor = -1;
+        } else if (key == "cpu MHz" && processor >= 0) {
+            const double megahertz = value.toDouble(&isNumber);
+            if (isNumber && isPlausibleClock(megahertz))
+                clocks.emplace(processor, megahertz);
+        }
+    }
+    return clocks;
+}
+
+bool isPlausibleClock(double megahertz)
+{
+    constexpr double fastest = 20'000;
+    return megahertz > 0 && megahertz <= fastest;
+}

@@ -2,8 +2,16 @@
 
 #include <QString>
 
+#include <map>
 #include <string_view>
 
 /// The name of the processor out of /proc/cpuinfo: "model name", or on boards that lack it
 /// "Hardware" or "Model", blanks run together. Empty when there is none.
 QString parseCpuModel(std::string_view text);
+
+/// The clocks out of /proc/cpuinfo ("cpu MHz") by number of the processor ("processor"). Only some
+/// architectures have them.
+std::map<int, double> parseCpuClocks(std::string_view text);
+
+/// Whether a processor can run at \a megahertz.
+bool isPlausibleClock(double megahertz);

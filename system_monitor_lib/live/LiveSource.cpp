@@ -4,6 +4,7 @@
 #include "system_monitor_lib/live/CpuModel.h"
 #include "system_monitor_lib/live/MemoryCollector.h"
 #include "system_monitor_lib/live/NetworkCollector.h"
+#include "system_monitor_lib/live/PlatformCollectors.h"
 
 namespace {
 
@@ -26,9 +27,12 @@ LiveSource::LiveSource(const MachineRoots &roots, const MonotonicClock &clock)
 bool LiveSource::open()
 {
     m_collectors.clear();
-    m_collectors.push_back(std::make_unique<CpuLoadCollector>(m_roots, cpuGroup(m_roots)));
+    const QString processor = cpuGroup(m_roots);
+    m_collectors.push_back(std::make_unique<CpuLoadCollector>(m_roots, processor));
     m_collectors.push_back(std::make_unique<MemoryCollector>(m_roots));
     m_collectors.push_back(std::make_unique<NetworkCollector>(m_roots));
+    for (auto &collector : platformCollectors(m_roots, processor))
+        m_collectors.push_back(std::move(collector));
     const bool readable = sample(m_clock());
     if (!readable)
         qWarning("No readings of this machine can be read");

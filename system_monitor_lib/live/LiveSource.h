@@ -16,7 +16,7 @@ public:
     /// A sample of at most this age serves further queries.
     static constexpr std::chrono::nanoseconds freshness = std::chrono::milliseconds(250);
 
-    explicit LiveSource(const MachineRoots &roots = {},
+    explicit LiveSource(const MachineRoots &roots = thisMachine(),
                         const MonotonicClock &clock = monotonicNanoseconds);
 
     /// Takes the first sample, from which the first rates are counted. False when nothing of this

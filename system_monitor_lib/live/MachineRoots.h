@@ -2,10 +2,26 @@
 
 #include <QString>
 
-/// Where the kernel's file systems of readings lie; another place holds a captured machine.
-/// Without meaning on systems that have none.
+/// Where the readings of a machine lie; another place holds a captured machine. Without meaning on
+/// systems that have no such files.
 struct MachineRoots
 {
     QString proc = QStringLiteral("/proc");
     QString sys = QStringLiteral("/sys");
+    /// The list of PCI devices by number; empty when there is none.
+    QString pciIds = {};
+    /// NVIDIA's management library, loaded when it is there; empty when it shall not be.
+    QString nvidiaLibrary = {};
+    /// Whether the chips of the board are read. They are always those of this machine.
+    bool boardChips = false;
 };
+
+/// Everything that this machine has.
+inline MachineRoots thisMachine()
+{
+    MachineRoots roots;
+    roots.pciIds = QStringLiteral("/usr/share/misc/pci.ids");
+    roots.nvidiaLibrary = QStringLiteral("libnvidia-ml.so.1");
+    roots.boardChips = true;
+    return roots;
+}

@@ -11,6 +11,8 @@
 /// the counters did meanwhile says nothing about now.
 inline constexpr std::chrono::nanoseconds longestInterval = std::chrono::seconds(10);
 
+inline constexpr double microjoulesPerJoule = 1'000'000;
+
 /// Whether a rate may be computed over \a nanoseconds: more than none, at most longestInterval.
 bool isUsableInterval(qint64 nanoseconds);
 

@@ -1,0 +1,39 @@
+#include "system_monitor_lib/live/GpuCollector.h"
+
+#include <algorithm>
+
+namespace {
+
+/// Its name, and its place as well where several GPUs bear that name.
+QString distinctName(const GpuState &gpu, const std::vector<GpuState> &gpus)
+{
+    const auto namesakes = std::count_if(
+        gpus.begin(), gpus.end(), [&gpu](const GpuState &other) { return other.name == gpu.name; });
+    return namesakes > 1 ? QStringLiteral("%1 (%2)").arg(gpu.name, gpu.place) : gpu.name;
+}
+
+} // namespace
+
+GpuCollector::GpuCollector(std::vector<std::unique_ptr<GpuSource>> sources)
+    : m_sources(std::move(sources))
+{
+}
+
+bool GpuCollector::collect(qint64 nowNs, SensorTrees &trees)
+{
+    std::vector<GpuState> gpus;
+    for (const auto &source : m_sources) {
+        for (GpuState &gpu : source->read(nowNs))
+            gpus.push_back(std::move(gpu));
+    }
+    std::stable_sort(gpus.begin(), gpus.end(),
+                     [](const GpuState &a, const GpuState &b) { return a.memory > b.memory; });
+    int number = 0;
+    for (const GpuState &gpu : gpus) {
+        const QString name = distinctName(gpu, gpus);
+        trees.addDevice(Query::GpuInfo, name, gpu.labels);
+        trees.addDevice(Query::AllSensorsData,
+                        QStringLiteral("GPU [#%1]: %2").arg(number++).arg(name), gpu.labels);
+    }
+    return !gpus.empty();
+}

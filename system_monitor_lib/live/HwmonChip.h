@@ -1,0 +1,22 @@
+#pragma once
+
+#include "system_monitor_lib/live/MachineRoots.h"
+
+#include <optional>
+#include <vector>
+
+/// A chip of /sys/class/hwmon (Documentation/hwmon/sysfs-interface in the kernel).
+struct HwmonChip
+{
+    /// The name that its driver gives it.
+    QString name;
+    /// Its folder, every link resolved, so that another chip that takes its number later has
+    /// another folder.
+    QString directory;
+};
+
+/// The chips that are there now.
+std::vector<HwmonChip> hwmonChips(const MachineRoots &roots);
+
+/// The path of the input of the temperature whose label is \a label; empty when there is none.
+QString temperatureInput(const HwmonChip &chip, const QString &label);

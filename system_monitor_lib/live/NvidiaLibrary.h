@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+/// What one NVIDIA GPU tells. What its driver does not support is absent.
+struct NvidiaReadings
+{
+    std::optional<unsigned> celsius;
+    std::optional<unsigned> clockMhz;
+    std::optional<unsigned> memoryClockMhz;
+    std::optional<unsigned> loadPercent;
+    std::optional<unsigned> milliwatts;
+    struct Memory
+    {
+        quint64 usedBytes = 0;
+        quint64 totalBytes = 0;
+    };
+    std::optional<Memory> memory;
+};
+
+/// NVIDIA's management library while it is loaded and initialised. Its functions are declared here
+/// as its public reference gives them; only those that every release has are required.
+class NvidiaLibrary
+{
+public:
+    /// Null when the library is missing or lacks a required function, or when its driver does not
+    /// answer.
+    static std::unique_ptr<NvidiaLibrary> load(const QString &fileName);
+    ~NvidiaLibrary();
+    Q_DISABLE_COPY(NvidiaLibrary)
+
+    /// The number of GPUs; nothing when the driver has gone.
+    [[nodiscard]] std::optional<unsigned> count() const;
+    /// Empty when there is no such GPU.
+    [[nodiscard]] QString name(unsigned index) const;
+    /// Nothing when the GPU is lost.
+    [[nodiscard]] std::optional<NvidiaReadings> read(unsigned index) const;
+
+private:
+    class Private;
+    explicit NvidiaLibrary(std::unique_ptr<Private> loaded);
+
+    const std::unique_ptr<Private> d;
+};

@@ -1,0 +1,33 @@
+#include "system_monitor_lib/live/PlatformCollectors.h"
+
+#include "system_monitor_lib/live/CpuClockCollector.h"
+#include "system_monitor_lib/live/CpuTemperatureCollector.h"
+#include "system_monitor_lib/live/DriveCollector.h"
+#include "system_monitor_lib/live/GpuCollector.h"
+#include "system_monitor_lib/live/NvidiaGpus.h"
+#include "system_monitor_lib/live/RaplCollector.h"
+#include "system_monitor_lib/live/SysfsGpus.h"
+
+namespace {
+
+std::vector<std::unique_ptr<GpuSource>> gpuSources(const MachineRoots &roots)
+{
+    std::vector<std::unique_ptr<GpuSource>> sources;
+    sources.push_back(std::make_unique<SysfsGpus>(roots));
+    sources.push_back(std::make_unique<NvidiaGpus>(roots));
+    return sources;
+}
+
+} // namespace
+
+std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &roots,
+                                                           const QString &cpuGroup)
+{
+    std::vector<std::unique_ptr<Collector>> collectors;
+    collectors.push_back(std::make_unique<CpuClockCollector>(roots, cpuGroup));
+    collectors.push_back(std::make_unique<CpuTemperatureCollector>(roots, cpuGroup));
+    collectors.push_back(std::make_unique<RaplCollector>(roots, cpuGroup));
+    collectors.push_back(std::make_unique<DriveCollector>(roots));
+    collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
+    return collectors;
+}
