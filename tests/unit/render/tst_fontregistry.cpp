@@ -37,7 +37,7 @@ private Q_SLOTS:
     void refusesBrokenFiles_data();
     void refusesBrokenFiles();
     void refusesAPipeWithoutWaiting();
-    void refusesATruncatedFont();
+    void survivesTruncatedFonts();
 
     void listsAFamilyOverSeveralFiles();
     void listsTheDefaultFontWithItsStyle();
@@ -303,16 +303,22 @@ void tst_FontRegistry::refusesAPipeWithoutWaiting()
     QVERIFY(systemInfor::fontlist_one.isEmpty());
 }
 
-/// What is left may be a font or not; later files are loaded in any case.
-void tst_FontRegistry::refusesATruncatedFont()
+/// Of half a font, some glyphs are left: it may be taken, and then it paints what it can.
+void tst_FontRegistry::survivesTruncatedFonts()
 {
     const QByteArray font = renamed(fontData("Roboto-Bold.ttf"), "Cutcut");
     SKIP_WITHOUT(font, "fonts-roboto-unhinted");
-    for (const int size : {1, 12, 100, 1000, 20000, font.size() / 2}) {
+    for (const int size : {1, 12, 100, 1000}) {
         loadFont(write(QStringLiteral("truncated%1.ttf").arg(size), font.left(size)));
         QCOMPARE(listedSpecs(), QStringList());
     }
-    loadFont(write(QStringLiteral("almost.ttf"), font.left(font.size() - 1000)));
+    normalAction key(nullptr, QString(), QStringLiteral("ctx"));
+    for (const int size : {20000, font.size() / 2, font.size() - 1000}) {
+        loadFont(write(QStringLiteral("truncated%1.ttf").arg(size), font.left(size)));
+        key.setFontFromSpec(QStringLiteral("Cutcut|Bold"));
+        key.font.setPixelSize(24);
+        QVERIFY(!key.normalPainting(QStringLiteral("CPU: 45°C, wxyz")).isEmpty());
+    }
     loadFont(write(QStringLiteral("whole.ttf"), font));
     QCOMPARE(listedSpecs(), QStringList{QStringLiteral("Cutcut")});
 }
@@ -458,9 +464,11 @@ void tst_FontRegistry::makesAFontOfAnUnknownStyle()
     const QByteArray regular = renamed(fontData("Roboto-Regular.ttf"), "Bazbaz");
     SKIP_WITHOUT(regular, "fonts-roboto-unhinted");
     loadFont(write(QStringLiteral("Bazbaz.ttf"), regular));
-    const QFont font = fontregistry::fontFromSpec(QStringLiteral("Bazbaz|Fantasy|Bold"), 12);
+    const QString style = QStringLiteral("Fantasy|Bold");
+    const QFont nearest = QFontDatabase().font(QStringLiteral("Bazbaz"), style, 12);
+    const QFont font = fontregistry::fontFromSpec(QStringLiteral("Bazbaz|") + style, 12);
     QCOMPARE(font.family(), QStringLiteral("Bazbaz"));
-    QCOMPARE(font.styleName(), QStringLiteral("Fantasy|Bold"));
+    QCOMPARE(font.styleName(), nearest.exactMatch() ? nearest.styleName() : style);
 
     const QFont unknown = fontregistry::fontFromSpec(QStringLiteral("No such family|Bold"), 12);
     QCOMPARE(unknown.styleName(), QStringLiteral("Bold"));
