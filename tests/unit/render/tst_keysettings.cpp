@@ -33,8 +33,8 @@ namespace {
 
 QJsonObject object(const char *json)
 {
-    QJsonParseError error;
-    const QJsonObject result = QJsonDocument::fromJson(json, &error).object();
+    QJsonParseError error{};
+    QJsonObject result = QJsonDocument::fromJson(json, &error).object();
     if (error.error != QJsonParseError::NoError)
         qFatal("%s: %s", json, qPrintable(error.errorString()));
     return result;

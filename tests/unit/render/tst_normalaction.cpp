@@ -38,8 +38,8 @@ namespace {
 
 QJsonObject object(const QByteArray &json)
 {
-    QJsonParseError error;
-    const QJsonObject result = QJsonDocument::fromJson(json, &error).object();
+    QJsonParseError error{};
+    QJsonObject result = QJsonDocument::fromJson(json, &error).object();
     if (error.error != QJsonParseError::NoError)
         qFatal("%s: %s", json.constData(), qPrintable(error.errorString()));
     return result;
