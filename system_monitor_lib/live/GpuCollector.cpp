@@ -26,12 +26,16 @@ bool GpuCollector::collect(qint64 nowNs, SensorTrees &trees)
         for (GpuState &gpu : source->read(nowNs))
             gpus.push_back(std::move(gpu));
     }
-    std::stable_sort(gpus.begin(), gpus.end(),
-                     [](const GpuState &a, const GpuState &b) { return a.memory > b.memory; });
+    std::stable_sort(gpus.begin(), gpus.end(), [](const GpuState &a, const GpuState &b) {
+        return std::make_pair(!a.labels.isEmpty(), a.memory) >
+               std::make_pair(!b.labels.isEmpty(), b.memory);
+    });
     int number = 0;
     for (const GpuState &gpu : gpus) {
         const QString name = distinctName(gpu, gpus);
-        trees.addDevice(Query::GpuInfo, name, gpu.labels);
+        // Readers might choose a GPU that says nothing over one that does.
+        if (!gpu.labels.isEmpty())
+            trees.addDevice(Query::GpuInfo, name, gpu.labels);
         trees.addDevice(Query::AllSensorsData,
                         QStringLiteral("GPU [#%1]: %2").arg(number++).arg(name), gpu.labels);
     }

@@ -6,7 +6,7 @@
 #include <memory>
 
 /// The readings of each GPU, for the GPU query and the groups "GPU [#N]: NAME". The GPU with the
-/// most memory of its own is number 0.
+/// most memory of its own is number 0; one that sleeps comes last and has a group only.
 class GpuCollector : public Collector
 {
 public:

@@ -1,0 +1,132 @@
+// Stands in for NVIDIA's management library. Its behaviour is steered by environment variables of
+// the process: FAKE_NVML_FAIL holds names of functions that answer FAKE_NVML_CODE, FAKE_NVML_LOST
+// the number of a GPU that is lost. FakeNvmlInits counts how often it is in use.
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace {
+
+constexpr int success = 0;
+constexpr int gpuIsLost = 15;
+constexpr unsigned gpus = 2;
+
+int inUse = 0;
+
+// The tests set these before they call, from the same thread.
+std::string variable(const char *name)
+{
+    const char *const value = std::getenv(name); // NOLINT(concurrency-mt-unsafe)
+    return value ? value : "";
+}
+
+int answer(const char *function)
+{
+    if (inUse == 0)
+        return 1;
+    const bool fails = variable("FAKE_NVML_FAIL").find(function) != std::string::npos;
+    return fails ? std::atoi(variable("FAKE_NVML_CODE").c_str()) : success;
+}
+
+} // namespace
+
+struct FakeGpu
+{
+    unsigned index;
+};
+
+struct FakeUtilization
+{
+    unsigned gpu;
+    unsigned memory;
+};
+
+struct FakeMemory
+{
+    unsigned long long total;
+    unsigned long long free;
+    unsigned long long used;
+};
+
+#define EXPORTED extern "C" __attribute__((visibility("default")))
+
+EXPORTED int fakeNvmlInUse()
+{
+    return inUse;
+}
+
+EXPORTED int nvmlInit_v2()
+{
+    ++inUse;
+    const int code = answer("Init");
+    if (code != success)
+        --inUse;
+    return code;
+}
+
+EXPORTED int nvmlShutdown()
+{
+    --inUse;
+    return success;
+}
+
+EXPORTED int nvmlDeviceGetCount_v2(unsigned *count)
+{
+    *count = gpus;
+    return answer("Count");
+}
+
+EXPORTED int nvmlDeviceGetHandleByIndex_v2(unsigned index, FakeGpu **device)
+{
+    static FakeGpu known[gpus] = {{0}, {1}};
+    if (index >= gpus)
+        return 2;
+    if (variable("FAKE_NVML_LOST") == std::to_string(index))
+        return gpuIsLost;
+    *device = &known[index];
+    return answer("Handle");
+}
+
+EXPORTED int nvmlDeviceGetName(FakeGpu *device, char *name, unsigned length)
+{
+    std::snprintf(name, length, "%s",
+                  device->index == 0 ? "NVIDIA GeForce GT 1030" : "NVIDIA GeForce RTX 3060");
+    return answer("Name");
+}
+
+EXPORTED int nvmlDeviceGetTemperature(FakeGpu *device, int /*sensor*/, unsigned *celsius)
+{
+    *celsius = device->index == 0 ? 35 : 61;
+    return answer("Temperature");
+}
+
+EXPORTED int nvmlDeviceGetClockInfo(FakeGpu *device, int kind, unsigned *megahertz)
+{
+    const unsigned first = kind == 2 ? 405 : 300;
+    const unsigned second = kind == 2 ? 7501 : 1807;
+    *megahertz = device->index == 0 ? first : second;
+    return answer(kind == 2 ? "MemoryClock" : "GraphicsClock");
+}
+
+EXPORTED int nvmlDeviceGetUtilizationRates(FakeGpu *device, FakeUtilization *rates)
+{
+    *rates = {device->index == 0 ? 0U : 42U, 7};
+    return answer("Utilization");
+}
+
+EXPORTED int nvmlDeviceGetMemoryInfo(FakeGpu *device, FakeMemory *memory)
+{
+    constexpr unsigned long long megabyte = 1024ULL * 1024;
+    *memory = device->index == 0 ? FakeMemory{2048 * megabyte, 1536 * megabyte, 512 * megabyte}
+                                 : FakeMemory{12288 * megabyte, 9216 * megabyte, 3072 * megabyte};
+    return answer("MemoryInfo");
+}
+
+EXPORTED int nvmlDeviceGetPowerUsage(FakeGpu *device, unsigned *milliwatts)
+{
+    *milliwatts = 128500;
+    // The small card has no sensor for it.
+    return device->index == 0 ? 3 : answer("Power");
+}

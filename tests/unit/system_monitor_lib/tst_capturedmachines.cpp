@@ -1,0 +1,107 @@
+#include "system_monitor_lib/live/LiveSource.h"
+#include "tests/unit/system_monitor_lib/machine.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+constexpr qint64 second = 1'000'000'000;
+
+struct Operation
+{
+    const char *name;
+    Query query;
+};
+
+constexpr Operation operations[] = {
+    {"getSystemInfo", Query::SystemInfo},
+    {"getMemoryTimingsInfo", Query::MemoryTimingsInfo},
+    {"getCPUInfo", Query::CpuInfo},
+    {"getCPUDTSInfo", Query::CpuDtsInfo},
+    {"getCPUEnhancedInfo", Query::CpuEnhancedInfo},
+    {"getGPUInfo", Query::GpuInfo},
+    {"getNetworkInfo", Query::NetworkInfo},
+    {"getSMARTInfo", Query::SmartInfo},
+    {"getPresentMon", Query::PresentMon},
+};
+
+/// One line per reading and per device without readings.
+void describe(const QString &path, const QJsonObject &tree, QStringList &lines)
+{
+    if (tree.isEmpty())
+        lines += path;
+    for (auto member = tree.begin(); member != tree.end(); ++member) {
+        const QString name = QStringLiteral("%1 | %2").arg(path, member.key());
+        const QJsonObject first = member.value().toArray().at(0).toObject();
+        if (member.value().isObject())
+            describe(name, member.value().toObject(), lines);
+        else
+            lines += QStringLiteral("%1 = %2 %3")
+                         .arg(name)
+                         .arg(first.value(QStringLiteral("value")).toDouble(-1), 0, 'g', 9)
+                         .arg(first.value(QStringLiteral("units")).toString());
+    }
+}
+
+QStringList describe(LiveSource &source)
+{
+    QStringList lines;
+    for (const Operation &operation : operations) {
+        const QJsonObject tree = source.tree(operation.query);
+        if (!tree.isEmpty())
+            describe(QString::fromLatin1(operation.name), tree, lines);
+    }
+    for (const QString &group : source.tree(Query::AllSensorsData).keys())
+        lines += QStringLiteral("group %1").arg(group);
+    return lines;
+}
+
+} // namespace
+
+class CapturedMachinesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void givesItsReadings_data();
+    void givesItsReadings();
+};
+
+void CapturedMachinesTest::givesItsReadings_data()
+{
+    QTest::addColumn<QString>("machine");
+    for (const char *const name : {"intel-desktop", "amd-desktop", "hybrid-laptop",
+                                   "nvidia-desktop", "headless-server", "arm-board"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void CapturedMachinesTest::givesItsReadings()
+{
+    QFETCH(const QString, machine);
+    const QTemporaryDir directory;
+    QVERIFY(directory.isValid());
+    QVERIFY(unpackMachine(machine, QString(), directory.path()));
+    MachineRoots roots{directory.filePath(QStringLiteral("proc")),
+                       directory.filePath(QStringLiteral("sys"))};
+    roots.pciIds = QStringLiteral(FIXTURES_DIRECTORY "/machines/pci.ids");
+    if (machine == QLatin1String("nvidia-desktop"))
+        roots.nvidiaLibrary = QStringLiteral(NVIDIA_LIBRARY);
+
+    qint64 now = second;
+    LiveSource source(roots, [&now] { return now; });
+    QVERIFY(source.open());
+    QVERIFY(unpackMachine(machine, QStringLiteral("then"), directory.path()));
+    now += 30 * second;
+    source.tree(Query::SystemInfo);
+    QVERIFY(unpackMachine(machine, QStringLiteral("later"), directory.path()));
+    now += second;
+
+    const QStringList expected =
+        QString::fromUtf8(fixture(QStringLiteral("machines/%1.readings").arg(machine)))
+            .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(describe(source), expected);
+}
+
+QTEST_GUILESS_MAIN(CapturedMachinesTest)
+#include "tst_capturedmachines.moc"
