@@ -14,10 +14,11 @@ namespace {
 /// The raster paint engine draws nothing beyond this coordinate.
 constexpr int longestSide = 32767;
 
-// Pictures are painted on the thread that serves every key, once a second each. Encoding takes some
-// 60 ms for a million pixels, drawing up to 0.1 ms for a character of the largest font, whether it
-// has a width of its own or is one of many marks on a letter. With these limits no picture holds up
-// the others for much longer than half a second.
+/// Most pictures are narrower and painted in one go.
+constexpr int stripWidth = 512;
+
+// Pictures are painted on the thread that serves every key, once a second each. With these limits
+// no picture holds up the others for much longer than half a second, most of it for its encoding.
 bool canBePainted(const QSize &size, const QVector<PictureLine> &lines)
 {
     if (size.isEmpty() || size.width() > longestSide || size.height() > longestSide)
@@ -52,8 +53,13 @@ QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const 
     pen.setColor(QColor(style.color));
     painter.setPen(pen);
     painter.setOpacity(style.opacity);
-    for (const PictureLine &line : lines)
-        painter.drawText(line.rect, style.alignment, line.text);
+    // Above 64 pixels letters are filled as outlines, whose cost grows with the square of the
+    // line's length. In strips it stays in proportion, and the picture is the same.
+    for (int x = 0; x < size.width(); x += stripWidth) {
+        painter.setClipRect(x, 0, stripWidth, size.height());
+        for (const PictureLine &line : lines)
+            painter.drawText(line.rect, style.alignment, line.text);
+    }
     return picture;
 }
 

@@ -10,6 +10,8 @@
 #include <QFontMetrics>
 #include <QtTest>
 
+#include <ctime>
+
 #include <algorithm>
 #include <climits>
 #include <utility>
@@ -41,6 +43,8 @@ private Q_SLOTS:
     void emptyLinesGiveNoPicture();
     void longTextsGiveNoPictureSoon_data();
     void longTextsGiveNoPictureSoon();
+    void longLinesAreDrawnSoon_data();
+    void longLinesAreDrawnSoon();
     void longSecondLineGivesNoPicture();
     void paintsNoPictureAboveItsLimits_data();
     void paintsNoPictureAboveItsLimits();
@@ -408,6 +412,29 @@ void tst_KeyPainting::longTextsGiveNoPictureSoon()
     QVERIFY(key.keyImage.isNull());
     QCOMPARE(key.displayedText, text);
     QVERIFY(key.imageWidth >= 0);
+}
+
+void tst_KeyPainting::longLinesAreDrawnSoon_data()
+{
+    QTest::addColumn<int>("pixelSize");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("outlines of Chinese letters") << 66 << QString(480, QChar(0x9F98));
+    QTest::newRow("outlines of Latin letters") << 80 << QString(480, QLatin1Char('R'));
+    QTest::newRow("large letters") << 220 << QString(140, QLatin1Char('R'));
+}
+
+void tst_KeyPainting::longLinesAreDrawnSoon()
+{
+    QFETCH(int, pixelSize);
+    QFETCH(QString, text);
+    Key key;
+    key.font.setPixelSize(pixelSize);
+    const MessageCapture capture;
+    const std::clock_t before = std::clock();
+    QVERIFY(key.normalPainting(text).size() > dataUrl.size());
+    // Processor time: without strips these take 2.4 to 5.3 seconds.
+    const double seconds = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+    QVERIFY2(seconds < 1.5, qPrintable(QString::number(seconds)));
 }
 
 void tst_KeyPainting::longSecondLineGivesNoPicture()
