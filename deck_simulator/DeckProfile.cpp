@@ -26,6 +26,47 @@ const ProfileKey profileKeys[] = {
     {"Total MB of memory", "com.quellor.stream.system.Memory_Total_MB", "Total"},
 };
 
+/// A key of the settings deck: what differs from the usual settings.
+struct SettingsKey
+{
+    const char *name;
+    const char *action;
+    QJsonObject changes;
+};
+
+const char *const cpuAction = "com.quellor.stream.system.cpu";
+const char *const networkAction = "com.quellor.stream.system.NetWork";
+
+QJsonObject change(const char *member, const QJsonValue &value)
+{
+    return {{QString::fromUtf8(member), value}};
+}
+
+QJsonObject twoLines(const char *title)
+{
+    return {{QStringLiteral("text"), QString::fromUtf8(title)},
+            {QStringLiteral("titleLines"), QStringLiteral("双行显示")}};
+}
+
+QVector<SettingsKey> settingsKeys()
+{
+    return {
+        {"Title", cpuAction, change("text", QStringLiteral("CPU"))},
+        {"Title hidden", cpuAction, change("showTitle", false)},
+        {"Title empty", cpuAction, change("text", QString())},
+        {"Title in Chinese", cpuAction, change("text", QStringLiteral("CPU使用率"))},
+        {"Two lines", networkAction, twoLines("Up/Down")},
+        {"Two lines, slash alone", networkAction, twoLines("/")},
+        {"Two lines, no slash", networkAction, twoLines("Net")},
+        {"Size 12", cpuAction, change("fontSize", 12)},
+        {"Size 60", cpuAction, change("fontSize", 60)},
+        {"Colour by name", cpuAction, change("color", QStringLiteral("orange"))},
+        {"Colour by number", cpuAction, change("color", QStringLiteral("#40c0ff"))},
+        {"Opacity 0.5", cpuAction, change("opacity", 0.5)},
+        {"Opacity 1", cpuAction, change("opacity", 1.0)},
+    };
+}
+
 QString contextOf(int index)
 {
     return QStringLiteral("key-%1").arg(index + 1, 2, 10, QLatin1Char('0'));
@@ -58,6 +99,25 @@ QJsonObject keySettings(const QString &title, const QString &titleLines)
             {QStringLiteral("ActionGeometry"), geometry}};
 }
 
+namespace {
+
+QJsonObject changedSettings(const QJsonObject &changes)
+{
+    QJsonObject settings = keySettings(QStringLiteral("CPU"), QStringLiteral("单行显示"));
+    QJsonObject parameters = settings.value(QLatin1String("titleParameters")).toObject();
+    for (auto member = changes.begin(); member != changes.end(); ++member)
+        parameters.insert(member.key(), member.value());
+    settings.insert(QStringLiteral("titleParameters"), parameters);
+    return settings;
+}
+
+QSize gridFor(int keys, int columns)
+{
+    return {columns, (keys + columns - 1) / columns};
+}
+
+} // namespace
+
 DeckProfile defaultDeck(int columns)
 {
     DeckProfile deck;
@@ -67,6 +127,23 @@ DeckProfile defaultDeck(int columns)
             QString::fromUtf8(key.name), QString::fromUtf8(key.action), contextOf(deck.keys.size()),
             keySettings(QString::fromUtf8(key.title), QString::fromUtf8(key.titleLines))));
     }
-    deck.grid = QSize(columns, (deck.keys.size() + columns - 1) / columns);
+    deck.grid = gridFor(deck.keys.size(), columns);
+    return deck;
+}
+
+DeckProfile settingsDeck(int columns, const QStringList &fontSpecs)
+{
+    DeckProfile deck;
+    deck.name = QStringLiteral("Settings deck");
+    const auto append = [&deck](const QString &name, const char *action,
+                                const QJsonObject &changes) {
+        deck.keys.append(DeckKey(name, QString::fromUtf8(action), contextOf(deck.keys.size()),
+                                 changedSettings(changes)));
+    };
+    for (const SettingsKey &key : settingsKeys())
+        append(QString::fromUtf8(key.name), key.action, key.changes);
+    for (const QString &spec : fontSpecs)
+        append(spec, cpuAction, change("fontFamily", spec));
+    deck.grid = gridFor(deck.keys.size(), columns);
     return deck;
 }

@@ -5,6 +5,7 @@
 #include <QJsonObject>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 /// Width and height of a key in pixels, as the host tells the plugin.
@@ -25,3 +26,7 @@ QJsonObject keySettings(const QString &title, const QString &titleLines);
 /// The deck that the simulator starts with, \a columns keys wide: the metrics that every machine
 /// has.
 DeckProfile defaultDeck(int columns);
+
+/// A deck that shows what settings do, \a columns keys wide: titles, lines, sizes, colours and
+/// transparency, and one key for each of \a fontSpecs ("FAMILY|STYLE").
+DeckProfile settingsDeck(int columns, const QStringList &fontSpecs);

@@ -2,6 +2,7 @@
 
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QFontDatabase>
 #include <QMap>
 #include <QStandardPaths>
 
@@ -30,4 +31,20 @@ QVector<FontFile> findRobotoFiles(const QStringList &folders)
 QStringList fontFolders()
 {
     return QStandardPaths::standardLocations(QStandardPaths::FontsLocation);
+}
+
+QStringList fontSpecs(const QVector<FontFile> &files)
+{
+    QStringList specs;
+    for (const FontFile &file : files) {
+        const int id = QFontDatabase::addApplicationFont(file.path);
+        const QStringList families = QFontDatabase::applicationFontFamilies(id);
+        for (const QString &family : families) {
+            const QStringList styles = QFontDatabase().styles(family);
+            for (const QString &style : styles)
+                specs.append(family + QLatin1Char('|') + style);
+        }
+    }
+    specs.removeDuplicates();
+    return specs;
 }

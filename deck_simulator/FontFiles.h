@@ -16,5 +16,9 @@ FontFile fontFile(const QString &path);
 /// The files of the Roboto family anywhere below \a folders, sorted by name; each name once.
 QVector<FontFile> findRobotoFiles(const QStringList &folders);
 
+/// "FAMILY|STYLE" of every face in \a files, each once, in the files' order. Needs a GUI
+/// application object.
+QStringList fontSpecs(const QVector<FontFile> &files);
+
 /// The machine's font folders.
 QStringList fontFolders();

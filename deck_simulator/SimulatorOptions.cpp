@@ -39,6 +39,16 @@ const QCommandLineOption &fontOption()
     return option;
 }
 
+const QCommandLineOption &deckOption()
+{
+    static const QCommandLineOption option(
+        QStringLiteral("deck"),
+        QStringLiteral("What the keys show: \"readings\", or \"settings\" for one key per setting "
+                       "and font. Default: readings."),
+        QStringLiteral("NAME"), QStringLiteral("readings"));
+    return option;
+}
+
 const QCommandLineOption &workFolderOption()
 {
     static const QCommandLineOption option(
@@ -202,6 +212,9 @@ ParsedOptions readOptions(const QCommandLineParser &parser, const QString &defau
     options.language = reader.text(languageOption());
     options.fontFiles = reader.readableFiles(fontOption());
     options.workFolder = reader.text(workFolderOption());
+    options.settingsDeck = parser.value(deckOption()) == QLatin1String("settings");
+    if (!options.settingsDeck && parser.value(deckOption()) != QLatin1String("readings"))
+        reader.complain(QStringLiteral("--deck is \"readings\" or \"settings\"."));
     options.snapshotFile = reader.text(snapshotOption());
     options.columns = reader.integer(columnsOption(), 1, 16);
     options.keySize = reader.integer(keySizeOption(), 32, 512);
@@ -228,9 +241,9 @@ ParsedOptions parseOptions(const QStringList &arguments, const QString &defaultP
                                   QStringLiteral("Show this text."));
     const QCommandLineOption version = parser.addVersionOption();
     parser.addOption(help);
-    parser.addOptions({pluginOption(), languageOption(), fontOption(), workFolderOption(),
-                       snapshotOption(), afterOption(), secondsOption(), columnsOption(),
-                       keySizeOption(), quietOption()});
+    parser.addOptions({pluginOption(), languageOption(), fontOption(), deckOption(),
+                       workFolderOption(), snapshotOption(), afterOption(), secondsOption(),
+                       columnsOption(), keySizeOption(), quietOption()});
     if (!parser.parse(arguments))
         return refusal(parser.errorText());
     if (parser.isSet(help))

@@ -11,11 +11,12 @@ struct SimulatorOptions
 {
     QString plugin; ///< The plugin's executable.
     QString language = QStringLiteral("en");
-    QStringList fontFiles; ///< Empty: the Roboto files of this machine.
-    QString workFolder;    ///< Empty: a temporary folder.
-    QString snapshotFile;  ///< Empty: no snapshot.
-    int columns = 5;       ///< Keys in a row, 1 to 16.
-    int keySize = 144;     ///< Pixels of a key on the snapshot, 32 to 512.
+    QStringList fontFiles;     ///< Empty: the Roboto files of this machine.
+    QString workFolder;        ///< Empty: a temporary folder.
+    bool settingsDeck = false; ///< The deck that shows what settings do, instead of readings.
+    QString snapshotFile;      ///< Empty: no snapshot.
+    int columns = 5;           ///< Keys in a row, 1 to 16.
+    int keySize = 144;         ///< Pixels of a key on the snapshot, 32 to 512.
     bool quiet = false;
     /// When the snapshot is taken, counted from the appearance of the keys.
     std::chrono::milliseconds snapshotAfter{4000};

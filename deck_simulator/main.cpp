@@ -32,6 +32,12 @@ SessionSettings sessionSettings(const SimulatorOptions &options)
     return settings;
 }
 
+DeckProfile chosenDeck(const SimulatorOptions &options, const QVector<FontFile> &fonts)
+{
+    return options.settingsDeck ? settingsDeck(options.columns, fontSpecs(fonts))
+                                : defaultDeck(options.columns);
+}
+
 // A GUI application object would take "--plugin" for itself, so the arguments are read before there
 // is one.
 ParsedOptions readCommandLine(int argc, char *argv[])
@@ -55,7 +61,8 @@ int main(int argc, char *argv[])
     chooseDisplayPlatform();
     int programNameOnly = 1;
     const QGuiApplication application(programNameOnly, argv);
-    DeckSession session(sessionSettings(*parsed.options), defaultDeck(parsed.options->columns));
+    const SessionSettings settings = sessionSettings(*parsed.options);
+    DeckSession session(settings, chosenDeck(*parsed.options, settings.fonts));
     HeadlessRun run(*parsed.options, &session);
     const InterruptWatcher interrupts;
     QObject::connect(&interrupts, &InterruptWatcher::interrupted, &run, &HeadlessRun::interrupt);

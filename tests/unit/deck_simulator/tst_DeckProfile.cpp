@@ -14,6 +14,7 @@ class tst_DeckProfile : public QObject
 
 private Q_SLOTS:
     void givesEveryKeyCompleteSettings();
+    void showsSettingsAndFonts();
     void hasBothNetworkLayouts();
     void fillsTheGridByColumns_data();
     void fillsTheGridByColumns();
@@ -63,6 +64,29 @@ void tst_DeckProfile::givesEveryKeyCompleteSettings()
         QCOMPARE(geometry.value(QLatin1String("height")).toInt(), 144);
     }
     QCOMPARE(contexts.size(), deck.keys.size());
+}
+
+void tst_DeckProfile::showsSettingsAndFonts()
+{
+    const QStringList specs{QStringLiteral("Foo|Bold"), QStringLiteral("Foo|Italic")};
+    const DeckProfile deck = settingsDeck(4, specs);
+    const int others = deck.keys.size() - specs.size();
+    QCOMPARE(deck.grid, QSize(4, (deck.keys.size() + 3) / 4));
+    QSet<QString> contexts;
+    QSet<QString> distinct;
+    for (const DeckKey &key : deck.keys) {
+        QCOMPARE(titleParameters(key).size(), 12);
+        contexts.insert(key.context());
+        distinct.insert(QString::fromUtf8(QJsonDocument(key.settings()).toJson()));
+    }
+    QCOMPARE(contexts.size(), deck.keys.size());
+    QCOMPARE(distinct.size(), deck.keys.size());
+    for (int i = 0; i < specs.size(); ++i) {
+        QCOMPARE(deck.keys.at(others + i).name(), specs.at(i));
+        QCOMPARE(
+            titleParameters(deck.keys.at(others + i)).value(QLatin1String("fontFamily")).toString(),
+            specs.at(i));
+    }
 }
 
 void tst_DeckProfile::hasBothNetworkLayouts()

@@ -35,6 +35,7 @@ void tst_SimulatorOptions::hasDefaults()
     QVERIFY(options.workFolder.isEmpty());
     QVERIFY(options.snapshotFile.isEmpty());
     QCOMPARE(options.columns, 5);
+    QVERIFY(!options.settingsDeck);
     QCOMPARE(options.keySize, 144);
     QVERIFY(!options.quiet);
     QVERIFY(!options.runFor.has_value());
@@ -43,12 +44,13 @@ void tst_SimulatorOptions::hasDefaults()
 void tst_SimulatorOptions::readsEverything()
 {
     const QString font = QFINDTESTDATA("tst_SimulatorOptions.cpp");
-    const ParsedOptions parsed = parse(
-        {QStringLiteral("--plugin"), QStringLiteral("p"), QStringLiteral("--language"),
-         QStringLiteral("zh_CN"), QStringLiteral("--font"), font, QStringLiteral("--font"), font,
-         QStringLiteral("--work-dir"), QStringLiteral("w"), QStringLiteral("--snapshot=s.png"),
-         QStringLiteral("--after=1.5"), QStringLiteral("--columns=8"),
-         QStringLiteral("--key-size=72"), QStringLiteral("--quiet")});
+    const ParsedOptions parsed =
+        parse({QStringLiteral("--plugin"), QStringLiteral("p"), QStringLiteral("--language"),
+               QStringLiteral("zh_CN"), QStringLiteral("--font"), font, QStringLiteral("--font"),
+               font, QStringLiteral("--work-dir"), QStringLiteral("w"),
+               QStringLiteral("--snapshot=s.png"), QStringLiteral("--after=1.5"),
+               QStringLiteral("--columns=8"), QStringLiteral("--deck=settings"),
+               QStringLiteral("--key-size=72"), QStringLiteral("--quiet")});
     QVERIFY2(parsed.options.has_value(), qPrintable(parsed.text));
     const SimulatorOptions &options = *parsed.options;
     QCOMPARE(options.plugin, QStringLiteral("p"));
@@ -58,6 +60,7 @@ void tst_SimulatorOptions::readsEverything()
     QCOMPARE(options.snapshotFile, QStringLiteral("s.png"));
     QCOMPARE(qint64(options.snapshotAfter.count()), qint64(1500));
     QCOMPARE(options.columns, 8);
+    QVERIFY(options.settingsDeck);
     QCOMPARE(options.keySize, 72);
     QVERIFY(options.quiet);
 
@@ -78,6 +81,7 @@ void tst_SimulatorOptions::refusesWrongUsage_data()
     row("missing value", {QStringLiteral("--plugin")}, "plugin");
     row("empty value", {QStringLiteral("--plugin=")}, "--plugin must not be empty");
     row("stray argument", {QStringLiteral("stray")}, "Unexpected argument: stray");
+    row("unknown deck", {QStringLiteral("--deck=x")}, "--deck");
     row("columns not a number", {QStringLiteral("--columns=x")}, "--columns");
     row("no columns", {QStringLiteral("--columns=0")}, "from 1 to 16");
     row("key too large", {QStringLiteral("--key-size=100000")}, "--key-size");
