@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdlib>
 #include <utility>
 
 /// The pictures of keys, against kept ones, and what cannot be painted.
@@ -30,6 +31,9 @@ private Q_SLOTS:
     void paintsOneLine();
     void paintsTwoLines_data();
     void paintsTwoLines();
+    void opacityIsATransparency_data();
+    void opacityIsATransparency();
+    void standsTheShorterLineFlushLeft();
     void composesOneLine_data();
     void composesOneLine();
     void composesTwoLines_data();
@@ -202,6 +206,50 @@ void tst_KeyPainting::paintsTwoLines()
                                       metrics.horizontalAdvance(lines.at(1))));
     QCOMPARE(key.imageHeight, 2 * metrics.height());
     comparePicture(key, url, QString::fromLatin1(QTest::currentDataTag()));
+}
+
+void tst_KeyPainting::opacityIsATransparency_data()
+{
+    QTest::addColumn<double>("opacity");
+    QTest::addColumn<int>("alpha");
+    QTest::newRow("0") << 0.0 << 255;
+    QTest::newRow("0.25") << 0.25 << 191;
+    QTest::newRow("0.5") << 0.5 << 127;
+    QTest::newRow("1") << 1.0 << 0;
+    QTest::newRow("2") << 2.0 << 0;
+    QTest::newRow("-1") << -1.0 << 255;
+}
+
+void tst_KeyPainting::opacityIsATransparency()
+{
+    if (!missingFonts.isEmpty())
+        QSKIP(qPrintable(missingFonts));
+    QFETCH(double, opacity);
+    QFETCH(int, alpha);
+    Key key;
+    key.font.setPixelSize(60);
+    key.opacity = opacity;
+    key.normalPainting(QStringLiteral("H"));
+    int strongest = 0;
+    for (int x = 0; x < key.imageWidth; ++x)
+        strongest = std::max(strongest, qAlpha(key.keyImage.pixel(x, key.imageHeight / 2)));
+    QVERIFY2(std::abs(strongest - alpha) <= 1, qPrintable(QString::number(strongest)));
+    QCOMPARE(qAlpha(key.keyImage.pixel(0, 0)), 0);
+}
+
+void tst_KeyPainting::standsTheShorterLineFlushLeft()
+{
+    if (!missingFonts.isEmpty())
+        QSKIP(qPrintable(missingFonts));
+    Key key;
+    key.paintingTwoLines(QStringLiteral("H"), QStringLiteral("HHHHHHHH"));
+    const int lineHeight = key.imageHeight / 2;
+    const QImage alone = pictureOf(Key().normalPainting(QStringLiteral("H")));
+    QVERIFY(alone.width() * 4 < key.imageWidth);
+    QCOMPARE(key.keyImage.copy(0, 0, alone.width(), lineHeight), alone);
+    QImage empty(key.imageWidth - alone.width(), lineHeight, QImage::Format_ARGB32);
+    empty.fill(Qt::transparent);
+    QCOMPARE(key.keyImage.copy(alone.width(), 0, empty.width(), lineHeight), empty);
 }
 
 void tst_KeyPainting::composesOneLine_data()
