@@ -16,7 +16,8 @@ struct BoardChip
 };
 
 /// The chips of the board, read through libsensors, which applies the user's own labels and
-/// corrections (sensors.conf(5)). GPUs and drives are not among them: they must not be woken.
+/// corrections (sensors.conf(5)). Its state is the whole process's, so there is one of these at a
+/// time. GPUs and drives are not among the chips: they must not be woken.
 class BoardChips
 {
 public:
