@@ -1,5 +1,6 @@
 #include "system_monitor_lib/live/PlatformCollectors.h"
 
+#include "system_monitor_lib/live/BoardCollector.h"
 #include "system_monitor_lib/live/CpuClockCollector.h"
 #include "system_monitor_lib/live/CpuTemperatureCollector.h"
 #include "system_monitor_lib/live/DriveCollector.h"
@@ -29,5 +30,7 @@ std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &r
     collectors.push_back(std::make_unique<RaplCollector>(roots, cpuGroup));
     collectors.push_back(std::make_unique<DriveCollector>(roots));
     collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
+    if (roots.boardChips)
+        collectors.push_back(std::make_unique<BoardCollector>(roots));
     return collectors;
 }

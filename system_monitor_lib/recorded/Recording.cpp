@@ -46,3 +46,14 @@ std::variant<Recording, QString> parseRecording(const QByteArray &json)
     }
     return recording;
 }
+
+QJsonObject recordingOf(const SensorTrees &trees)
+{
+    QJsonObject root;
+    for (const Member &member : members) {
+        const QJsonObject &tree = trees.tree(member.query);
+        if (!tree.isEmpty())
+            root.insert(QLatin1String(member.name), tree);
+    }
+    return root;
+}

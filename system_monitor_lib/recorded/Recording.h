@@ -19,3 +19,6 @@ struct Recording
 
 /// Gives the recording, or a text saying why \a json is none.
 std::variant<Recording, QString> parseRecording(const QByteArray &json);
+
+/// The members of a recording of \a trees; queries without readings are left out.
+QJsonObject recordingOf(const SensorTrees &trees);
