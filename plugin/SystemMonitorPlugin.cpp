@@ -2,6 +2,7 @@
 
 #include "SDK/ConnectionManager.h"
 #include "SDK/Logger/Logger.h"
+#include "plugin/KeySelections.h"
 #include "plugin/KeyTable.h"
 #include "plugin/SettingsReply.h"
 #include "render/normalAction.h"
@@ -52,11 +53,6 @@ int windowsVersion()
     return QSysInfo::windowsVersion();
 }
 QT_WARNING_POP
-
-QJsonObject settingsOf(const QJsonObject &payload)
-{
-    return payload.value(QLatin1String("settings")).toObject();
-}
 
 void logKeyEvent(const QString &event, const QString &action, const QString &context)
 {
@@ -155,9 +151,7 @@ void SystemMonitorPlugin::WillAppearForAction(const QString &action, const QStri
 {
     logKeyEvent(QStringLiteral("WillAppearForAction"), action, context);
     normalAction *const key = getOrCreateKey(action, context);
-    key->applySettings(payload);
-    sendSettingsReply(settingsReply(settingsOf(payload), *key, SettingsOccasion::WillAppear),
-                      context);
+    answerSettings(*key, payload, SettingsOccasion::WillAppear);
 }
 
 void SystemMonitorPlugin::DidReceiveSettings(const QString &action, const QString &context,
@@ -170,15 +164,18 @@ void SystemMonitorPlugin::DidReceiveSettings(const QString &action, const QStrin
         LogDebug(QStringLiteral("action 操作句柄无效.."));
         return;
     }
-    key->applySettings(payload);
-    sendSettingsReply(
-        settingsReply(settingsOf(payload), *key, SettingsOccasion::DidReceiveSettings), context);
+    answerSettings(*key, payload, SettingsOccasion::DidReceiveSettings);
 }
 
-void SystemMonitorPlugin::sendSettingsReply(const QJsonObject &reply, const QString &context)
+void SystemMonitorPlugin::answerSettings(normalAction &key, const QJsonObject &payload,
+                                         SettingsOccasion occasion)
 {
+    const QJsonObject settings = payload.value(QLatin1String("settings")).toObject();
+    key.applySettings(payload);
+    applySelections(key, settings, occasion);
+    const QJsonObject reply = settingsReply(settings, key, occasion, *m_library);
     if (mConnectionManager)
-        mConnectionManager->SetSettings(reply, context);
+        mConnectionManager->SetSettings(reply, key.GetContext());
 }
 
 void SystemMonitorPlugin::WillDisappearForAction(const QString &action, const QString &context,

@@ -11,6 +11,7 @@ class LibreHardwareMonitorLib;
 class LibreHardwareWebSocket;
 class normalAction;
 class QTimer;
+enum class SettingsOccasion;
 struct KeyPass;
 
 /// The plugin: it owns the data sources and the visible keys, and paints and sends every key once a
@@ -65,7 +66,7 @@ private:
     void updateKeys();
     void updateKey(normalAction &key, KeyPass &pass);
     void onCommitData();
-    void sendSettingsReply(const QJsonObject &reply, const QString &context);
+    void answerSettings(normalAction &key, const QJsonObject &payload, SettingsOccasion occasion);
     normalAction *getOrCreateKey(const QString &action, const QString &context);
 
     QMutex m_listLock;               ///< Held during a pass, on insertion and on removal.

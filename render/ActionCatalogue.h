@@ -14,6 +14,7 @@ struct ActionCatalogueRow
 /// UUIDs that other code names.
 namespace actionuuid {
 extern const QString netWork;
+extern const QString diskTemperature;
 
 // Kinds without a default title, and so without a row.
 extern const QString allData;

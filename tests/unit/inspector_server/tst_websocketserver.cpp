@@ -59,6 +59,7 @@ private Q_SLOTS:
 
     void answersRequests_data();
     void answersRequests();
+    void answersWithTheDriveTrees();
     void answersUnknownRequestsWithNothing_data();
     void answersUnknownRequestsWithNothing();
     void asksTheLibraryForAllSensors();
@@ -75,6 +76,33 @@ void tst_WebSocketServer::init()
     InMemoryLibrary::reset();
     systemInfor::CpuUsage = 37;
     systemInfor::CpuUsageUnits = QStringLiteral("%");
+    systemInfor::CpuTemperature = 45;
+    systemInfor::CpuTemperatureUnits = QStringLiteral("°C");
+    systemInfor::CpuClock = 4200;
+    systemInfor::CpuClockUnits = QStringLiteral("MHz");
+    systemInfor::CpuPower = 65.26;
+    systemInfor::CpuPowerUnits = QStringLiteral("W");
+    systemInfor::CpuVoltage = 1.25;
+    systemInfor::CpuVoltageUnits = QStringLiteral("V");
+    systemInfor::CpuModel = QStringLiteral("Ryzen 9");
+    systemInfor::GpuModel = QStringLiteral("integrated GPU");
+    systemInfor::GpuTemperature = 51;
+    systemInfor::GpuTemperatureUnits = QStringLiteral("°C");
+    systemInfor::GpuClock = 1905;
+    systemInfor::GpuClockUnits = QStringLiteral("MHz");
+    systemInfor::GpuLoad = 99;
+    systemInfor::GpuLoadUnits = QStringLiteral("%");
+    systemInfor::GpuMemoryClock = 9501;
+    systemInfor::GpuMemoryClockUnits = QStringLiteral("MHz");
+    systemInfor::GpuMemoryUsage = 49.9;
+    systemInfor::GpuMemoryUsageUnits = QStringLiteral("%");
+    systemInfor::GpuMemoryAllocated = 1234567;
+    systemInfor::GpuMemoryAllocatedUnits = QStringLiteral("MB");
+    systemInfor::GpuPower = 3;
+    systemInfor::GpuPowerUnits = QStringLiteral("W");
+    systemInfor::GpuVoltage = 0.9125;
+    systemInfor::GpuVoltageUnits = QStringLiteral("V");
+    systemInfor::SmartInfo = {{QStringLiteral("sda"), QJsonObject()}};
     systemInfor::MemoryLoad = 61;
     systemInfor::MemoryLoadUnits = QStringLiteral("%");
     systemInfor::MemoryUsedMB = 9000;
@@ -91,6 +119,20 @@ void tst_WebSocketServer::answersRequests_data()
 {
     QTest::addColumn<QString>("info");
     QTest::newRow("Cpu Usage") << QStringLiteral("37%");
+    QTest::newRow("Cpu Temperature") << QStringLiteral("45°C");
+    QTest::newRow("Cpu Clock") << QStringLiteral("4200MHz");
+    QTest::newRow("Cpu Power") << QStringLiteral("65.26W");
+    QTest::newRow("Gpu Temperature") << QStringLiteral("51°C");
+    QTest::newRow("Gpu Core Clock") << QStringLiteral("1905MHz");
+    QTest::newRow("Gpu Core Utility") << QStringLiteral("99%");
+    QTest::newRow("Gpu Memory Clock") << QStringLiteral("9501MHz");
+    QTest::newRow("Gpu Memory Utility") << QStringLiteral("49.9%");
+    QTest::newRow("Gpu Memory Used") << QStringLiteral("1.23457e+06MB");
+    QTest::newRow("Gpu Power") << QStringLiteral("3W");
+    QTest::newRow("Cpu Model") << QStringLiteral("Ryzen 9");
+    QTest::newRow("Gpu Model") << QStringLiteral("integrated GPU");
+    QTest::newRow("Gpu Voltage") << QStringLiteral("0.9125V");
+    QTest::newRow("Cpu Voltage") << QStringLiteral("1.25V");
     QTest::newRow("Physical Memory Usage") << QStringLiteral("61%");
     QTest::newRow("Network Upload Speed") << QStringLiteral("1.58594MB/s");
     QTest::newRow("Network Download Speed") << QStringLiteral("0Kb/s");
@@ -113,6 +155,14 @@ void tst_WebSocketServer::answersRequests()
     panel.ask(request);
     QTRY_COMPARE(panel.replyCount(), 1);
     QCOMPARE(panel.reply(0), QStringLiteral(R"({"event":"%1","info":"%2"})").arg(request, info));
+}
+
+void tst_WebSocketServer::answersWithTheDriveTrees()
+{
+    const QString request = QStringLiteral("Disk Temperature");
+    QCOMPARE(answerRequest(request),
+             (QJsonObject{{QStringLiteral("event"), request},
+                          {QStringLiteral("info"), systemInfor::SmartInfo}}));
 }
 
 void tst_WebSocketServer::answersUnknownRequestsWithNothing_data()

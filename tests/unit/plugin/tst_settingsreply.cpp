@@ -1,9 +1,16 @@
+#include "plugin/KeySelections.h"
 #include "plugin/SettingsReply.h"
 #include "render/normalAction.h"
+#include "sensors/VqSystemMonitorLib.h"
 #include "sensors/systemInfor.h"
+#include "tests/support/InMemoryLibrary.h"
 
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QtTest>
+
+Q_DECLARE_METATYPE(SettingsOccasion)
+Q_DECLARE_METATYPE(QString normalAction::*)
 
 class tst_SettingsReply : public QObject
 {
@@ -15,8 +22,16 @@ private Q_SLOTS:
     void choosesMembersByOccasion_data();
     void choosesMembersByOccasion();
     void listsTheFonts();
+    void listsWhatOneKindOffers_data();
+    void listsWhatOneKindOffers();
+    void choosesTheFirstEntryByDefault_data();
+    void choosesTheFirstEntryByDefault();
+    void choosesTheSensorByOccasion_data();
+    void choosesTheSensorByOccasion();
 
 private:
+    VqSystemMonitorLib m_library{false, nullptr};
+
     static QJsonObject parametersOf(const QJsonObject &reply)
     {
         return reply.value(QStringLiteral("titleParameters")).toObject();
@@ -35,7 +50,7 @@ void tst_SettingsReply::sendsTheSettingsInForce()
     key.opacity = 0.25;
     key.imageWidth = 61;
     key.imageHeight = 17;
-    const QJsonObject reply = settingsReply({}, key, SettingsOccasion::WillAppear);
+    const QJsonObject reply = settingsReply({}, key, SettingsOccasion::WillAppear, m_library);
     QCOMPARE(
         reply,
         (QJsonObject{{QStringLiteral("ActionGeometry"),
@@ -59,7 +74,8 @@ void tst_SettingsReply::keepsOtherMembers()
         {QStringLiteral("select"), QStringLiteral("2")},
         {QStringLiteral("ActionGeometry"), QJsonObject{{QStringLiteral("width"), 144}}},
         {QStringLiteral("titleParameters"), QJsonObject{{QStringLiteral("other"), 1}}}};
-    const QJsonObject reply = settingsReply(settings, key, SettingsOccasion::DidReceiveSettings);
+    const QJsonObject reply =
+        settingsReply(settings, key, SettingsOccasion::DidReceiveSettings, m_library);
     QCOMPARE(reply.value(QStringLiteral("select")).toString(), QStringLiteral("2"));
     QCOMPARE(reply.value(QStringLiteral("ActionGeometry")).toObject(),
              (QJsonObject{{QStringLiteral("width"), 0}, {QStringLiteral("height"), 0}}));
@@ -89,12 +105,12 @@ void tst_SettingsReply::choosesMembersByOccasion()
     const QString titleLines = QStringLiteral("titleLines");
 
     const QJsonObject appearing =
-        parametersOf(settingsReply({}, key, SettingsOccasion::WillAppear));
+        parametersOf(settingsReply({}, key, SettingsOccasion::WillAppear, m_library));
     QVERIFY(appearing.contains(temperatureType));
     QVERIFY(appearing.contains(titleLines));
 
     const QJsonObject later =
-        parametersOf(settingsReply({}, key, SettingsOccasion::DidReceiveSettings));
+        parametersOf(settingsReply({}, key, SettingsOccasion::DidReceiveSettings, m_library));
     QTEST(later.contains(temperatureType), "temperatureType");
     QTEST(later.contains(titleLines), "titleLines");
 }
@@ -109,7 +125,7 @@ void tst_SettingsReply::listsTheFonts()
     regular.spec = QStringLiteral("Foo");
     systemInfor::fontlist_one = {bold, regular};
     const normalAction key(nullptr, QStringLiteral("x"), QStringLiteral("c"));
-    const QJsonObject reply = settingsReply({}, key, SettingsOccasion::WillAppear);
+    const QJsonObject reply = settingsReply({}, key, SettingsOccasion::WillAppear, m_library);
     systemInfor::fontlist_one.clear();
     const auto entry = [](const char *name, const char *value) {
         return QJsonObject{{QStringLiteral("name"), QString::fromLatin1(name)},
@@ -117,6 +133,113 @@ void tst_SettingsReply::listsTheFonts()
     };
     QCOMPARE(parametersOf(reply).value(QStringLiteral("FontList")).toArray(),
              (QJsonArray{entry("Foo-Bold Bold", "Foo|Bold"), entry("Foo Regular", "Foo")}));
+}
+
+void tst_SettingsReply::listsWhatOneKindOffers_data()
+{
+    QTest::addColumn<QJsonObject>("members");
+    const auto row = [](const char *uuid, const char *members) {
+        QTest::newRow(uuid) << QJsonDocument::fromJson(members).object();
+    };
+    row("com.quellor.stream.AllDATA", R"({"AllData":{"g":{}},"SelectValue":"s"})");
+    row("com.quellor.stream.CPUFan",
+        R"({"CPUFanList":{"CPU Fan":[{"value":"1200","units":"RPM"}]},"SelectCPUFan":"f"})");
+    row("com.quellor.stream.PumpSpeed", R"({"PumpSpeed":"1850RPM"})");
+    row("com.quellor.stream.system.PhysicalDisk.Temperature",
+        R"({"PhysicalDiskTemperatureList":{"sda":{}},"SelectPhysicalDisk":"d"})");
+    row("com.quellor.stream.system.cpu", "{}");
+}
+
+void tst_SettingsReply::listsWhatOneKindOffers()
+{
+    QFETCH(QJsonObject, members);
+    InMemoryLibrary::reset();
+    InMemoryLibrary::smartInfo = {{QStringLiteral("sda"), QJsonObject()}};
+    systemInfor::AllSensorsData = {{QStringLiteral("g"), QJsonObject()}};
+    systemInfor::CpuFanList = {{QStringLiteral("CPU Fan"), QStringLiteral("1200RPM")}};
+    systemInfor::AIOPump = QStringLiteral("1850RPM");
+    normalAction key(nullptr, QString::fromLatin1(QTest::currentDataTag()), QStringLiteral("c"));
+    key.SelectValue = QStringLiteral("s");
+    key.SelectCPUFan = QStringLiteral("f");
+    key.SelectPhysicalDisk = QStringLiteral("d");
+    QJsonObject parameters =
+        parametersOf(settingsReply({}, key, SettingsOccasion::WillAppear, m_library));
+    for (const char *const common : {"text", "showTitle", "fontFamily", "fontSize", "color",
+                                     "opacity", "temperatureType", "titleLines", "FontList"})
+        parameters.remove(QLatin1String(common));
+    QCOMPARE(parameters, members);
+}
+
+void tst_SettingsReply::choosesTheFirstEntryByDefault_data()
+{
+    QTest::addColumn<QString>("uuid");
+    QTest::addColumn<QString>("member");
+    QTest::addColumn<QString normalAction::*>("selection");
+    QTest::newRow("fan") << QStringLiteral("com.quellor.stream.CPUFan")
+                         << QStringLiteral("SelectCPUFan") << &normalAction::SelectCPUFan;
+    QTest::newRow("sensor") << QStringLiteral("com.quellor.stream.AllDATA")
+                            << QStringLiteral("SelectValue") << &normalAction::SelectValue;
+    QTest::newRow("disk") << QStringLiteral("com.quellor.stream.system.PhysicalDisk.Temperature")
+                          << QStringLiteral("SelectPhysicalDisk")
+                          << &normalAction::SelectPhysicalDisk;
+}
+
+void tst_SettingsReply::choosesTheFirstEntryByDefault()
+{
+    QFETCH(QString, uuid);
+    QFETCH(QString, member);
+    QFETCH(QString normalAction::*, selection);
+    normalAction key(nullptr, uuid, QStringLiteral("c"));
+    const auto choose = [&](const QJsonValue &chosen) {
+        applySelections(key, {{QStringLiteral("titleParameters"), QJsonObject{{member, chosen}}}},
+                        SettingsOccasion::WillAppear);
+        return key.*selection;
+    };
+    systemInfor::CpuFanList.clear();
+    systemInfor::SensorList.clear();
+    systemInfor::DriveTemperatureList.clear();
+    QCOMPARE(choose(QString()), QString());
+    systemInfor::CpuFanList = {{QStringLiteral("first"), QString()},
+                               {QStringLiteral("b"), QString()}};
+    systemInfor::SensorList = systemInfor::CpuFanList;
+    systemInfor::DriveTemperatureList = {{QStringLiteral("first"), 1}, {QStringLiteral("b"), 2}};
+    QCOMPARE(choose(QString()), QStringLiteral("first"));
+    QCOMPARE(choose(7), QStringLiteral("first"));
+    QCOMPARE(choose(QStringLiteral("b")), QStringLiteral("b"));
+    QCOMPARE(choose(QStringLiteral("not in the list")), QStringLiteral("not in the list"));
+}
+
+void tst_SettingsReply::choosesTheSensorByOccasion_data()
+{
+    QTest::addColumn<SettingsOccasion>("occasion");
+    QTest::addColumn<QString>("anew");
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("chosen");
+    const QString package = QStringLiteral("CPU Package");
+    const QString other = QStringLiteral("other");
+    QTest::newRow("appearing ignores the new choice")
+        << SettingsOccasion::WillAppear << other << package << package;
+    QTest::newRow("settings: new choice")
+        << SettingsOccasion::DidReceiveSettings << other << package << other;
+    QTest::newRow("settings: none new")
+        << SettingsOccasion::DidReceiveSettings << QString() << package << package;
+    QTest::newRow("settings: none at all") << SettingsOccasion::DidReceiveSettings << QString()
+                                           << QString() << QStringLiteral("first");
+}
+
+void tst_SettingsReply::choosesTheSensorByOccasion()
+{
+    QFETCH(SettingsOccasion, occasion);
+    QFETCH(QString, anew);
+    QFETCH(QString, before);
+    systemInfor::SensorList = {{QStringLiteral("first"), QString()}};
+    normalAction key(nullptr, QStringLiteral("com.quellor.stream.AllDATA"), QStringLiteral("c"));
+    applySelections(
+        key,
+        {{QStringLiteral("titleParameters"), QJsonObject{{QStringLiteral("SystemDataSelect"), anew},
+                                                         {QStringLiteral("SelectValue"), before}}}},
+        occasion);
+    QTEST(key.SelectValue, "chosen");
 }
 
 QTEST_MAIN(tst_SettingsReply)
