@@ -8,12 +8,12 @@ QJsonObject Anonymizer::anonymized(const QJsonObject &tree)
     QJsonObject result;
     for (auto member = tree.begin(); member != tree.end(); ++member) {
         if (!member.key().contains(QLatin1String("serial"), Qt::CaseInsensitive))
-            result.insert(withoutAddresses(member.key()), anonymized(QJsonValue(member.value())));
+            result.insert(withoutAddresses(member.key()), anonymizedValue(member.value()));
     }
     return result;
 }
 
-QJsonValue Anonymizer::anonymized(const QJsonValue &value)
+QJsonValue Anonymizer::anonymizedValue(const QJsonValue &value)
 {
     if (value.isObject())
         return anonymized(value.toObject());
@@ -23,7 +23,7 @@ QJsonValue Anonymizer::anonymized(const QJsonValue &value)
         return value;
     QJsonArray elements;
     for (const QJsonValue element : value.toArray())
-        elements.append(anonymized(element));
+        elements.append(anonymizedValue(element));
     return elements;
 }
 

@@ -13,7 +13,7 @@ public:
     QJsonObject anonymized(const QJsonObject &tree);
 
 private:
-    QJsonValue anonymized(const QJsonValue &value);
+    QJsonValue anonymizedValue(const QJsonValue &value);
     QString withoutAddresses(const QString &text);
 
     QStringList m_addresses;
