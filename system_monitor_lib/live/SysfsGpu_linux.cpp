@@ -146,7 +146,9 @@ void SysfsGpu::open(const QString &driver)
             qstrcmp(served, row.label) == 0)
             continue;
         served = row.label;
-        m_sensors.push_back(std::make_unique<Sensor>(Sensor{row, Attribute(path)}));
+        // An aggregate of what cannot be moved is built in its place.
+        // NOLINTNEXTLINE(modernize-make-unique)
+        m_sensors.push_back(std::unique_ptr<Sensor>(new Sensor{row, Attribute(path)}));
     }
 }
 
