@@ -72,7 +72,7 @@ public:
     [[nodiscard]] bool isLost() const { return m_lost; }
 
 private:
-    const Device m_device;
+    Device m_device;
     bool m_lost = false;
 };
 

@@ -6,7 +6,7 @@ namespace {
 
 QString soldAs(const QByteArray &entry)
 {
-    const QString name = QString::fromUtf8(entry).simplified();
+    QString name = QString::fromUtf8(entry).simplified();
     const int open = name.lastIndexOf(QLatin1Char('['));
     if (open < 0 || !name.endsWith(QLatin1Char(']')))
         return name;
