@@ -6,7 +6,7 @@ QJsonArray coreVoltage(const QJsonObject &chip)
 {
     for (const char *const label : {"Vcore", "CPU Vcore", "CPU Core Voltage", "CPU Core"}) {
         for (auto sensor = chip.begin(); sensor != chip.end(); ++sensor) {
-            const QJsonArray readings = sensor.value().toArray();
+            QJsonArray readings = sensor.value().toArray();
             const bool isVoltage = readings.at(0).toObject().value(QLatin1String("units")) ==
                                    QJsonValue(QStringLiteral("V"));
             if (isVoltage && sensor.key().compare(QLatin1String(label), Qt::CaseInsensitive) == 0)

@@ -94,6 +94,12 @@ std::optional<quint64> unsignedNumber(Attribute &attribute)
 
 struct SysfsGpu::Sensor
 {
+    Sensor(const Row &source, const QString &path)
+        : row(source)
+        , attribute(path)
+    {
+    }
+
     const Row &row;
     Attribute attribute;
 };
@@ -146,9 +152,7 @@ void SysfsGpu::open(const QString &driver)
             qstrcmp(served, row.label) == 0)
             continue;
         served = row.label;
-        // An aggregate of what cannot be moved is built in its place.
-        // NOLINTNEXTLINE(modernize-make-unique)
-        m_sensors.push_back(std::unique_ptr<Sensor>(new Sensor{row, Attribute(path)}));
+        m_sensors.push_back(std::make_unique<Sensor>(row, path));
     }
 }
 
