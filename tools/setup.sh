@@ -4,7 +4,8 @@ build_packages=(cmake ninja-build g++ qtbase5-dev libqt5websockets5-dev libsenso
 run_packages=(fonts-roboto-unhinted)
 test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux)
 gate_packages=(clang-format clang-tidy)
-windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 pulseaudio pulseaudio-utils)
+windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth
+    pulseaudio pulseaudio-utils)
 
 is_installed() {
     [ "$(dpkg-query -W -f '${db:Status-Abbrev}' "$1" 2>/dev/null)" = "ii " ]

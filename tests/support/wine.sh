@@ -5,8 +5,8 @@
 # wine.sh PREFIX --stop: ends everything that runs on that machine.
 set -euo pipefail
 
-export WINEPREFIX=$1 WINEDEBUG=-all
-unset DISPLAY
+WINEPREFIX=$(realpath -m "$1")
+export WINEPREFIX WINEDEBUG=-all
 
 if [ "$2" = --stop ]; then
     [ ! -d "$WINEPREFIX" ] || wineserver --kill || true
