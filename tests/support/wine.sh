@@ -26,14 +26,29 @@ export WINEQT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} WINEQT_FORCE_STDERR_LOG
 # The offscreen platform knows no fonts of Windows'.
 export WINEQT_QPA_FONTDIR=/usr/share/fonts/truetype/dejavu
 
+# What a machine has beside its fixed drives C: and Z:, the fonts of the host, a network drive N: and
+# a removable one R:.
+furnish_machine() {
+    local drive
+    ln -s /usr/share/fonts "$WINEPREFIX/drive_c/windows/Fonts/host"
+    for drive in n:network r:floppy; do
+        mkdir "$WINEPREFIX/drive_${drive%%:*}"
+        ln -s "../drive_${drive%%:*}" "$WINEPREFIX/dosdevices/${drive%%:*}:"
+        wine reg add 'HKLM\Software\Wine\Drives' /v "${drive%%:*}:" /d "${drive#*:}" /f
+    done
+    wineserver --kill
+    wineserver --persistent=30
+    wine wineboot
+    touch "$WINEPREFIX/furnished"
+}
+
 # Starts the machine unless it runs. What it starts with outlives this program for half a minute, so
 # it must not hold this program's output.
 start_machine() {
     wineserver --persistent=30 || return 0
     # Without the installers of .NET and HTML, which would ask for a download.
     WINEDLLOVERRIDES='mscoree,mshtml=' wine wineboot
-    local fonts=$WINEPREFIX/drive_c/windows/Fonts/host
-    [ -e "$fonts" ] || ln -s /usr/share/fonts "$fonts"
+    [ -e "$WINEPREFIX/furnished" ] || furnish_machine
 }
 
 mkdir -p "$WINEPREFIX"
@@ -42,4 +57,10 @@ mkdir -p "$WINEPREFIX"
     start_machine </dev/null >/dev/null 2>&1 9>&-
 } 9>"$WINEPREFIX/lock"
 
-exec wine "$@" </dev/null
+# What Wine starts for the program on the way, such as a desktop, outlives it and would keep a pipe
+# open: whoever reads the output would wait for the end of that.
+output=$(mktemp -p "$WINEPREFIX")
+trap 'rm -f "$output"' EXIT
+wine "$@" </dev/null >"$output" 2>&1 &
+tail -f -s 0.1 --pid=$! -c +1 "$output"
+wait $!

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QProcess>
+#include <QTimer>
 #include <QtTest>
 
 #include <windows.h>
@@ -84,7 +85,10 @@ int useASecondConsole()
 int interrupt()
 {
     ConsoleLog::instance()->openOnce();
-    GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer,
+                     [] { GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0); });
+    timer.start(100);
     return QApplication::exec();
 }
 
