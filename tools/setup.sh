@@ -6,6 +6,8 @@ run_packages=(fonts-roboto-unhinted)
 test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux pulseaudio pulseaudio-utils
     e2fsprogs btrfs-progs squashfs-tools procps)
 gate_packages=(clang-format clang-tidy)
+windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth
+    pulseaudio pulseaudio-utils)
 
 is_installed() {
     [ "$(dpkg-query -W -f '${db:Status-Abbrev}' "$1" 2>/dev/null)" = "ii " ]
