@@ -13,12 +13,13 @@ struct Kind
     QString title;
 };
 
-/// Every kind that is painted, and two of them once more.
+/// Every kind whose reading comes from the library.
 QVector<Kind> kinds()
 {
     QVector<Kind> kinds;
     for (const ActionCatalogueRow &row : actionCatalogue()) {
-        if (row.uuid != QLatin1String("com.quellor.stream.system.PhysicalDisk"))
+        if (row.uuid != QLatin1String("com.quellor.stream.system.PhysicalDisk") &&
+            row.uuid != QLatin1String("com.quellor.stream.system.volume"))
             kinds.append({row.uuid, row.englishTitle});
     }
     kinds.append({actionuuid::pumpSpeed, QStringLiteral("Pump")});
@@ -67,8 +68,9 @@ QVector<BenchKey> benchDeck(int keys)
     return deck;
 }
 
-void hideOtherFonts()
+void prepareEnvironment()
 {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     testfonts::hideMachineFonts();
 }
 

@@ -18,9 +18,8 @@ constexpr int largeDeck = 32;
 /// \a keys keys: every kind in turn with its English title, in Roboto Bold of 28 pixels, white.
 QVector<BenchKey> benchDeck(int keys);
 
-/// Makes the fonts of the deck the only ones of the process. Called before the application object
-/// exists.
-void hideOtherFonts();
+/// No display, and no fonts but those of the deck. Called before the application object exists.
+void prepareEnvironment();
 
 /// Registers the deck's font; false, with a line on standard error, when it is not installed.
 bool registerDeckFont();

@@ -11,8 +11,8 @@
 #include "sensors/VqSystemMonitorLib.h"
 #include "tests/support/InMemoryLibrary.h"
 
-#include <QGuiApplication>
 #include <QFontMetrics>
+#include <QGuiApplication>
 
 #include <benchmark/benchmark.h>
 
@@ -144,7 +144,7 @@ BENCHMARK(plainBase64)->Name("base64/plain")->Unit(benchmark::kMicrosecond);
 void message(benchmark::State &state)
 {
     overDeck(state, [](const Painted &each) {
-        return hostmessages::compact(hostmessages::setImage(each.dataUrl, each.key.context, 0, -1));
+        return hostmessages::setImage(each.dataUrl, each.key.context, 0, -1);
     });
 }
 BENCHMARK(message)->Unit(benchmark::kMicrosecond);
@@ -165,7 +165,7 @@ BENCHMARK(plainMessage)->Name("message/plain")->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char **argv)
 {
-    hideOtherFonts();
+    prepareEnvironment();
     const QGuiApplication application(argc, argv);
     if (!registerDeckFont())
         return EXIT_FAILURE;

@@ -1,6 +1,6 @@
 # Sourced by ./run, ./test and .ci/run: installs the Debian packages that they name.
 
-build_packages=(cmake ninja-build g++ qtbase5-dev libqt5websockets5-dev libsensors-dev libdeflate-dev)
+build_packages=(cmake ninja-build g++ qtbase5-dev libqt5websockets5-dev libsensors-dev libisal-dev)
 run_packages=(fonts-roboto-unhinted)
 test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux)
 gate_packages=(clang-format clang-tidy)

@@ -22,6 +22,8 @@ private Q_SLOTS:
     void initTestCase();
     void keyPictures_data();
     void keyPictures();
+    void isSmallerThanQts_data();
+    void isSmallerThanQts();
     void sizesOfNoise_data();
     void sizesOfNoise();
     void coloursOfNoise_data();
@@ -55,20 +57,15 @@ QImage decoded(const QByteArray &png)
 }
 
 /// Where the encoded \a image differs from Qt's; empty when it does not.
-QString difference(const QImage &image, const QByteArray &png, const QByteArray &reference)
+QString difference(const QImage &image)
 {
-    const QImage own = decoded(png);
+    const QImage own = decoded(encodedPng(image));
     if (own.isNull())
         return QStringLiteral("cannot be read");
-    if (own != decoded(reference))
+    if (own != decoded(qtPng(image)))
         return QStringLiteral("differs from Qt's own");
     return own == image.convertToFormat(QImage::Format_ARGB32) ? QString()
                                                                : QStringLiteral("differs");
-}
-
-QString difference(const QImage &image)
-{
-    return difference(image, encodedPng(image), qtPng(image));
 }
 
 /// A picture whose pixels are \a colours random ones, each of which occurs if there is room.
@@ -155,8 +152,6 @@ void tst_PngEncoder::keyPictures()
     QFont font(family);
     font.setPixelSize(pixelSize);
     const QFontMetrics metrics(font);
-    int bytes = 0;
-    int qtBytes = 0;
     for (const auto &[script, utf8] : scripts) {
         const QString text = QString::fromUtf8(utf8);
         const QRect line(0, 0, lineWidth(metrics, text), metrics.height());
@@ -169,20 +164,43 @@ void tst_PngEncoder::keyPictures()
                     paintPicture({line.width(), line.height() * (onTwo ? 2 : 1)}, onTwo ? two : one,
                                  {font, QString::fromLatin1(color), opacity, Qt::AlignCenter});
                 QVERIFY(!image.isNull());
-                const QByteArray png = encodedPng(image);
-                const QByteArray reference = qtPng(image);
-                const QString found = difference(image, png, reference);
+                const QString found = difference(image);
                 QVERIFY2(found.isEmpty(),
                          qPrintable(QStringLiteral("%1, %2, %3: %4")
                                         .arg(QLatin1String(script), QLatin1String(color))
                                         .arg(opacity)
                                         .arg(found)));
-                bytes += png.size();
-                qtBytes += reference.size();
             }
         }
     }
-    QVERIFY2(isQtsOwn() || pixelSize < 20 || bytes * 10 < qtBytes * 7,
+}
+
+void tst_PngEncoder::isSmallerThanQts_data()
+{
+    QTest::addColumn<int>("pixelSize");
+    QTest::addColumn<QString>("color");
+    for (const int pixelSize : {16, 20, 24, 28, 40, 60}) {
+        for (const char *color : {"#ffffff", "#2060c0"})
+            QTest::addRow("%d px, %s", pixelSize, color) << pixelSize << QString::fromLatin1(color);
+    }
+}
+
+void tst_PngEncoder::isSmallerThanQts()
+{
+    if (isQtsOwn())
+        QSKIP("Qt's own encoder stands in for a faster one");
+    QFETCH(int, pixelSize);
+    QFETCH(QString, color);
+    QFont font(QStringLiteral("Roboto"));
+    font.setPixelSize(pixelSize);
+    const QFontMetrics metrics(font);
+    const QString text = QStringLiteral("CPU usage rate: 37%");
+    const QRect line(0, 0, lineWidth(metrics, text), metrics.height());
+    const QImage image =
+        paintPicture(line.size(), {{line, text}}, {font, color, 1.0, Qt::AlignCenter});
+    const int bytes = encodedPng(image).size();
+    const int qtBytes = qtPng(image).size();
+    QVERIFY2(bytes * 10 <= qtBytes * 7,
              qPrintable(QStringLiteral("%1 bytes, Qt %2").arg(bytes).arg(qtBytes)));
 }
 
@@ -285,7 +303,7 @@ void tst_PngEncoder::colorTypeFollowsTheColours_data()
 void tst_PngEncoder::colorTypeFollowsTheColours()
 {
     if (isQtsOwn())
-        QSKIP("Qt's own encoder stands in for libdeflate");
+        QSKIP("Qt's own encoder stands in for a faster one");
     QFETCH(int, colours);
     QFETCH(bool, withTransparent);
     QFETCH(int, type);

@@ -2,17 +2,17 @@
 
 #include <QtEndian>
 
-#include <libdeflate.h>
+#include <isa-l/crc.h>
+#include <isa-l/igzip_lib.h>
 
+#include <algorithm>
 #include <array>
-#include <memory>
-#include <optional>
+#include <functional>
+#include <iterator>
+#include <numeric>
 #include <vector>
 
 namespace {
-
-/// The fastest level that compresses.
-constexpr int compressionLevel = 1;
 
 /// Rows of pictures up to this size, in bytes, keep their memory for the next picture.
 constexpr std::size_t keptRows = std::size_t{1} << 20U;
@@ -29,8 +29,8 @@ public:
     [[nodiscard]] std::size_t size() const { return m_size; }
     [[nodiscard]] QRgb at(std::size_t place) const { return m_colors[place]; }
 
-    /// The place of \a color, which is added if it is new; nothing when the palette is full.
-    std::optional<uchar> placeOf(QRgb color)
+    /// The place of \a color, which is added if it is new. Meaningless once the palette overflows.
+    uchar placeOf(QRgb color)
     {
         std::size_t slot = home(color);
         while (m_keys[slot] != color) {
@@ -40,6 +40,9 @@ public:
         }
         return m_places[slot];
     }
+
+    /// Whether there were more colours than places.
+    [[nodiscard]] bool overflows() const { return m_overflows; }
 
 private:
     static constexpr QRgb transparent = 0;
@@ -52,10 +55,11 @@ private:
         return (color * goldenRatio) >> (32U - slotBits);
     }
 
-    std::optional<uchar> add(QRgb color, std::size_t slot)
+    uchar add(QRgb color, std::size_t slot)
     {
-        if (m_size == largest)
-            return std::nullopt;
+        m_overflows = m_size == largest;
+        if (m_overflows)
+            return 0;
         m_keys[slot] = color;
         m_places[slot] = static_cast<uchar>(m_size);
         m_colors[m_size] = color;
@@ -67,17 +71,8 @@ private:
     std::array<uchar, slots> m_places = {};
     std::array<QRgb, largest> m_colors = {};
     std::size_t m_size = 1;
+    bool m_overflows = false;
 };
-
-struct CompressorFreer
-{
-    void operator()(libdeflate_compressor *compressor) const
-    {
-        libdeflate_free_compressor(compressor);
-    }
-};
-
-using Compressor = std::unique_ptr<libdeflate_compressor, CompressorFreer>;
 
 /// The rows of a PNG, each with the number of its filter in front: 0, none.
 using Rows = std::vector<uchar>;
@@ -94,23 +89,30 @@ void resize(Rows &rows, const QImage &image, std::size_t pixelBytes)
     rows.resize((width * pixelBytes + 1) * static_cast<std::size_t>(image.height()));
 }
 
+bool isTransparent(const QRgb *begin, const QRgb *end)
+{
+    return std::accumulate(begin, end, QRgb{0}, std::bit_or<>()) == 0;
+}
+
 /// False when \a image has too many colours for a palette.
 bool writePaletteRows(const QImage &image, Palette &palette, Rows &rows)
 {
     resize(rows, image, 1);
     uchar *out = rows.data();
     const int width = image.width();
-    for (int y = 0; y < image.height(); ++y) {
+    for (int y = 0; y < image.height() && !palette.overflows(); ++y) {
         *out++ = 0;
-        const QRgb *pixel = pixels(image, y);
-        for (const QRgb *const end = pixel + width; pixel != end; ++pixel) {
-            const std::optional<uchar> place = palette.placeOf(*pixel);
-            if (!place)
-                return false;
-            *out++ = *place;
-        }
+        const QRgb *const begin = pixels(image, y);
+        const QRgb *const end = begin + width;
+        // Above and below the letters.
+        if (isTransparent(begin, end))
+            std::fill(out, out + width, 0);
+        else
+            std::transform(begin, end, out,
+                           [&palette](QRgb color) { return palette.placeOf(color); });
+        out += width;
     }
-    return true;
+    return !palette.overflows();
 }
 
 quint32 rgba(QRgb pixel)
@@ -131,6 +133,22 @@ void writeTrueColorRows(const QImage &image, Rows &rows)
             out += sizeof(QRgb);
         }
     }
+}
+
+/// Codes for rows of text in a palette: many transparent pixels, else any colour, and repetitions
+/// of any length and distance. With ready codes a picture is compressed in one go.
+isal_hufftables codesForText()
+{
+    constexpr std::size_t endOfBlock = 256;
+    isal_huff_histogram shares = {};
+    std::fill(std::begin(shares.lit_len_histogram), std::end(shares.lit_len_histogram), 40);
+    std::fill_n(std::begin(shares.lit_len_histogram), endOfBlock, 10);
+    shares.lit_len_histogram[0] = 500;
+    shares.lit_len_histogram[endOfBlock] = 1;
+    std::fill(std::begin(shares.dist_histogram), std::end(shares.dist_histogram), 1);
+    isal_hufftables codes = {};
+    isal_create_hufftables(&codes, &shares);
+    return codes;
 }
 
 /// A PNG under construction. A chunk is the length of its data, its type, the data and a checksum
@@ -155,8 +173,8 @@ public:
     {
         const int typed = m_bytes.size() - m_chunk - lengthLength;
         qToBigEndian(static_cast<quint32>(typed - typeLength), m_bytes.data() + m_chunk);
-        append(libdeflate_crc32(0, m_bytes.constData() + m_chunk + lengthLength,
-                                static_cast<std::size_t>(typed)));
+        append(
+            crc32_gzip_refl(0, position(m_chunk + lengthLength), static_cast<std::size_t>(typed)));
     }
 
     void append(quint32 number)
@@ -171,21 +189,36 @@ public:
         m_bytes.append(data.data(), length);
     }
 
-    /// False when there is not enough memory.
-    bool appendCompressed(libdeflate_compressor *compressor, const Rows &rows)
+    /// False when the library refuses.
+    bool appendCompressed(Rows &rows)
     {
+        // What cannot be compressed is stored in blocks of up to 65535 bytes with 5 bytes each.
+        constexpr std::size_t leastBlock = 1024;
+        constexpr std::size_t others = 64;
         const int start = m_bytes.size();
-        const std::size_t room = libdeflate_zlib_compress_bound(compressor, rows.size());
+        const std::size_t room = rows.size() + rows.size() / leastBlock + others;
         m_bytes.resize(start + static_cast<int>(room));
-        const std::size_t length = libdeflate_zlib_compress(compressor, rows.data(), rows.size(),
-                                                            m_bytes.data() + start, room);
-        m_bytes.truncate(start + static_cast<int>(length));
-        return length > 0;
+
+        static isal_hufftables codes = codesForText();
+        static isal_zstream stream;
+        isal_deflate_stateless_init(&stream);
+        stream.hufftables = &codes;
+        stream.gzip_flag = IGZIP_ZLIB;
+        stream.end_of_stream = 1;
+        stream.next_in = rows.data();
+        stream.avail_in = static_cast<quint32>(rows.size());
+        stream.next_out = position(start);
+        stream.avail_out = static_cast<quint32>(room);
+        const bool compressed = isal_deflate_stateless(&stream) == COMP_OK;
+        m_bytes.truncate(start + static_cast<int>(stream.total_out));
+        return compressed;
     }
 
     [[nodiscard]] const QByteArray &bytes() const { return m_bytes; }
 
 private:
+    uchar *position(int offset) { return reinterpret_cast<uchar *>(m_bytes.data() + offset); }
+
     static constexpr int lengthLength = sizeof(quint32);
     static constexpr int typeLength = 4;
     QByteArray m_bytes;
@@ -222,13 +255,10 @@ void writePalette(PngFile &png, const Palette &palette)
     png.end();
 }
 
-bool writeRows(PngFile &png, const Rows &rows)
+bool writeRows(PngFile &png, Rows &rows)
 {
-    static const Compressor compressor(libdeflate_alloc_compressor(compressionLevel));
-    if (!compressor)
-        return false;
     png.begin("IDAT");
-    const bool compressed = png.appendCompressed(compressor.get(), rows);
+    const bool compressed = png.appendCompressed(rows);
     png.end();
     return compressed;
 }
