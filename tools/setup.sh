@@ -1,7 +1,7 @@
 # Sourced by ./run, ./test and .ci/run: installs the Debian packages that they name.
 
-build_packages=(cmake ninja-build g++ qtbase5-dev libqt5websockets5-dev libsensors-dev
-    libpulse-dev)
+build_packages=(cmake ninja-build g++ qtbase5-dev libqt5websockets5-dev libsensors-dev libpulse-dev
+    libisal-dev)
 run_packages=(fonts-roboto-unhinted)
 test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux pulseaudio pulseaudio-utils
     e2fsprogs btrfs-progs squashfs-tools procps)
