@@ -4,11 +4,17 @@
 #include "deck_simulator/FontFiles.h"
 #include "deck_simulator/HeadlessRun.h"
 #include "deck_simulator/InterruptWatcher.h"
+#include "deck_simulator/RunMode.h"
 #include "deck_simulator/SimulatorOptions.h"
+#include "deck_simulator/gui/DeckGrid.h"
+#include "deck_simulator/gui/DeckWindow.h"
+#include "deck_simulator/gui/WindowStyle.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QStandardPaths>
 
 #include <cstdio>
 
@@ -48,6 +54,46 @@ ParsedOptions readCommandLine(int argc, char *argv[])
     return parseOptions(QCoreApplication::arguments(), defaultPlugin());
 }
 
+int runHeadless(const SimulatorOptions &options, int &argc, char *argv[])
+{
+    const QGuiApplication application(argc, argv);
+    const SessionSettings settings = sessionSettings(options);
+    DeckSession session(settings, chosenDeck(options, settings.fonts));
+    HeadlessRun run(options, &session);
+    const InterruptWatcher interrupts;
+    QObject::connect(&interrupts, &InterruptWatcher::interrupted, &run, &HeadlessRun::interrupt);
+    QObject::connect(&run, &HeadlessRun::finished, &application, &QCoreApplication::exit,
+                     Qt::QueuedConnection);
+    run.start();
+    return QGuiApplication::exec();
+}
+
+QString userProfile()
+{
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation))
+        .filePath(QStringLiteral("deck.json"));
+}
+
+int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    const QApplication application(argc, argv);
+    applyColors(options.colors);
+    applyTextSize(options.textSize);
+    DeckWindow window(sessionSettings(options),
+                      options.profileFile.isEmpty() ? userProfile() : options.profileFile);
+    const InterruptWatcher interrupts;
+    QObject::connect(&interrupts, &InterruptWatcher::interrupted, &window, &QWidget::close);
+    if (!options.screenshotFile.isEmpty())
+        window.takeScreenshot(options.screenshotFile, options.snapshotAfter);
+    window.grid()->setCurrent({options.selectedKey.x(), options.selectedKey.y()});
+    window.show();
+    window.start();
+    const int status = QApplication::exec();
+    return window.isWell() ? status : 1;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -57,17 +103,9 @@ int main(int argc, char *argv[])
         std::fputs(qUtf8Printable(parsed.text), parsed.exitStatus == 0 ? stdout : stderr);
         return parsed.exitStatus;
     }
-
+    const bool window = opensWindow(*parsed.options, hasDisplay());
     chooseDisplayPlatform();
     int programNameOnly = 1;
-    const QGuiApplication application(programNameOnly, argv);
-    const SessionSettings settings = sessionSettings(*parsed.options);
-    DeckSession session(settings, chosenDeck(*parsed.options, settings.fonts));
-    HeadlessRun run(*parsed.options, &session);
-    const InterruptWatcher interrupts;
-    QObject::connect(&interrupts, &InterruptWatcher::interrupted, &run, &HeadlessRun::interrupt);
-    QObject::connect(&run, &HeadlessRun::finished, &application, &QCoreApplication::exit,
-                     Qt::QueuedConnection);
-    run.start();
-    return QGuiApplication::exec();
+    return window ? runWindow(*parsed.options, programNameOnly, argv)
+                  : runHeadless(*parsed.options, programNameOnly, argv);
 }

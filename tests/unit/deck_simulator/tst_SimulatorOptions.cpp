@@ -64,6 +64,20 @@ void tst_SimulatorOptions::readsEverything()
     QCOMPARE(options.keySize, 72);
     QVERIFY(options.quiet);
 
+    const ParsedOptions window =
+        parse({QStringLiteral("--window"), QStringLiteral("--profile=p.json"),
+               QStringLiteral("--screenshot=w.png"), QStringLiteral("--after=2"),
+               QStringLiteral("--colors=dark"), QStringLiteral("--text-size=125"),
+               QStringLiteral("--select=3,2")});
+    QVERIFY2(window.options.has_value(), qPrintable(window.text));
+    QVERIFY(window.options->window);
+    QVERIFY(!window.options->headless);
+    QCOMPARE(window.options->profileFile, QStringLiteral("p.json"));
+    QCOMPARE(window.options->screenshotFile, QStringLiteral("w.png"));
+    QCOMPARE(window.options->colors, QStringLiteral("dark"));
+    QCOMPARE(window.options->textSize, 125);
+    QCOMPARE(window.options->selectedKey, QPoint(3, 2));
+
     const ParsedOptions timed = parse({QStringLiteral("--seconds=2")});
     QVERIFY(timed.options.has_value());
     QVERIFY(timed.options->runFor.has_value());
@@ -90,7 +104,15 @@ void tst_SimulatorOptions::refusesWrongUsage_data()
     row("endless time", {QStringLiteral("--seconds=inf")}, "--seconds");
     row("missing font", {QStringLiteral("--font=/no/such/font.ttf")}, "/no/such/font.ttf");
     row("two ends", {QStringLiteral("--snapshot=a"), QStringLiteral("--seconds=2")}, "--after");
-    row("after alone", {QStringLiteral("--after=2")}, "--snapshot only");
+    row("window and terminal", {QStringLiteral("--window"), QStringLiteral("--quiet")},
+        "exclude each other");
+    row("screenshot in the terminal",
+        {QStringLiteral("--screenshot=a"), QStringLiteral("--headless")}, "needs the window");
+    row("unknown colours", {QStringLiteral("--colors=pink")}, "--colors");
+    row("tiny texts", {QStringLiteral("--text-size=5")}, "--text-size");
+    row("half a key", {QStringLiteral("--select=5")}, "--select");
+    row("no key", {QStringLiteral("--select=a,b")}, "--select");
+    row("after alone", {QStringLiteral("--after=2")}, "--snapshot or --screenshot only");
 }
 
 void tst_SimulatorOptions::refusesWrongUsage()

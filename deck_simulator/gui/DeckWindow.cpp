@@ -1,0 +1,153 @@
+#include "deck_simulator/gui/DeckWindow.h"
+
+#include "deck_simulator/gui/ActionPalette.h"
+#include "deck_simulator/gui/DeckGrid.h"
+#include "deck_simulator/gui/DeckStatusBar.h"
+
+#include <QCloseEvent>
+#include <QDockWidget>
+
+namespace {
+
+constexpr int noticeTime = 15000; // milliseconds
+
+QDockWidget *makeDock(const QString &title, const char *name, QWidget *content)
+{
+    auto *dock = new QDockWidget(title);
+    dock->setObjectName(QString::fromLatin1(name)); // by which its place is kept
+    dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable |
+                      QDockWidget::DockWidgetClosable);
+    dock->setWidget(content);
+    return dock;
+}
+
+} // namespace
+
+DeckWindow::DeckWindow(const SessionSettings &settings, const QString &profileFile, QWidget *parent)
+    : QMainWindow(parent)
+    , m_store(profileFile)
+    , m_runner(settings, &m_model)
+    , m_grid(new DeckGrid(&m_model))
+    , m_actions(new ActionPalette)
+    , m_status(new DeckStatusBar)
+{
+    setWindowTitle(tr("Deck simulator"));
+    setCentralWidget(m_grid);
+    setStatusBar(m_status);
+    addDocks();
+    connectGrid();
+    connectRunner();
+    m_saveTimer.setSingleShot(true);
+    connect(&m_saveTimer, &QTimer::timeout, this, &DeckWindow::saveProfile);
+    resize(1240, 780);
+    loadProfile();
+    connect(&m_model, &DeckModel::changed, this, [this] { m_saveTimer.start(0); });
+    onStateChanged();
+    m_grid->setFocus();
+}
+
+void DeckWindow::addDocks()
+{
+    addDockWidget(Qt::LeftDockWidgetArea, makeDock(tr("Actions"), "actions", m_actions));
+    connect(m_actions, &ActionPalette::actionChosen, this, &DeckWindow::putOnCurrent);
+}
+
+void DeckWindow::connectGrid()
+{
+    connect(m_grid, &DeckGrid::keyPressed, &m_runner, &DeckRunner::press);
+    connect(m_grid, &DeckGrid::dialPressed, &m_runner, &DeckRunner::pressDial);
+    connect(m_grid, &DeckGrid::dialTurned, &m_runner, &DeckRunner::rotate);
+    connect(m_grid, &DeckGrid::actionWanted, m_actions, &ActionPalette::startSearch);
+}
+
+void DeckWindow::connectRunner()
+{
+    connect(&m_runner, &DeckRunner::stateChanged, this, &DeckWindow::onStateChanged);
+    connect(&m_runner, &DeckRunner::keyChanged, this, &DeckWindow::showKey);
+    connect(&m_runner, &DeckRunner::notice, this, &DeckWindow::showNotice);
+}
+
+void DeckWindow::loadProfile()
+{
+    m_profile = m_store.load();
+    m_model.restore(m_profile.grid, m_profile.dials, m_profile.entries);
+    m_runner.setLaunch(m_profile.launch);
+    restoreGeometry(m_profile.windowGeometry);
+    restoreState(m_profile.windowState);
+    if (!m_store.message().isEmpty())
+        showNotice(m_store.message());
+}
+
+void DeckWindow::saveProfile()
+{
+    m_profile.grid = m_model.grid();
+    m_profile.dials = m_model.dials();
+    m_profile.entries = m_model.entries();
+    m_profile.launch = m_runner.launch();
+    m_profile.windowGeometry = saveGeometry();
+    m_profile.windowState = saveState();
+    if (!m_store.save(m_profile) && !m_store.message().isEmpty())
+        showNotice(m_store.message());
+}
+
+void DeckWindow::start()
+{
+    m_runner.start();
+}
+
+void DeckWindow::takeScreenshot(const QString &file, std::chrono::milliseconds after)
+{
+    connect(&m_runner, &DeckRunner::linked, this, [this, file, after] {
+        QTimer::singleShot(after, this, [this, file] {
+            m_well = grab().save(file, "png");
+            close();
+        });
+    });
+}
+
+void DeckWindow::onStateChanged()
+{
+    m_status->showState(m_runner);
+    if (m_runner.isRunning())
+        return;
+    m_grid->clearLive();
+    if (m_closing)
+        close();
+}
+
+void DeckWindow::showKey(const QString &context)
+{
+    if (const DeckKey *key = m_runner.key(context))
+        m_grid->showLive(context, key->title(), key->picture());
+}
+
+void DeckWindow::putOnCurrent(const QString &action)
+{
+    DeckPlace place = m_grid->current();
+    if (m_model.at(place) != nullptr)
+        place = m_model.firstEmptyKey();
+    if (!m_model.put(place, action)) {
+        showNotice(tr("No key is free."));
+        return;
+    }
+    m_grid->setCurrent(place);
+    m_grid->setFocus();
+}
+
+void DeckWindow::showNotice(const QString &text)
+{
+    m_status->showMessage(text.section(QLatin1Char('\n'), 0, 0), noticeTime);
+}
+
+void DeckWindow::closeEvent(QCloseEvent *event)
+{
+    saveProfile();
+    if (!m_runner.isRunning()) {
+        event->accept();
+        return;
+    }
+    // The plugin is given the time to end by itself; closing again does not wait.
+    event->ignore();
+    m_closing = true;
+    m_runner.stop();
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "deck_simulator/DeckModel.h"
+#include "deck_simulator/DeckRunner.h"
+#include "deck_simulator/ProfileStore.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <chrono>
+
+class ActionPalette;
+class DeckGrid;
+class DeckStatusBar;
+
+/// The deck on the desktop: the grid in the middle, the list of actions beside it. It keeps its
+/// profile in a file, and runs the plugin for as long as it is open.
+class DeckWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    DeckWindow(const SessionSettings &settings, const QString &profileFile,
+               QWidget *parent = nullptr);
+
+    /// Starts the plugin. For a window that is shown.
+    void start();
+
+    /// Writes a picture of the window to a file once the keys have been shown for some time, and
+    /// closes it.
+    void takeScreenshot(const QString &file, std::chrono::milliseconds after);
+    /// Whether all went well, for the exit status.
+    [[nodiscard]] bool isWell() const { return m_well; }
+
+    [[nodiscard]] DeckModel *model() { return &m_model; }
+    [[nodiscard]] DeckRunner *runner() { return &m_runner; }
+    [[nodiscard]] DeckGrid *grid() const { return m_grid; }
+    [[nodiscard]] ActionPalette *actionList() const { return m_actions; }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void loadProfile();
+    void saveProfile();
+    void addDocks();
+    void connectGrid();
+    void connectRunner();
+    void onStateChanged();
+    void showKey(const QString &context);
+    void putOnCurrent(const QString &action);
+    void showNotice(const QString &text);
+
+    ProfileStore m_store;
+    DeckModel m_model;
+    DeckRunner m_runner;
+    StoredProfile m_profile;
+    QTimer m_saveTimer;
+    DeckGrid *m_grid;
+    ActionPalette *m_actions;
+    DeckStatusBar *m_status;
+    bool m_closing = false;
+    bool m_well = true;
+};
