@@ -1,8 +1,10 @@
 # Sourced by ./run, ./test and .ci/run: installs the Debian packages that they name.
 
-build_packages=(cmake ninja-build g++ qtbase5-dev libqt5websockets5-dev libsensors-dev)
+build_packages=(cmake ninja-build g++ qtbase5-dev libqt5websockets5-dev libsensors-dev
+    libpulse-dev)
 run_packages=(fonts-roboto-unhinted)
-test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux)
+test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux pulseaudio pulseaudio-utils
+    e2fsprogs btrfs-progs squashfs-tools procps)
 gate_packages=(clang-format clang-tidy)
 
 is_installed() {

@@ -5,7 +5,9 @@
 #include "sensors/systemInfor.h"
 #include "tests/support/InMemoryLibrary.h"
 #include "tests/support/MessageCapture.h"
+#include "tests/support/SampleSnapshot.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QSignalSpy>
 #include <QWebSocket>
@@ -26,6 +28,16 @@ public:
     std::unique_ptr<VqSystemMonitorLib> library =
         std::make_unique<VqSystemMonitorLib>(false, nullptr);
 };
+
+QJsonValue answer(const char *request)
+{
+    return answerRequest(QString::fromLatin1(request)).value(QStringLiteral("info"));
+}
+
+QJsonArray array(const QByteArray &text)
+{
+    return QJsonDocument::fromJson(text).array();
+}
 
 /// One settings panel.
 class Panel
@@ -56,10 +68,16 @@ class tst_WebSocketServer : public QObject
 
 private Q_SLOTS:
     void init();
+    void cleanup();
 
     void answersRequests_data();
     void answersRequests();
+    void answersWithSixDigits();
     void answersWithTheDriveTrees();
+    void answersWithEveryDrive();
+    void answersWithNoDrives();
+    void answersWithEveryPlaybackDevice();
+    void answersAVolumeThatCannotBeReadUnsigned();
     void answersUnknownRequestsWithNothing_data();
     void answersUnknownRequestsWithNothing();
     void asksTheLibraryForAllSensors();
@@ -69,50 +87,28 @@ private Q_SLOTS:
     void dropsAClientThatSendsTooMuch();
     void reportsAPortThatIsTaken();
     void closesItsClients();
+
+private:
+    std::unique_ptr<MessageCapture> m_capture;
+    std::unique_ptr<LibraryOwner> m_owner;
+    std::unique_ptr<WebSocketServer> m_server;
 };
 
 void tst_WebSocketServer::init()
 {
     InMemoryLibrary::reset();
-    systemInfor::CpuUsage = 37;
-    systemInfor::CpuUsageUnits = QStringLiteral("%");
-    systemInfor::CpuTemperature = 45;
-    systemInfor::CpuTemperatureUnits = QStringLiteral("°C");
-    systemInfor::CpuClock = 4200;
-    systemInfor::CpuClockUnits = QStringLiteral("MHz");
-    systemInfor::CpuPower = 65.26;
-    systemInfor::CpuPowerUnits = QStringLiteral("W");
-    systemInfor::CpuVoltage = 1.25;
-    systemInfor::CpuVoltageUnits = QStringLiteral("V");
-    systemInfor::CpuModel = QStringLiteral("Ryzen 9");
-    systemInfor::GpuModel = QStringLiteral("integrated GPU");
-    systemInfor::GpuTemperature = 51;
-    systemInfor::GpuTemperatureUnits = QStringLiteral("°C");
-    systemInfor::GpuClock = 1905;
-    systemInfor::GpuClockUnits = QStringLiteral("MHz");
-    systemInfor::GpuLoad = 99;
-    systemInfor::GpuLoadUnits = QStringLiteral("%");
-    systemInfor::GpuMemoryClock = 9501;
-    systemInfor::GpuMemoryClockUnits = QStringLiteral("MHz");
-    systemInfor::GpuMemoryUsage = 49.9;
-    systemInfor::GpuMemoryUsageUnits = QStringLiteral("%");
-    systemInfor::GpuMemoryAllocated = 1234567;
-    systemInfor::GpuMemoryAllocatedUnits = QStringLiteral("MB");
-    systemInfor::GpuPower = 3;
-    systemInfor::GpuPowerUnits = QStringLiteral("W");
-    systemInfor::GpuVoltage = 0.9125;
-    systemInfor::GpuVoltageUnits = QStringLiteral("V");
-    systemInfor::SmartInfo = {{QStringLiteral("sda"), QJsonObject()}};
-    systemInfor::MemoryLoad = 61;
-    systemInfor::MemoryLoadUnits = QStringLiteral("%");
-    systemInfor::MemoryUsedMB = 9000;
-    systemInfor::MemoryAvailableMB = 6974;
-    systemInfor::MemoryTotalMB = 15974;
-    systemInfor::MemoryTotalGBRounded = 16;
-    systemInfor::NetUpRate = 1.5859375;
-    systemInfor::NetUpRateUnits = QStringLiteral("MB/s");
-    systemInfor::NetDownRate = 0;
-    systemInfor::NetDownRateUnits = QStringLiteral("Kb/s");
+    fillSnapshot();
+    m_capture = std::make_unique<MessageCapture>();
+    m_owner = std::make_unique<LibraryOwner>();
+    m_server = std::make_unique<WebSocketServer>(quint16(0));
+    m_server->setPlugin(m_owner.get());
+}
+
+void tst_WebSocketServer::cleanup()
+{
+    m_server.reset();
+    m_owner.reset();
+    m_capture.reset();
 }
 
 void tst_WebSocketServer::answersRequests_data()
@@ -127,34 +123,75 @@ void tst_WebSocketServer::answersRequests_data()
     QTest::newRow("Gpu Core Utility") << QStringLiteral("99%");
     QTest::newRow("Gpu Memory Clock") << QStringLiteral("9501MHz");
     QTest::newRow("Gpu Memory Utility") << QStringLiteral("49.9%");
-    QTest::newRow("Gpu Memory Used") << QStringLiteral("1.23457e+06MB");
+    QTest::newRow("Gpu Memory Used") << QStringLiteral("2048MB");
     QTest::newRow("Gpu Power") << QStringLiteral("3W");
-    QTest::newRow("Cpu Model") << QStringLiteral("Ryzen 9");
+    QTest::newRow("Cpu Model") << QStringLiteral("Ryzen 9 %1");
     QTest::newRow("Gpu Model") << QStringLiteral("integrated GPU");
-    QTest::newRow("Gpu Voltage") << QStringLiteral("0.9125V");
+    QTest::newRow("Gpu Voltage") << QStringLiteral("0.9127V");
     QTest::newRow("Cpu Voltage") << QStringLiteral("1.25V");
     QTest::newRow("Physical Memory Usage") << QStringLiteral("61%");
-    QTest::newRow("Network Upload Speed") << QStringLiteral("1.58594MB/s");
-    QTest::newRow("Network Download Speed") << QStringLiteral("0Kb/s");
-    QTest::newRow("Memory Used MB") << QStringLiteral("9000");
-    QTest::newRow("Memory Free MB") << QStringLiteral("6974");
-    QTest::newRow("Memory Total MB") << QStringLiteral("15974");
+    QTest::newRow("Network Upload Speed") << QStringLiteral("1.24Kb/s");
+    QTest::newRow("Network Download Speed") << QStringLiteral("3MB/s");
+    QTest::newRow("Memory Used MB") << QStringLiteral("14592");
+    QTest::newRow("Memory Free MB") << QStringLiteral("1536");
+    QTest::newRow("Memory Total MB") << QStringLiteral("16128");
     QTest::newRow("Memory Model") << QStringLiteral("16");
+    QTest::newRow("totalDisksFreeSpace") << QStringLiteral("120");
+    QTest::newRow("totalDisksTotalSpace") << QStringLiteral("480");
+    QTest::newRow("defaultAudioEndpointVolume") << QStringLiteral("35");
 }
 
 void tst_WebSocketServer::answersRequests()
 {
     QFETCH(QString, info);
     const QString request = QString::fromLatin1(QTest::currentDataTag());
-    const MessageCapture capture;
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    server.setPlugin(&owner);
-    Panel panel(server.port());
+    Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
     panel.ask(request);
     QTRY_COMPARE(panel.replyCount(), 1);
     QCOMPARE(panel.reply(0), QStringLiteral(R"({"event":"%1","info":"%2"})").arg(request, info));
+}
+
+void tst_WebSocketServer::answersWithSixDigits()
+{
+    systemInfor::GpuMemoryAllocated = 1234567;
+    QCOMPARE(answer("Gpu Memory Used"), QJsonValue(QStringLiteral("1.23457e+06MB")));
+}
+
+void tst_WebSocketServer::answersWithEveryDrive()
+{
+    // The second drive does not answer, so that its place in the other lists is empty.
+    QCOMPARE(answer("drives"),
+             QJsonValue(array(R"([{"driveName":"C:\\","volumeName":"System","freeSpaceGB":120,
+                                   "freeSpacePercent":25},
+                                  {"driveName":"D:\\","volumeName":"","freeSpaceGB":0,
+                                   "freeSpacePercent":0}])")));
+}
+
+void tst_WebSocketServer::answersWithNoDrives()
+{
+    systemInfor::DriveRoots.clear();
+    QCOMPARE(answer("drives"), QJsonValue(QJsonArray()));
+}
+
+void tst_WebSocketServer::answersWithEveryPlaybackDevice()
+{
+    QCOMPARE(answer("AllAudioEndpointVolume"),
+             QJsonValue(array(R"([{"AudioNames":"Speakers","AudioNameszf":35.5},
+                                  {"AudioNames":"Headset","AudioNameszf":-1}])")));
+    systemInfor::AudioDeviceVolumes = {0.1F};
+    QCOMPARE(answer("AllAudioEndpointVolume")
+                 .toArray()
+                 .at(0)
+                 .toObject()
+                 .value(QStringLiteral("AudioNameszf")),
+             QJsonValue(0.10000000149011612));
+}
+
+void tst_WebSocketServer::answersAVolumeThatCannotBeReadUnsigned()
+{
+    systemInfor::AudioVolume = -1;
+    QCOMPARE(answer("defaultAudioEndpointVolume"), QJsonValue(QStringLiteral("4294967295")));
 }
 
 void tst_WebSocketServer::answersWithTheDriveTrees()
@@ -178,11 +215,7 @@ void tst_WebSocketServer::answersUnknownRequestsWithNothing_data()
 void tst_WebSocketServer::answersUnknownRequestsWithNothing()
 {
     QFETCH(QString, request);
-    const MessageCapture capture;
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    server.setPlugin(&owner);
-    Panel panel(server.port());
+    Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
     panel.ask(request);
     QTRY_COMPARE(panel.replyCount(), 1);
@@ -192,11 +225,7 @@ void tst_WebSocketServer::answersUnknownRequestsWithNothing()
 
 void tst_WebSocketServer::asksTheLibraryForAllSensors()
 {
-    const MessageCapture capture;
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    server.setPlugin(&owner);
-    Panel panel(server.port());
+    Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
     for (const QString &group : {QStringLiteral("one"), QStringLiteral("two")}) {
         InMemoryLibrary::allSensors = {{group, QJsonObject()}};
@@ -209,28 +238,26 @@ void tst_WebSocketServer::asksTheLibraryForAllSensors()
 
 void tst_WebSocketServer::leavesRequestsUnansweredWithoutALibrary()
 {
-    const MessageCapture capture;
     const QString line = QStringLiteral("Message received from client: \"Cpu Usage\"");
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    Panel panel(server.port());
+    m_server->setPlugin(nullptr);
+    Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
     panel.ask(QStringLiteral("Cpu Usage"));
     QTRY_COMPARE(MessageCapture::count(line), 1);
-    owner.library.reset();
-    server.setPlugin(&owner);
+    m_owner->library.reset();
+    m_server->setPlugin(m_owner.get());
     panel.ask(QStringLiteral("Cpu Usage"));
     QTRY_COMPARE(MessageCapture::count(line), 2);
     {
         LibraryOwner other;
-        server.setPlugin(&other);
+        m_server->setPlugin(&other);
     }
     panel.ask(QStringLiteral("Cpu Usage"));
     QTRY_COMPARE(MessageCapture::count(line), 3);
 
     // What is answered now is the first reply.
-    owner.library = std::make_unique<VqSystemMonitorLib>(false, nullptr);
-    server.setPlugin(&owner);
+    m_owner->library = std::make_unique<VqSystemMonitorLib>(false, nullptr);
+    m_server->setPlugin(m_owner.get());
     panel.ask(QStringLiteral("x"));
     QTRY_COMPARE(panel.replyCount(), 1);
     QCOMPARE(panel.reply(0), QStringLiteral("{}"));
@@ -238,13 +265,9 @@ void tst_WebSocketServer::leavesRequestsUnansweredWithoutALibrary()
 
 void tst_WebSocketServer::repliesToTheAskerOnly()
 {
-    const MessageCapture capture;
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    server.setPlugin(&owner);
-    Panel first(server.port());
+    Panel first(m_server->port());
     QTRY_VERIFY(first.isConnected());
-    Panel second(server.port());
+    Panel second(m_server->port());
     QTRY_VERIFY(second.isConnected());
     QTRY_COMPARE(
         MessageCapture::count(QStringLiteral("New connection established. Total connections: 2")),
@@ -266,11 +289,7 @@ void tst_WebSocketServer::repliesToTheAskerOnly()
 
 void tst_WebSocketServer::ignoresBinaryMessages()
 {
-    const MessageCapture capture;
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    server.setPlugin(&owner);
-    Panel panel(server.port());
+    Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
     panel.socket().sendBinaryMessage("Cpu Usage");
     panel.ask(QStringLiteral("Memory Model"));
@@ -280,16 +299,12 @@ void tst_WebSocketServer::ignoresBinaryMessages()
 
 void tst_WebSocketServer::dropsAClientThatSendsTooMuch()
 {
-    const MessageCapture capture;
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    server.setPlugin(&owner);
-    Panel flood(server.port());
+    Panel flood(m_server->port());
     QTRY_VERIFY(flood.isConnected());
     flood.ask(QString(1024 * 1024, QLatin1Char('x')));
     QTRY_VERIFY(!flood.isConnected());
 
-    Panel next(server.port());
+    Panel next(m_server->port());
     QTRY_VERIFY(next.isConnected());
     next.ask(QStringLiteral("Cpu Usage"));
     QTRY_COMPARE(next.replyCount(), 1);
@@ -297,12 +312,11 @@ void tst_WebSocketServer::dropsAClientThatSendsTooMuch()
 
 void tst_WebSocketServer::reportsAPortThatIsTaken()
 {
-    const MessageCapture capture;
-    const WebSocketServer first(0);
-    QCOMPARE(MessageCapture::messages(),
-             QStringList(QStringLiteral("WebSocket server started on port %1").arg(first.port())));
+    QCOMPARE(
+        MessageCapture::messages(),
+        QStringList(QStringLiteral("WebSocket server started on port %1").arg(m_server->port())));
     MessageCapture::clear();
-    const WebSocketServer second(first.port());
+    const WebSocketServer second(m_server->port());
     QCOMPARE(MessageCapture::messages(),
              QStringList(QStringLiteral("WebSocket server failed to start!")));
     QCOMPARE(second.port(), quint16(0));
@@ -310,12 +324,10 @@ void tst_WebSocketServer::reportsAPortThatIsTaken()
 
 void tst_WebSocketServer::closesItsClients()
 {
-    const MessageCapture capture;
-    auto server = std::make_unique<WebSocketServer>(quint16(0));
-    Panel panel(server->port());
+    Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
     QTRY_COMPARE(MessageCapture::messages().size(), 2);
-    server.reset();
+    m_server.reset();
     QTRY_VERIFY(!panel.isConnected());
 }
 
