@@ -81,8 +81,10 @@ int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
     const QApplication application(argc, argv);
     applyColors(options.colors);
     applyTextSize(options.textSize);
-    DeckWindow window(sessionSettings(options),
-                      options.profileFile.isEmpty() ? userProfile() : options.profileFile);
+    WindowSettings settings;
+    settings.session = sessionSettings(options);
+    settings.profileFile = options.profileFile.isEmpty() ? userProfile() : options.profileFile;
+    DeckWindow window(settings);
     const InterruptWatcher interrupts;
     QObject::connect(&interrupts, &InterruptWatcher::interrupted, &window, &QWidget::close);
     if (!options.screenshotFile.isEmpty())

@@ -3,6 +3,9 @@
 #include "deck_simulator/gui/ActionPalette.h"
 #include "deck_simulator/gui/DeckGrid.h"
 #include "deck_simulator/gui/DeckStatusBar.h"
+#include "deck_simulator/gui/Inspector.h"
+#include "deck_simulator/gui/SettingsForm.h"
+#include "deck_simulator/gui/SettingsPanel.h"
 
 #include <QCloseEvent>
 #include <QDockWidget>
@@ -23,12 +26,14 @@ QDockWidget *makeDock(const QString &title, const char *name, QWidget *content)
 
 } // namespace
 
-DeckWindow::DeckWindow(const SessionSettings &settings, const QString &profileFile, QWidget *parent)
+DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     : QMainWindow(parent)
-    , m_store(profileFile)
-    , m_runner(settings, &m_model)
+    , m_store(settings.profileFile)
+    , m_runner(settings.session, &m_model)
     , m_grid(new DeckGrid(&m_model))
     , m_actions(new ActionPalette)
+    , m_panel(new SettingsPanel)
+    , m_inspector(new Inspector(&m_model, &m_runner, m_panel, settings.dataServerPort, this))
     , m_status(new DeckStatusBar)
 {
     setWindowTitle(tr("Deck simulator"));
@@ -49,6 +54,7 @@ DeckWindow::DeckWindow(const SessionSettings &settings, const QString &profileFi
 void DeckWindow::addDocks()
 {
     addDockWidget(Qt::LeftDockWidgetArea, makeDock(tr("Actions"), "actions", m_actions));
+    addDockWidget(Qt::RightDockWidgetArea, makeDock(tr("Settings"), "settings", m_panel));
     connect(m_actions, &ActionPalette::actionChosen, this, &DeckWindow::putOnCurrent);
 }
 
@@ -57,6 +63,11 @@ void DeckWindow::connectGrid()
     connect(m_grid, &DeckGrid::keyPressed, &m_runner, &DeckRunner::press);
     connect(m_grid, &DeckGrid::dialPressed, &m_runner, &DeckRunner::pressDial);
     connect(m_grid, &DeckGrid::dialTurned, &m_runner, &DeckRunner::rotate);
+    connect(m_grid, &DeckGrid::currentChanged, m_inspector, &Inspector::select);
+    connect(m_grid, &DeckGrid::editRequested, this, [this](const DeckPlace &place) {
+        m_grid->setCurrent(place);
+        m_panel->form()->focusFirst();
+    });
     connect(m_grid, &DeckGrid::actionWanted, m_actions, &ActionPalette::startSearch);
 }
 

@@ -2,6 +2,7 @@
 
 #include "deck_simulator/DeckModel.h"
 #include "deck_simulator/DeckRunner.h"
+#include "deck_simulator/InspectorClient.h"
 #include "deck_simulator/ProfileStore.h"
 
 #include <QMainWindow>
@@ -12,6 +13,17 @@
 class ActionPalette;
 class DeckGrid;
 class DeckStatusBar;
+class Inspector;
+class SettingsPanel;
+
+/// What the window is opened with.
+struct WindowSettings
+{
+    SessionSettings session;
+    QString profileFile;
+    /// Where the plugin's data server is looked for.
+    quint16 dataServerPort = InspectorClient::usualPort;
+};
 
 /// The deck on the desktop: the grid in the middle, the list of actions beside it. It keeps its
 /// profile in a file, and runs the plugin for as long as it is open.
@@ -20,8 +32,7 @@ class DeckWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    DeckWindow(const SessionSettings &settings, const QString &profileFile,
-               QWidget *parent = nullptr);
+    explicit DeckWindow(const WindowSettings &settings, QWidget *parent = nullptr);
 
     /// Starts the plugin. For a window that is shown.
     void start();
@@ -35,6 +46,7 @@ public:
     [[nodiscard]] DeckModel *model() { return &m_model; }
     [[nodiscard]] DeckRunner *runner() { return &m_runner; }
     [[nodiscard]] DeckGrid *grid() const { return m_grid; }
+    [[nodiscard]] SettingsPanel *panel() const { return m_panel; }
     [[nodiscard]] ActionPalette *actionList() const { return m_actions; }
 
 protected:
@@ -58,6 +70,8 @@ private:
     QTimer m_saveTimer;
     DeckGrid *m_grid;
     ActionPalette *m_actions;
+    SettingsPanel *m_panel;
+    Inspector *m_inspector;
     DeckStatusBar *m_status;
     bool m_closing = false;
     bool m_well = true;
