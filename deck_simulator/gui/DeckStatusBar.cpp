@@ -12,8 +12,10 @@ DeckStatusBar::DeckStatusBar(QWidget *parent)
     , m_frames(new QLabel)
     , m_bytes(new QLabel)
 {
-    for (QLabel *label : {m_link, m_plugin, m_frames, m_bytes})
+    for (QLabel *label : {m_link, m_plugin, m_frames, m_bytes}) {
+        label->setMargin(fontMetrics().averageCharWidth());
         addPermanentWidget(label);
+    }
 }
 
 void DeckStatusBar::showState(const DeckRunner &runner)

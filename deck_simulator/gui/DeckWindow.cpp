@@ -1,14 +1,20 @@
 #include "deck_simulator/gui/DeckWindow.h"
 
 #include "deck_simulator/gui/ActionPalette.h"
+#include "deck_simulator/gui/DeckBar.h"
 #include "deck_simulator/gui/DeckGrid.h"
 #include "deck_simulator/gui/DeckStatusBar.h"
 #include "deck_simulator/gui/Inspector.h"
+#include "deck_simulator/gui/LogView.h"
+#include "deck_simulator/gui/PluginBar.h"
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
 
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -34,17 +40,27 @@ DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     , m_actions(new ActionPalette)
     , m_panel(new SettingsPanel)
     , m_inspector(new Inspector(&m_model, &m_runner, m_panel, settings.dataServerPort, this))
+    , m_pluginBar(new PluginBar(&m_runner))
+    , m_deckBar(new DeckBar(&m_model))
+    , m_logView(new LogView(&m_log))
     , m_status(new DeckStatusBar)
 {
     setWindowTitle(tr("Deck simulator"));
-    setCentralWidget(m_grid);
+    auto *deck = new QWidget;
+    auto *layout = new QVBoxLayout(deck);
+    layout->addWidget(m_grid, 1);
+    layout->addWidget(m_deckBar);
+    setCentralWidget(deck);
     setStatusBar(m_status);
+    addToolBar(m_pluginBar);
     addDocks();
+    addMenus();
     connectGrid();
     connectRunner();
     m_saveTimer.setSingleShot(true);
     connect(&m_saveTimer, &QTimer::timeout, this, &DeckWindow::saveProfile);
-    resize(1240, 780);
+    resize(1320, 820);
+    resizeDocks({findChild<QDockWidget *>(QStringLiteral("log"))}, {180}, Qt::Vertical);
     loadProfile();
     connect(&m_model, &DeckModel::changed, this, [this] { m_saveTimer.start(0); });
     onStateChanged();
@@ -55,7 +71,28 @@ void DeckWindow::addDocks()
 {
     addDockWidget(Qt::LeftDockWidgetArea, makeDock(tr("Actions"), "actions", m_actions));
     addDockWidget(Qt::RightDockWidgetArea, makeDock(tr("Settings"), "settings", m_panel));
+    addDockWidget(Qt::BottomDockWidgetArea, makeDock(tr("Log"), "log", m_logView));
+    // The log lies below the deck only.
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     connect(m_actions, &ActionPalette::actionChosen, this, &DeckWindow::putOnCurrent);
+}
+
+void DeckWindow::addMenus()
+{
+    QMenu *plugin = menuBar()->addMenu(tr("&Plugin"));
+    plugin->addActions(
+        {m_pluginBar->startAction(), m_pluginBar->stopAction(), m_pluginBar->restartAction()});
+    plugin->addSeparator();
+    plugin->addActions({m_pluginBar->dieAction(), m_pluginBar->portAction()});
+    plugin->addSeparator();
+    plugin->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+    QMenu *view = menuBar()->addMenu(tr("&View"));
+    const QList<QDockWidget *> docks = findChildren<QDockWidget *>();
+    for (const QDockWidget *dock : docks)
+        view->addAction(dock->toggleViewAction());
+    view->addSeparator();
+    view->addAction(m_pluginBar->toggleViewAction());
 }
 
 void DeckWindow::connectGrid()
@@ -76,6 +113,8 @@ void DeckWindow::connectRunner()
     connect(&m_runner, &DeckRunner::stateChanged, this, &DeckWindow::onStateChanged);
     connect(&m_runner, &DeckRunner::keyChanged, this, &DeckWindow::showKey);
     connect(&m_runner, &DeckRunner::notice, this, &DeckWindow::showNotice);
+    connect(&m_runner, &DeckRunner::started, &m_log, &PluginLog::follow);
+    connect(m_pluginBar, &PluginBar::launchChanged, this, [this] { m_saveTimer.start(0); });
 }
 
 void DeckWindow::loadProfile()
@@ -83,6 +122,7 @@ void DeckWindow::loadProfile()
     m_profile = m_store.load();
     m_model.restore(m_profile.grid, m_profile.dials, m_profile.entries);
     m_runner.setLaunch(m_profile.launch);
+    m_pluginBar->showState();
     restoreGeometry(m_profile.windowGeometry);
     restoreState(m_profile.windowState);
     if (!m_store.message().isEmpty())
@@ -122,6 +162,7 @@ void DeckWindow::onStateChanged()
     if (m_runner.isRunning())
         return;
     m_grid->clearLive();
+    m_log.finish();
     if (m_closing)
         close();
 }
@@ -147,6 +188,7 @@ void DeckWindow::putOnCurrent(const QString &action)
 
 void DeckWindow::showNotice(const QString &text)
 {
+    m_log.tell(text);
     m_status->showMessage(text.section(QLatin1Char('\n'), 0, 0), noticeTime);
 }
 

@@ -3,6 +3,7 @@
 #include "deck_simulator/DeckModel.h"
 #include "deck_simulator/DeckRunner.h"
 #include "deck_simulator/InspectorClient.h"
+#include "deck_simulator/PluginLog.h"
 #include "deck_simulator/ProfileStore.h"
 
 #include <QMainWindow>
@@ -11,9 +12,12 @@
 #include <chrono>
 
 class ActionPalette;
+class DeckBar;
 class DeckGrid;
 class DeckStatusBar;
 class Inspector;
+class LogView;
+class PluginBar;
 class SettingsPanel;
 
 /// What the window is opened with.
@@ -25,8 +29,9 @@ struct WindowSettings
     quint16 dataServerPort = InspectorClient::usualPort;
 };
 
-/// The deck on the desktop: the grid in the middle, the list of actions beside it. It keeps its
-/// profile in a file, and runs the plugin for as long as it is open.
+/// The deck on the desktop: the grid in the middle, the list of actions and the settings of the
+/// selected key beside it, the plugin's log below. It keeps its profile in a file, and runs the
+/// plugin for as long as it is open.
 class DeckWindow : public QMainWindow
 {
     Q_OBJECT
@@ -47,6 +52,10 @@ public:
     [[nodiscard]] DeckRunner *runner() { return &m_runner; }
     [[nodiscard]] DeckGrid *grid() const { return m_grid; }
     [[nodiscard]] SettingsPanel *panel() const { return m_panel; }
+    [[nodiscard]] PluginBar *pluginBar() const { return m_pluginBar; }
+    [[nodiscard]] DeckBar *deckBar() const { return m_deckBar; }
+    [[nodiscard]] DeckStatusBar *deckStatus() const { return m_status; }
+    [[nodiscard]] LogView *logView() const { return m_logView; }
     [[nodiscard]] ActionPalette *actionList() const { return m_actions; }
 
 protected:
@@ -56,6 +65,7 @@ private:
     void loadProfile();
     void saveProfile();
     void addDocks();
+    void addMenus();
     void connectGrid();
     void connectRunner();
     void onStateChanged();
@@ -66,12 +76,16 @@ private:
     ProfileStore m_store;
     DeckModel m_model;
     DeckRunner m_runner;
+    PluginLog m_log;
     StoredProfile m_profile;
     QTimer m_saveTimer;
     DeckGrid *m_grid;
     ActionPalette *m_actions;
     SettingsPanel *m_panel;
     Inspector *m_inspector;
+    PluginBar *m_pluginBar;
+    DeckBar *m_deckBar;
+    LogView *m_logView;
     DeckStatusBar *m_status;
     bool m_closing = false;
     bool m_well = true;

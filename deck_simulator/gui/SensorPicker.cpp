@@ -41,6 +41,8 @@ SensorPicker::SensorPicker(QWidget *parent)
     m_view->setModel(m_shown);
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_view->setUniformRowHeights(true);
+    m_view->setIndentation(m_view->indentation() / 2);
+    m_view->setTextElideMode(Qt::ElideMiddle);
     m_view->setMinimumHeight(shownRows * fontMetrics().lineSpacing() * 5 / 4);
     m_view->setAccessibleName(tr("Sensors"));
     auto *layout = new QVBoxLayout(this);
@@ -77,6 +79,7 @@ void SensorPicker::rebuild()
         }
         auto *label = new QStandardItem(entry.label);
         label->setData(index, indexRole);
+        label->setToolTip(entry.group + QLatin1Char('\n') + entry.label);
         label->setData(entry.group + QLatin1Char(' ') + entry.label, searchRole);
         group->appendRow({label, new QStandardItem(entry.reading)});
     }

@@ -113,15 +113,15 @@ void SettingsForm::addTitleRows()
     m_title = named(new QLineEdit, "title");
     m_title->setToolTip(tr("On two lines, \"Up/Down\" gives each line its part"));
     m_showTitle = named(new QCheckBox(tr("before the reading")), "showTitle");
-    m_layout->addRow(tr("&Title"), m_title);
-    m_layout->addRow(tr("&Show it"), m_showTitle);
+    addRow(tr("&Title"), m_title);
+    addRow(tr("&Show it"), m_showTitle);
 }
 
 void SettingsForm::addLookRows()
 {
     m_font = makeChoice("font");
     m_fontSize = makeNumber("fontSize", 1, 600, tr(" px"));
-    m_fillsKey = named(new QCheckBox(tr("fill the key's width")), "fillsKey");
+    m_fillsKey = named(new QCheckBox(tr("fill the key")), "fillsKey");
     m_fillsKey->setToolTip(
         tr("Tell the plugin the width of the key, so that it chooses the font size by it"));
     m_color = named(new ColorField, "color");
@@ -135,11 +135,11 @@ void SettingsForm::addLookRows()
     opacityLayout->setContentsMargins(0, 0, 0, 0);
     opacityLayout->addWidget(m_opacity);
     opacityLayout->addWidget(m_opacityText);
-    m_layout->addRow(tr("&Font"), m_font);
-    m_layout->addRow(tr("Si&ze"), m_fontSize);
-    m_layout->addRow(QString(), m_fillsKey);
-    m_layout->addRow(tr("&Colour"), m_color);
-    m_layout->addRow(tr("T&ransparency"), m_opacityRow);
+    addRow(tr("&Font"), m_font);
+    addRow(tr("Si&ze"), m_fontSize);
+    addRow(tr("&Width"), m_fillsKey);
+    addRow(tr("&Colour"), m_color);
+    addRow(tr("T&ransparency"), m_opacityRow);
 }
 
 void SettingsForm::addKindRows()
@@ -155,17 +155,17 @@ void SettingsForm::addKindRows()
     m_audioDevice = makeChoice("audioDevice");
     m_pump = named(new QLabel, "pump");
     m_sensor = named(new SensorPicker, "sensor");
-    m_layout->addRow(tr("Te&mperature"), m_temperatureType);
-    m_layout->addRow(tr("&Lines"), m_titleLines);
-    m_layout->addRow(tr("S&hows"), m_diskMode);
-    m_layout->addRow(tr("&Drive"), m_drive);
-    m_layout->addRow(tr("S&witches every"), m_switchFrequency);
-    m_layout->addRow(tr("Drive &name"), m_showVolumeName);
-    m_layout->addRow(tr("F&an"), m_fan);
-    m_layout->addRow(tr("&Disk"), m_physicalDisk);
-    m_layout->addRow(tr("Audio d&evice"), m_audioDevice);
-    m_layout->addRow(tr("Pump"), m_pump);
-    m_layout->addRow(tr("Se&nsor"), m_sensor);
+    addRow(tr("Te&mperature"), m_temperatureType);
+    addRow(tr("&Lines"), m_titleLines);
+    addRow(tr("S&hows"), m_diskMode);
+    addRow(tr("&Drive"), m_drive);
+    addRow(tr("S&witches every"), m_switchFrequency);
+    addRow(tr("Drive &name"), m_showVolumeName);
+    addRow(tr("F&an"), m_fan);
+    addRow(tr("&Disk"), m_physicalDisk);
+    addRow(tr("Audio d&evice"), m_audioDevice);
+    addRow(tr("Pump"), m_pump);
+    addRow(QString(), m_sensor);
 }
 
 void SettingsForm::connectControls()
@@ -192,11 +192,43 @@ void SettingsForm::setAction(const QString &action)
     showFields();
 }
 
+void SettingsForm::addRow(const QString &label, QWidget *field)
+{
+    QLabel *caption = label.isEmpty() ? nullptr : new QLabel(label, this);
+    if (caption != nullptr)
+        caption->setBuddy(field);
+    field->setParent(this);
+    m_rows.append({caption, field, true});
+}
+
 void SettingsForm::showRow(QWidget *field, bool shown)
 {
-    field->setVisible(shown);
-    if (QWidget *label = m_layout->labelForField(field))
-        label->setVisible(shown);
+    for (Row &row : m_rows) {
+        if (row.field == field)
+            row.shown = shown;
+    }
+}
+
+// A form keeps the space of a row whose widgets are hidden, so only those that are shown are in it.
+void SettingsForm::layOut()
+{
+    int position = 0;
+    for (const Row &row : qAsConst(m_rows)) {
+        const bool present = m_layout->indexOf(row.field) >= 0;
+        if (present && !row.shown) {
+            const QFormLayout::TakeRowResult taken = m_layout->takeRow(row.field);
+            delete taken.labelItem;
+            delete taken.fieldItem;
+        } else if (!present && row.shown && row.label != nullptr) {
+            m_layout->insertRow(position, row.label, row.field);
+        } else if (!present && row.shown) {
+            m_layout->insertRow(position, row.field);
+        }
+        if (row.label != nullptr)
+            row.label->setVisible(row.shown);
+        row.field->setVisible(row.shown);
+        position += row.shown ? 1 : 0;
+    }
 }
 
 void SettingsForm::showFields()
@@ -213,6 +245,7 @@ void SettingsForm::showFields()
     showRow(m_audioDevice, fields.audioDevice);
     showRow(m_pump, fields.pump);
     showRow(m_sensor, fields.sensor);
+    layOut();
 }
 
 void SettingsForm::setSettings(const KeySettings &settings)

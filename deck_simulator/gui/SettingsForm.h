@@ -44,10 +44,20 @@ private:
     void connectControls();
     void showFields();
     void showLists();
+    void addRow(const QString &label, QWidget *field);
     void showRow(QWidget *field, bool shown);
+    void layOut();
     void collect();
 
+    struct Row
+    {
+        QLabel *label; // null: the field is as wide as the form
+        QWidget *field;
+        bool shown;
+    };
+
     QFormLayout *m_layout;
+    QVector<Row> m_rows;
     QLineEdit *m_title;
     QCheckBox *m_showTitle;
     QComboBox *m_font;
