@@ -83,8 +83,7 @@ void ConnectionManager::OnMessage(const QString &text)
 
 void ConnectionManager::OnConnected()
 {
-    const QString registration =
-        hostmessages::compact(hostmessages::registration(registerEvent, pluginUUID));
+    const QString registration = hostmessages::registration(registerEvent, pluginUUID);
     webSocket->sendTextMessage(registration);
     Logger(registration);
     Logger(labelled("Connect-serverPort: ", webSocket->peerPort()));
@@ -104,8 +103,8 @@ void ConnectionManager::OnError(QAbstractSocket::SocketError /*error*/)
     Logger(labelled("Socket error: ", webSocket->errorString()));
 }
 
-void ConnectionManager::send(const QJsonObject &message)
+void ConnectionManager::send(const QString &message)
 {
     if (webSocket)
-        webSocket->sendTextMessage(hostmessages::compact(message));
+        webSocket->sendTextMessage(message);
 }

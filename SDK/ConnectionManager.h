@@ -39,7 +39,7 @@ private:
     void OnConnected();
     void OnDisconnected();
     void OnError(QAbstractSocket::SocketError error);
-    void send(const QJsonObject &message);
+    void send(const QString &message);
 
     int port;
     QString pluginUUID;

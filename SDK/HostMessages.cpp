@@ -1,22 +1,65 @@
 #include "SDK/HostMessages.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
+#include <QStringView>
+
+#include <initializer_list>
+#include <numeric>
 
 namespace {
 
-QJsonObject command(const QString &event, const QString &context, const QJsonObject &payload)
+QString compact(const QJsonObject &message)
 {
-    return {{QStringLiteral("event"), event},
-            {QStringLiteral("context"), context},
-            {QStringLiteral("payload"), payload}};
+    return QString::fromUtf8(QJsonDocument(message).toJson(QJsonDocument::Compact));
 }
 
-QJsonObject keyPayload(const QString &member, const QString &value, int target, int state)
+/// Whether \a character has to be looked at before it may stand in a JSON string.
+bool isSpecial(ushort character)
 {
-    QJsonObject payload{{member, value}, {QStringLiteral("target"), target}};
-    if (state >= 0)
-        payload.insert(QStringLiteral("state"), state);
-    return payload;
+    constexpr ushort firstPrintable = 0x20;
+    constexpr ushort surrogates = 0xd800;
+    constexpr ushort surrogateMask = 0xf800;
+    return character < firstPrintable || character == '"' || character == '\\' ||
+           (character & surrogateMask) == surrogates;
+}
+
+/// Without an early end, so that the compiler can look at many characters at once.
+bool isPlain(const QString &text)
+{
+    const ushort *const begin = text.utf16();
+    return std::accumulate(begin, begin + text.size(), 0, [](int specials, ushort character) {
+               return specials | static_cast<int>(isSpecial(character));
+           }) == 0;
+}
+
+/// \a text as a JSON string, without its quotation marks.
+QString escaped(const QString &text)
+{
+    if (isPlain(text))
+        return text;
+    const QString array =
+        QString::fromUtf8(QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact));
+    constexpr int bracketAndMark = 2;
+    return array.mid(bracketAndMark, array.size() - 2 * bracketAndMark);
+}
+
+QString joined(std::initializer_list<QStringView> parts)
+{
+    QString text;
+    text.reserve(std::accumulate(parts.begin(), parts.end(), 0, [](int length, QStringView part) {
+        return length + static_cast<int>(part.size());
+    }));
+    for (const QStringView part : parts)
+        text.append(part.data(), static_cast<int>(part.size()));
+    return text;
+}
+
+/// The members "state" and "target", in the order of their names.
+QString stateAndTarget(int state, int target)
+{
+    const QString written = QStringLiteral("\"target\":%1").arg(target);
+    return state >= 0 ? QStringLiteral("\"state\":%1,").arg(state) + written : written;
 }
 
 QString withPrefix(const QString &image)
@@ -29,31 +72,33 @@ QString withPrefix(const QString &image)
 
 namespace hostmessages {
 
-QJsonObject registration(const QString &registerEvent, const QString &pluginUUID)
+QString registration(const QString &registerEvent, const QString &pluginUUID)
 {
-    return {{QStringLiteral("event"), registerEvent}, {QStringLiteral("uuid"), pluginUUID}};
+    return compact(
+        {{QStringLiteral("event"), registerEvent}, {QStringLiteral("uuid"), pluginUUID}});
 }
 
-QJsonObject setTitle(const QString &title, const QString &context, int target, int state)
+// Each key gets both of these once a second, and a picture has some thousand characters: they are
+// put together in one go.
+
+QString setTitle(const QString &title, const QString &context, int target, int state)
 {
-    return command(QStringLiteral("setTitle"), context,
-                   keyPayload(QStringLiteral("title"), title, target, state));
+    return joined({u"{\"context\":\"", escaped(context), u"\",\"event\":\"setTitle\",\"payload\":{",
+                   stateAndTarget(state, target), u",\"title\":\"", escaped(title), u"\"}}"});
 }
 
-QJsonObject setImage(const QString &image, const QString &context, int target, int state)
+QString setImage(const QString &image, const QString &context, int target, int state)
 {
-    return command(QStringLiteral("setImage"), context,
-                   keyPayload(QStringLiteral("image"), withPrefix(image), target, state));
+    return joined({u"{\"context\":\"", escaped(context),
+                   u"\",\"event\":\"setImage\",\"payload\":{\"image\":\"",
+                   escaped(withPrefix(image)), u"\",", stateAndTarget(state, target), u"}}"});
 }
 
-QJsonObject setSettings(const QJsonObject &payload, const QString &context)
+QString setSettings(const QJsonObject &payload, const QString &context)
 {
-    return command(QStringLiteral("setSettings"), context, payload);
-}
-
-QString compact(const QJsonObject &message)
-{
-    return QString::fromUtf8(QJsonDocument(message).toJson(QJsonDocument::Compact));
+    return compact({{QStringLiteral("event"), QStringLiteral("setSettings")},
+                    {QStringLiteral("context"), context},
+                    {QStringLiteral("payload"), payload}});
 }
 
 } // namespace hostmessages

@@ -45,7 +45,7 @@ QStringList FileTail::newLines()
 
 QString FileTail::takeRest()
 {
-    const QString text = QString::fromUtf8(m_rest);
+    QString text = QString::fromUtf8(m_rest);
     m_rest.clear();
     return text;
 }

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr quint64 largestReply = 8 * 1024 * 1024; // bytes
+constexpr quint64 largestReply = quint64(8) << 20; // bytes
 
 } // namespace
 

@@ -39,7 +39,7 @@ StoredProfile ProfileStore::load()
         setAside(QStringLiteral("it is too large"));
         return firstProfile();
     }
-    const StoredProfile profile = readProfile(text, &faults);
+    StoredProfile profile = readProfile(text, &faults);
     if (faults.isEmpty())
         return profile;
     setAside(faults.join(QStringLiteral("; ")));

@@ -9,7 +9,7 @@ class ProfileStore
 {
 public:
     /// A larger file is no profile, bytes.
-    static constexpr qint64 maximumSize = 4 * 1024 * 1024;
+    static constexpr qint64 maximumSize = qint64(4) << 20;
 
     explicit ProfileStore(const QString &path);
 

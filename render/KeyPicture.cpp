@@ -1,6 +1,7 @@
 #include "render/KeyPicture.h"
 
-#include <QBuffer>
+#include "render/PngEncoder.h"
+
 #include <QColor>
 #include <QDebug>
 #include <QPainter>
@@ -65,11 +66,8 @@ QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const 
 
 QString pngDataUrl(const QImage &image, const char *operation)
 {
-    QByteArray png;
-    QBuffer buffer(&png);
-    buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, "png"))
+    const QByteArray png = encodedPng(image);
+    if (png.isEmpty())
         qCritical() << operation << "Can't convert QImage to png";
-    buffer.close();
     return QStringLiteral("data:image/png;base64,") + QString::fromLatin1(png.toBase64());
 }

@@ -1,7 +1,5 @@
 #include "sensors/PulseAudioLink_linux.h"
 
-#include <QMutexLocker>
-
 #include <algorithm>
 
 #include <pulse/pulseaudio.h>
@@ -57,13 +55,13 @@ PulseAudioLink::~PulseAudioLink()
 
 PulseAudioLink::State PulseAudioLink::state() const
 {
-    const QMutexLocker lock(&m_stateLock);
+    const std::lock_guard lock(m_stateLock);
     return m_state;
 }
 
 void PulseAudioLink::publish(const State &state)
 {
-    const QMutexLocker lock(&m_stateLock);
+    const std::lock_guard lock(m_stateLock);
     m_state = state;
 }
 

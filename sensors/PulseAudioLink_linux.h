@@ -2,7 +2,7 @@
 
 #include "sensors/PlaybackDevice.h"
 
-#include <QMutex>
+#include <mutex>
 
 struct pa_context;
 struct pa_sink_info;
@@ -47,6 +47,8 @@ private:
     QByteArray m_defaultSink;         ///< Of the list on its way.
     QVector<PlaybackDevice> m_listed; ///< What has come of it.
 
-    mutable QMutex m_stateLock; ///< Guards m_state, the only member that the caller's thread reads.
+    /// Guards m_state, the only member that the caller's thread reads. Of a kind that the thread
+    /// sanitizer sees.
+    mutable std::mutex m_stateLock;
     State m_state;
 };

@@ -10,10 +10,12 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSignalSpy>
+#include <QTcpSocket>
 #include <QWebSocket>
 #include <QtTest>
 
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -60,6 +62,34 @@ private:
     QSignalSpy m_replies{&m_socket, &QWebSocket::textMessageReceived};
 };
 
+/// A panel that sends, and never reads what it is sent after the handshake.
+class RawPanel
+{
+public:
+    explicit RawPanel(quint16 port)
+    {
+        // What is not read here is to stay with the server.
+        m_socket.setReadBufferSize(4096);
+        m_socket.connectToHost(QHostAddress(QHostAddress::LocalHost), port);
+        m_socket.write("GET / HTTP/1.1\r\nHost: localhost\r\nUpgrade: websocket\r\n"
+                       "Connection: Upgrade\r\nSec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n"
+                       "Sec-WebSocket-Version: 13\r\n\r\n");
+    }
+
+    bool isConnected() const { return m_socket.state() == QAbstractSocket::ConnectedState; }
+
+    /// \a request is shorter than 126 letters.
+    void ask(const QByteArray &request)
+    {
+        // One masked text frame; the mask is 0.
+        m_socket.write(QByteArray("\x81") + static_cast<char>(0x80 | request.size()) +
+                       QByteArray(4, '\0') + request);
+    }
+
+private:
+    QTcpSocket m_socket;
+};
+
 } // namespace
 
 class tst_WebSocketServer : public QObject
@@ -85,6 +115,10 @@ private Q_SLOTS:
     void repliesToTheAskerOnly();
     void ignoresBinaryMessages();
     void dropsAClientThatSendsTooMuch();
+    void dropsAClientThatAsksTooOften();
+    void dropsAClientThatReadsNothing();
+    void servesManyClients();
+    void dropsTheOldestOfTooManyClients();
     void reportsAPortThatIsTaken();
     void closesItsClients();
 
@@ -308,6 +342,72 @@ void tst_WebSocketServer::dropsAClientThatSendsTooMuch()
     QTRY_VERIFY(next.isConnected());
     next.ask(QStringLiteral("Cpu Usage"));
     QTRY_COMPARE(next.replyCount(), 1);
+}
+
+void tst_WebSocketServer::dropsAClientThatAsksTooOften()
+{
+    Panel flood(m_server->port());
+    Panel steady(m_server->port());
+    QTRY_VERIFY(flood.isConnected() && steady.isConnected());
+    for (int request = 0; request < 20000; ++request)
+        flood.ask(QStringLiteral("Cpu Usage"));
+    steady.ask(QStringLiteral("Cpu Usage"));
+    QTRY_COMPARE(steady.replyCount(), 1);
+    QTRY_VERIFY(!flood.isConnected());
+    QVERIFY2(flood.replyCount() < 5000, qPrintable(QString::number(flood.replyCount())));
+    QVERIFY(steady.isConnected());
+}
+
+void tst_WebSocketServer::dropsAClientThatReadsNothing()
+{
+    // One answer fills a twentieth of what may be left unread.
+    InMemoryLibrary::allSensors = {
+        {QStringLiteral("group"), QString(800 * 1024, QLatin1Char('x'))}};
+    RawPanel deaf(m_server->port());
+    QTRY_VERIFY(deaf.isConnected());
+    int requests = 0;
+    QTRY_VERIFY_WITH_TIMEOUT((deaf.ask("GetAllSensorsData"), ++requests, !deaf.isConnected()),
+                             20000);
+    QVERIFY2(requests < 200, qPrintable(QString::number(requests)));
+    Panel next(m_server->port());
+    QTRY_VERIFY(next.isConnected());
+    next.ask(QStringLiteral("Cpu Usage"));
+    QTRY_COMPARE(next.replyCount(), 1);
+}
+
+void tst_WebSocketServer::servesManyClients()
+{
+    std::vector<std::unique_ptr<Panel>> panels;
+    for (int client = 0; client < 50; ++client)
+        panels.push_back(std::make_unique<Panel>(m_server->port()));
+    for (const auto &panel : panels)
+        QTRY_VERIFY(panel->isConnected());
+    for (const auto &panel : panels)
+        panel->ask(QStringLiteral("Cpu Usage"));
+    for (const auto &panel : panels) {
+        QTRY_COMPARE(panel->replyCount(), 1);
+        QCOMPARE(panel->reply(0), QStringLiteral(R"({"event":"Cpu Usage","info":"37%"})"));
+    }
+    panels.resize(1);
+    QTRY_COMPARE(
+        MessageCapture::count(QStringLiteral("Connection disconnected. Remaining connections: 1")),
+        1);
+    panels.front()->ask(QStringLiteral("Memory Model"));
+    QTRY_COMPARE(panels.front()->replyCount(), 2);
+}
+
+void tst_WebSocketServer::dropsTheOldestOfTooManyClients()
+{
+    std::vector<std::unique_ptr<Panel>> panels;
+    for (int client = 0; client < WebSocketServer::mostClients + 1; ++client) {
+        panels.push_back(std::make_unique<Panel>(m_server->port()));
+        QTRY_VERIFY(panels.back()->isConnected());
+    }
+    QTRY_VERIFY(!panels.front()->isConnected());
+    for (std::size_t client = 1; client < panels.size(); ++client)
+        QVERIFY(panels.at(client)->isConnected());
+    panels.back()->ask(QStringLiteral("Cpu Usage"));
+    QTRY_COMPARE(panels.back()->replyCount(), 1);
 }
 
 void tst_WebSocketServer::reportsAPortThatIsTaken()

@@ -1,0 +1,218 @@
+#include "SDK/ConnectionManager.h"
+#include "bench/BenchDeck.h"
+#include "bench/BenchReadings.h"
+#include "bench/CountingHost.h"
+#include "bench/PlainPass.h"
+#include "plugin/SystemMonitorPlugin.h"
+#include "render/normalAction.h"
+#include "sensors/VqSystemMonitorLib.h"
+#include "tests/support/FakeHardwareService.h"
+#include "tests/support/InMemoryLibrary.h"
+
+#include <QAbstractEventDispatcher>
+#include <QGuiApplication>
+#include <QTimer>
+#include <QUrl>
+#include <QWebSocket>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <functional>
+#include <vector>
+
+/// The whole pass, from the refresh to the socket, with all texts changing; "plain" is the same in
+/// plain Qt. Only the time of the thread that works counts, not that of the host.
+namespace {
+
+constexpr int steps = 10;
+
+/// The plugin at work with a host, and a second link for the plain pass.
+class Bench
+{
+public:
+    Bench()
+        : m_connection(m_host.port(), QStringLiteral("uuid"), QStringLiteral("register"), QString(),
+                       &m_plugin)
+    {
+        // The passes are run by hand.
+        m_plugin.findChild<QTimer *>()->stop();
+        m_connection.Run();
+        m_plainLink.open(QUrl(QStringLiteral("ws://127.0.0.1:%1").arg(m_host.port())));
+        waitFor([this] {
+            return m_host.messages() == 1 && m_plainLink.state() == QAbstractSocket::ConnectedState;
+        });
+        for (int step = 0; step < steps; ++step)
+            m_trees.push_back(treesOf(step));
+    }
+
+    /// Gives the plugin this deck in place of the present one.
+    void setDeck(int keys)
+    {
+        for (const BenchKey &key : qAsConst(m_deck))
+            m_plugin.WillDisappearForAction(key.action, key.context, {}, {});
+        m_deck = benchDeck(keys);
+        for (const BenchKey &key : qAsConst(m_deck))
+            m_plugin.WillAppearForAction(key.action, key.context, key.payload, {});
+        settle();
+    }
+
+    PlainPass makePlainPass()
+    {
+        QVector<PlainPass::TextsOfKey> keys;
+        for (const BenchKey &spec : qAsConst(m_deck)) {
+            const normalAction &key = *m_plugin.FindAction(spec.action, spec.context);
+            const plainqt::Key plain{spec.action, spec.context, key.font, key.color, key.opacity};
+            keys.append(PlainPass::TextsOfKey{plain, {}});
+        }
+        for (int step = 0; step < steps; ++step) {
+            ownPass(step);
+            for (int number = 0; number < keys.size(); ++number) {
+                const BenchKey &spec = m_deck.at(number);
+                keys[number].texts.append(
+                    m_plugin.FindAction(spec.action, spec.context)->displayedText);
+            }
+        }
+        settle();
+        return PlainPass(m_plugin.systemMonitorLib(), &m_plainLink, keys);
+    }
+
+    void ownPass(int step)
+    {
+        setTrees(step);
+        m_plugin.updateImages();
+        drain();
+    }
+
+    void plainPass(PlainPass &pass, int step)
+    {
+        setTrees(step);
+        pass.run(step);
+        drain();
+    }
+
+    /// Waits until the host has received everything.
+    void settle()
+    {
+        constexpr unsigned long pause = 20;
+        quint64 last = 0;
+        do {
+            last = m_host.bytes();
+            drain();
+            QThread::msleep(pause);
+        } while (last != m_host.bytes());
+    }
+
+    [[nodiscard]] quint64 bytes() const { return m_host.bytes(); }
+
+private:
+    struct Trees
+    {
+        QJsonObject systemInfo, cpuInfo, cpuDtsInfo, cpuEnhancedInfo, gpuInfo, networkInfo,
+            smartInfo, allSensors;
+    };
+
+    static Trees treesOf(int step)
+    {
+        using Library = InMemoryLibrary;
+        writeReadings(step);
+        return {Library::systemInfo,      Library::cpuInfo,   Library::cpuDtsInfo,
+                Library::cpuEnhancedInfo, Library::gpuInfo,   Library::networkInfo,
+                Library::smartInfo,       Library::allSensors};
+    }
+
+    void setTrees(int step) const
+    {
+        using Library = InMemoryLibrary;
+        const Trees &trees = m_trees.at(static_cast<std::size_t>(step % steps));
+        Library::systemInfo = trees.systemInfo;
+        Library::cpuInfo = trees.cpuInfo;
+        Library::cpuDtsInfo = trees.cpuDtsInfo;
+        Library::cpuEnhancedInfo = trees.cpuEnhancedInfo;
+        Library::gpuInfo = trees.gpuInfo;
+        Library::networkInfo = trees.networkInfo;
+        Library::smartInfo = trees.smartInfo;
+        Library::allSensors = trees.allSensors;
+    }
+
+    /// Writes what the links hold back, as far as the host takes it.
+    static void drain()
+    {
+        while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
+        }
+    }
+
+    static void waitFor(const std::function<bool()> &condition)
+    {
+        while (!condition())
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+
+    FakeHardwareService m_service;
+    CountingHost m_host;
+    SystemMonitorPlugin m_plugin;
+    ConnectionManager m_connection;
+    QWebSocket m_plainLink;
+    QVector<BenchKey> m_deck;
+    std::vector<Trees> m_trees;
+};
+
+Bench *bench = nullptr;
+
+void report(benchmark::State &state, quint64 bytes)
+{
+    const auto keys = static_cast<double>(state.iterations() * state.range(0));
+    state.counters["bytes_per_key"] = static_cast<double>(bytes) / keys;
+    state.counters["cpu_per_key"] =
+        benchmark::Counter(keys, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+
+void ownPass(benchmark::State &state)
+{
+    bench->setDeck(static_cast<int>(state.range(0)));
+    const quint64 before = bench->bytes();
+    int step = 0;
+    for (auto _ : state)
+        bench->ownPass(++step);
+    bench->settle();
+    report(state, bench->bytes() - before);
+}
+
+void plainPass(benchmark::State &state)
+{
+    bench->setDeck(static_cast<int>(state.range(0)));
+    PlainPass pass = bench->makePlainPass();
+    const quint64 before = bench->bytes();
+    int step = 0;
+    for (auto _ : state)
+        bench->plainPass(pass, ++step);
+    bench->settle();
+    report(state, bench->bytes() - before);
+}
+void add(const char *name, void (*function)(benchmark::State &))
+{
+    auto *const added = benchmark::RegisterBenchmark(name, function);
+    added->Arg(1)->Arg(largeDeck)->Arg(1000)->Unit(benchmark::kMicrosecond);
+    // So that two runs under an instruction counter differ in nothing but the number of passes.
+    const int passes = qEnvironmentVariableIntValue("BENCH_PASSES");
+    if (passes > 0)
+        added->Iterations(passes);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    prepareEnvironment();
+    QGuiApplication application(argc, argv);
+    if (!registerDeckFont())
+        return EXIT_FAILURE;
+    Bench running;
+    bench = &running;
+    benchmark::Initialize(&argc, argv);
+    add("pass", ownPass);
+    add("pass/plain", plainPass);
+    benchmark::RunSpecifiedBenchmarks();
+    // Losing the host ends the process in any case.
+    std::_Exit(EXIT_SUCCESS);
+}

@@ -1,0 +1,94 @@
+#include "bench/SteppingLibrary.h"
+#include "sensors/SensorRefresh.h"
+#include "sensors/VqSystemMonitorLib.h"
+#include "system_monitor_lib/live/CpuLoadCollector.h"
+#include "system_monitor_lib/live/MachineRoots.h"
+#include "system_monitor_lib/live/MemoryCollector.h"
+#include "system_monitor_lib/live/NetworkCollector.h"
+#include "system_monitor_lib/live/PlatformCollectors.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <typeinfo>
+#include <vector>
+
+#include <cxxabi.h>
+
+/// The live refresh of this machine, and the part of each collector.
+namespace {
+
+using Collectors = std::vector<std::unique_ptr<Collector>>;
+
+const QString group = QStringLiteral("CPU [#0]: processor");
+
+void refresh(benchmark::State &state)
+{
+    VqSystemMonitorLib library(false, nullptr);
+    library.initSystemMonitorLib(true);
+    for (auto _ : state) {
+        stepOneSecond();
+        refreshSystemInfor(library);
+    }
+}
+BENCHMARK(refresh)->Unit(benchmark::kMicrosecond);
+
+/// What the refresh makes of a sample that is there already.
+void mapping(benchmark::State &state)
+{
+    VqSystemMonitorLib library(false, nullptr);
+    library.initSystemMonitorLib(true);
+    for (auto _ : state)
+        refreshSystemInfor(library);
+}
+BENCHMARK(mapping)->Unit(benchmark::kMicrosecond);
+
+void collect(benchmark::State &state, Collector &collector)
+{
+    qint64 now = 0;
+    for (auto _ : state) {
+        now += 1'000'000'000;
+        SensorTrees trees;
+        benchmark::DoNotOptimize(collector.collect(now, trees));
+    }
+}
+
+Collectors collectors()
+{
+    const MachineRoots roots = thisMachine();
+    Collectors all = platformCollectors(roots, group);
+    all.push_back(std::make_unique<CpuLoadCollector>(roots, group));
+    all.push_back(std::make_unique<MemoryCollector>(roots));
+    all.push_back(std::make_unique<NetworkCollector>(roots));
+    return all;
+}
+
+std::string className(const Collector &collector)
+{
+    int status = 0;
+    const std::unique_ptr<char, decltype(&std::free)> name(
+        abi::__cxa_demangle(typeid(collector).name(), nullptr, nullptr, &status), &std::free);
+    return status == 0 ? name.get() : "collector";
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const Collectors all = collectors();
+    for (const auto &collector : all) {
+        benchmark::RegisterBenchmark(className(*collector).c_str(), [&collector](
+                                                                        benchmark::State &state) {
+            collect(state, *collector);
+        })->Unit(benchmark::kMicrosecond);
+    }
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return EXIT_SUCCESS;
+}
