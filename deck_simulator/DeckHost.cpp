@@ -29,6 +29,9 @@ DeckHost::DeckHost(const DeckProfile &deck, QObject *parent)
                                     QWebSocketServer::NonSecureMode, this))
 {
     m_clock.start();
+    int index = 0;
+    for (DeckKey &key : m_deck.keys)
+        fixPlace(key, index++);
     connect(m_server, &QWebSocketServer::newConnection, this, &DeckHost::acceptConnection);
 }
 
@@ -76,13 +79,14 @@ void DeckHost::die()
 
 void DeckHost::putKey(const DeckKey &key)
 {
-    int index = indexOf(key.context());
-    if (index >= 0) {
-        m_deck.keys[index] = key;
-    } else {
-        index = m_deck.keys.size();
-        m_deck.keys.append(key);
-    }
+    const int present = indexOf(key.context());
+    const int index = present < 0 ? m_deck.keys.size() : present;
+    DeckKey placed = key;
+    fixPlace(placed, index);
+    if (present < 0)
+        m_deck.keys.append(placed);
+    else
+        m_deck.keys.replace(index, placed);
     sendMessage(keyEvent(QStringLiteral("willAppear"), index));
 }
 
@@ -262,11 +266,23 @@ int DeckHost::indexOf(const QString &context) const
     return -1;
 }
 
+DeckPlace DeckHost::placeOf(int index) const
+{
+    return m_deck.keys.at(index).place().value_or(DeckPlace());
+}
+
+// A key stays where it lies when one before it goes.
+void DeckHost::fixPlace(DeckKey &key, int index) const
+{
+    const int columns = qMax(1, m_deck.grid.width());
+    if (!key.place())
+        key.setPlace({index % columns, index / columns});
+}
+
 QJsonObject DeckHost::keyEvent(const QString &event, int index) const
 {
     const DeckKey &key = m_deck.keys.at(index);
-    const int columns = qMax(1, m_deck.grid.width());
-    const DeckPlace place = key.place().value_or(DeckPlace{index % columns, index / columns});
+    const DeckPlace place = placeOf(index);
     const QJsonObject coordinates{{QStringLiteral("column"), place.column},
                                   {QStringLiteral("row"), place.row}};
     const QJsonObject payload{{QStringLiteral("settings"), key.settings()},

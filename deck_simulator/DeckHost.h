@@ -68,6 +68,9 @@ public:
     /// -1 when there is no such key.
     [[nodiscard]] int indexOf(const QString &context) const;
 
+    /// Where the key \a index lies.
+    [[nodiscard]] DeckPlace placeOf(int index) const;
+
     /// Takes the keys off, closes the link and listens no more; linkClosed follows when a plugin
     /// was registered.
     void close();
@@ -94,6 +97,7 @@ private:
     void takeMessage(const QJsonObject &message);
     bool takeKeyMessage(const QString &event, DeckKey &key, const QJsonObject &payload);
     void announceDeck();
+    void fixPlace(DeckKey &key, int index) const;
     [[nodiscard]] QJsonObject keyEvent(const QString &event, int index) const;
 
     DeckProfile m_deck;

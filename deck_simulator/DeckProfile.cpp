@@ -116,6 +116,14 @@ DeckProfile defaultDeck(int columns)
     return deck;
 }
 
+DeckProfile emptyDeck(int columns)
+{
+    DeckProfile deck;
+    deck.name = QStringLiteral("Empty deck");
+    deck.grid = {columns, 4};
+    return deck;
+}
+
 DeckProfile settingsDeck(int columns, const QStringList &fontSpecs)
 {
     DeckProfile deck;

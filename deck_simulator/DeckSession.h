@@ -63,6 +63,11 @@ public:
     [[nodiscard]] QString workFolder() const { return m_workFolder; }
     /// What the session is at, in words: "registered", ...
     [[nodiscard]] QString stateText() const;
+    /// Whether it has been told to end.
+    [[nodiscard]] bool isEnding() const
+    {
+        return m_state == State::Ending || m_state == State::Ended;
+    }
     /// How the plugin ended: "exit status 0", ...; empty while it has not.
     [[nodiscard]] QString exitText() const { return m_exitText; }
     /// Why the session failed, several lines perhaps; empty when it did not.

@@ -108,8 +108,8 @@ const QCommandLineOption &deckOption()
 {
     static const QCommandLineOption option(
         QStringLiteral("deck"),
-        QStringLiteral("What the keys show: \"readings\", or \"settings\" for one key per setting "
-                       "and font. Default: readings."),
+        QStringLiteral("What the keys show: \"readings\", \"settings\" for one key per setting and "
+                       "font, or \"empty\". Default: readings."),
         QStringLiteral("NAME"), QStringLiteral("readings"));
     return option;
 }
@@ -132,6 +132,16 @@ const QCommandLineOption &snapshotOption()
         QStringLiteral("Write a picture of the deck to this file, then end. The exit status is 1 "
                        "when a key has no picture by then."),
         QStringLiteral("FILE.png"));
+    return option;
+}
+
+const QCommandLineOption &scriptOption()
+{
+    static const QCommandLineOption option(
+        QStringLiteral("script"),
+        QStringLiteral("Play the events in this file, one JSON object a line, then end. The exit "
+                       "status is 1 when an expectation in it fails. See docs/simulator.md."),
+        QStringLiteral("FILE"));
     return option;
 }
 
@@ -274,8 +284,8 @@ ParsedOptions refusal(const QString &reason)
 bool isHeadless(const QCommandLineParser &parser)
 {
     const QCommandLineOption *const ofTerminal[] = {
-        &headlessOption(), &deckOption(),    &snapshotOption(), &secondsOption(),
-        &columnsOption(),  &keySizeOption(), &quietOption(),
+        &headlessOption(), &deckOption(),    &scriptOption(),  &snapshotOption(),
+        &secondsOption(),  &columnsOption(), &keySizeOption(), &quietOption(),
     };
     return std::any_of(
         std::begin(ofTerminal), std::end(ofTerminal),
@@ -317,8 +327,15 @@ ParsedOptions readOptions(const QCommandLineParser &parser, const QString &defau
     options.fontFiles = reader.readableFiles(fontOption());
     options.workFolder = reader.text(workFolderOption());
     options.settingsDeck = parser.value(deckOption()) == QLatin1String("settings");
-    if (!options.settingsDeck && parser.value(deckOption()) != QLatin1String("readings"))
-        reader.complain(QStringLiteral("--deck is \"readings\" or \"settings\"."));
+    options.emptyDeck = parser.value(deckOption()) == QLatin1String("empty");
+    if (!options.settingsDeck && !options.emptyDeck &&
+        parser.value(deckOption()) != QLatin1String("readings"))
+        reader.complain(QStringLiteral("--deck is \"readings\", \"settings\" or \"empty\"."));
+    options.scriptFile = reader.text(scriptOption());
+    if (parser.isSet(scriptOption()) &&
+        (parser.isSet(snapshotOption()) || parser.isSet(secondsOption())))
+        reader.complain(QStringLiteral("--script ends the run by itself and takes its own "
+                                       "snapshots."));
     options.snapshotFile = reader.text(snapshotOption());
     options.columns = reader.integer(columnsOption(), 1, 16);
     options.keySize = reader.integer(keySizeOption(), 32, 512);
@@ -348,8 +365,8 @@ ParsedOptions parseOptions(const QStringList &arguments, const QString &defaultP
     parser.addOptions({pluginOption(), languageOption(), fontOption(), workFolderOption(),
                        windowOption(), profileOption(), colorsOption(), textSizeOption(),
                        selectOption(), screenshotOption(), headlessOption(), deckOption(),
-                       snapshotOption(), afterOption(), secondsOption(), columnsOption(),
-                       keySizeOption(), quietOption()});
+                       scriptOption(), snapshotOption(), afterOption(), secondsOption(),
+                       columnsOption(), keySizeOption(), quietOption()});
     if (!parser.parse(arguments))
         return refusal(parser.errorText());
     if (parser.isSet(help))

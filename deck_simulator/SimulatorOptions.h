@@ -25,6 +25,8 @@ struct SimulatorOptions
     QStringList fontFiles;     ///< Empty: the Roboto files of this machine.
     QString workFolder;        ///< Empty: a temporary folder.
     bool settingsDeck = false; ///< The deck that shows what settings do, instead of readings.
+    bool emptyDeck = false;    ///< A deck without keys.
+    QString scriptFile;        ///< Empty: no script.
     QString snapshotFile;      ///< Empty: no snapshot.
     int columns = 5;           ///< Keys in a row, 1 to 16.
     int keySize = 144;         ///< Pixels of a key on the snapshot, 32 to 512.

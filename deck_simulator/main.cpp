@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QStandardPaths>
@@ -40,6 +41,8 @@ SessionSettings sessionSettings(const SimulatorOptions &options)
 
 DeckProfile chosenDeck(const SimulatorOptions &options, const QVector<FontFile> &fonts)
 {
+    if (options.emptyDeck)
+        return emptyDeck(options.columns);
     return options.settingsDeck ? settingsDeck(options.columns, fontSpecs(fonts))
                                 : defaultDeck(options.columns);
 }
@@ -54,12 +57,35 @@ ParsedOptions readCommandLine(int argc, char *argv[])
     return parseOptions(QCoreApplication::arguments(), defaultPlugin());
 }
 
+constexpr qint64 longestScript = 1 << 20; // bytes
+
+ParsedScript readScript(const QString &name)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly))
+        return {{}, file.errorString()};
+    if (file.size() > longestScript)
+        return {{}, QStringLiteral("it is too long")};
+    return parseScript(file.readAll());
+}
+
 int runHeadless(const SimulatorOptions &options, int &argc, char *argv[])
 {
+    ParsedScript script;
+    if (!options.scriptFile.isEmpty())
+        script = readScript(options.scriptFile);
+    if (!script.error.isEmpty()) {
+        std::fputs(
+            qPrintable(QStringLiteral("deck_simulator: The script %1 cannot be played:\n%2\n")
+                           .arg(options.scriptFile, script.error)),
+            stderr);
+        return 2;
+    }
     const QGuiApplication application(argc, argv);
     const SessionSettings settings = sessionSettings(options);
     DeckSession session(settings, chosenDeck(options, settings.fonts));
     HeadlessRun run(options, &session);
+    run.setScript(script.steps);
     const InterruptWatcher interrupts;
     QObject::connect(&interrupts, &InterruptWatcher::interrupted, &run, &HeadlessRun::interrupt);
     QObject::connect(&run, &HeadlessRun::finished, &application, &QCoreApplication::exit,

@@ -29,6 +29,7 @@ void tst_RunMode::chooses_data()
     row("--headless", false, false);
     row("--snapshot deck.png", false, false);
     row("--seconds 5", false, false);
+    row("--script events", false, false);
     row("--quiet", false, false);
     row("--deck settings", false, false);
     row("--columns 3", false, false);

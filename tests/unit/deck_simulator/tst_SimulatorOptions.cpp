@@ -78,6 +78,13 @@ void tst_SimulatorOptions::readsEverything()
     QCOMPARE(window.options->textSize, 125);
     QCOMPARE(window.options->selectedKey, QPoint(3, 2));
 
+    const ParsedOptions scripted =
+        parse({QStringLiteral("--script=s"), QStringLiteral("--deck=empty")});
+    QVERIFY2(scripted.options.has_value(), qPrintable(scripted.text));
+    QCOMPARE(scripted.options->scriptFile, QStringLiteral("s"));
+    QVERIFY(scripted.options->emptyDeck);
+    QVERIFY(scripted.options->headless);
+
     const ParsedOptions timed = parse({QStringLiteral("--seconds=2")});
     QVERIFY(timed.options.has_value());
     QVERIFY(timed.options->runFor.has_value());
@@ -112,6 +119,8 @@ void tst_SimulatorOptions::refusesWrongUsage_data()
     row("tiny texts", {QStringLiteral("--text-size=5")}, "--text-size");
     row("half a key", {QStringLiteral("--select=5")}, "--select");
     row("no key", {QStringLiteral("--select=a,b")}, "--select");
+    row("script and its end", {QStringLiteral("--script=a"), QStringLiteral("--seconds=2")},
+        "--script");
     row("after alone", {QStringLiteral("--after=2")}, "--snapshot or --screenshot only");
 }
 
