@@ -150,7 +150,8 @@ void DeckWindow::takeScreenshot(const QString &file, std::chrono::milliseconds a
 {
     connect(&m_runner, &DeckRunner::linked, this, [this, file, after] {
         QTimer::singleShot(after, this, [this, file] {
-            m_well = grab().save(file, "png");
+            // As small as it gets.
+            m_well = grab().toImage().convertToFormat(QImage::Format_RGB32).save(file, "png", 0);
             close();
         });
     });

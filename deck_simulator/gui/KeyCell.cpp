@@ -103,10 +103,17 @@ void KeyCell::paintScreen(QPainter &painter, const QRect &rect)
         paintPlus(painter, shown);
 }
 
+// As large as a key of the screen's width shows it, as far as the height allows.
+QSize KeyCell::pictureSize(const QSize &screen) const
+{
+    const QSize size = shownPictureSize(m_face.picture.size(), {1, screen.width()});
+    const int room = screen.height() - 2 * qMax(1, screen.height() / 24);
+    return size.height() <= room ? size : size.scaled(size.width(), room, Qt::KeepAspectRatio);
+}
+
 void KeyCell::paintPicture(QPainter &painter, const QRect &rect)
 {
-    const int side = qMin(rect.width(), rect.height());
-    const QSize size = shownPictureSize(m_face.picture.size(), {1, side});
+    const QSize size = pictureSize(rect.size());
     QRect target(QPoint(), size);
     target.moveCenter(rect.center());
     const qreal ratio = devicePixelRatioF();

@@ -60,6 +60,7 @@ private:
     [[nodiscard]] bool takes(const QMimeData &dragged) const;
     void startDrag();
     void release();
+    [[nodiscard]] QSize pictureSize(const QSize &screen) const;
     void paintPicture(QPainter &painter, const QRect &rect);
     void paintCaption(QPainter &painter, const QRect &rect);
     void paintPlus(QPainter &painter, const QRect &rect);
