@@ -324,6 +324,7 @@ ParsedOptions readOptions(const QCommandLineParser &parser, const QString &defau
     options.selectedKey = reader.point(selectOption());
     options.plugin = parser.isSet(pluginOption()) ? reader.text(pluginOption()) : defaultPlugin;
     options.language = reader.text(languageOption());
+    options.languageGiven = parser.isSet(languageOption());
     options.fontFiles = reader.readableFiles(fontOption());
     options.workFolder = reader.text(workFolderOption());
     options.settingsDeck = parser.value(deckOption()) == QLatin1String("settings");

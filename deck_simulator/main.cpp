@@ -110,6 +110,8 @@ int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
     WindowSettings settings;
     settings.session = sessionSettings(options);
     settings.profileFile = options.profileFile.isEmpty() ? userProfile() : options.profileFile;
+    if (options.languageGiven)
+        settings.language = options.language;
     DeckWindow window(settings);
     const InterruptWatcher interrupts;
     QObject::connect(&interrupts, &InterruptWatcher::interrupted, &window, &QWidget::close);

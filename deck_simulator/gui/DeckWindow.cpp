@@ -61,7 +61,7 @@ DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     connect(&m_saveTimer, &QTimer::timeout, this, &DeckWindow::saveProfile);
     resize(1320, 820);
     resizeDocks({findChild<QDockWidget *>(QStringLiteral("log"))}, {180}, Qt::Vertical);
-    loadProfile();
+    loadProfile(settings.language);
     connect(&m_model, &DeckModel::changed, this, [this] { m_saveTimer.start(0); });
     onStateChanged();
     m_grid->setFocus();
@@ -117,9 +117,11 @@ void DeckWindow::connectRunner()
     connect(m_pluginBar, &PluginBar::launchChanged, this, [this] { m_saveTimer.start(0); });
 }
 
-void DeckWindow::loadProfile()
+void DeckWindow::loadProfile(const QString &language)
 {
     m_profile = m_store.load();
+    if (!language.isEmpty())
+        m_profile.launch.language = language;
     m_model.restore(m_profile.grid, m_profile.dials, m_profile.entries);
     m_runner.setLaunch(m_profile.launch);
     m_pluginBar->showState();

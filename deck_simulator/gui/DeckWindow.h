@@ -25,6 +25,7 @@ struct WindowSettings
 {
     SessionSettings session;
     QString profileFile;
+    QString language; ///< In place of the profile's; empty: that.
     /// Where the plugin's data server is looked for.
     quint16 dataServerPort = InspectorClient::usualPort;
 };
@@ -62,7 +63,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void loadProfile();
+    void loadProfile(const QString &language);
     void saveProfile();
     void addDocks();
     void addMenus();

@@ -12,7 +12,10 @@ Inspector::Inspector(DeckModel *model, DeckRunner *runner, SettingsPanel *panel,
     , m_client(dataServerPort)
 {
     connect(m_panel, &SettingsPanel::edited, m_model, &DeckModel::changeSettings);
-    connect(m_model, &DeckModel::layoutChanged, this, &Inspector::showSelected);
+    connect(m_model, &DeckModel::layoutChanged, this, [this] {
+        forgetMissing();
+        showSelected();
+    });
     connect(m_model, &DeckModel::settingsAdopted, this, &Inspector::showSettings);
     connect(m_runner, &DeckRunner::stateChanged, this, &Inspector::ask);
     connect(m_runner, &DeckRunner::settingsReplied, this,
@@ -40,6 +43,15 @@ void Inspector::showSelected()
     if (another)
         showLists();
     ask();
+}
+
+void Inspector::forgetMissing()
+{
+    const QStringList contexts = m_replies.keys();
+    for (const QString &context : contexts) {
+        if (m_model->find(context) == nullptr)
+            m_replies.remove(context);
+    }
 }
 
 void Inspector::showLists()

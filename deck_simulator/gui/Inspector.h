@@ -27,6 +27,7 @@ public:
 
 private:
     void showSelected();
+    void forgetMissing();
     void showLists();
     void showSettings(const QString &context);
     void ask();

@@ -31,6 +31,7 @@ void tst_SimulatorOptions::hasDefaults()
     const SimulatorOptions &options = *parsed.options;
     QCOMPARE(options.plugin, QStringLiteral("/default/plugin"));
     QCOMPARE(options.language, QStringLiteral("en"));
+    QVERIFY(!options.languageGiven);
     QVERIFY(options.fontFiles.isEmpty());
     QVERIFY(options.workFolder.isEmpty());
     QVERIFY(options.snapshotFile.isEmpty());
@@ -55,6 +56,7 @@ void tst_SimulatorOptions::readsEverything()
     const SimulatorOptions &options = *parsed.options;
     QCOMPARE(options.plugin, QStringLiteral("p"));
     QCOMPARE(options.language, QStringLiteral("zh_CN"));
+    QVERIFY(options.languageGiven);
     QCOMPARE(options.fontFiles, QStringList({font, font}));
     QCOMPARE(options.workFolder, QStringLiteral("w"));
     QCOMPARE(options.snapshotFile, QStringLiteral("s.png"));

@@ -7,7 +7,9 @@
 #include "deck_simulator/gui/PluginBar.h"
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
+#include "deck_simulator/gui/WindowStyle.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -17,11 +19,13 @@
 #include <QHostAddress>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTemporaryDir>
+#include <QTreeView>
 #include <QWebSocket>
 #include <QWebSocketServer>
 #include <QtTest>
@@ -54,6 +58,10 @@ private Q_SLOTS:
     void tellsWhenThePluginCannotStart();
     void endsThePluginWhenItIsClosed();
     void takesAScreenshot();
+    void takesALanguageInPlaceOfTheProfiles();
+    void hasColoursThatCanBeRead_data();
+    void hasColoursThatCanBeRead();
+    void cutsNoTextOffInLargeLetters();
 
 private:
     void open(const char *script = "panel");
@@ -414,6 +422,83 @@ void tst_DeckWindow::takesAScreenshot()
     QTRY_VERIFY(!m_window->isVisible());
     QVERIFY(m_window->isWell());
     QCOMPARE(QImage(file).size(), size * m_window->devicePixelRatioF());
+}
+
+void tst_DeckWindow::takesALanguageInPlaceOfTheProfiles()
+{
+    m_settings.language = QStringLiteral("zh_CN");
+    reopen();
+    m_settings.language.clear();
+    QCOMPARE(m_window->runner()->launch().language, QStringLiteral("zh_CN"));
+    QCOMPARE(m_window->pluginBar()->languageField()->currentData().toString(),
+             QStringLiteral("zh_CN"));
+}
+
+void tst_DeckWindow::hasColoursThatCanBeRead_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isDark");
+    QTest::newRow("light") << QStringLiteral("light") << false;
+    QTest::newRow("dark") << QStringLiteral("dark") << true;
+}
+
+void tst_DeckWindow::hasColoursThatCanBeRead()
+{
+    QFETCH(const QString, name);
+    QFETCH(const bool, isDark);
+    reopen();
+    applyColors(name);
+    const QPalette palette = m_window->actionList()->palette();
+    QCOMPARE(qGray(palette.color(QPalette::Window).rgb()) < 128, isDark);
+    const QVector<QPair<QPalette::ColorRole, QPalette::ColorRole>> pairs{
+        {QPalette::WindowText, QPalette::Window},
+        {QPalette::Text, QPalette::Base},
+        {QPalette::Text, QPalette::AlternateBase},
+        {QPalette::ButtonText, QPalette::Button},
+        {QPalette::ToolTipText, QPalette::ToolTipBase},
+        {QPalette::HighlightedText, QPalette::Highlight}};
+    for (const auto &pair : pairs) {
+        const int contrast =
+            qAbs(qGray(palette.color(pair.first).rgb()) - qGray(palette.color(pair.second).rgb()));
+        QVERIFY2(contrast > 90, qPrintable(QString::number(int(pair.first))));
+    }
+    // The pictures in the list follow.
+    const QAbstractItemModel &actions = *m_window->actionList()->view()->model();
+    const QModelIndex first = actions.index(0, 0, actions.index(0, 0));
+    const QImage icon = first.data(Qt::DecorationRole).value<QIcon>().pixmap(72, 72).toImage();
+    QCOMPARE(QColor(icon.pixel(36, 36)).alpha(), 255);
+    bool found = false;
+    for (int y = 0; y < icon.height(); ++y) {
+        for (int x = 0; x < icon.width(); ++x)
+            found = found || icon.pixel(x, y) == palette.color(QPalette::Text).rgb();
+    }
+    QVERIFY(found);
+}
+
+void tst_DeckWindow::cutsNoTextOffInLargeLetters()
+{
+    const QFont usual = QApplication::font();
+    applyTextSize(125);
+    reopen();
+    QCoreApplication::processEvents();
+    const QList<QWidget *> widgets = m_window->findChildren<QWidget *>();
+    int texts = 0;
+    for (const QWidget *widget : widgets) {
+        const auto *button = qobject_cast<const QAbstractButton *>(widget);
+        const auto *label = qobject_cast<const QLabel *>(widget);
+        const bool hasText = (button != nullptr && !button->text().isEmpty()) ||
+                             (label != nullptr && !label->text().isEmpty() && !label->wordWrap());
+        if (!hasText || !widget->isVisible())
+            continue;
+        ++texts;
+        QVERIFY2(widget->width() >= widget->minimumSizeHint().width() &&
+                     widget->height() >= widget->fontMetrics().height(),
+                 qPrintable(button != nullptr ? button->text() : label->text()));
+        QVERIFY(m_window->rect().contains(
+            QRect(widget->mapTo(m_window.get(), QPoint()), widget->size()).center()));
+    }
+    QVERIFY2(texts > 15, qPrintable(QString::number(texts)));
+    QApplication::setFont(usual);
 }
 
 QTEST_MAIN(tst_DeckWindow)
