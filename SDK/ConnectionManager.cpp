@@ -20,8 +20,8 @@ constexpr quint16 dataServerPort = 24509;
 /// Bytes that the host may leave unread: a minute of the pictures of a large deck.
 constexpr qint64 mostUnread = 32LL * 1024 * 1024;
 
-/// Bytes left unread by a host that reads again.
-constexpr qint64 drained = 64LL * 1024;
+/// Bytes that are no backlog: some pictures.
+constexpr qint64 somePictures = 64LL * 1024;
 
 } // namespace
 
@@ -113,8 +113,12 @@ void ConnectionManager::OnError(QAbstractSocket::SocketError /*error*/)
 
 void ConnectionManager::send(const QString &message)
 {
-    if (webSocket)
-        webSocket->sendTextMessage(message);
+    if (!webSocket)
+        return;
+    webSocket->sendTextMessage(message);
+    // A message must not stay half sent while many others are made: hosts give up on it.
+    if (webSocket->bytesToWrite() > somePictures)
+        webSocket->flush();
 }
 
 bool ConnectionManager::hostIsBehind()
@@ -125,7 +129,7 @@ bool ConnectionManager::hostIsBehind()
     if (!dropsUpdates && unread >= mostUnread) {
         dropsUpdates = true;
         Logger(QStringLiteral("The host does not read: pictures are dropped until it does"));
-    } else if (dropsUpdates && unread <= drained) {
+    } else if (dropsUpdates && unread <= somePictures) {
         dropsUpdates = false;
     }
     return dropsUpdates;
