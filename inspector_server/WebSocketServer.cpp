@@ -7,13 +7,27 @@
 #include <QDebug>
 #include <QHostAddress>
 #include <QJsonDocument>
+#include <QTimer>
 #include <QWebSocket>
 #include <QWebSocketServer>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
 
 namespace {
 
 /// Far above the longest request name and far below harm.
 constexpr quint64 longestRequest = 64ULL * 1024;
+
+/// Bytes of answers that a client may leave unread: dozens of the largest.
+constexpr qint64 mostUnread = 16LL * 1024 * 1024;
+
+/// An instance that starts beside this one gives up after half of this.
+constexpr std::chrono::milliseconds handshakeTimeout = 3s;
+
+/// Until descriptors may be free again.
+constexpr std::chrono::milliseconds acceptPause = 1s;
 
 QString compact(const QJsonObject &object)
 {
@@ -33,6 +47,10 @@ WebSocketServer::WebSocketServer(quint16 port, QObject *parent)
     , m_pWebSocketServer(new QWebSocketServer(QStringLiteral("Echo Server"),
                                               QWebSocketServer::NonSecureMode, this))
 {
+    m_clock.start();
+    m_pWebSocketServer->setHandshakeTimeout(handshakeTimeout);
+    connect(m_pWebSocketServer, &QWebSocketServer::acceptError, this,
+            &WebSocketServer::acceptAgainSoon);
     if (m_pWebSocketServer->listen(QHostAddress::Any, port)) {
         qDebug() << "WebSocket server started on port" << m_pWebSocketServer->serverPort();
         connect(m_pWebSocketServer, &QWebSocketServer::newConnection, this,
@@ -72,6 +90,15 @@ void WebSocketServer::onNewConnection()
     connect(client, &QWebSocket::textMessageReceived, this,
             &WebSocketServer::onTextMessageReceived);
     connect(client, &QWebSocket::disconnected, this, &WebSocketServer::onDisconnected);
+    // A newcomer is let in all the same: it may be an instance that looks for this one.
+    if (m_clients.size() > mostClients)
+        m_clients.constFirst()->abort();
+}
+
+/// The server stops accepting when descriptors run out.
+void WebSocketServer::acceptAgainSoon()
+{
+    QTimer::singleShot(acceptPause, m_pWebSocketServer, &QWebSocketServer::resumeAccepting);
 }
 
 void WebSocketServer::onDisconnected()
@@ -80,8 +107,14 @@ void WebSocketServer::onDisconnected()
     if (!client)
         return;
     m_clients.removeAll(client);
+    m_rates.remove(client);
     client->deleteLater();
     qDebug() << "Connection disconnected. Remaining connections:" << m_clients.size();
+}
+
+bool WebSocketServer::isTooBusy(QWebSocket *client)
+{
+    return client->bytesToWrite() > mostUnread || !m_rates[client].admits(m_clock.elapsed());
 }
 
 void WebSocketServer::onTextMessageReceived(const QString &message)
@@ -89,6 +122,10 @@ void WebSocketServer::onTextMessageReceived(const QString &message)
     auto *const client = qobject_cast<QWebSocket *>(sender());
     if (!client)
         return;
+    if (isTooBusy(client)) {
+        client->abort();
+        return;
+    }
     qDebug() << "Message received from client:" << message;
     VqSystemMonitorLib *const library = libraryOf(m_plugin);
     if (!library)

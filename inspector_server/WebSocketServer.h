@@ -1,5 +1,9 @@
 #pragma once
 
+#include "inspector_server/RequestRate.h"
+
+#include <QElapsedTimer>
+#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -10,11 +14,17 @@ class QWebSocketServer;
 
 /// Answers the settings panel's requests, bare request names, with one JSON text each, and marks
 /// the running instance by listening. It sends nothing unasked.
+///
+/// It listens on all interfaces, so that what a stranger can cost is bounded: a client that sends
+/// more than 64 KiB at once or asks more than a panel would, or leaves 16 MiB of answers unread, is
+/// dropped; so is the oldest client when there are more than mostClients.
 class WebSocketServer : public QObject
 {
     Q_OBJECT
 
 public:
+    static constexpr int mostClients = 128;
+
     /// Listens on all interfaces; a port that is taken is logged and not tried again. Port 0 takes
     /// any free one.
     explicit WebSocketServer(quint16 port, QObject *parent = nullptr);
@@ -32,8 +42,12 @@ private:
     void onNewConnection();
     void onTextMessageReceived(const QString &message);
     void onDisconnected();
+    void acceptAgainSoon();
+    bool isTooBusy(QWebSocket *client);
 
     QWebSocketServer *m_pWebSocketServer;
     QList<QWebSocket *> m_clients; ///< In the order of connection; owned.
+    QHash<QWebSocket *, RequestRate> m_rates;
+    QElapsedTimer m_clock;
     QPointer<QObject> m_plugin;
 };

@@ -1,7 +1,9 @@
 #include "plugin/KeyTable.h"
 
 #include "SDK/Logger/Logger.h"
+#include "plugin/DiskKey.h"
 #include "render/normalAction.h"
+#include "sensors/ReadingText.h"
 #include "sensors/SensorTree.h"
 #include "sensors/systemInfor.h"
 
@@ -10,23 +12,11 @@
 
 namespace {
 
+using readingtext::fixed;
+using readingtext::general;
+using readingtext::integer;
+
 using Info = systemInfor;
-
-QString integer(qint64 value, const QString &units)
-{
-    return QString::number(value) + units;
-}
-
-QString fixed(double value, int decimals, const QString &units)
-{
-    return QString::number(value, 'f', decimals) + units;
-}
-
-/// At most six significant digits.
-QString general(double value, const QString &units)
-{
-    return QString::number(value, 'g', 6) + units;
-}
 
 int inChosenUnit(int celsius, const normalAction &key)
 {
@@ -160,6 +150,8 @@ const KeyRow keyTable[] = {
      paintOneLine},
     {"com.quellor.stream.system.Gpu_Power",
      [](Key, Pass) { return fixed(Info::GpuPower, 1, Info::GpuPowerUnits); }, paintOneLine},
+    {"com.quellor.stream.system.volume",
+     [](Key, Pass) { return integer(Info::AudioVolume, QStringLiteral("%")); }, paintOneLine},
     {"com.quellor.stream.system.Cpu_Model", [](Key, Pass) { return Info::CpuModel; }, paintOneLine},
     {"com.quellor.stream.system.Gpu_Model", [](Key, Pass) { return Info::GpuModel; }, paintOneLine},
     {"com.quellor.stream.system.Gpu_Voltage",
@@ -177,6 +169,8 @@ const KeyRow keyTable[] = {
      paintOneLine},
     {"com.quellor.stream.system.Cpu_Voltage",
      [](Key, Pass) { return fixed(Info::CpuVoltage, 3, Info::CpuVoltageUnits); }, paintOneLine},
+    {"com.quellor.stream.system.PhysicalDisk", [](Key key, Pass) { return diskkey::text(key); },
+     paintOneLine},
     {"com.quellor.stream.PumpSpeed", [](Key, Pass) { return pumpText(); }, paintOneLine},
     {"com.quellor.stream.CPUFan", [](Key key, Pass) { return fanText(key.SelectCPUFan); },
      paintOneLine},

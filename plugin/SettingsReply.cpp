@@ -5,6 +5,7 @@
 #include "render/normalAction.h"
 #include "sensors/SensorWalk.h"
 #include "sensors/VqSystemMonitorLib.h"
+#include "sensors/audio.h"
 #include "sensors/systemInfor.h"
 
 #include <QJsonArray>
@@ -40,6 +41,28 @@ QJsonObject displaySettings(const normalAction &key)
             {QStringLiteral("opacity"), key.opacity}};
 }
 
+void insertDiskSettings(QJsonObject &parameters, const normalAction &key)
+{
+    parameters.insert(QStringLiteral("diskMode"), key.diskMode);
+    parameters.insert(QStringLiteral("volumeNameItem"), key.volumeNameItem);
+    parameters.insert(QStringLiteral("switchFrequency"), key.switchFrequency);
+    parameters.insert(QStringLiteral("showVolumeName"), key.showVolumeName);
+}
+
+/// The drives stand beside the settings, not among them.
+void insertDrives(QJsonObject &reply, const normalAction &key)
+{
+    LogDebug(QStringLiteral("处理硬盘操作"));
+    for (int index = 0; index < systemInfor::DriveRoots.size(); ++index) {
+        LogDebug(labelled("driveName: ", systemInfor::DriveRoots.at(index)) +
+                 labelled(" VolumeName: ", systemInfor::DriveVolumeNames.value(index)));
+    }
+    LogDebug(labelled("currentOperator->diskMode;: ", key.diskMode));
+    reply.insert(QStringLiteral("DriveNames"), QJsonArray::fromStringList(systemInfor::DriveRoots));
+    reply.insert(QStringLiteral("VolumeNames"),
+                 QJsonArray::fromStringList(systemInfor::DriveVolumeNames));
+}
+
 void insertSensors(QJsonObject &parameters, const normalAction &key, SettingsOccasion occasion)
 {
     parameters.insert(QStringLiteral("AllData"), systemInfor::AllSensorsData);
@@ -70,7 +93,12 @@ void insertLists(QJsonObject &parameters, const normalAction &key, SettingsOccas
                  VqSystemMonitorLib &library)
 {
     const QString uuid = key.GetAction();
-    if (uuid == actionuuid::allData) {
+    if (uuid == actionuuid::physicalDisk) {
+        insertDiskSettings(parameters, key);
+    } else if (uuid == actionuuid::volume) {
+        parameters.insert(QStringLiteral("devices"),
+                          QJsonArray::fromStringList(machineAudio().deviceNames()));
+    } else if (uuid == actionuuid::allData) {
         insertSensors(parameters, key, occasion);
     } else if (uuid == actionuuid::diskTemperature) {
         parameters.insert(QStringLiteral("SelectPhysicalDisk"), key.SelectPhysicalDisk);
@@ -93,10 +121,11 @@ QJsonObject settingsReply(const QJsonObject &settings, const normalAction &key,
         parameters.insert(QStringLiteral("temperatureType"), key.temperatureType);
     if (appearing || key.GetAction() == actionuuid::netWork)
         parameters.insert(QStringLiteral("titleLines"), key.titleLines);
+    QJsonObject reply = settings;
+    if (key.GetAction() == actionuuid::physicalDisk)
+        insertDrives(reply, key);
     insertLists(parameters, key, occasion, library);
     parameters.insert(QStringLiteral("FontList"), fontList());
-
-    QJsonObject reply = settings;
     reply.insert(QStringLiteral("titleParameters"), parameters);
     reply.insert(QStringLiteral("ActionGeometry"),
                  QJsonObject{{QStringLiteral("width"), key.imageWidth},

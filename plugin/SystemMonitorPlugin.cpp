@@ -2,15 +2,19 @@
 
 #include "SDK/ConnectionManager.h"
 #include "SDK/Logger/Logger.h"
+#include "plugin/DiskKey.h"
 #include "plugin/KeySelections.h"
 #include "plugin/KeyTable.h"
 #include "plugin/SettingsReply.h"
+#include "render/ActionCatalogue.h"
 #include "render/normalAction.h"
 #include "sensors/IoLocalSocket.h"
 #include "sensors/LibreHardwareMonitorLib.h"
 #include "sensors/LibreHardwareWebSocket.h"
+#include "sensors/PerfDataSource.h"
 #include "sensors/SensorRefresh.h"
 #include "sensors/VqSystemMonitorLib.h"
+#include "sensors/audio.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -31,6 +35,9 @@ namespace {
 
 constexpr std::chrono::milliseconds startUpWait = 1000ms;
 constexpr std::chrono::milliseconds updateInterval = 1000ms;
+
+/// The playback device whose volume the volume key shows.
+constexpr int audioDevice = 0;
 
 /// The data sources settle meanwhile; nothing else may run on this thread.
 void waitBusily(std::chrono::milliseconds duration)
@@ -73,6 +80,7 @@ SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent)
     : Plugin(parent)
     , m_library(new VqSystemMonitorLib(false, nullptr))
     , m_unusedLibrary(new VqSystemMonitorLib(false, nullptr))
+    , m_perfDataSource(new PerfDataSource)
     , m_hardwareMonitorLib(new LibreHardwareMonitorLib)
     , m_ioLocalSocket(new IoLocalSocket(false))
     , m_hardwareSocket(new LibreHardwareWebSocket(false))
@@ -84,6 +92,7 @@ SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent)
         connect(application, &QGuiApplication::commitDataRequest, this,
                 &SystemMonitorPlugin::onCommitData);
     }
+    machineAudio(); // Finds the sound server during the wait.
     waitBusily(startUpWait);
     initSystemMonitorLib();
     LogDebug(QStringLiteral("初始化系统信息"));
@@ -110,7 +119,7 @@ void SystemMonitorPlugin::initSystemMonitorLib()
 
 void SystemMonitorPlugin::refresh()
 {
-    refreshSystemInfor(*m_library);
+    refreshSystemInfor(*m_library, audioDevice);
 }
 
 void SystemMonitorPlugin::onCommitData()
@@ -173,9 +182,34 @@ void SystemMonitorPlugin::answerSettings(normalAction &key, const QJsonObject &p
     const QJsonObject settings = payload.value(QLatin1String("settings")).toObject();
     key.applySettings(payload);
     applySelections(key, settings, occasion);
+    if (key.GetAction() == actionuuid::physicalDisk)
+        chooseDrive(key);
     const QJsonObject reply = settingsReply(settings, key, occasion, *m_library);
     if (mConnectionManager)
         mConnectionManager->SetSettings(reply, key.GetContext());
+}
+
+void SystemMonitorPlugin::chooseDrive(normalAction &key)
+{
+    key.switchTimer.stop();
+    key.switchTimer.disconnect(this);
+    if (!diskkey::loopsOverDrives(key)) {
+        key.driveIndex = diskkey::chosenDrive(key);
+        return;
+    }
+    connect(&key.switchTimer, &QTimer::timeout, this, [this, &key] { showNextDrive(key); });
+    key.switchTimer.start(diskkey::switchInterval(key.switchFrequency));
+}
+
+/// Shows the drive whose turn it is at once, whatever the mode, and moves on to the next.
+void SystemMonitorPlugin::showNextDrive(normalAction &key)
+{
+    const QString picture = key.normalPainting(diskkey::driveText(key));
+    if (mConnectionManager) {
+        mConnectionManager->SetImage(picture, key.GetContext(), 0, -1);
+        mConnectionManager->SetTitle(key.displayedText, key.GetContext(), 0, -1);
+    }
+    key.driveIndex = diskkey::nextDrive(key.driveIndex);
 }
 
 void SystemMonitorPlugin::WillDisappearForAction(const QString &action, const QString &context,
@@ -236,7 +270,9 @@ void SystemMonitorPlugin::HwInfoPortMsg(const QString &message)
     LogDebug(labelled("hwInfoPortMsg: ", message));
     LogDebug(QStringLiteral("端口号发生变更，重新链接.."));
     const QJsonObject object = QJsonDocument::fromJson(message.toUtf8()).object();
-    m_hardwareSocket->setPort(object.value(QLatin1String("hwInfoPort")).toString().toInt());
+    const int port = object.value(QLatin1String("hwInfoPort")).toString().toInt();
+    m_perfDataSource->setPort(port);
+    m_hardwareSocket->setPort(port);
 }
 
 normalAction *SystemMonitorPlugin::FindAction(const QString &action, const QString &context) const

@@ -9,6 +9,7 @@
 class IoLocalSocket;
 class LibreHardwareMonitorLib;
 class LibreHardwareWebSocket;
+class PerfDataSource;
 class normalAction;
 class QTimer;
 enum class SettingsOccasion;
@@ -66,6 +67,8 @@ private:
     void updateKeys();
     void updateKey(normalAction &key, KeyPass &pass);
     void onCommitData();
+    void chooseDrive(normalAction &key);
+    void showNextDrive(normalAction &key);
     void answerSettings(normalAction &key, const QJsonObject &payload, SettingsOccasion occasion);
     normalAction *getOrCreateKey(const QString &action, const QString &context);
 
@@ -73,6 +76,7 @@ private:
     QList<normalAction *> m_actions; ///< In the order in which the keys first appeared.
     VqSystemMonitorLib *m_library;
     VqSystemMonitorLib *m_unusedLibrary; ///< Kept beside the first, never initialised nor read.
+    PerfDataSource *m_perfDataSource;
     LibreHardwareMonitorLib *m_hardwareMonitorLib;
     IoLocalSocket *m_ioLocalSocket;
     LibreHardwareWebSocket *m_hardwareSocket;

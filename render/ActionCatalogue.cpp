@@ -8,6 +8,8 @@ namespace actionuuid {
 const QString netWork = QStringLiteral("com.quellor.stream.system.NetWork");
 const QString diskTemperature =
     QStringLiteral("com.quellor.stream.system.PhysicalDisk.Temperature");
+const QString physicalDisk = QStringLiteral("com.quellor.stream.system.PhysicalDisk");
+const QString volume = QStringLiteral("com.quellor.stream.system.volume");
 const QString allData = QStringLiteral("com.quellor.stream.AllDATA");
 const QString pumpSpeed = QStringLiteral("com.quellor.stream.PumpSpeed");
 const QString cpuFan = QStringLiteral("com.quellor.stream.CPUFan");

@@ -15,6 +15,8 @@ struct ActionCatalogueRow
 namespace actionuuid {
 extern const QString netWork;
 extern const QString diskTemperature;
+extern const QString physicalDisk;
+extern const QString volume;
 
 // Kinds without a default title, and so without a row.
 extern const QString allData;

@@ -46,7 +46,8 @@ public:
     QString volumeNameItem = QStringLiteral("0");
     bool showVolumeName = true;
     int switchFrequency = 3; ///< Seconds.
-    QTimer switchTimer;
+    QTimer switchTimer;      ///< Steps a key that loops over the drives.
+    int driveIndex = 0;      ///< The drive that a disk key shows.
     QString SelectPhysicalDisk;
     QString SelectValue;
     QString fontSpec; ///< The last font specification applied.

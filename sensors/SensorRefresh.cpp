@@ -1,7 +1,9 @@
 #include "sensors/SensorRefresh.h"
 
+#include "sensors/AudioReadings.h"
 #include "sensors/CpuHeat.h"
 #include "sensors/CpuReadings.h"
+#include "sensors/DriveReadings.h"
 #include "sensors/DriveTemperatures.h"
 #include "sensors/GpuReadings.h"
 #include "sensors/MemoryReadings.h"
@@ -9,6 +11,8 @@
 #include "sensors/NetworkReadings.h"
 #include "sensors/SensorWalk.h"
 #include "sensors/VqSystemMonitorLib.h"
+#include "sensors/audio.h"
+#include "sensors/drives.h"
 #include "sensors/systemInfor.h"
 
 namespace {
@@ -72,6 +76,23 @@ void store(const NetworkReadings &network)
     systemInfor::NetDownRateUnits = network.down.units;
 }
 
+void store(const DriveReadings &drives)
+{
+    systemInfor::DriveRoots = drives.roots;
+    systemInfor::DriveVolumeNames = drives.volumeNames;
+    systemInfor::DriveFreeGB = drives.freeGB;
+    systemInfor::DriveFreePercent = drives.freePercent;
+    systemInfor::DisksFreeGB = drives.allDrivesFreeGB;
+    systemInfor::DisksTotalGB = drives.allDrivesTotalGB;
+}
+
+void store(const AudioReadings &audio)
+{
+    systemInfor::AudioDeviceNames = audio.names;
+    systemInfor::AudioDeviceVolumes = audio.volumes;
+    systemInfor::AudioVolume = audio.selectedVolume;
+}
+
 void refreshCpuAndGpu(VqSystemMonitorLib &library)
 {
     store(cpuReadings(library.getCPUInfo()));
@@ -82,7 +103,7 @@ void refreshCpuAndGpu(VqSystemMonitorLib &library)
     store(gpuReadings(gpuTrees.value(chosenGpu(gpuTrees)).toObject(), enhancedTree));
 }
 
-void refreshDrives(VqSystemMonitorLib &library)
+void refreshDriveTemperatures(VqSystemMonitorLib &library)
 {
     systemInfor::SmartInfo = library.getSMARTInfo();
     systemInfor::DriveTemperatureList = driveTemperatures(library.getSMARTInfo());
@@ -104,13 +125,15 @@ void refreshSensorLists(VqSystemMonitorLib &library)
 
 } // namespace
 
-void refreshSystemInfor(VqSystemMonitorLib &library)
+void refreshSystemInfor(VqSystemMonitorLib &library, int audioDevice)
 {
+    store(readDrives(machineDrives()));
+    store(readAudio(machineAudio(), audioDevice));
     store(memoryReadings(library.getSystemInfo()));
     library.getMemoryTimingsInfo();
     refreshCpuAndGpu(library);
     store(networkReadings(library.getNetworkInfo()));
-    refreshDrives(library);
+    refreshDriveTemperatures(library);
     refreshSensorLists(library);
 }
 

@@ -2,9 +2,10 @@
 
 class VqSystemMonitorLib;
 
-/// Asks \a library for its sensor trees and overwrites the readings of systemInfor with what they
-/// hold. Never fails: what is missing is 0 with its default units.
-void refreshSystemInfor(VqSystemMonitorLib &library);
+/// Asks the machine for its drives and playback devices and \a library for its sensor trees, and
+/// overwrites the readings of systemInfor with what they hold. \a audioDevice is the index of the
+/// device whose volume is AudioVolume. Never fails: what is missing is 0 with its default units.
+void refreshSystemInfor(VqSystemMonitorLib &library, int audioDevice);
 
 /// Asks \a library for its sensor groups and takes the names of processor and graphics from them.
 void refreshModelNames(VqSystemMonitorLib &library);

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QPair>
 #include <QString>
+#include <QStringList>
 
 /// The process-wide snapshot of readings: one number and one units text per metric. Written by the
 /// refresh and the font registry, read by everyone else, all on the main thread. A reading that is
@@ -65,6 +66,19 @@ struct systemInfor
     static inline QJsonObject AllSensorsData; ///< The last full sensor tree, frame rates as "FPS".
     static inline QJsonObject SmartInfo;      ///< The last drive trees.
     static inline QList<QPair<QString, int>> DriveTemperatureList; ///< By drive, °C.
+
+    // The four lists of drives need not line up: DriveRoots alone has the drives that do not
+    // answer.
+    static inline QStringList DriveRoots; ///< Of every fixed drive.
+    static inline QStringList DriveVolumeNames;
+    static inline QList<int> DriveFreeGB;      ///< Whole GiB, rounded down.
+    static inline QList<int> DriveFreePercent; ///< 0 to 100.
+    static inline unsigned DisksFreeGB = 0;    ///< Over all drives that answer.
+    static inline unsigned DisksTotalGB = 0;
+
+    static inline QStringList AudioDeviceNames;
+    static inline QList<float> AudioDeviceVolumes; ///< 0 to 100, -1 where it cannot be read.
+    static inline int AudioVolume = 0;             ///< Of the selected device, truncated, or -1.
 
     static inline QString CpuModel;
     static inline QString GpuModel;

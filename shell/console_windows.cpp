@@ -1,19 +1,20 @@
+#include "shell/console_windows.h"
+
 #include "shell/console.h"
 
 #include <windows.h>
 
+#include <atomic>
 #include <cstdio>
 
 namespace {
 
-void (*closedHandler)() = nullptr;
+/// Called on a thread of the system's.
+std::atomic<void (*)()> closedHandler = nullptr;
 
 BOOL WINAPI controlHandler(DWORD event)
 {
-    if (event != CTRL_CLOSE_EVENT)
-        return FALSE;
-    closedHandler();
-    return TRUE;
+    return console::takesControlEvent(event) ? TRUE : FALSE;
 }
 
 } // namespace
@@ -22,7 +23,7 @@ namespace console {
 
 bool attach()
 {
-    return AllocConsole();
+    return AllocConsole() != FALSE;
 }
 
 std::optional<QPoint> windowPosition()
@@ -55,6 +56,14 @@ void onClosed(void (*handler)())
 {
     closedHandler = handler;
     SetConsoleCtrlHandler(controlHandler, TRUE);
+}
+
+bool takesControlEvent(unsigned long event)
+{
+    if (event != CTRL_CLOSE_EVENT)
+        return false;
+    closedHandler.load()();
+    return true;
 }
 
 void detach()

@@ -1,9 +1,13 @@
 # Sourced by ./run, ./test and .ci/run: installs the Debian packages that they name.
 
-build_packages=(cmake ninja-build g++ qtbase5-dev libqt5websockets5-dev libsensors-dev libisal-dev)
+build_packages=(cmake ninja-build g++ qtbase5-dev libqt5websockets5-dev libsensors-dev libpulse-dev
+    libisal-dev)
 run_packages=(fonts-roboto-unhinted)
-test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux)
+test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux pulseaudio pulseaudio-utils
+    e2fsprogs btrfs-progs squashfs-tools procps)
 gate_packages=(clang-format clang-tidy)
+windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth
+    pulseaudio pulseaudio-utils)
 
 is_installed() {
     [ "$(dpkg-query -W -f '${db:Status-Abbrev}' "$1" 2>/dev/null)" = "ii " ]

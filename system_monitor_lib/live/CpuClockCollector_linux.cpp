@@ -1,5 +1,6 @@
 #include "system_monitor_lib/live/CpuClockCollector.h"
 
+#include "system_monitor_lib/live/CoreClocks.h"
 #include "system_monitor_lib/live/CpuInfoText.h"
 #include "system_monitor_lib/live/SysfsText.h"
 
@@ -10,16 +11,6 @@
 namespace {
 
 constexpr std::size_t longestCpuInfo = std::size_t{512} * 1024;
-
-QJsonArray clockReading(double megahertz)
-{
-    return reading(megahertz, QStringLiteral("MHz"));
-}
-
-QString clockLabel(std::size_t core)
-{
-    return QStringLiteral("Core %1 Clock").arg(core);
-}
 
 QString processors(const MachineRoots &roots)
 {

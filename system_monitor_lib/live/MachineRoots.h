@@ -17,11 +17,4 @@ struct MachineRoots
 };
 
 /// Everything that this machine has.
-inline MachineRoots thisMachine()
-{
-    MachineRoots roots;
-    roots.pciIds = QStringLiteral("/usr/share/misc/pci.ids");
-    roots.nvidiaLibrary = QStringLiteral("libnvidia-ml.so.1");
-    roots.boardChips = true;
-    return roots;
-}
+MachineRoots thisMachine();

@@ -20,7 +20,6 @@ public:
     std::vector<GpuState> read(qint64 nowNs) override;
 
 private:
-    [[nodiscard]] bool allSleep() const;
     /// The states of the GPUs that answer.
     std::vector<GpuState> states();
 

@@ -6,7 +6,8 @@
 #include <memory>
 #include <vector>
 
-/// The collectors of hardware sensors that only this platform serves. Windows gives its programs
-/// none without a driver of their own. \a cpuGroup is the processor's group of sensors.
+/// The collectors of hardware sensors in the way of this platform. Windows gives its programs
+/// neither the processor's heat and power nor the board's sensors without a driver of their own. \a
+/// cpuGroup is the processor's group of sensors.
 std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &roots,
                                                            const QString &cpuGroup);

@@ -1,7 +1,18 @@
 #include "system_monitor_lib/live/PlatformCollectors.h"
 
-std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots & /*roots*/,
-                                                           const QString & /*cpuGroup*/)
+#include "system_monitor_lib/live/CoreClockCollector.h"
+#include "system_monitor_lib/live/GpuCollector.h"
+#include "system_monitor_lib/live/NvidiaGpus.h"
+#include "system_monitor_lib/live/StorageCollector.h"
+
+std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &roots,
+                                                           const QString &cpuGroup)
 {
-    return {};
+    std::vector<std::unique_ptr<GpuSource>> gpus;
+    gpus.push_back(std::make_unique<NvidiaGpus>(roots));
+    std::vector<std::unique_ptr<Collector>> collectors;
+    collectors.push_back(std::make_unique<CoreClockCollector>(cpuGroup));
+    collectors.push_back(std::make_unique<StorageCollector>(storageDrives));
+    collectors.push_back(std::make_unique<GpuCollector>(std::move(gpus)));
+    return collectors;
 }

@@ -21,6 +21,7 @@ void InMemoryLibrary::reset()
     lastInitFlag = false;
     detectedSensorsCalls = 0;
     deinitCalls = 0;
+    queries.clear();
 }
 
 QJsonObject InMemoryLibrary::reading(const QString &label, const QJsonValue &value,
@@ -60,50 +61,60 @@ void VqSystemMonitorLib::deinitSystemMonitorLib()
 
 QJsonObject VqSystemMonitorLib::getSystemInfo()
 {
+    InMemoryLibrary::queries.append(QStringLiteral("getSystemInfo"));
     return InMemoryLibrary::systemInfo;
 }
 
 QJsonObject VqSystemMonitorLib::getMemoryTimingsInfo()
 {
+    InMemoryLibrary::queries.append(QStringLiteral("getMemoryTimingsInfo"));
     return {};
 }
 
 QJsonObject VqSystemMonitorLib::getCPUInfo()
 {
+    InMemoryLibrary::queries.append(QStringLiteral("getCPUInfo"));
     return InMemoryLibrary::cpuInfo;
 }
 
 QJsonObject VqSystemMonitorLib::getCPUDTSInfo()
 {
+    InMemoryLibrary::queries.append(QStringLiteral("getCPUDTSInfo"));
     return InMemoryLibrary::cpuDtsInfo;
 }
 
 QJsonObject VqSystemMonitorLib::getCPUEnhancedInfo()
 {
+    InMemoryLibrary::queries.append(QStringLiteral("getCPUEnhancedInfo"));
     return InMemoryLibrary::cpuEnhancedInfo;
 }
 
 QJsonObject VqSystemMonitorLib::getGPUInfo()
 {
+    InMemoryLibrary::queries.append(QStringLiteral("getGPUInfo"));
     return InMemoryLibrary::gpuInfo;
 }
 
 QJsonObject VqSystemMonitorLib::getNetworkInfo()
 {
+    InMemoryLibrary::queries.append(QStringLiteral("getNetworkInfo"));
     return InMemoryLibrary::networkInfo;
 }
 
 QJsonObject VqSystemMonitorLib::getSMARTInfo()
 {
+    InMemoryLibrary::queries.append(QStringLiteral("getSMARTInfo"));
     return InMemoryLibrary::smartInfo;
 }
 
 QJsonObject VqSystemMonitorLib::getPresentMon()
 {
+    InMemoryLibrary::queries.append(QStringLiteral("getPresentMon"));
     return InMemoryLibrary::presentMon;
 }
 
 QJsonObject VqSystemMonitorLib::getAllSensorsData()
 {
+    InMemoryLibrary::queries.append(QStringLiteral("getAllSensorsData"));
     return InMemoryLibrary::allSensors;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QJsonObject>
+#include <QStringList>
 
 /// What the substitute for the system-monitor library answers and what was asked of it. Tests
 /// write the trees; every instance of VqSystemMonitorLib serves them.
@@ -23,7 +24,10 @@ struct InMemoryLibrary
     static inline int detectedSensorsCalls = 0;
     static inline int deinitCalls = 0;
 
-    /// Empty trees, a succeeding init, all counts 0.
+    /// What was asked of library, drives and playback devices, such as "getCPUInfo", "space /home".
+    static inline QStringList queries;
+
+    /// Empty trees, a succeeding init, all counts 0, no queries.
     static void reset();
 
     /// {label: [{"value": value, "units": units}]}

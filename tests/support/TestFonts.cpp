@@ -8,7 +8,9 @@ namespace testfonts {
 
 void hideMachineFonts()
 {
-    qputenv("FONTCONFIG_FILE", FONT_CONFIGURATION);
+    qputenv("FONTCONFIG_FILE", FONT_FOLDER "/fonts.conf");
+    // For systems without fontconfig: a folder that has no fonts.
+    qputenv("QT_QPA_FONTDIR", FONT_FOLDER);
 }
 
 QString find(const QString &fileName)

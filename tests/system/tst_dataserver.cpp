@@ -28,6 +28,7 @@ private Q_SLOTS:
     void serves_data();
     void serves();
     void outlivesRudeClients();
+    void refusesAHugeFrame();
 
 private:
     std::unique_ptr<RunningPlugin> m_plugin;
@@ -182,6 +183,22 @@ void tst_DataServer::outlivesRudeClients()
     }
     QCOMPARE(m_panel->ask(QStringLiteral("nothing")), QStringLiteral("{}"));
     QVERIFY(m_plugin->process.isRunning());
+}
+
+void tst_DataServer::refusesAHugeFrame()
+{
+    QTcpSocket client;
+    client.connectToHost(QHostAddress(QHostAddress::LocalHost), DataServerClient::port);
+    client.write("GET / HTTP/1.1\r\nHost: localhost\r\nUpgrade: websocket\r\n"
+                 "Connection: Upgrade\r\nSec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n"
+                 "Sec-WebSocket-Version: 13\r\n\r\n");
+    QTRY_PATIENTLY(client.peek(4096).contains("101 Switching Protocols"));
+    // A masked text frame of 100 MB, by its header; some of it follows.
+    QByteArray header("\x81\xff", 2);
+    header += QByteArray::fromHex("0000000006400000") + QByteArray(4, '\0');
+    client.write(header + QByteArray(1024 * 1024, 'x'));
+    QTRY_PATIENTLY(client.state() == QAbstractSocket::UnconnectedState);
+    QVERIFY(!m_panel->ask(QStringLiteral("Cpu Usage")).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_DataServer)

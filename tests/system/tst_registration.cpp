@@ -4,6 +4,7 @@
 #include "tests/support/Waits.h"
 
 #include <QElapsedTimer>
+#include <QTcpServer>
 #include <QtTest>
 
 class tst_Registration : public QObject
@@ -16,6 +17,7 @@ private Q_SLOTS:
     void startsUpInOrder();
     void choosesItsPlatform_data();
     void choosesItsPlatform();
+    void runsOnWhenItsPortIsTaken();
 };
 
 void tst_Registration::registersAndWritesTheFileLog()
@@ -111,6 +113,18 @@ void tst_Registration::choosesItsPlatform()
     plugin.host.appear(QStringLiteral("com.quellor.stream.system.cpu"), QStringLiteral("key"));
     QVERIFY(plugin.host.waitForUpdate(QStringLiteral("key")));
     QVERIFY(!FakeHost::picture(plugin.host.images(QStringLiteral("key")).constFirst()).isNull());
+}
+
+void tst_Registration::runsOnWhenItsPortIsTaken()
+{
+    QTcpServer other;
+    QVERIFY(other.listen(QHostAddress::Any, DataServerClient::port));
+    RunningPlugin plugin;
+    QVERIFY(plugin.start());
+    QTRY_PATIENTLY(
+        plugin.process.lines().contains(QStringLiteral("WebSocket server failed to start!")));
+    plugin.host.appear(QStringLiteral("com.quellor.stream.system.cpu"), QStringLiteral("key"));
+    QVERIFY(plugin.host.waitForUpdate(QStringLiteral("key")));
 }
 
 QTEST_GUILESS_MAIN(tst_Registration)

@@ -74,7 +74,8 @@ void tst_LanguageFile::isEmptyWithoutAFile()
 
 void tst_LanguageFile::doesNotWaitForAPipe()
 {
-    QCOMPARE(QProcess::execute(QStringLiteral("mkfifo"), {path()}), 0);
+    if (QProcess::execute(QStringLiteral("mkfifo"), {path()}) != 0)
+        QSKIP("mkfifo is missing");
     QVERIFY(LanguageFile(code()).content().isEmpty());
 }
 

@@ -5,13 +5,17 @@
 #include "sensors/systemInfor.h"
 #include "tests/support/InMemoryLibrary.h"
 #include "tests/support/MessageCapture.h"
+#include "tests/support/SampleSnapshot.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QSignalSpy>
+#include <QTcpSocket>
 #include <QWebSocket>
 #include <QtTest>
 
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -26,6 +30,16 @@ public:
     std::unique_ptr<VqSystemMonitorLib> library =
         std::make_unique<VqSystemMonitorLib>(false, nullptr);
 };
+
+QJsonValue answer(const char *request)
+{
+    return answerRequest(QString::fromLatin1(request)).value(QStringLiteral("info"));
+}
+
+QJsonArray array(const QByteArray &text)
+{
+    return QJsonDocument::fromJson(text).array();
+}
 
 /// One settings panel.
 class Panel
@@ -48,6 +62,34 @@ private:
     QSignalSpy m_replies{&m_socket, &QWebSocket::textMessageReceived};
 };
 
+/// A panel that sends, and never reads what it is sent after the handshake.
+class RawPanel
+{
+public:
+    explicit RawPanel(quint16 port)
+    {
+        // What is not read here is to stay with the server.
+        m_socket.setReadBufferSize(4096);
+        m_socket.connectToHost(QHostAddress(QHostAddress::LocalHost), port);
+        m_socket.write("GET / HTTP/1.1\r\nHost: localhost\r\nUpgrade: websocket\r\n"
+                       "Connection: Upgrade\r\nSec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n"
+                       "Sec-WebSocket-Version: 13\r\n\r\n");
+    }
+
+    bool isConnected() const { return m_socket.state() == QAbstractSocket::ConnectedState; }
+
+    /// \a request is shorter than 126 letters.
+    void ask(const QByteArray &request)
+    {
+        // One masked text frame; the mask is 0.
+        m_socket.write(QByteArray("\x81") + static_cast<char>(0x80 | request.size()) +
+                       QByteArray(4, '\0') + request);
+    }
+
+private:
+    QTcpSocket m_socket;
+};
+
 } // namespace
 
 class tst_WebSocketServer : public QObject
@@ -56,10 +98,16 @@ class tst_WebSocketServer : public QObject
 
 private Q_SLOTS:
     void init();
+    void cleanup();
 
     void answersRequests_data();
     void answersRequests();
+    void answersWithSixDigits();
     void answersWithTheDriveTrees();
+    void answersWithEveryDrive();
+    void answersWithNoDrives();
+    void answersWithEveryPlaybackDevice();
+    void answersAVolumeThatCannotBeReadUnsigned();
     void answersUnknownRequestsWithNothing_data();
     void answersUnknownRequestsWithNothing();
     void asksTheLibraryForAllSensors();
@@ -67,52 +115,34 @@ private Q_SLOTS:
     void repliesToTheAskerOnly();
     void ignoresBinaryMessages();
     void dropsAClientThatSendsTooMuch();
+    void dropsAClientThatAsksTooOften();
+    void dropsAClientThatReadsNothing();
+    void servesManyClients();
+    void dropsTheOldestOfTooManyClients();
     void reportsAPortThatIsTaken();
     void closesItsClients();
+
+private:
+    std::unique_ptr<MessageCapture> m_capture;
+    std::unique_ptr<LibraryOwner> m_owner;
+    std::unique_ptr<WebSocketServer> m_server;
 };
 
 void tst_WebSocketServer::init()
 {
     InMemoryLibrary::reset();
-    systemInfor::CpuUsage = 37;
-    systemInfor::CpuUsageUnits = QStringLiteral("%");
-    systemInfor::CpuTemperature = 45;
-    systemInfor::CpuTemperatureUnits = QStringLiteral("°C");
-    systemInfor::CpuClock = 4200;
-    systemInfor::CpuClockUnits = QStringLiteral("MHz");
-    systemInfor::CpuPower = 65.26;
-    systemInfor::CpuPowerUnits = QStringLiteral("W");
-    systemInfor::CpuVoltage = 1.25;
-    systemInfor::CpuVoltageUnits = QStringLiteral("V");
-    systemInfor::CpuModel = QStringLiteral("Ryzen 9");
-    systemInfor::GpuModel = QStringLiteral("integrated GPU");
-    systemInfor::GpuTemperature = 51;
-    systemInfor::GpuTemperatureUnits = QStringLiteral("°C");
-    systemInfor::GpuClock = 1905;
-    systemInfor::GpuClockUnits = QStringLiteral("MHz");
-    systemInfor::GpuLoad = 99;
-    systemInfor::GpuLoadUnits = QStringLiteral("%");
-    systemInfor::GpuMemoryClock = 9501;
-    systemInfor::GpuMemoryClockUnits = QStringLiteral("MHz");
-    systemInfor::GpuMemoryUsage = 49.9;
-    systemInfor::GpuMemoryUsageUnits = QStringLiteral("%");
-    systemInfor::GpuMemoryAllocated = 1234567;
-    systemInfor::GpuMemoryAllocatedUnits = QStringLiteral("MB");
-    systemInfor::GpuPower = 3;
-    systemInfor::GpuPowerUnits = QStringLiteral("W");
-    systemInfor::GpuVoltage = 0.9125;
-    systemInfor::GpuVoltageUnits = QStringLiteral("V");
-    systemInfor::SmartInfo = {{QStringLiteral("sda"), QJsonObject()}};
-    systemInfor::MemoryLoad = 61;
-    systemInfor::MemoryLoadUnits = QStringLiteral("%");
-    systemInfor::MemoryUsedMB = 9000;
-    systemInfor::MemoryAvailableMB = 6974;
-    systemInfor::MemoryTotalMB = 15974;
-    systemInfor::MemoryTotalGBRounded = 16;
-    systemInfor::NetUpRate = 1.5859375;
-    systemInfor::NetUpRateUnits = QStringLiteral("MB/s");
-    systemInfor::NetDownRate = 0;
-    systemInfor::NetDownRateUnits = QStringLiteral("Kb/s");
+    fillSnapshot();
+    m_capture = std::make_unique<MessageCapture>();
+    m_owner = std::make_unique<LibraryOwner>();
+    m_server = std::make_unique<WebSocketServer>(quint16(0));
+    m_server->setPlugin(m_owner.get());
+}
+
+void tst_WebSocketServer::cleanup()
+{
+    m_server.reset();
+    m_owner.reset();
+    m_capture.reset();
 }
 
 void tst_WebSocketServer::answersRequests_data()
@@ -127,34 +157,75 @@ void tst_WebSocketServer::answersRequests_data()
     QTest::newRow("Gpu Core Utility") << QStringLiteral("99%");
     QTest::newRow("Gpu Memory Clock") << QStringLiteral("9501MHz");
     QTest::newRow("Gpu Memory Utility") << QStringLiteral("49.9%");
-    QTest::newRow("Gpu Memory Used") << QStringLiteral("1.23457e+06MB");
+    QTest::newRow("Gpu Memory Used") << QStringLiteral("2048MB");
     QTest::newRow("Gpu Power") << QStringLiteral("3W");
-    QTest::newRow("Cpu Model") << QStringLiteral("Ryzen 9");
+    QTest::newRow("Cpu Model") << QStringLiteral("Ryzen 9 %1");
     QTest::newRow("Gpu Model") << QStringLiteral("integrated GPU");
-    QTest::newRow("Gpu Voltage") << QStringLiteral("0.9125V");
+    QTest::newRow("Gpu Voltage") << QStringLiteral("0.9127V");
     QTest::newRow("Cpu Voltage") << QStringLiteral("1.25V");
     QTest::newRow("Physical Memory Usage") << QStringLiteral("61%");
-    QTest::newRow("Network Upload Speed") << QStringLiteral("1.58594MB/s");
-    QTest::newRow("Network Download Speed") << QStringLiteral("0Kb/s");
-    QTest::newRow("Memory Used MB") << QStringLiteral("9000");
-    QTest::newRow("Memory Free MB") << QStringLiteral("6974");
-    QTest::newRow("Memory Total MB") << QStringLiteral("15974");
+    QTest::newRow("Network Upload Speed") << QStringLiteral("1.24Kb/s");
+    QTest::newRow("Network Download Speed") << QStringLiteral("3MB/s");
+    QTest::newRow("Memory Used MB") << QStringLiteral("14592");
+    QTest::newRow("Memory Free MB") << QStringLiteral("1536");
+    QTest::newRow("Memory Total MB") << QStringLiteral("16128");
     QTest::newRow("Memory Model") << QStringLiteral("16");
+    QTest::newRow("totalDisksFreeSpace") << QStringLiteral("120");
+    QTest::newRow("totalDisksTotalSpace") << QStringLiteral("480");
+    QTest::newRow("defaultAudioEndpointVolume") << QStringLiteral("35");
 }
 
 void tst_WebSocketServer::answersRequests()
 {
     QFETCH(QString, info);
     const QString request = QString::fromLatin1(QTest::currentDataTag());
-    const MessageCapture capture;
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    server.setPlugin(&owner);
-    Panel panel(server.port());
+    Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
     panel.ask(request);
     QTRY_COMPARE(panel.replyCount(), 1);
     QCOMPARE(panel.reply(0), QStringLiteral(R"({"event":"%1","info":"%2"})").arg(request, info));
+}
+
+void tst_WebSocketServer::answersWithSixDigits()
+{
+    systemInfor::GpuMemoryAllocated = 1234567;
+    QCOMPARE(answer("Gpu Memory Used"), QJsonValue(QStringLiteral("1.23457e+06MB")));
+}
+
+void tst_WebSocketServer::answersWithEveryDrive()
+{
+    // The second drive does not answer, so that its place in the other lists is empty.
+    QCOMPARE(answer("drives"),
+             QJsonValue(array(R"([{"driveName":"C:\\","volumeName":"System","freeSpaceGB":120,
+                                   "freeSpacePercent":25},
+                                  {"driveName":"D:\\","volumeName":"","freeSpaceGB":0,
+                                   "freeSpacePercent":0}])")));
+}
+
+void tst_WebSocketServer::answersWithNoDrives()
+{
+    systemInfor::DriveRoots.clear();
+    QCOMPARE(answer("drives"), QJsonValue(QJsonArray()));
+}
+
+void tst_WebSocketServer::answersWithEveryPlaybackDevice()
+{
+    QCOMPARE(answer("AllAudioEndpointVolume"),
+             QJsonValue(array(R"([{"AudioNames":"Speakers","AudioNameszf":35.5},
+                                  {"AudioNames":"Headset","AudioNameszf":-1}])")));
+    systemInfor::AudioDeviceVolumes = {0.1F};
+    QCOMPARE(answer("AllAudioEndpointVolume")
+                 .toArray()
+                 .at(0)
+                 .toObject()
+                 .value(QStringLiteral("AudioNameszf")),
+             QJsonValue(0.10000000149011612));
+}
+
+void tst_WebSocketServer::answersAVolumeThatCannotBeReadUnsigned()
+{
+    systemInfor::AudioVolume = -1;
+    QCOMPARE(answer("defaultAudioEndpointVolume"), QJsonValue(QStringLiteral("4294967295")));
 }
 
 void tst_WebSocketServer::answersWithTheDriveTrees()
@@ -178,11 +249,7 @@ void tst_WebSocketServer::answersUnknownRequestsWithNothing_data()
 void tst_WebSocketServer::answersUnknownRequestsWithNothing()
 {
     QFETCH(QString, request);
-    const MessageCapture capture;
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    server.setPlugin(&owner);
-    Panel panel(server.port());
+    Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
     panel.ask(request);
     QTRY_COMPARE(panel.replyCount(), 1);
@@ -192,11 +259,7 @@ void tst_WebSocketServer::answersUnknownRequestsWithNothing()
 
 void tst_WebSocketServer::asksTheLibraryForAllSensors()
 {
-    const MessageCapture capture;
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    server.setPlugin(&owner);
-    Panel panel(server.port());
+    Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
     for (const QString &group : {QStringLiteral("one"), QStringLiteral("two")}) {
         InMemoryLibrary::allSensors = {{group, QJsonObject()}};
@@ -209,28 +272,26 @@ void tst_WebSocketServer::asksTheLibraryForAllSensors()
 
 void tst_WebSocketServer::leavesRequestsUnansweredWithoutALibrary()
 {
-    const MessageCapture capture;
     const QString line = QStringLiteral("Message received from client: \"Cpu Usage\"");
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    Panel panel(server.port());
+    m_server->setPlugin(nullptr);
+    Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
     panel.ask(QStringLiteral("Cpu Usage"));
     QTRY_COMPARE(MessageCapture::count(line), 1);
-    owner.library.reset();
-    server.setPlugin(&owner);
+    m_owner->library.reset();
+    m_server->setPlugin(m_owner.get());
     panel.ask(QStringLiteral("Cpu Usage"));
     QTRY_COMPARE(MessageCapture::count(line), 2);
     {
         LibraryOwner other;
-        server.setPlugin(&other);
+        m_server->setPlugin(&other);
     }
     panel.ask(QStringLiteral("Cpu Usage"));
     QTRY_COMPARE(MessageCapture::count(line), 3);
 
     // What is answered now is the first reply.
-    owner.library = std::make_unique<VqSystemMonitorLib>(false, nullptr);
-    server.setPlugin(&owner);
+    m_owner->library = std::make_unique<VqSystemMonitorLib>(false, nullptr);
+    m_server->setPlugin(m_owner.get());
     panel.ask(QStringLiteral("x"));
     QTRY_COMPARE(panel.replyCount(), 1);
     QCOMPARE(panel.reply(0), QStringLiteral("{}"));
@@ -238,13 +299,9 @@ void tst_WebSocketServer::leavesRequestsUnansweredWithoutALibrary()
 
 void tst_WebSocketServer::repliesToTheAskerOnly()
 {
-    const MessageCapture capture;
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    server.setPlugin(&owner);
-    Panel first(server.port());
+    Panel first(m_server->port());
     QTRY_VERIFY(first.isConnected());
-    Panel second(server.port());
+    Panel second(m_server->port());
     QTRY_VERIFY(second.isConnected());
     QTRY_COMPARE(
         MessageCapture::count(QStringLiteral("New connection established. Total connections: 2")),
@@ -266,11 +323,7 @@ void tst_WebSocketServer::repliesToTheAskerOnly()
 
 void tst_WebSocketServer::ignoresBinaryMessages()
 {
-    const MessageCapture capture;
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    server.setPlugin(&owner);
-    Panel panel(server.port());
+    Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
     panel.socket().sendBinaryMessage("Cpu Usage");
     panel.ask(QStringLiteral("Memory Model"));
@@ -280,29 +333,90 @@ void tst_WebSocketServer::ignoresBinaryMessages()
 
 void tst_WebSocketServer::dropsAClientThatSendsTooMuch()
 {
-    const MessageCapture capture;
-    LibraryOwner owner;
-    WebSocketServer server(0);
-    server.setPlugin(&owner);
-    Panel flood(server.port());
+    Panel flood(m_server->port());
     QTRY_VERIFY(flood.isConnected());
     flood.ask(QString(1024 * 1024, QLatin1Char('x')));
     QTRY_VERIFY(!flood.isConnected());
 
-    Panel next(server.port());
+    Panel next(m_server->port());
     QTRY_VERIFY(next.isConnected());
     next.ask(QStringLiteral("Cpu Usage"));
     QTRY_COMPARE(next.replyCount(), 1);
 }
 
+void tst_WebSocketServer::dropsAClientThatAsksTooOften()
+{
+    Panel flood(m_server->port());
+    Panel steady(m_server->port());
+    QTRY_VERIFY(flood.isConnected() && steady.isConnected());
+    for (int request = 0; request < 20000; ++request)
+        flood.ask(QStringLiteral("Cpu Usage"));
+    steady.ask(QStringLiteral("Cpu Usage"));
+    QTRY_COMPARE(steady.replyCount(), 1);
+    QTRY_VERIFY(!flood.isConnected());
+    QVERIFY2(flood.replyCount() < 5000, qPrintable(QString::number(flood.replyCount())));
+    QVERIFY(steady.isConnected());
+}
+
+void tst_WebSocketServer::dropsAClientThatReadsNothing()
+{
+    // One answer fills a twentieth of what may be left unread.
+    InMemoryLibrary::allSensors = {
+        {QStringLiteral("group"), QString(800 * 1024, QLatin1Char('x'))}};
+    RawPanel deaf(m_server->port());
+    QTRY_VERIFY(deaf.isConnected());
+    int requests = 0;
+    QTRY_VERIFY_WITH_TIMEOUT((deaf.ask("GetAllSensorsData"), ++requests, !deaf.isConnected()),
+                             20000);
+    QVERIFY2(requests < 200, qPrintable(QString::number(requests)));
+    Panel next(m_server->port());
+    QTRY_VERIFY(next.isConnected());
+    next.ask(QStringLiteral("Cpu Usage"));
+    QTRY_COMPARE(next.replyCount(), 1);
+}
+
+void tst_WebSocketServer::servesManyClients()
+{
+    std::vector<std::unique_ptr<Panel>> panels;
+    for (int client = 0; client < 50; ++client)
+        panels.push_back(std::make_unique<Panel>(m_server->port()));
+    for (const auto &panel : panels)
+        QTRY_VERIFY(panel->isConnected());
+    for (const auto &panel : panels)
+        panel->ask(QStringLiteral("Cpu Usage"));
+    for (const auto &panel : panels) {
+        QTRY_COMPARE(panel->replyCount(), 1);
+        QCOMPARE(panel->reply(0), QStringLiteral(R"({"event":"Cpu Usage","info":"37%"})"));
+    }
+    panels.resize(1);
+    QTRY_COMPARE(
+        MessageCapture::count(QStringLiteral("Connection disconnected. Remaining connections: 1")),
+        1);
+    panels.front()->ask(QStringLiteral("Memory Model"));
+    QTRY_COMPARE(panels.front()->replyCount(), 2);
+}
+
+void tst_WebSocketServer::dropsTheOldestOfTooManyClients()
+{
+    std::vector<std::unique_ptr<Panel>> panels;
+    for (int client = 0; client < WebSocketServer::mostClients + 1; ++client) {
+        panels.push_back(std::make_unique<Panel>(m_server->port()));
+        QTRY_VERIFY(panels.back()->isConnected());
+    }
+    QTRY_VERIFY(!panels.front()->isConnected());
+    for (std::size_t client = 1; client < panels.size(); ++client)
+        QVERIFY(panels.at(client)->isConnected());
+    panels.back()->ask(QStringLiteral("Cpu Usage"));
+    QTRY_COMPARE(panels.back()->replyCount(), 1);
+}
+
 void tst_WebSocketServer::reportsAPortThatIsTaken()
 {
-    const MessageCapture capture;
-    const WebSocketServer first(0);
-    QCOMPARE(MessageCapture::messages(),
-             QStringList(QStringLiteral("WebSocket server started on port %1").arg(first.port())));
+    QCOMPARE(
+        MessageCapture::messages(),
+        QStringList(QStringLiteral("WebSocket server started on port %1").arg(m_server->port())));
     MessageCapture::clear();
-    const WebSocketServer second(first.port());
+    const WebSocketServer second(m_server->port());
     QCOMPARE(MessageCapture::messages(),
              QStringList(QStringLiteral("WebSocket server failed to start!")));
     QCOMPARE(second.port(), quint16(0));
@@ -310,12 +424,10 @@ void tst_WebSocketServer::reportsAPortThatIsTaken()
 
 void tst_WebSocketServer::closesItsClients()
 {
-    const MessageCapture capture;
-    auto server = std::make_unique<WebSocketServer>(quint16(0));
-    Panel panel(server->port());
+    Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
     QTRY_COMPARE(MessageCapture::messages().size(), 2);
-    server.reset();
+    m_server.reset();
     QTRY_VERIFY(!panel.isConnected());
 }
 

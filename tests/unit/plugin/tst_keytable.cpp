@@ -1,6 +1,7 @@
 #include "plugin/KeyTable.h"
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
+#include "tests/support/SampleSnapshot.h"
 
 #include <QtTest>
 
@@ -17,6 +18,7 @@ private Q_SLOTS:
     void showsFahrenheitWithoutALetter_data();
     void showsFahrenheitWithoutALetter();
     void diskTemperatureCarriesOverWithinAPass();
+    void showsAVolumeThatCannotBeRead();
     void looksUpTheChosenSensor_data();
     void looksUpTheChosenSensor();
     void looksUpTheChosenFan();
@@ -49,53 +51,7 @@ const QString png = QStringLiteral("data:image/png;base64,");
 
 void tst_KeyTable::init()
 {
-    systemInfor::CpuUsage = 37;
-    systemInfor::CpuUsageUnits = QStringLiteral("%");
-    systemInfor::MemoryLoad = 61;
-    systemInfor::MemoryLoadUnits = QStringLiteral("%");
-    systemInfor::MemoryUsedMB = 14592;
-    systemInfor::MemoryAvailableMB = 1536;
-    systemInfor::MemoryTotalMB = 16128;
-    systemInfor::MemoryUsedGB = 14.25;
-    systemInfor::MemoryAvailableGB = 1.5;
-    systemInfor::MemoryTotalGB = 15.75;
-    systemInfor::MemoryTotalGBRounded = 16;
-    systemInfor::CpuTemperature = 45;
-    systemInfor::CpuTemperatureUnits = QStringLiteral("°C");
-    systemInfor::CpuClock = 4200;
-    systemInfor::CpuClockUnits = QStringLiteral("MHz");
-    systemInfor::CpuPower = 65.26;
-    systemInfor::CpuPowerUnits = QStringLiteral("W");
-    systemInfor::CpuVoltage = 1.25;
-    systemInfor::CpuVoltageUnits = QStringLiteral("V");
-    systemInfor::CpuModel = QStringLiteral("Ryzen 9 %1");
-    systemInfor::GpuModel = QStringLiteral("integrated GPU");
-    systemInfor::GpuTemperature = 0;
-    systemInfor::GpuTemperatureUnits = QStringLiteral("°C");
-    systemInfor::GpuClock = 1905;
-    systemInfor::GpuClockUnits = QStringLiteral("MHz");
-    systemInfor::GpuLoad = 99;
-    systemInfor::GpuLoadUnits = QStringLiteral("%");
-    systemInfor::GpuMemoryClock = 9501;
-    systemInfor::GpuMemoryClockUnits = QStringLiteral("MHz");
-    systemInfor::GpuMemoryUsage = 49.9;
-    systemInfor::GpuMemoryUsageUnits = QStringLiteral("%");
-    systemInfor::GpuMemoryAllocated = 2048.0;
-    systemInfor::GpuMemoryAllocatedUnits = QStringLiteral("MB");
-    systemInfor::GpuPower = 3.0;
-    systemInfor::GpuPowerUnits = QStringLiteral("W");
-    systemInfor::GpuVoltage = 0.9127;
-    systemInfor::GpuVoltageUnits = QStringLiteral("V");
-    systemInfor::AIOPump = QStringLiteral("1850RPM");
-    systemInfor::CpuFanList.clear();
-    systemInfor::SensorList = {{QStringLiteral("Vcore"), QStringLiteral("0.5V")},
-                               {QStringLiteral("CPU Package"), QStringLiteral("45°C")},
-                               {QStringLiteral("CPU Package"), QStringLiteral("46°C")}};
-    systemInfor::DriveTemperatureList = {{QStringLiteral("sda"), 40}, {QStringLiteral("sdb"), 50}};
-    systemInfor::NetUpRate = 1.24;
-    systemInfor::NetUpRateUnits = QStringLiteral("Kb/s");
-    systemInfor::NetDownRate = 3;
-    systemInfor::NetDownRateUnits = QStringLiteral("MB/s");
+    fillSnapshot();
 }
 
 void tst_KeyTable::formatsTheReading_data()
@@ -109,13 +65,15 @@ void tst_KeyTable::formatsTheReading_data()
     row("com.quellor.stream.system.cpu.temperature", "45°");
     row("com.quellor.stream.system.Cpu_Clock", "4200MHz");
     row("com.quellor.stream.system.Cpu_Package_Power", "65.3W");
-    row("com.quellor.stream.system.Gpu_Temperature", "0°");
+    row("com.quellor.stream.system.Gpu_Temperature", "51°");
     row("com.quellor.stream.system.Gpu_Core_Clock", "1905MHz");
     row("com.quellor.stream.system.Gpu_Core_Utility", "99%");
     row("com.quellor.stream.system.Gpu_Memory_Clock", "9501MHz");
     row("com.quellor.stream.system.Gpu_Memory_Utility", "49%");
     row("com.quellor.stream.system.Gpu_Memory_Used", "2048MB");
     row("com.quellor.stream.system.Gpu_Power", "3.0W");
+    row("com.quellor.stream.system.volume", "35%");
+    row("com.quellor.stream.system.PhysicalDisk", "C:\\  75% Used  120G Free");
     row("com.quellor.stream.system.Cpu_Model", "Ryzen 9 %1");
     row("com.quellor.stream.system.Gpu_Model", "integrated GPU");
     row("com.quellor.stream.system.Gpu_Voltage", "0.913V");
@@ -187,6 +145,14 @@ void tst_KeyTable::diskTemperatureCarriesOverWithinAPass()
     QCOMPARE(shown("unknown", true, pass), QStringLiteral("219°"));
     KeyPass next;
     QCOMPARE(shown("unknown", false, next), QStringLiteral("0°"));
+}
+
+void tst_KeyTable::showsAVolumeThatCannotBeRead()
+{
+    systemInfor::AudioVolume = -1;
+    BareKey key(QStringLiteral("com.quellor.stream.system.volume"));
+    QVERIFY(paintKey(key, m_pass));
+    QCOMPARE(key.displayedText, QStringLiteral("-1%"));
 }
 
 void tst_KeyTable::looksUpTheChosenSensor_data()

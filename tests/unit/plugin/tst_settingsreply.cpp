@@ -4,6 +4,9 @@
 #include "sensors/VqSystemMonitorLib.h"
 #include "sensors/systemInfor.h"
 #include "tests/support/InMemoryLibrary.h"
+#include "tests/support/InMemoryMachine.h"
+#include "tests/support/MessageCapture.h"
+#include "tests/support/SampleSnapshot.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -24,6 +27,8 @@ private Q_SLOTS:
     void listsTheFonts();
     void listsWhatOneKindOffers_data();
     void listsWhatOneKindOffers();
+    void listsTheDrivesOfADiskKey();
+    void listsTheDrivesOfNoOtherKey();
     void choosesTheFirstEntryByDefault_data();
     void choosesTheFirstEntryByDefault();
     void choosesTheSensorByOccasion_data();
@@ -147,6 +152,9 @@ void tst_SettingsReply::listsWhatOneKindOffers_data()
     row("com.quellor.stream.PumpSpeed", R"({"PumpSpeed":"1850RPM"})");
     row("com.quellor.stream.system.PhysicalDisk.Temperature",
         R"({"PhysicalDiskTemperatureList":{"sda":{}},"SelectPhysicalDisk":"d"})");
+    row("com.quellor.stream.system.PhysicalDisk",
+        R"({"diskMode":"Disk_Loop","volumeNameItem":"1","switchFrequency":-5,"showVolumeName":false})");
+    row("com.quellor.stream.system.volume", R"({"devices":["Speakers","Headset"]})");
     row("com.quellor.stream.system.cpu", "{}");
 }
 
@@ -162,12 +170,49 @@ void tst_SettingsReply::listsWhatOneKindOffers()
     key.SelectValue = QStringLiteral("s");
     key.SelectCPUFan = QStringLiteral("f");
     key.SelectPhysicalDisk = QStringLiteral("d");
+    key.diskMode = QStringLiteral("Disk_Loop");
+    key.volumeNameItem = QStringLiteral("1");
+    key.switchFrequency = -5;
+    key.showVolumeName = false;
+    InMemoryMachine::devices = {{QStringLiteral("Speakers"), 1.0F},
+                                {QStringLiteral("Headset"), -1.0F}};
     QJsonObject parameters =
         parametersOf(settingsReply({}, key, SettingsOccasion::WillAppear, m_library));
     for (const char *const common : {"text", "showTitle", "fontFamily", "fontSize", "color",
                                      "opacity", "temperatureType", "titleLines", "FontList"})
         parameters.remove(QLatin1String(common));
     QCOMPARE(parameters, members);
+}
+
+void tst_SettingsReply::listsTheDrivesOfADiskKey()
+{
+    fillSnapshot();
+    normalAction key(nullptr, QStringLiteral("com.quellor.stream.system.PhysicalDisk"),
+                     QStringLiteral("c"));
+    key.diskMode = QStringLiteral("Disk_Loop");
+    const MessageCapture capture;
+    const QJsonObject reply =
+        settingsReply({}, key, SettingsOccasion::DidReceiveSettings, m_library);
+    // Only the first drive answers, so that the lists differ in length.
+    QCOMPARE(reply.value(QStringLiteral("DriveNames")).toArray(),
+             (QJsonArray{QStringLiteral("C:\\"), QStringLiteral("D:\\")}));
+    QCOMPARE(reply.value(QStringLiteral("VolumeNames")).toArray(),
+             QJsonArray{QStringLiteral("System")});
+    QCOMPARE(MessageCapture::messages(),
+             (QStringList{MessageCapture::quoted(QStringLiteral("处理硬盘操作")),
+                          QStringLiteral(R"("driveName: C:\\ VolumeName: System")"),
+                          QStringLiteral(R"("driveName: D:\\ VolumeName: ")"),
+                          QStringLiteral(R"("currentOperator->diskMode;: Disk_Loop")"),
+                          QStringLiteral(R"("systemInfor::fontlist_one.size(): 0")")}));
+}
+
+void tst_SettingsReply::listsTheDrivesOfNoOtherKey()
+{
+    const normalAction key(nullptr, QStringLiteral("com.quellor.stream.system.volume"),
+                           QStringLiteral("c"));
+    const QJsonObject reply = settingsReply({}, key, SettingsOccasion::WillAppear, m_library);
+    QVERIFY(!reply.contains(QStringLiteral("DriveNames")));
+    QVERIFY(!reply.contains(QStringLiteral("VolumeNames")));
 }
 
 void tst_SettingsReply::choosesTheFirstEntryByDefault_data()

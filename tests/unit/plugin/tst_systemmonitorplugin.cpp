@@ -4,6 +4,7 @@
 #include "sensors/systemInfor.h"
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/InMemoryLibrary.h"
+#include "tests/support/InMemoryMachine.h"
 #include "tests/support/MessageCapture.h"
 
 #include <QApplication>
@@ -67,6 +68,9 @@ private Q_SLOTS:
     void otherKeyEventsAreOnlyLogged();
     void takesOverAChangedServicePort_data();
     void takesOverAChangedServicePort();
+    void loopsOverTheDrives();
+    void settingsStartTheLoopAnew();
+    void endsTheLoopInAnotherMode();
     void passWithoutAHostOnlyRefreshes();
     void passesRunEverySecond();
     void sessionEndStopsTheLibraryAndTheProcess();
@@ -82,13 +86,26 @@ private:
 namespace {
 
 const QString uuid = QStringLiteral("com.quellor.stream.system.cpu");
+const QString diskUuid = QStringLiteral("com.quellor.stream.system.PhysicalDisk");
 const QString context = QStringLiteral("ctx");
+
+QJsonObject diskSettings(const char *mode, int seconds, const QString &item = QString())
+{
+    const QJsonObject parameters{{QStringLiteral("diskMode"), QString::fromLatin1(mode)},
+                                 {QStringLiteral("switchFrequency"), seconds},
+                                 {QStringLiteral("volumeNameItem"), item},
+                                 {QStringLiteral("showVolumeName"), true}};
+    return {
+        {QStringLiteral("settings"), QJsonObject{{QStringLiteral("titleParameters"), parameters}}}};
+}
 
 } // namespace
 
 void tst_SystemMonitorPlugin::init()
 {
     InMemoryLibrary::reset();
+    InMemoryMachine::reset();
+    InMemoryMachine::devices = {{QStringLiteral("Speakers"), 35.5F}};
     m_capture = std::make_unique<MessageCapture>();
 }
 
@@ -258,6 +275,64 @@ void tst_SystemMonitorPlugin::takesOverAChangedServicePort()
                           quoted("端口号发生变更，重新链接.."),
                           quoted("WebSocket 尝试连接第 1 次...")}));
     QTEST(other.connections, "connections");
+}
+
+void tst_SystemMonitorPlugin::loopsOverTheDrives()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    systemInfor::DriveRoots = QStringList{QStringLiteral("/"), QStringLiteral("/home")};
+    systemInfor::DriveFreeGB = {10, 20};
+    systemInfor::DriveFreePercent = {90, 80};
+    plugin().WillAppearForAction(diskUuid, context, diskSettings("Disk_Loop", 1), QString());
+    normalAction &key = *plugin().FindAction(diskUuid, context);
+    QCOMPARE(key.switchTimer.interval(), 1000);
+    QVERIFY(key.switchTimer.isActive());
+
+    QStringList shown;
+    const QObject listener;
+    connect(&key.switchTimer, &QTimer::timeout, &listener,
+            [&] { shown.append(key.displayedText); });
+    // A pass between two steps takes the drives from the machine; here they stay.
+    InMemoryMachine::drives = {
+        {QStringLiteral("/"), QString(), InMemoryMachine::gigabytes(10, 11)},
+        {QStringLiteral("/home"), QString(), InMemoryMachine::gigabytes(20, 25)}};
+    QTRY_COMPARE(shown.size(), 3);
+    QCOMPARE(shown, (QStringList{QStringLiteral("/  10% Used  10G Free"),
+                                 QStringLiteral("/home  20% Used  20G Free"),
+                                 QStringLiteral("/  10% Used  10G Free")}));
+
+    // The drives vanish.
+    InMemoryMachine::drives.clear();
+    QTRY_COMPARE(shown.constLast(), QStringLiteral("  0% Used  0G Free"));
+    QCOMPARE(key.driveIndex, 0);
+}
+
+void tst_SystemMonitorPlugin::settingsStartTheLoopAnew()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    systemInfor::DriveRoots = QStringList{QStringLiteral("/"), QStringLiteral("/home")};
+    plugin().WillAppearForAction(diskUuid, context, diskSettings("Disk_Loop", 1), QString());
+    plugin().DidReceiveSettings(diskUuid, context, diskSettings("Disk_Loop", 1), QString());
+    plugin().DidReceiveSettings(diskUuid, context, diskSettings("Disk_Loop", 7), QString());
+    normalAction &key = *plugin().FindAction(diskUuid, context);
+    QCOMPARE(key.switchTimer.interval(), 7000);
+    // One step for each time-out: the earlier connections are gone.
+    QMetaObject::invokeMethod(&key.switchTimer, "timeout");
+    QCOMPARE(key.driveIndex, 1);
+}
+
+void tst_SystemMonitorPlugin::endsTheLoopInAnotherMode()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    plugin().WillAppearForAction(diskUuid, context, diskSettings("Disk_Loop", 1), QString());
+    plugin().DidReceiveSettings(diskUuid, context,
+                                diskSettings("Total_Disks", 1, QStringLiteral("2")), QString());
+    normalAction &key = *plugin().FindAction(diskUuid, context);
+    QVERIFY(!key.switchTimer.isActive());
+    QCOMPARE(key.driveIndex, 2);
+    key.driveIndex = 5;
+    QMetaObject::invokeMethod(&key.switchTimer, "timeout");
+    QCOMPARE(key.driveIndex, 5);
 }
 
 void tst_SystemMonitorPlugin::passWithoutAHostOnlyRefreshes()

@@ -68,6 +68,8 @@ public:
         font = QFont(QStringLiteral("Roboto"));
         font.setStyleName(QStringLiteral("Bold"));
         font.setPixelSize(24);
+        // Else each platform fits the letters to the pixels in its own way.
+        font.setHintingPreference(QFont::PreferNoHinting);
         color = QStringLiteral("#2060c0");
         titleText.clear();
         titleLines = QStringLiteral("双行显示");

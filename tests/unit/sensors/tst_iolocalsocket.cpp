@@ -151,8 +151,10 @@ void tst_IoLocalSocket::reportsASilentService()
     QCOMPARE(messages.at(messages.size() - 4), quoted(QStringLiteral("等待响应超时")));
     QCOMPARE(messages.at(messages.size() - 3),
              quoted(QStringLiteral("socket 状态:%1").arg(int(QLocalSocket::ConnectedState))));
-    QCOMPARE(messages.at(messages.size() - 2),
-             quoted(socketErrorLabel(QLocalSocket::SocketTimeoutError)));
+    // On a named pipe of Windows a time-out is no error of the socket.
+    const QStringList labels{quoted(socketErrorLabel(QLocalSocket::SocketTimeoutError)),
+                             quoted(socketErrorLabel(QLocalSocket::UnknownSocketError))};
+    QVERIFY(labels.contains(messages.at(messages.size() - 2)));
     QVERIFY(messages.constLast().startsWith(QStringLiteral("\"socket 错误描述:")));
 }
 

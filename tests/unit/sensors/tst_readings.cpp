@@ -1,9 +1,6 @@
 #include "sensors/CpuReadings.h"
 #include "sensors/MemoryReadings.h"
 #include "sensors/NetworkReadings.h"
-#include "sensors/SensorRefresh.h"
-#include "sensors/VqSystemMonitorLib.h"
-#include "sensors/systemInfor.h"
 #include "tests/support/InMemoryLibrary.h"
 
 #include <QJsonDocument>
@@ -29,8 +26,6 @@ private Q_SLOTS:
     void sumsNetworkRates();
     void scalesRates_data();
     void scalesRates();
-    void refreshesTheSnapshot();
-    void refreshOfAnEmptyLibraryHoldsZeros();
 
 private:
     static QJsonObject object(const QByteArray &json)
@@ -240,59 +235,6 @@ void tst_Readings::scalesRates()
     const ScaledRate scaled = scaledRate(rate);
     QTEST(scaled.value, "value");
     QTEST(scaled.units, "units");
-}
-
-void tst_Readings::refreshesTheSnapshot()
-{
-    InMemoryLibrary::reset();
-    InMemoryLibrary::systemInfo = memoryTree(8000, 8400);
-    InMemoryLibrary::cpuInfo =
-        InMemoryLibrary::reading(QStringLiteral("Total CPU Usage"), 37, QStringLiteral("%"));
-    InMemoryLibrary::networkInfo = object(
-        R"({"eth0":{"Current UP rate":[{"value":1.5,"units":"KB/s"}],"Current DL rate":[{"value":3,"units":"MB/s"}]}})");
-    InMemoryLibrary::allSensors = object(R"({"CPU [#0]: x":{}})");
-    InMemoryLibrary::presentMon = object(R"({"Framerate":[{"value":60,"units":"FPS"}]})");
-
-    VqSystemMonitorLib library(false, nullptr);
-    refreshSystemInfor(library);
-    QCOMPARE(systemInfor::CpuUsage, 37U);
-    QCOMPARE(systemInfor::CpuUsageUnits, QStringLiteral("%"));
-    QCOMPARE(systemInfor::CpuClock, 0);
-    QCOMPARE(systemInfor::CpuClockUnits, QStringLiteral("MHz"));
-    QCOMPARE(systemInfor::CpuVoltage, 0.0);
-    QCOMPARE(systemInfor::CpuVoltageUnits, QStringLiteral("V"));
-    QCOMPARE(systemInfor::MemoryLoad, 0U);
-    QCOMPARE(systemInfor::MemoryLoadUnits, QStringLiteral("%"));
-    QCOMPARE(systemInfor::MemoryUsedMB, 8000);
-    QCOMPARE(systemInfor::MemoryAvailableMB, 8400);
-    QCOMPARE(systemInfor::MemoryTotalMB, 16400);
-    QCOMPARE(systemInfor::MemoryUsedGB, 7.8125);
-    QCOMPARE(systemInfor::MemoryAvailableGB, 8.203125);
-    QCOMPARE(systemInfor::MemoryTotalGB, 16.015625);
-    QCOMPARE(systemInfor::MemoryTotalGBRounded, 16);
-    QCOMPARE(systemInfor::NetUpRate, 1.5);
-    QCOMPARE(systemInfor::NetUpRateUnits, QStringLiteral("Kb/s"));
-    QCOMPARE(systemInfor::NetDownRate, 3.0);
-    QCOMPARE(systemInfor::NetDownRateUnits, QStringLiteral("MB/s"));
-    QCOMPARE(systemInfor::AllSensorsData.keys(),
-             (QStringList{QStringLiteral("CPU [#0]: x"), QStringLiteral("FPS")}));
-    QCOMPARE(systemInfor::AllSensorsData.value(QStringLiteral("FPS")).toObject(),
-             InMemoryLibrary::presentMon);
-}
-
-void tst_Readings::refreshOfAnEmptyLibraryHoldsZeros()
-{
-    systemInfor::CpuUsage = 5;
-    systemInfor::MemoryTotalMB = 5;
-    systemInfor::NetUpRate = 5;
-    InMemoryLibrary::reset();
-    VqSystemMonitorLib library(false, nullptr);
-    refreshSystemInfor(library);
-    QCOMPARE(systemInfor::CpuUsage, 0U);
-    QCOMPARE(systemInfor::MemoryTotalMB, 0);
-    QCOMPARE(systemInfor::NetUpRate, 0.0);
-    QCOMPARE(systemInfor::NetUpRateUnits, QStringLiteral("Kb/s"));
-    QCOMPARE(systemInfor::AllSensorsData.keys(), QStringList(QStringLiteral("FPS")));
 }
 
 QTEST_APPLESS_MAIN(tst_Readings)

@@ -2,6 +2,8 @@
 // the process: FAKE_NVML_FAIL holds names of functions that answer FAKE_NVML_CODE, FAKE_NVML_LOST
 // the number of a GPU that is lost. FakeNvmlInits counts how often it is in use.
 
+#include <QtGlobal>
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -50,7 +52,7 @@ struct FakeMemory
     unsigned long long used;
 };
 
-#define EXPORTED extern "C" __attribute__((visibility("default")))
+#define EXPORTED extern "C" Q_DECL_EXPORT
 
 EXPORTED int fakeNvmlInUse()
 {

@@ -1,5 +1,4 @@
 #include "system_monitor_lib/live/NvidiaGpus.h"
-#include "tests/unit/system_monitor_lib/files.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QLibrary>
@@ -11,9 +10,6 @@ namespace {
 constexpr qint64 second = 1'000'000'000;
 
 const QString library = QStringLiteral(NVIDIA_LIBRARY);
-const QString status =
-    QStringLiteral("sys/bus/pci/drivers/nvidia/0000:09:00.0/power/runtime_status");
-
 /// How many users the library has initialised.
 int inUse()
 {
@@ -40,7 +36,6 @@ private Q_SLOTS:
     void libraryThatIsMissingOrIncomplete();
     void lostGpuLeavesTheOther();
     void lostDriverIsShutDown();
-    void sleepingGpuIsLetGo();
     void isShutDownAtTheEnd();
 
 private:
@@ -153,7 +148,7 @@ void NvidiaGpusTest::libraryThatIsMissingOrIncomplete_data()
     QTest::addColumn<QString>("name");
     QTest::newRow("none wanted") << QString();
     QTest::newRow("missing") << QStringLiteral("libnothing-of-the-kind.so.1");
-    QTest::newRow("another library") << QStringLiteral("libc.so.6");
+    QTest::newRow("another library") << QStringLiteral(OTHER_LIBRARY);
     QTest::newRow("no library") << QStringLiteral(FIXTURES_DIRECTORY "/machines/pci.ids");
 }
 
@@ -190,22 +185,6 @@ void NvidiaGpusTest::lostDriverIsShutDown()
     qunsetenv("FAKE_NVML_FAIL");
     QVERIFY(m_gpus->read(11 * second).empty());
     QCOMPARE(m_gpus->read(30 * second).size(), std::size_t{2});
-}
-
-void NvidiaGpusTest::sleepingGpuIsLetGo()
-{
-    const QString file = m_directory->filePath(status);
-    QVERIFY(writeFile(file, "suspended\n"));
-    QVERIFY(m_gpus->read(0).empty());
-    QCOMPARE(inUse(), 0);
-    QVERIFY(writeFile(file, "active\n"));
-    QCOMPARE(m_gpus->read(second).size(), std::size_t{2});
-    QVERIFY(writeFile(file, "suspended\n"));
-    QVERIFY(m_gpus->read(2 * second).empty());
-    QCOMPARE(inUse(), 0);
-    QVERIFY(writeFile(file, "active\n"));
-    QCOMPARE(m_gpus->read(3 * second).size(), std::size_t{2});
-    QCOMPARE(inUse(), 1);
 }
 
 void NvidiaGpusTest::isShutDownAtTheEnd()

@@ -1,10 +1,8 @@
 #include "system_monitor_lib/live/NvidiaLibrary.h"
 
-#include <QFile>
+#include <QLibrary>
 
 #include <array>
-
-#include <dlfcn.h>
 
 namespace {
 
@@ -33,15 +31,10 @@ struct Memory
 };
 static_assert(sizeof(Memory) == 24);
 
-struct Unloader
-{
-    void operator()(void *library) const { ::dlclose(library); }
-};
-
 template <typename Function>
-void find(void *library, const char *name, Function &function)
+void find(QLibrary &library, const char *name, Function &function)
 {
-    function = reinterpret_cast<Function>(::dlsym(library, name));
+    function = reinterpret_cast<Function>(library.resolve(name));
 }
 
 bool meansLost(int code)
@@ -81,14 +74,16 @@ private:
 class NvidiaLibrary::Private
 {
 public:
-    explicit Private(void *loaded);
+    explicit Private(const QString &fileName);
+    ~Private() { library.unload(); }
+    Q_DISABLE_COPY(Private)
 
     [[nodiscard]] bool isComplete() const
     {
         return init && shutdown && getCount && getHandle && getName;
     }
 
-    std::unique_ptr<void, Unloader> library;
+    QLibrary library;
     int (*init)() = nullptr;
     int (*shutdown)() = nullptr;
     int (*getCount)(unsigned *) = nullptr;
@@ -101,19 +96,21 @@ public:
     int (*getPower)(Device, unsigned *) = nullptr;
 };
 
-NvidiaLibrary::Private::Private(void *loaded)
-    : library(loaded)
+NvidiaLibrary::Private::Private(const QString &fileName)
+    : library(fileName)
 {
-    find(loaded, "nvmlInit_v2", init);
-    find(loaded, "nvmlShutdown", shutdown);
-    find(loaded, "nvmlDeviceGetCount_v2", getCount);
-    find(loaded, "nvmlDeviceGetHandleByIndex_v2", getHandle);
-    find(loaded, "nvmlDeviceGetName", getName);
-    find(loaded, "nvmlDeviceGetTemperature", getTemperature);
-    find(loaded, "nvmlDeviceGetClockInfo", getClock);
-    find(loaded, "nvmlDeviceGetUtilizationRates", getUtilization);
-    find(loaded, "nvmlDeviceGetMemoryInfo", getMemory);
-    find(loaded, "nvmlDeviceGetPowerUsage", getPower);
+    if (!library.load())
+        return;
+    find(library, "nvmlInit_v2", init);
+    find(library, "nvmlShutdown", shutdown);
+    find(library, "nvmlDeviceGetCount_v2", getCount);
+    find(library, "nvmlDeviceGetHandleByIndex_v2", getHandle);
+    find(library, "nvmlDeviceGetName", getName);
+    find(library, "nvmlDeviceGetTemperature", getTemperature);
+    find(library, "nvmlDeviceGetClockInfo", getClock);
+    find(library, "nvmlDeviceGetUtilizationRates", getUtilization);
+    find(library, "nvmlDeviceGetMemoryInfo", getMemory);
+    find(library, "nvmlDeviceGetPowerUsage", getPower);
 }
 
 NvidiaLibrary::NvidiaLibrary(std::unique_ptr<Private> loaded)
@@ -128,10 +125,7 @@ NvidiaLibrary::~NvidiaLibrary()
 
 std::unique_ptr<NvidiaLibrary> NvidiaLibrary::load(const QString &fileName)
 {
-    void *const library = ::dlopen(QFile::encodeName(fileName).constData(), RTLD_LAZY | RTLD_LOCAL);
-    if (!library)
-        return nullptr;
-    auto loaded = std::make_unique<Private>(library);
+    auto loaded = std::make_unique<Private>(fileName);
     if (!loaded->isComplete() || loaded->init() != success)
         return nullptr;
     return std::unique_ptr<NvidiaLibrary>(new NvidiaLibrary(std::move(loaded)));

@@ -1,10 +1,7 @@
 #include "system_monitor_lib/live/NvidiaGpus.h"
 
 #include "system_monitor_lib/SensorTrees.h"
-#include "system_monitor_lib/live/Attribute.h"
-#include "system_monitor_lib/live/SysfsText.h"
-
-#include <QDir>
+#include "system_monitor_lib/live/NvidiaSleep.h"
 
 #include <algorithm>
 
@@ -48,21 +45,6 @@ NvidiaGpus::NvidiaGpus(const MachineRoots &roots)
 {
 }
 
-bool NvidiaGpus::allSleep() const
-{
-    // Beside the devices, whose names are addresses, lie the driver's own files.
-    const QDir driver(m_roots.sys + QStringLiteral("/bus/pci/drivers/nvidia"));
-    const QStringList devices =
-        driver.entryList({QStringLiteral("*:*:*.*")}, QDir::Dirs | QDir::NoDotAndDotDot);
-    for (const QString &device : devices) {
-        const QString status =
-            attributeWord(driver.filePath(device + QStringLiteral("/power/runtime_status")));
-        if (!status.startsWith(QLatin1String("suspend")))
-            return false;
-    }
-    return !devices.isEmpty();
-}
-
 std::vector<GpuState> NvidiaGpus::states()
 {
     constexpr unsigned most = 64;
@@ -86,7 +68,7 @@ std::vector<GpuState> NvidiaGpus::read(qint64 nowNs)
 {
     if (m_roots.nvidiaLibrary.isEmpty())
         return {};
-    const bool sleeps = allSleep();
+    const bool sleeps = allNvidiaGpusSleep(m_roots);
     if (m_slept && !sleeps)
         m_retry.expire();
     m_slept = sleeps;

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QVector>
+
+/// The number of a device as the kernel writes it, "major:minor".
+struct DeviceNumber
+{
+    unsigned major = 0;
+    unsigned minor = 0;
+};
+
+inline bool operator==(DeviceNumber a, DeviceNumber b)
+{
+    return a.major == b.major && a.minor == b.minor;
+}
+
+/// Nothing like "8:1" gives 0:0, which is no device.
+DeviceNumber parseDeviceNumber(const QByteArray &text);
+
+/// One line of /proc/PID/mountinfo (proc(5)).
+struct Mount
+{
+    DeviceNumber device;
+    QByteArray root; ///< The folder of the file system that is mounted; "/" unless it is a part.
+    QString mountPoint;
+    QByteArray fileSystem;
+    QByteArray source;
+};
+
+/// The lines of \a text in order; what is no such line is left out.
+QVector<Mount> parseMountInfo(const QByteArray &text);

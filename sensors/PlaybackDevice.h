@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QVector>
+
+/// One sink as a sound server describes it.
+struct PlaybackDevice
+{
+    QByteArray id;       ///< The server's own name for it.
+    QString name;        ///< What people call it; empty when the server does not say.
+    float volume = -1.0; ///< Of the loudest channel, 0 to 100; -1 when the server does not say.
+    bool active = true;  ///< False when nothing is plugged into it.
+};
+
+/// The devices of \a all that are active and have a name, in their order but for the default one,
+/// which comes first.
+QVector<PlaybackDevice> activeDevices(const QVector<PlaybackDevice> &all,
+                                      const QByteArray &defaultId);

@@ -1,0 +1,7 @@
+#include "sensors/PulseAudioDevices_linux.h"
+
+AudioSource &machineAudio()
+{
+    static PulseAudioDevices devices;
+    return devices;
+}

@@ -1,0 +1,74 @@
+#include "system_monitor_lib/live/CoreClockCollector.h"
+
+#include "system_monitor_lib/live/CoreClocks.h"
+
+#include <algorithm>
+
+#include <windows.h>
+
+#include <powrprof.h>
+
+namespace {
+
+constexpr std::size_t mostProcessors = 64;
+
+/// PROCESSOR_POWER_INFORMATION, which no header declares.
+struct ProcessorPower
+{
+    ULONG number;
+    ULONG maxMhz;
+    ULONG currentMhz;
+    ULONG mhzLimit;
+    ULONG maxIdleState;
+    ULONG currentIdleState;
+};
+static_assert(sizeof(ProcessorPower) == 24);
+
+/// A mask of processors for each physical core; empty when the system does not tell.
+std::vector<quint64> coreMasks()
+{
+    DWORD size = 0;
+    GetLogicalProcessorInformation(nullptr, &size);
+    std::vector<SYSTEM_LOGICAL_PROCESSOR_INFORMATION> relations(
+        size / sizeof(SYSTEM_LOGICAL_PROCESSOR_INFORMATION));
+    if (relations.empty() || !GetLogicalProcessorInformation(relations.data(), &size))
+        return {};
+    std::vector<quint64> masks;
+    for (const auto &relation : relations) {
+        if (relation.Relationship == RelationProcessorCore)
+            masks.push_back(relation.ProcessorMask);
+    }
+    return masks;
+}
+
+std::vector<unsigned> processorClocks()
+{
+    SYSTEM_INFO system = {};
+    GetSystemInfo(&system);
+    std::vector<ProcessorPower> processors(
+        std::min<std::size_t>(system.dwNumberOfProcessors, mostProcessors));
+    const auto size = static_cast<ULONG>(processors.size() * sizeof(ProcessorPower));
+    if (CallNtPowerInformation(ProcessorInformation, nullptr, 0, processors.data(), size) != 0)
+        return {};
+    std::vector<unsigned> megahertz;
+    for (const ProcessorPower &processor : processors)
+        megahertz.push_back(processor.currentMhz);
+    return megahertz;
+}
+
+} // namespace
+
+CoreClockCollector::CoreClockCollector(const QString &group)
+    : m_group(group)
+{
+}
+
+bool CoreClockCollector::collect(qint64 nowNs, SensorTrees &trees)
+{
+    if (m_listing.isDue(nowNs))
+        m_cores = coreMasks();
+    const QJsonObject clocks = coreClocks(m_cores, processorClocks());
+    trees.add(Query::CpuInfo, clocks);
+    trees.addDevice(Query::AllSensorsData, m_group, clocks);
+    return !clocks.isEmpty();
+}

@@ -1,0 +1,15 @@
+#include "system_monitor_lib/live/MachineRoots.h"
+
+#include <array>
+
+#include <windows.h>
+
+MachineRoots thisMachine()
+{
+    MachineRoots roots;
+    std::array<wchar_t, MAX_PATH> folder{};
+    // By its whole path: a bare name would be searched in the working directory too.
+    if (GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size())) > 0)
+        roots.nvidiaLibrary = QString::fromWCharArray(folder.data()) + QStringLiteral("\\nvml.dll");
+    return roots;
+}

@@ -1,0 +1,36 @@
+#include "system_monitor_lib/live/StorageCollector.h"
+
+#include <algorithm>
+#include <cmath>
+
+StorageCollector::StorageCollector(Drives drives)
+    : m_list(std::move(drives))
+{
+}
+
+bool StorageCollector::collect(qint64 nowNs, SensorTrees &trees)
+{
+    if (m_reading.isDue(nowNs))
+        m_drives = m_list();
+    for (const StorageDrive &drive : m_drives) {
+        QJsonObject tree;
+        // Readers of this label take a number that is not whole for 0.
+        if (drive.celsius)
+            tree.insert(QStringLiteral("Drive Temperature"),
+                        reading(std::round(*drive.celsius), QStringLiteral("°C")));
+        const QString key = name(drive);
+        trees.addDevice(Query::SmartInfo, key, tree);
+        trees.addDevice(Query::AllSensorsData, QStringLiteral("Drive: %1").arg(key), tree);
+    }
+    return !m_drives.empty();
+}
+
+QString StorageCollector::name(const StorageDrive &drive) const
+{
+    if (drive.model.isEmpty())
+        return drive.place;
+    const auto namesakes =
+        std::count_if(m_drives.begin(), m_drives.end(),
+                      [&drive](const StorageDrive &other) { return other.model == drive.model; });
+    return namesakes > 1 ? QStringLiteral("%1 (%2)").arg(drive.model, drive.place) : drive.model;
+}

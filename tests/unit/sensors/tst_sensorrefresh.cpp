@@ -1,0 +1,235 @@
+#include "sensors/SensorRefresh.h"
+
+#include "sensors/VqSystemMonitorLib.h"
+#include "sensors/systemInfor.h"
+#include "tests/support/InMemoryLibrary.h"
+#include "tests/support/InMemoryMachine.h"
+#include "tests/support/Json.h"
+#include "tests/support/SampleSnapshot.h"
+
+#include <QtTest>
+
+/// What one refresh stores, reading by reading. What the readings are made of has tests of its own.
+class tst_SensorRefresh : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void asksInOrder();
+    void storesMemory();
+    void storesCpu();
+    void storesGpu();
+    void storesNetwork();
+    void storesDriveTemperatures();
+    void storesSensorLists();
+    void storesDrivesAndAudio();
+    void replacesTheListsOfDrives();
+    void refreshOfNothingHoldsZeros();
+    void storesModelNames();
+
+private:
+    void refresh(int audioDevice = 0);
+
+    VqSystemMonitorLib m_library{false, nullptr};
+};
+
+using Info = systemInfor;
+
+void tst_SensorRefresh::init()
+{
+    InMemoryLibrary::reset();
+    InMemoryMachine::reset();
+}
+
+void tst_SensorRefresh::refresh(int audioDevice)
+{
+    refreshSystemInfor(m_library, audioDevice);
+}
+
+void tst_SensorRefresh::asksInOrder()
+{
+    InMemoryMachine::drives = {{QStringLiteral("/"), QString(), InMemoryMachine::gigabytes(1, 2)}};
+    InMemoryMachine::devices = {{QStringLiteral("Speakers"), 1.0F}};
+    refresh();
+    QCOMPARE(InMemoryLibrary::queries.join(QStringLiteral(", ")),
+             QStringLiteral("drives, volume name /, space /, devices, volume 0, volume 0, "
+                            "getSystemInfo, getMemoryTimingsInfo, getCPUInfo, getCPUDTSInfo, "
+                            "getCPUEnhancedInfo, getGPUInfo, getNetworkInfo, getSMARTInfo, "
+                            "getSMARTInfo, getPresentMon, getAllSensorsData"));
+}
+
+void tst_SensorRefresh::storesMemory()
+{
+    InMemoryLibrary::systemInfo = json(R"({"Physical Memory Load":[{"value":48.9,"units":"%"}],
+        "Physical Memory Used":[{"value":8000}],"Physical Memory Available":[{"value":8400}]})");
+    refresh();
+    QCOMPARE(Info::MemoryLoad, 48U);
+    QCOMPARE(Info::MemoryLoadUnits, QStringLiteral("%"));
+    QCOMPARE(Info::MemoryUsedMB, 8000);
+    QCOMPARE(Info::MemoryAvailableMB, 8400);
+    QCOMPARE(Info::MemoryTotalMB, 16400);
+    QCOMPARE(Info::MemoryUsedGB, 7.8125);
+    QCOMPARE(Info::MemoryAvailableGB, 8.203125);
+    QCOMPARE(Info::MemoryTotalGB, 16.015625);
+    QCOMPARE(Info::MemoryTotalGBRounded, 16);
+}
+
+void tst_SensorRefresh::storesCpu()
+{
+    InMemoryLibrary::cpuInfo = json(R"({"Total CPU Usage":[{"value":37,"units":"%"}],
+        "Core 0 Clock":[{"value":4000,"units":"MHz"}],"Core 0 VID":[{"value":1.25,"units":"V"}]})");
+    InMemoryLibrary::cpuDtsInfo = json(R"({"CPU Package":[{"value":45.9,"units":"C"}]})");
+    InMemoryLibrary::cpuEnhancedInfo =
+        json(R"({"CPU Package Power":[{"value":65.26,"units":"W"}]})");
+    refresh();
+    QCOMPARE(Info::CpuUsage, 37U);
+    QCOMPARE(Info::CpuUsageUnits, QStringLiteral("%"));
+    QCOMPARE(Info::CpuClock, 4000);
+    QCOMPARE(Info::CpuClockUnits, QStringLiteral("MHz"));
+    QCOMPARE(Info::CpuVoltage, 1.25);
+    QCOMPARE(Info::CpuVoltageUnits, QStringLiteral("V"));
+    QCOMPARE(Info::CpuTemperature, 45);
+    QCOMPARE(Info::CpuTemperatureUnits, QStringLiteral("°C"));
+    QCOMPARE(Info::CpuPower, 65.26);
+    QCOMPARE(Info::CpuPowerUnits, QStringLiteral("W"));
+}
+
+void tst_SensorRefresh::storesGpu()
+{
+    InMemoryLibrary::gpuInfo = json(R"({"small":{"GPU Memory Total":[{"value":1}]},
+        "large":{"GPU Memory Total":[{"value":8192}],"GPU Temperature":[{"value":51,"units":"°C"}],
+        "GPU Clock":[{"value":1905,"units":"MHz"}],"GPU Core Load":[{"value":99,"units":"%"}],
+        "GPU Memory Clock":[{"value":9501,"units":"MHz"}],
+        "GPU Memory Usage":[{"value":49.9,"units":"%"}],
+        "GPU Memory Allocated":[{"value":2048,"units":"MB"}],
+        "GPU Power":[{"value":120.5,"units":"W"}],
+        "GPU Core Voltage":[{"value":0.9,"units":"V"}]}})");
+    refresh();
+    QCOMPARE(Info::GpuTemperature, 51);
+    QCOMPARE(Info::GpuTemperatureUnits, QStringLiteral("°C"));
+    QCOMPARE(Info::GpuClock, 1905);
+    QCOMPARE(Info::GpuClockUnits, QStringLiteral("MHz"));
+    QCOMPARE(Info::GpuLoad, 99);
+    QCOMPARE(Info::GpuLoadUnits, QStringLiteral("%"));
+    QCOMPARE(Info::GpuMemoryClock, 9501);
+    QCOMPARE(Info::GpuMemoryClockUnits, QStringLiteral("MHz"));
+    QCOMPARE(Info::GpuMemoryUsage, 49.9);
+    QCOMPARE(Info::GpuMemoryUsageUnits, QStringLiteral("%"));
+    QCOMPARE(Info::GpuMemoryAllocated, 2048.0);
+    QCOMPARE(Info::GpuMemoryAllocatedUnits, QStringLiteral("MB"));
+    QCOMPARE(Info::GpuPower, 120.5);
+    QCOMPARE(Info::GpuPowerUnits, QStringLiteral("W"));
+    QCOMPARE(Info::GpuVoltage, 0.9);
+    QCOMPARE(Info::GpuVoltageUnits, QStringLiteral("V"));
+}
+
+void tst_SensorRefresh::storesNetwork()
+{
+    InMemoryLibrary::networkInfo =
+        json(R"({"eth0":{"Current UP rate":[{"value":1.5,"units":"KB/s"}],
+        "Current DL rate":[{"value":3,"units":"MB/s"}]}})");
+    refresh();
+    QCOMPARE(Info::NetUpRate, 1.5);
+    QCOMPARE(Info::NetUpRateUnits, QStringLiteral("Kb/s"));
+    QCOMPARE(Info::NetDownRate, 3.0);
+    QCOMPARE(Info::NetDownRateUnits, QStringLiteral("MB/s"));
+}
+
+void tst_SensorRefresh::storesDriveTemperatures()
+{
+    InMemoryLibrary::smartInfo = json(R"({"sda":{"Drive Temperature":[{"value":40}]},"sdb":{}})");
+    refresh();
+    QCOMPARE(Info::SmartInfo, InMemoryLibrary::smartInfo);
+    QCOMPARE(Info::DriveTemperatureList,
+             (QList<QPair<QString, int>>{{QStringLiteral("sda"), 40}, {QStringLiteral("sdb"), 0}}));
+}
+
+void tst_SensorRefresh::storesSensorLists()
+{
+    InMemoryLibrary::allSensors = json(R"({"Board":{"CPU Fan":[{"value":1200,"units":"RPM"}],
+        "AIO Pump":[{"value":1850,"units":"RPM"}]}})");
+    InMemoryLibrary::presentMon = json(R"({"Framerate":[{"value":60,"units":"FPS"}]})");
+    refresh();
+    QCOMPARE(Info::AllSensorsData.keys(),
+             (QStringList{QStringLiteral("Board"), QStringLiteral("FPS")}));
+    QCOMPARE(Info::AllSensorsData.value(QStringLiteral("FPS")).toObject(),
+             InMemoryLibrary::presentMon);
+    QCOMPARE(Info::AIOPump, QStringLiteral("1850RPM"));
+    QCOMPARE(Info::CpuFanList,
+             (Info::SensorTexts{{QStringLiteral("CPU Fan"), QStringLiteral("1200RPM")}}));
+    QVERIFY(Info::SensorList.contains({QStringLiteral("Framerate"), QStringLiteral("60FPS")}));
+}
+
+void tst_SensorRefresh::storesDrivesAndAudio()
+{
+    InMemoryMachine::drives = {
+        {QStringLiteral("/"), QStringLiteral("root"), InMemoryMachine::gigabytes(10, 40)},
+        {QStringLiteral("/home"), std::nullopt, std::nullopt},
+        {QStringLiteral("/data"), QString(), InMemoryMachine::gigabytes(20, 40)}};
+    InMemoryMachine::devices = {{QStringLiteral("Speakers"), 35.5F},
+                                {QStringLiteral("Headset"), 70.0F}};
+    refresh(1);
+    QCOMPARE(Info::DriveRoots,
+             (QStringList{QStringLiteral("/"), QStringLiteral("/home"), QStringLiteral("/data")}));
+    QCOMPARE(Info::DriveVolumeNames, (QStringList{QStringLiteral("root"), QString()}));
+    QCOMPARE(Info::DriveFreeGB, (QList<int>{10, 20}));
+    QCOMPARE(Info::DriveFreePercent, (QList<int>{25, 50}));
+    QCOMPARE(Info::DisksFreeGB, 30U);
+    QCOMPARE(Info::DisksTotalGB, 80U);
+    QCOMPARE(Info::AudioDeviceNames,
+             (QStringList{QStringLiteral("Speakers"), QStringLiteral("Headset")}));
+    QCOMPARE(Info::AudioDeviceVolumes, (QList<float>{35.5F, 70.0F}));
+    QCOMPARE(Info::AudioVolume, 70);
+    refresh(0);
+    QCOMPARE(Info::AudioVolume, 35);
+}
+
+void tst_SensorRefresh::replacesTheListsOfDrives()
+{
+    fillSnapshot();
+    refresh();
+    QVERIFY(Info::DriveRoots.isEmpty());
+    QVERIFY(Info::DriveVolumeNames.isEmpty());
+    QVERIFY(Info::DriveFreeGB.isEmpty());
+    QVERIFY(Info::DriveFreePercent.isEmpty());
+    QVERIFY(Info::AudioDeviceNames.isEmpty());
+    QVERIFY(Info::AudioDeviceVolumes.isEmpty());
+    QCOMPARE(Info::AudioVolume, -1);
+}
+
+void tst_SensorRefresh::refreshOfNothingHoldsZeros()
+{
+    fillSnapshot();
+    refresh();
+    QCOMPARE(Info::CpuUsage, 0U);
+    QCOMPARE(Info::CpuTemperature, 0);
+    QCOMPARE(Info::CpuClock, 0);
+    QCOMPARE(Info::CpuClockUnits, QStringLiteral("MHz"));
+    QCOMPARE(Info::MemoryLoad, 0U);
+    QCOMPARE(Info::MemoryTotalMB, 0);
+    QCOMPARE(Info::NetUpRate, 0.0);
+    QCOMPARE(Info::NetUpRateUnits, QStringLiteral("Kb/s"));
+    QCOMPARE(Info::GpuTemperature, 0);
+    QCOMPARE(Info::GpuMemoryUsage, 0.0);
+    QCOMPARE(Info::AIOPump, QStringLiteral("nodata"));
+    QVERIFY(Info::CpuFanList.isEmpty());
+    QVERIFY(Info::SensorList.isEmpty());
+    QVERIFY(Info::DriveTemperatureList.isEmpty());
+    QCOMPARE(Info::AllSensorsData.keys(), QStringList(QStringLiteral("FPS")));
+}
+
+void tst_SensorRefresh::storesModelNames()
+{
+    InMemoryLibrary::allSensors =
+        json(R"({"CPU [#0]: AMD Ryzen 9 5900X":{},"GPU [#0]: NVIDIA GeForce RTX 3080: Asus":{}})");
+    Info::CpuModel.clear();
+    Info::GpuModel.clear();
+    refreshModelNames(m_library);
+    QCOMPARE(Info::CpuModel, QStringLiteral("AMD Ryzen 9 5900X"));
+    QCOMPARE(Info::GpuModel, QStringLiteral("NVIDIA GeForce RTX 3080"));
+}
+
+QTEST_APPLESS_MAIN(tst_SensorRefresh)
+#include "tst_sensorrefresh.moc"

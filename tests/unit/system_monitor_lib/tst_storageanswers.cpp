@@ -1,0 +1,114 @@
+#include "system_monitor_lib/live/StorageAnswers.h"
+
+#include <QtEndian>
+#include <QtTest>
+
+namespace {
+
+/// A little-endian number as bytes.
+template <typename Number>
+QByteArray bytes(Number number)
+{
+    QByteArray text(sizeof(Number), '\0');
+    qToLittleEndian(number, text.data());
+    return text;
+}
+
+QByteArray sensor(quint16 index, qint16 celsius)
+{
+    return bytes(index) + bytes(celsius) + bytes<qint16>(80) + bytes<qint16>(0) +
+           QByteArray(8, '\0');
+}
+
+/// Version, size, critical and warning temperature, number of sensors, reserved.
+QByteArray temperatures(quint16 count, const QByteArray &sensors)
+{
+    return bytes<quint32>(24) + bytes<quint32>(40) + bytes<qint16>(85) + bytes<qint16>(81) +
+           bytes(count) + QByteArray(10, '\0') + sensors;
+}
+
+/// Version, size, type, modifier, two flags, and where maker, product, revision and number stand.
+QByteArray device(quint32 maker, quint32 product, const QByteArray &texts)
+{
+    return bytes<quint32>(40) + bytes<quint32>(200) + QByteArray(4, '\0') + bytes(maker) +
+           bytes(product) + bytes<quint32>(0) + bytes<quint32>(0) + bytes<quint32>(17) +
+           bytes<quint32>(0) + texts;
+}
+
+constexpr quint32 textsOffset = 36;
+
+} // namespace
+
+/// Bytes as drives answer them.
+class StorageAnswersTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void findsTheTemperature_data();
+    void findsTheTemperature();
+    void findsTheModel_data();
+    void findsTheModel();
+    void survivesEveryCut();
+};
+
+void StorageAnswersTest::findsTheTemperature_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<double>("celsius"); // -1: none.
+    constexpr qint16 notReported = -0x8000;
+    QTest::newRow("one sensor") << temperatures(1, sensor(0, 38)) << 38.0;
+    QTest::newRow("its own before its parts")
+        << temperatures(3, sensor(0, 41) + sensor(1, 52) + sensor(2, 63)) << 41.0;
+    QTest::newRow("its own is silent")
+        << temperatures(2, sensor(0, notReported) + sensor(1, 52)) << 52.0;
+    QTest::newRow("all silent") << temperatures(1, sensor(0, notReported)) << -1.0;
+    QTest::newRow("no sensor") << temperatures(0, sensor(0, 38)) << -1.0;
+    QTest::newRow("frost") << temperatures(1, sensor(0, -40)) << -1.0;
+    QTest::newRow("fire") << temperatures(1, sensor(0, 300)) << -1.0;
+    QTest::newRow("fewer than promised") << temperatures(60000, sensor(0, 33)) << 33.0;
+    QTest::newRow("promised, none there") << temperatures(60000, {}) << -1.0;
+    QTest::newRow("nothing") << QByteArray() << -1.0;
+}
+
+void StorageAnswersTest::findsTheTemperature()
+{
+    QFETCH(const QByteArray, answer);
+    QFETCH(const double, celsius);
+    QCOMPARE(parseDriveCelsius(answer).value_or(-1), celsius);
+}
+
+void StorageAnswersTest::findsTheModel_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<QString>("model");
+    const QByteArray texts("Maker   \0Disk 2000  X \0", 23);
+    QTest::newRow("maker and product")
+        << device(textsOffset, textsOffset + 9, texts) << "Maker Disk 2000 X";
+    QTest::newRow("product alone") << device(0, textsOffset + 9, texts) << "Disk 2000 X";
+    QTest::newRow("maker alone") << device(textsOffset, 0, texts) << "Maker";
+    QTest::newRow("no name") << device(0, 0, texts) << "";
+    QTest::newRow("blanks") << device(0, textsOffset, QByteArray("    ", 5)) << "";
+    QTest::newRow("no end") << device(0, textsOffset, "Disk") << "Disk";
+    QTest::newRow("outside") << device(4000000000U, 37 + 23, texts) << "";
+    QTest::newRow("nothing") << QByteArray() << "";
+}
+
+void StorageAnswersTest::findsTheModel()
+{
+    QFETCH(const QByteArray, answer);
+    QTEST(parseDriveModel(answer), "model");
+}
+
+void StorageAnswersTest::survivesEveryCut()
+{
+    const QByteArray whole = temperatures(2, sensor(0, 38) + sensor(1, 52));
+    for (int length = 0; length < whole.size(); ++length) {
+        const QByteArray cut = whole.left(length);
+        QCOMPARE(parseDriveCelsius(cut).has_value(), length >= 40);
+        QVERIFY(parseDriveModel(cut).size() <= length);
+    }
+}
+
+QTEST_APPLESS_MAIN(StorageAnswersTest)
+#include "tst_storageanswers.moc"

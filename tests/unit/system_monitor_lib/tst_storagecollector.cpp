@@ -1,0 +1,92 @@
+#include "system_monitor_lib/live/StorageCollector.h"
+#include "tests/unit/system_monitor_lib/labels.h"
+
+#include <QtTest>
+
+namespace {
+
+constexpr qint64 second = 1'000'000'000;
+const QString temperature = QStringLiteral("Drive Temperature");
+
+} // namespace
+
+class StorageCollectorTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void namesAndRounds();
+    void asksRarely();
+    void noDrivesAreNoSource();
+
+private:
+    SensorTrees collect(qint64 nowNs)
+    {
+        SensorTrees trees;
+        m_collected = m_collector->collect(nowNs, trees);
+        return trees;
+    }
+
+    std::vector<StorageDrive> m_drives;
+    int m_lists = 0;
+    bool m_collected = false;
+    std::unique_ptr<StorageCollector> m_collector;
+};
+
+void StorageCollectorTest::init()
+{
+    m_lists = 0;
+    m_drives = {{QStringLiteral("PhysicalDrive0"), QStringLiteral("Disk A"), 38.5},
+                {QStringLiteral("PhysicalDrive1"), QStringLiteral("Disk B"), 41.0},
+                {QStringLiteral("PhysicalDrive2"), QStringLiteral("Disk B"), {}},
+                {QStringLiteral("PhysicalDrive7"), QString(), 29.0}};
+    m_collector = std::make_unique<StorageCollector>([this] {
+        ++m_lists;
+        return m_drives;
+    });
+}
+
+void StorageCollectorTest::namesAndRounds()
+{
+    const SensorTrees trees = collect(0);
+    QVERIFY(m_collected);
+    const QJsonObject drives = trees.tree(Query::SmartInfo);
+    QCOMPARE(
+        drives.keys(),
+        (QStringList{QStringLiteral("Disk A"), QStringLiteral("Disk B (PhysicalDrive1)"),
+                     QStringLiteral("Disk B (PhysicalDrive2)"), QStringLiteral("PhysicalDrive7")}));
+    const QJsonObject first = drives.value(QStringLiteral("Disk A")).toObject();
+    QCOMPARE(value(first, temperature), 39.0);
+    QCOMPARE(units(first, temperature), QStringLiteral("°C"));
+    QVERIFY(drives.value(QStringLiteral("Disk B (PhysicalDrive2)")).toObject().isEmpty());
+    QCOMPARE(
+        trees.tree(Query::AllSensorsData).value(QStringLiteral("Drive: PhysicalDrive7")).toObject(),
+        drives.value(QStringLiteral("PhysicalDrive7")).toObject());
+}
+
+void StorageCollectorTest::asksRarely()
+{
+    collect(0);
+    m_drives.front().celsius = 45.0;
+    const auto celsius = [this](qint64 nowNs) {
+        return value(
+            collect(nowNs).tree(Query::SmartInfo).value(QStringLiteral("Disk A")).toObject(),
+            temperature);
+    };
+    QCOMPARE(celsius(29 * second), 39.0);
+    QCOMPARE(m_lists, 1);
+    QCOMPARE(celsius(30 * second), 45.0);
+    QCOMPARE(m_lists, 2);
+}
+
+void StorageCollectorTest::noDrivesAreNoSource()
+{
+    m_drives.clear();
+    const SensorTrees trees = collect(0);
+    QVERIFY(!m_collected);
+    QVERIFY(trees.tree(Query::SmartInfo).isEmpty());
+}
+
+QTEST_APPLESS_MAIN(StorageCollectorTest)
+#include "tst_storagecollector.moc"
