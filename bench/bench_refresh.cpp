@@ -79,7 +79,7 @@ void collect(benchmark::State &state, Collector &collector)
 Collectors collectors()
 {
     const MachineRoots roots = thisMachine();
-    Collectors all = platformCollectors(roots, group);
+    Collectors all = platformCollectors(roots, group, monotonicNanoseconds);
     all.push_back(std::make_unique<CpuLoadCollector>(roots, group));
     all.push_back(std::make_unique<MemoryCollector>(roots));
     all.push_back(std::make_unique<NetworkCollector>(roots));
