@@ -60,5 +60,5 @@ QString pngDataUrl(const QImage &image, const char *operation)
     const QByteArray png = encodedPng(image);
     if (png.isEmpty())
         qCritical() << operation << "Can't convert QImage to png";
-    return QStringLiteral("data:image/png;base64,") + QString::fromLatin1(png.toBase64());
+    return QString::fromLatin1("data:image/png;base64," + png.toBase64());
 }
