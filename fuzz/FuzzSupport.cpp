@@ -6,6 +6,7 @@
 #include "tests/support/InMemoryLibrary.h"
 #include "tests/support/InMemoryMachine.h"
 #include "tests/support/TestFonts.h"
+#include "json/ParseJson.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,7 +14,6 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QJsonArray>
-#include <QJsonDocument>
 
 #include <algorithm>
 #include <array>
@@ -133,7 +133,7 @@ void takeDesktopReadings()
     QFile file(QStringLiteral(FIXTURES_DIRECTORY "/recordings/desktop.json"));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("No recording to fuzz with");
-    serve(QJsonDocument::fromJson(file.readAll()).object());
+    serve(parseJson(file.readAll()).object());
     constexpr quint64 freeGB = 120;
     constexpr quint64 totalGB = 500;
     InMemoryMachine::drives = {{QStringLiteral("/"), QStringLiteral("System"),

@@ -4,8 +4,8 @@
 #include "render/normalAction.h"
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/InMemoryLibrary.h"
+#include "json/ParseJson.h"
 
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QVector>
 
@@ -38,7 +38,7 @@ struct KeyName
 
 KeyName keyNameIn(const QString &message)
 {
-    const QJsonObject object = QJsonDocument::fromJson(message.toUtf8()).object();
+    const QJsonObject object = parseJson(message.toUtf8()).object();
     return {object.value(QLatin1String("action")).toString(),
             object.value(QLatin1String("context")).toString()};
 }

@@ -4,8 +4,7 @@
 #include "sensors/SensorWalk.h"
 #include "sensors/VqSystemMonitorLib.h"
 #include "sensors/systemInfor.h"
-
-#include <QJsonDocument>
+#include "json/ParseJson.h"
 
 // The readings out of any trees, drives and playback devices.
 
@@ -34,7 +33,7 @@ extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    fuzz::serve(QJsonDocument::fromJson(fuzz::bytesOf(data, size)).object());
+    fuzz::serve(parseJson(fuzz::bytesOf(data, size)).object());
     VqSystemMonitorLib library(false, nullptr);
     systemInfor::CpuModel.clear();
     systemInfor::GpuModel.clear();

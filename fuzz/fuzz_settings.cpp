@@ -6,6 +6,7 @@
 #include "render/normalAction.h"
 #include "sensors/VqSystemMonitorLib.h"
 #include "tests/support/InMemoryLibrary.h"
+#include "json/ParseJson.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -50,7 +51,7 @@ extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    const QJsonObject message = QJsonDocument::fromJson(fuzz::bytesOf(data, size)).object();
+    const QJsonObject message = parseJson(fuzz::bytesOf(data, size)).object();
     const QJsonObject payload = message.value(QLatin1String("payload")).toObject();
     normalAction key(nullptr, message.value(QLatin1String("action")).toString(), QString());
     answer(key, payload, SettingsOccasion::WillAppear);

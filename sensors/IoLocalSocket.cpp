@@ -1,6 +1,7 @@
 #include "sensors/IoLocalSocket.h"
 
 #include "SDK/Logger/Logger.h"
+#include "json/ParseJson.h"
 
 #include <QDebug>
 #include <QJsonDocument>
@@ -19,7 +20,7 @@ constexpr int replyTimeoutMs = 3000;
 QJsonObject parseServiceReply(const QByteArray &reply)
 {
     QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(reply, &error);
+    const QJsonDocument document = parseJson(reply, &error);
     if (error.error != QJsonParseError::NoError)
         LogDebug(labelled("IoServerJSON 解析失败:", error.errorString()));
     return document.object();

@@ -1,6 +1,7 @@
 #include "sensors/LibreHardwareWebSocket.h"
 
 #include "SDK/Logger/Logger.h"
+#include "json/ParseJson.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -171,7 +172,7 @@ void LibreHardwareWebSocket::onTextMessage(const QString &msg)
 QJsonObject serviceResult(const QString &message)
 {
     LogDebug(labelled("收到消息:", message));
-    const QJsonObject reply = QJsonDocument::fromJson(message.toUtf8()).object();
+    const QJsonObject reply = parseJson(message.toUtf8()).object();
     const QString method = reply.value(QLatin1String("method")).toString();
     const int code = reply.value(QLatin1String("code")).toInt();
     const QJsonObject result = reply.value(QLatin1String("result")).toObject();
