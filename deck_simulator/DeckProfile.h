@@ -27,6 +27,9 @@ QJsonObject keySettings(const QString &title, const QString &titleLines);
 /// has.
 DeckProfile defaultDeck(int columns);
 
+/// A deck without keys, \a columns keys wide.
+DeckProfile emptyDeck(int columns);
+
 /// A deck that shows what settings do, \a columns keys wide: titles, lines, sizes, colours and
 /// transparency, and one key for each of \a fontSpecs ("FAMILY|STYLE").
 DeckProfile settingsDeck(int columns, const QStringList &fontSpecs);
