@@ -16,10 +16,10 @@
 #include "sensors/SensorRefresh.h"
 #include "sensors/VqSystemMonitorLib.h"
 #include "sensors/audio.h"
+#include "json/ParseJson.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
-#include <QJsonDocument>
 #include <QMutexLocker>
 #include <QSysInfo>
 #include <QTimer>
@@ -269,7 +269,7 @@ void SystemMonitorPlugin::HwInfoPortMsg(const QString &message)
 {
     LogDebug(labelled("hwInfoPortMsg: ", message));
     LogDebug(QStringLiteral("端口号发生变更，重新链接.."));
-    const QJsonObject object = QJsonDocument::fromJson(message.toUtf8()).object();
+    const QJsonObject object = parseJson(message.toUtf8()).object();
     const int port = object.value(QLatin1String("hwInfoPort")).toString().toInt();
     m_perfDataSource->setPort(port);
     m_hardwareSocket->setPort(port);
