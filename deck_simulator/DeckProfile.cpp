@@ -123,7 +123,7 @@ DeckProfile kindsDeck(int columns)
     deck.name = QStringLiteral("Every kind of key");
     for (const DeckAction &action : deckActions()) {
         deck.keys.append(DeckKey(action.caption, action.uuid, contextOf(deck.keys.size()),
-                                 keySettings(action.title, QStringLiteral("单行显示"))));
+                                 keySettings(action.caption, QStringLiteral("单行显示"))));
     }
     deck.grid = gridFor(deck.keys.size(), columns);
     return deck;

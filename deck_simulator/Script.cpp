@@ -67,7 +67,7 @@ public:
 
     QString text(const char *name)
     {
-        const QString value = m_object.value(QLatin1String(name)).toString();
+        QString value = m_object.value(QLatin1String(name)).toString();
         if (value.isEmpty())
             complain(QStringLiteral("\"%1\" must be a text").arg(QLatin1String(name)));
         return value;

@@ -370,6 +370,7 @@ void tst_DeckWindow::showsPreviews()
     QObject::connect(
         m_dataServer.get(), &QWebSocketServer::newConnection, m_dataServer.get(), [this] {
             QWebSocket *client = m_dataServer->nextPendingConnection();
+            client->setParent(m_dataServer.get());
             QObject::connect(
                 client, &QWebSocket::textMessageReceived, client, [client](const QString &request) {
                     client->sendTextMessage(QStringLiteral("{\"event\":\"%1\",\"info\":"
