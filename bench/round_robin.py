@@ -13,9 +13,9 @@ from speed_plot import write_plot
 HERE = os.path.dirname(os.path.abspath(__file__))
 
 
-def output_of(command, folder):
+def output_of(command, folder, **variables):
     return subprocess.run(command, cwd=folder, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                          check=True, text=True).stdout
+                          check=True, text=True, env={**os.environ, **variables}).stdout
 
 
 class Sides:
@@ -35,9 +35,9 @@ class Sides:
                           '--benchmark_format=json', '--benchmark_min_time=0.3'], self.folder)
         return {run['name']: run for run in json.loads(text)['benchmarks']}
 
-    def meter(self, keys, command):
+    def meter(self, keys, command, **variables):
         lines = output_of([self.program('plugin_meter'), '--keys', str(keys), '--seconds',
-                           str(self.seconds), '--'] + command, self.folder)
+                           str(self.seconds), '--'] + command, self.folder, **variables)
         return json.loads(lines.splitlines()[-1])
 
     def passes(self):
@@ -67,8 +67,15 @@ class Sides:
         run = self.meter(1000, [self.program('QtSystemMonitor')])
         return {'cpu1000': run['cpuMsPerSecond']}
 
+    def node_command(self):
+        return ['node', os.path.join(self.build, 'peers', 'node', 'plugin.mjs')]
+
+    def sparing_node(self):
+        run = self.meter(32, self.node_command(), PEER_SPARING='1')
+        return {'sparing_node_cpu': run['cpuMsPerSecond']}
+
     def node(self):
-        run = self.meter(32, ['node', os.path.join(self.build, 'peers', 'node', 'plugin.mjs')])
+        run = self.meter(32, self.node_command())
         return {'node_cpu': run['cpuMsPerSecond'], 'node_memory': run['residentKiB'],
                 'node_own_memory': run['anonymousKiB'], 'node_registered': run['registeredMs'],
                 'node_first_picture': run['firstPictureMs']}
@@ -78,8 +85,8 @@ def measure(sides, rounds):
     figures = {}
     for number in range(rounds):
         print(f'Round {number + 1} of {rounds}', flush=True)
-        for side in (sides.passes, sides.plugin, sides.node, sides.refresh, sides.psutil,
-                     sides.plugin1000):
+        for side in (sides.passes, sides.plugin, sides.node, sides.sparing_node, sides.refresh,
+                     sides.psutil, sides.plugin1000):
             for name, value in side().items():
                 figures.setdefault(name, []).append(value)
     return figures
@@ -122,7 +129,8 @@ def print_table(rows, figures):
         verdict = 'met' if ratio <= goal else 'missed'
         print(f'{name:34} {own:10.1f} {other:10.1f} {unit:4} {fraction(ratio):>6} {fraction(goal):>7}'
               f'  {verdict}')
-    print()
+    sparing = statistics.median(a / b for a, b in zip(figures['cpu'], figures['sparing_node_cpu']))
+    print(f'\nBeside a Node plugin without graphics and drives: {fraction(sparing)}')
     for name, text in (('registered', 'Registration after the start, ms'),
                        ('first_picture', 'First picture after the start, ms'),
                        ('own_memory', 'Memory of its own, KiB')):
