@@ -2,8 +2,8 @@
 
 #include "SDK/BasePlugin.h"
 #include "SDK/Logger/Logger.h"
+#include "json/ParseJson.h"
 
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include <algorithm>
@@ -24,7 +24,7 @@ struct HostMessage
 
 HostMessage parse(const QString &text)
 {
-    const QJsonObject root = QJsonDocument::fromJson(text.toUtf8()).object();
+    const QJsonObject root = parseJson(text.toUtf8()).object();
     return {text,
             root.value(QLatin1String("event")).toString(),
             root.value(QLatin1String("action")).toString(),

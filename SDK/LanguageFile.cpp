@@ -1,9 +1,10 @@
 #include "SDK/LanguageFile.h"
 
+#include "json/ParseJson.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonDocument>
 
 namespace {
 
@@ -18,10 +19,8 @@ LanguageFile::LanguageFile(const QString &languageCode)
     // The code comes from outside: opening a pipe could block for ever.
     if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
         return;
-    m_content = QJsonDocument::fromJson(file.read(longestFile))
-                    .object()
-                    .value(QLatin1String("Localization"))
-                    .toObject();
+    m_content =
+        parseJson(file.read(longestFile)).object().value(QLatin1String("Localization")).toObject();
 }
 
 const LanguageFile &LanguageFile::create(const QString &languageCode)

@@ -1,6 +1,7 @@
 #include "SDK/LaunchParameters.h"
 
-#include <QJsonDocument>
+#include "json/ParseJson.h"
+
 #include <QJsonObject>
 #include <QLatin1String>
 
@@ -51,9 +52,7 @@ LaunchParametersResult parseLaunchParameters(int argc, const char *const *argv)
 
 QString languageFromInfo(const QString &info)
 {
-    const QJsonObject application = QJsonDocument::fromJson(info.toUtf8())
-                                        .object()
-                                        .value(QLatin1String("application"))
-                                        .toObject();
+    const QJsonObject application =
+        parseJson(info.toUtf8()).object().value(QLatin1String("application")).toObject();
     return application.value(QLatin1String("language")).toString(QStringLiteral("en"));
 }

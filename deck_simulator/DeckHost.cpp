@@ -29,6 +29,9 @@ DeckHost::DeckHost(const DeckProfile &deck, QObject *parent)
                                     QWebSocketServer::NonSecureMode, this))
 {
     m_clock.start();
+    int index = 0;
+    for (DeckKey &key : m_deck.keys)
+        fixPlace(key, index++);
     connect(m_server, &QWebSocketServer::newConnection, this, &DeckHost::acceptConnection);
 }
 
@@ -60,8 +63,63 @@ void DeckHost::close()
     if (m_link == nullptr)
         return;
     for (int index = 0; index < m_deck.keys.size(); ++index)
-        send(keyEvent(QStringLiteral("willDisappear"), index));
+        sendMessage(keyEvent(QStringLiteral("willDisappear"), index));
     m_link->close(QWebSocketProtocol::CloseCodeGoingAway);
+}
+
+void DeckHost::die()
+{
+    m_server->close();
+    const QVector<QWebSocket *> candidates = m_candidates; // aborting one removes it
+    for (QWebSocket *candidate : candidates)
+        candidate->abort();
+    if (m_link != nullptr)
+        m_link->abort();
+}
+
+void DeckHost::putKey(const DeckKey &key)
+{
+    const int present = indexOf(key.context());
+    const int index = present < 0 ? m_deck.keys.size() : present;
+    DeckKey placed = key;
+    fixPlace(placed, index);
+    if (present < 0)
+        m_deck.keys.append(placed);
+    else
+        m_deck.keys.replace(index, placed);
+    sendMessage(keyEvent(QStringLiteral("willAppear"), index));
+}
+
+bool DeckHost::removeKey(const QString &context)
+{
+    const int index = indexOf(context);
+    if (index < 0)
+        return false;
+    sendMessage(keyEvent(QStringLiteral("willDisappear"), index));
+    m_deck.keys.removeAt(index);
+    return true;
+}
+
+bool DeckHost::changeSettings(const QString &context, const QJsonObject &settings)
+{
+    const int index = indexOf(context);
+    if (index < 0)
+        return false;
+    m_deck.keys[index].changeSettings(settings);
+    return sendMessage(keyEvent(QStringLiteral("didReceiveSettings"), index));
+}
+
+bool DeckHost::sendKeyEvent(const QString &event, const QString &context, const QJsonObject &extra)
+{
+    const int index = indexOf(context);
+    if (index < 0)
+        return false;
+    QJsonObject message = keyEvent(event, index);
+    QJsonObject payload = message.value(QLatin1String("payload")).toObject();
+    for (auto member = extra.begin(); member != extra.end(); ++member)
+        payload.insert(member.key(), member.value());
+    message.insert(QStringLiteral("payload"), payload);
+    return sendMessage(message);
 }
 
 void DeckHost::acceptConnection()
@@ -150,13 +208,13 @@ void DeckHost::announceDeck()
 {
     const QJsonObject size{{QStringLiteral("columns"), m_deck.grid.width()},
                            {QStringLiteral("rows"), m_deck.grid.height()}};
-    send({{QStringLiteral("event"), QStringLiteral("deviceDidConnect")},
-          {QStringLiteral("device"), deviceId()},
-          {QStringLiteral("deviceInfo"), QJsonObject{{QStringLiteral("name"), m_deck.name},
-                                                     {QStringLiteral("type"), 0},
-                                                     {QStringLiteral("size"), size}}}});
+    sendMessage({{QStringLiteral("event"), QStringLiteral("deviceDidConnect")},
+                 {QStringLiteral("device"), deviceId()},
+                 {QStringLiteral("deviceInfo"), QJsonObject{{QStringLiteral("name"), m_deck.name},
+                                                            {QStringLiteral("type"), 0},
+                                                            {QStringLiteral("size"), size}}}});
     for (int index = 0; index < m_deck.keys.size(); ++index)
-        send(keyEvent(QStringLiteral("willAppear"), index));
+        sendMessage(keyEvent(QStringLiteral("willAppear"), index));
 }
 
 void DeckHost::takeMessage(const QJsonObject &message)
@@ -176,6 +234,8 @@ void DeckHost::takeMessage(const QJsonObject &message)
         ++m_counters.malformed;
         return;
     }
+    if (event == QLatin1String("setSettings"))
+        Q_EMIT settingsReplied(index);
     Q_EMIT keyChanged(index);
 }
 
@@ -206,12 +266,25 @@ int DeckHost::indexOf(const QString &context) const
     return -1;
 }
 
+DeckPlace DeckHost::placeOf(int index) const
+{
+    return m_deck.keys.at(index).place().value_or(DeckPlace());
+}
+
+// A key stays where it lies when one before it goes.
+void DeckHost::fixPlace(DeckKey &key, int index) const
+{
+    const int columns = qMax(1, m_deck.grid.width());
+    if (!key.place())
+        key.setPlace({index % columns, index / columns});
+}
+
 QJsonObject DeckHost::keyEvent(const QString &event, int index) const
 {
     const DeckKey &key = m_deck.keys.at(index);
-    const int columns = qMax(1, m_deck.grid.width());
-    const QJsonObject coordinates{{QStringLiteral("column"), index % columns},
-                                  {QStringLiteral("row"), index / columns}};
+    const DeckPlace place = placeOf(index);
+    const QJsonObject coordinates{{QStringLiteral("column"), place.column},
+                                  {QStringLiteral("row"), place.row}};
     const QJsonObject payload{{QStringLiteral("settings"), key.settings()},
                               {QStringLiteral("coordinates"), coordinates}};
     return {{QStringLiteral("event"), event},
@@ -221,8 +294,15 @@ QJsonObject DeckHost::keyEvent(const QString &event, int index) const
             {QStringLiteral("payload"), payload}};
 }
 
-void DeckHost::send(const QJsonObject &message)
+bool DeckHost::sendMessage(const QJsonObject &message)
 {
-    m_link->sendTextMessage(
-        QString::fromUtf8(QJsonDocument(message).toJson(QJsonDocument::Compact)));
+    return sendText(QString::fromUtf8(QJsonDocument(message).toJson(QJsonDocument::Compact)));
+}
+
+bool DeckHost::sendText(const QString &text)
+{
+    if (m_link == nullptr)
+        return false;
+    m_link->sendTextMessage(text);
+    return true;
 }

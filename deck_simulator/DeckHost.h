@@ -53,9 +53,29 @@ public:
     /// Milliseconds since this object was made; the clock of DeckKey::lastUpdate.
     [[nodiscard]] qint64 now() const { return m_clock.elapsed(); }
 
+    /// Puts a key on the deck, in place of one with the same context.
+    void putKey(const DeckKey &key);
+    /// False when there is no such key, here and below.
+    bool removeKey(const QString &context);
+    /// Gives the plugin other settings for a key; its reply follows as settingsReplied.
+    bool changeSettings(const QString &context, const QJsonObject &settings);
+    /// Sends an event about a key, such as "keyDown"; \a extra is added to its payload. False also
+    /// when no plugin is registered.
+    bool sendKeyEvent(const QString &event, const QString &context, const QJsonObject &extra = {});
+    /// Sends any text to the plugin, as it stands. False when no plugin is registered.
+    bool sendText(const QString &text);
+    bool sendMessage(const QJsonObject &message);
+    /// -1 when there is no such key.
+    [[nodiscard]] int indexOf(const QString &context) const;
+
+    /// Where the key \a index lies.
+    [[nodiscard]] DeckPlace placeOf(int index) const;
+
     /// Takes the keys off, closes the link and listens no more; linkClosed follows when a plugin
     /// was registered.
     void close();
+    /// Breaks the link without a word and listens no more, as a host that dies does.
+    void die();
 
 Q_SIGNALS:
     /// The plugin has registered and its keys have been put on.
@@ -65,6 +85,8 @@ Q_SIGNALS:
     /// The link of the registered plugin is gone, whoever closed it.
     void linkClosed();
     void keyChanged(int index);
+    /// The plugin has sent settings for the key; keyChanged follows.
+    void settingsReplied(int index);
 
 private:
     void acceptConnection();
@@ -75,8 +97,7 @@ private:
     void takeMessage(const QJsonObject &message);
     bool takeKeyMessage(const QString &event, DeckKey &key, const QJsonObject &payload);
     void announceDeck();
-    void send(const QJsonObject &message);
-    [[nodiscard]] int indexOf(const QString &context) const;
+    void fixPlace(DeckKey &key, int index) const;
     [[nodiscard]] QJsonObject keyEvent(const QString &event, int index) const;
 
     DeckProfile m_deck;

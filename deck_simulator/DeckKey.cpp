@@ -25,6 +25,8 @@ bool DeckKey::takePicture(const QString &dataUrl, qint64 now)
         return false;
     }
     m_picture = picture;
+    if (!picture.isNull())
+        m_pictureSize = picture.size();
     m_pictureBytes = dataUrl.size();
     m_lastUpdate = now;
     ++m_pictures;

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "deck_simulator/DeckPlace.h"
+
 #include <QImage>
 #include <QJsonObject>
+#include <QSize>
 #include <QString>
 
 #include <optional>
@@ -18,11 +21,17 @@ public:
     [[nodiscard]] const QString &name() const { return m_name; }
     [[nodiscard]] const QString &action() const { return m_action; }
     [[nodiscard]] const QString &context() const { return m_context; }
-    /// The settings as the plugin last returned them, or those that the key began with.
+    /// Where it lies on the deck; nothing: where its position in the profile puts it.
+    [[nodiscard]] const std::optional<DeckPlace> &place() const { return m_place; }
+    void setPlace(const DeckPlace &place) { m_place = place; }
+    /// The settings as the plugin last returned them, or as the host last changed
+    /// them.
     [[nodiscard]] const QJsonObject &settings() const { return m_settings; }
     [[nodiscard]] const QString &title() const { return m_title; }
     /// The last valid picture; null before the first and after an empty one.
     [[nodiscard]] const QImage &picture() const { return m_picture; }
+    /// Size of the last picture that was not empty; empty before the first.
+    [[nodiscard]] QSize pictureSize() const { return m_pictureSize; }
     /// Length of the text that carried the last picture.
     [[nodiscard]] int pictureBytes() const { return m_pictureBytes; }
     [[nodiscard]] quint64 pictures() const { return m_pictures; }
@@ -36,14 +45,18 @@ public:
     /// the picture before it stays.
     bool takePicture(const QString &dataUrl, qint64 now);
     void takeSettings(const QJsonObject &settings);
+    /// The host's change; no reply of the plugin's.
+    void changeSettings(const QJsonObject &settings) { m_settings = settings; }
 
 private:
     QString m_name;
     QString m_action;
     QString m_context;
+    std::optional<DeckPlace> m_place;
     QJsonObject m_settings;
     QString m_title;
     QImage m_picture;
+    QSize m_pictureSize;
     int m_pictureBytes = 0;
     quint64 m_pictures = 0;
     quint64 m_brokenPictures = 0;

@@ -1,5 +1,8 @@
 #include "deck_simulator/DeckProfile.h"
 
+#include "deck_simulator/ActionList.h"
+#include "deck_simulator/KeySettings.h"
+
 namespace {
 
 struct ProfileKey
@@ -76,27 +79,10 @@ QString contextOf(int index)
 
 QJsonObject keySettings(const QString &title, const QString &titleLines)
 {
-    const QJsonObject titleParameters{
-        {QStringLiteral("text"), title},
-        {QStringLiteral("showTitle"), true},
-        {QStringLiteral("fontFamily"), QStringLiteral("Roboto|Bold")},
-        // Ten letters of this size fill a key; pictures of longer texts are scaled down.
-        {QStringLiteral("fontSize"), 28},
-        {QStringLiteral("color"), QStringLiteral("#ffffff")},
-        {QStringLiteral("opacity"), 0},
-        {QStringLiteral("temperatureType"), QStringLiteral("摄氏度")},
-        {QStringLiteral("titleLines"), titleLines},
-        {QStringLiteral("diskMode"), QStringLiteral("Single_Disk")},
-        {QStringLiteral("volumeNameItem"), QStringLiteral("0")},
-        {QStringLiteral("switchFrequency"), 3},
-        {QStringLiteral("showVolumeName"), true},
-    };
-    const QJsonObject geometry{
-        {QStringLiteral("width"), deckKeyPixels},
-        {QStringLiteral("height"), deckKeyPixels},
-    };
-    return {{QStringLiteral("titleParameters"), titleParameters},
-            {QStringLiteral("ActionGeometry"), geometry}};
+    KeySettings settings;
+    settings.text = title;
+    settings.titleLines = titleLines;
+    return settingsMessage(settings, {deckKeyPixels, deckKeyPixels});
 }
 
 namespace {
@@ -128,6 +114,26 @@ DeckProfile defaultDeck(int columns)
             keySettings(QString::fromUtf8(key.title), QString::fromUtf8(key.titleLines))));
     }
     deck.grid = gridFor(deck.keys.size(), columns);
+    return deck;
+}
+
+DeckProfile kindsDeck(int columns)
+{
+    DeckProfile deck;
+    deck.name = QStringLiteral("Every kind of key");
+    for (const DeckAction &action : deckActions()) {
+        deck.keys.append(DeckKey(action.caption, action.uuid, contextOf(deck.keys.size()),
+                                 keySettings(action.title, QStringLiteral("单行显示"))));
+    }
+    deck.grid = gridFor(deck.keys.size(), columns);
+    return deck;
+}
+
+DeckProfile emptyDeck(int columns)
+{
+    DeckProfile deck;
+    deck.name = QStringLiteral("Empty deck");
+    deck.grid = {columns, 4};
     return deck;
 }
 

@@ -27,6 +27,12 @@ QJsonObject keySettings(const QString &title, const QString &titleLines);
 /// has.
 DeckProfile defaultDeck(int columns);
 
+/// A deck with one key for every action of the plugin, \a columns keys wide.
+DeckProfile kindsDeck(int columns);
+
+/// A deck without keys, \a columns keys wide.
+DeckProfile emptyDeck(int columns);
+
 /// A deck that shows what settings do, \a columns keys wide: titles, lines, sizes, colours and
 /// transparency, and one key for each of \a fontSpecs ("FAMILY|STYLE").
 DeckProfile settingsDeck(int columns, const QStringList &fontSpecs);

@@ -84,17 +84,35 @@ bool DeckSession::prepareFolders()
     return usable;
 }
 
+QString DeckSession::info() const
+{
+    QString text = hostInfo(m_settings.language, m_settings.fonts, m_host->deck().grid);
+    if (m_settings.quoteStripped)
+        text.remove(QLatin1Char('"'));
+    return text;
+}
+
+QProcessEnvironment DeckSession::environment() const
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    // The service's file is looked for below the system drive.
+    environment.insert(QStringLiteral("SystemDrive"), m_systemDrive.path());
+    const QString recording = QStringLiteral("SYSTEM_MONITOR_RECORDING");
+    if (m_settings.recording && m_settings.recording->isEmpty())
+        environment.remove(recording);
+    else if (m_settings.recording)
+        environment.insert(recording, QFileInfo(*m_settings.recording).absoluteFilePath());
+    return environment;
+}
+
 void DeckSession::startPlugin()
 {
     PluginProcess::Launch launch;
     launch.program = m_settings.program;
     launch.arguments =
-        pluginArguments(m_host->port(), m_host->pluginUUID(), m_host->registerEvent(),
-                        hostInfo(m_settings.language, m_settings.fonts, m_host->deck().grid));
+        pluginArguments(m_host->port(), m_host->pluginUUID(), m_host->registerEvent(), info());
     launch.workFolder = m_workFolder;
-    launch.environment = QProcessEnvironment::systemEnvironment();
-    // The service's file is looked for below the system drive.
-    launch.environment.insert(QStringLiteral("SystemDrive"), m_systemDrive.path());
+    launch.environment = environment();
     m_registrationTimer.start(m_settings.registrationLimit);
     m_process->start(launch);
 }
@@ -108,12 +126,37 @@ void DeckSession::end()
         return;
     }
     m_state = State::Ending;
-    m_registrationTimer.stop();
     m_host->close();
+    awaitEnd();
+}
+
+void DeckSession::letHostDie()
+{
+    if (m_state == State::Ended || m_state == State::Ending)
+        return;
+    m_state = State::Ending;
+    m_host->die();
+    awaitEnd();
+}
+
+void DeckSession::awaitEnd()
+{
+    m_registrationTimer.stop();
     if (m_process->isRunning())
         m_process->stop(m_hadLink ? m_settings.endingPatience : std::chrono::milliseconds(0));
     else
         finish();
+}
+
+bool DeckSession::moveService()
+{
+    if (!m_service->moveToAnotherPort())
+        return false;
+    // A plugin started from now on reads the file; the one that runs is told.
+    const bool announced = m_service->announce(m_systemDrive.path());
+    m_host->sendMessage({{QStringLiteral("event"), QStringLiteral("hwInfoPort")},
+                         {QStringLiteral("hwInfoPort"), QString::number(m_service->port())}});
+    return announced;
 }
 
 QString DeckSession::stateText() const
@@ -163,6 +206,7 @@ void DeckSession::onRegistrationLimit()
 void DeckSession::onProcessEnded()
 {
     const QString how = m_process->exitText();
+    m_exitText = how;
     if (m_state == State::Ending) {
         judgeOrderlyEnd();
         finish();

@@ -27,6 +27,24 @@ bool HardwareService::listen()
     return m_server->listen(QHostAddress::LocalHost, 0);
 }
 
+bool HardwareService::moveToAnotherPort()
+{
+    // Taken while the old one is still held, so that it is another one.
+    auto *server =
+        new QWebSocketServer(m_server->serverName(), QWebSocketServer::NonSecureMode, this);
+    if (!server->listen(QHostAddress::LocalHost, 0)) {
+        delete server;
+        return false;
+    }
+    delete m_server;
+    m_server = server;
+    connect(m_server, &QWebSocketServer::newConnection, this, &HardwareService::acceptConnection);
+    const QList<QWebSocket *> clients = findChildren<QWebSocket *>();
+    for (QWebSocket *client : clients)
+        client->close(QWebSocketProtocol::CloseCodeGoingAway);
+    return true;
+}
+
 quint16 HardwareService::port() const
 {
     return m_server->serverPort();

@@ -2,6 +2,7 @@
 
 #include "deck_simulator/ContactSheet.h"
 #include "deck_simulator/DeckReport.h"
+#include "deck_simulator/ScriptPlayer.h"
 
 #include <QDir>
 #include <QImageWriter>
@@ -59,7 +60,9 @@ void HeadlessRun::interrupt()
 
 void HeadlessRun::onKeysAppeared()
 {
-    if (!m_options.snapshotFile.isEmpty()) {
+    if (!m_script.isEmpty()) {
+        playScript();
+    } else if (!m_options.snapshotFile.isEmpty()) {
         connect(&m_endTimer, &QTimer::timeout, this, &HeadlessRun::takeSnapshot);
         m_endTimer.start(m_options.snapshotAfter);
     } else if (m_options.runFor) {
@@ -68,7 +71,32 @@ void HeadlessRun::onKeysAppeared()
     }
 }
 
+void HeadlessRun::playScript()
+{
+    auto *player = new ScriptPlayer(m_script, m_session, this);
+    connect(player, &ScriptPlayer::snapshotWanted, this, &HeadlessRun::writeSnapshot);
+    connect(player, &ScriptPlayer::finished, this, [this](const QString &failure) {
+        m_scriptPlayed = true;
+        if (m_failure.isEmpty())
+            m_failure = failure;
+        if (!m_session->isEnding())
+            m_session->end();
+    });
+    player->start();
+}
+
 void HeadlessRun::takeSnapshot()
+{
+    m_snapshotTaken = true;
+    const QStringList missing = writeSnapshot(m_options.snapshotFile);
+    if (m_failure.isEmpty() && !missing.isEmpty())
+        m_failure = QStringLiteral("The plugin has drawn nothing on: %1.")
+                        .arg(missing.join(QStringLiteral("; ")));
+    m_session->end();
+}
+
+// The names of the keys without a picture.
+QStringList HeadlessRun::writeSnapshot(const QString &file)
 {
     QVector<QImage> pictures;
     QStringList missing;
@@ -78,16 +106,11 @@ void HeadlessRun::takeSnapshot()
             missing.append(key.name());
     }
     const QImage sheet = paintContactSheet(pictures, {m_options.columns, m_options.keySize});
-    QImageWriter writer(m_options.snapshotFile, "png");
-    m_snapshotTaken = true;
+    QImageWriter writer(file, "png");
     if (!writer.write(sheet))
-        m_failure =
-            QStringLiteral("The snapshot %1 cannot be written: %2.")
-                .arg(QDir::toNativeSeparators(m_options.snapshotFile), writer.errorString());
-    else if (!missing.isEmpty())
-        m_failure = QStringLiteral("The plugin has drawn nothing on: %1.")
-                        .arg(missing.join(QStringLiteral("; ")));
-    m_session->end();
+        m_failure = QStringLiteral("The snapshot %1 cannot be written: %2.")
+                        .arg(QDir::toNativeSeparators(file), writer.errorString());
+    return missing;
 }
 
 void HeadlessRun::onEnded()
@@ -97,6 +120,8 @@ void HeadlessRun::onEnded()
     m_meterTimer.stop();
     if (!m_options.quiet && m_session->host().counters().frames > 0)
         showTable();
+    if (m_failure.isEmpty() && !m_script.isEmpty() && !m_scriptPlayed)
+        m_failure = QStringLiteral("The script was not played to its end.");
     if (!m_failure.isEmpty())
         report(m_failure);
     if (!m_session->failure().isEmpty())

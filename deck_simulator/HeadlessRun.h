@@ -1,6 +1,7 @@
 #pragma once
 
 #include "deck_simulator/DeckSession.h"
+#include "deck_simulator/Script.h"
 #include "deck_simulator/SimulatorOptions.h"
 #include "deck_simulator/Terminal.h"
 #include "deck_simulator/TrafficMeter.h"
@@ -15,7 +16,8 @@
 /// cursor is hidden while they are written, and ends below the last line.
 QByteArray replacementFrame(const QStringList &lines, int previousLines);
 
-/// A session without a window: a table in the terminal, a snapshot, an end after some seconds.
+/// A session without a window: a table in the terminal, a snapshot, a script, an end after some
+/// seconds.
 /// Where the output is no terminal, a plain table is written every ten seconds and at the end.
 class HeadlessRun : public QObject
 {
@@ -25,6 +27,8 @@ public:
     /// \a session is not owned and outlives this object.
     HeadlessRun(const SimulatorOptions &options, DeckSession *session, QObject *parent = nullptr);
 
+    /// Plays these steps once the keys have appeared, and ends after them.
+    void setScript(const QVector<ScriptStep> &steps) { m_script = steps; }
     void start();
     /// The user wants the end. A second call does not wait for the plugin.
     void interrupt();
@@ -37,7 +41,9 @@ Q_SIGNALS:
 private:
     void onKeysAppeared();
     void onEnded();
+    void playScript();
     void takeSnapshot();
+    QStringList writeSnapshot(const QString &file);
     void measure();
     void showTable();
     QByteArray tableInPlace();
@@ -54,5 +60,7 @@ private:
     QSize m_terminalSize;
     int m_shownLines = 0;
     bool m_snapshotTaken = false;
+    bool m_scriptPlayed = false;
+    QVector<ScriptStep> m_script;
     QString m_failure;
 };

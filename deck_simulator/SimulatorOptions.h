@@ -1,24 +1,41 @@
 #pragma once
 
+#include <QPoint>
 #include <QString>
 #include <QStringList>
 
 #include <chrono>
 #include <optional>
 
+/// The deck that a run without a window begins with: the metrics that every machine has, every kind
+/// of key, what settings do, or no key.
+enum class Deck { Readings, Kinds, Settings, Empty };
+
 /// What the command line asks for.
 struct SimulatorOptions
 {
     QString plugin; ///< The plugin's executable.
+    /// A run without a window is asked for: by name, or by an option that has a sense only there.
+    bool headless = false;
+    bool window = false; ///< The window is asked for by name.
+    QString profileFile; ///< The window's profile; empty: the user's own.
+    /// A picture of the window, after which it closes; empty: none.
+    QString screenshotFile;
+    QString colors;     ///< "light", "dark"; empty: the desktop's.
+    int textSize = 100; ///< Of the window, in percent of the desktop's, 50 to 300.
+    /// The key that the window begins with, from 0.
+    QPoint selectedKey;
     QString language = QStringLiteral("en");
-    QStringList fontFiles;     ///< Empty: the Roboto files of this machine.
-    QString workFolder;        ///< Empty: a temporary folder.
-    bool settingsDeck = false; ///< The deck that shows what settings do, instead of readings.
-    QString snapshotFile;      ///< Empty: no snapshot.
-    int columns = 5;           ///< Keys in a row, 1 to 16.
-    int keySize = 144;         ///< Pixels of a key on the snapshot, 32 to 512.
+    bool languageGiven = false; ///< By an option; else the window takes that of its profile.
+    QStringList fontFiles;      ///< Empty: the Roboto files of this machine.
+    QString workFolder;         ///< Empty: a temporary folder.
+    Deck deck = Deck::Readings;
+    QString scriptFile;   ///< Empty: no script.
+    QString snapshotFile; ///< Empty: no snapshot.
+    int columns = 5;      ///< Keys in a row, 1 to 16.
+    int keySize = 144;    ///< Pixels of a key on the snapshot, 32 to 512.
     bool quiet = false;
-    /// When the snapshot is taken, counted from the appearance of the keys.
+    /// When the snapshot or the screenshot is taken, counted from the appearance of the keys.
     std::chrono::milliseconds snapshotAfter{4000};
     /// When the program ends by itself, counted likewise; nothing: when it is interrupted.
     std::optional<std::chrono::milliseconds> runFor;

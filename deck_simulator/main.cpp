@@ -4,11 +4,18 @@
 #include "deck_simulator/FontFiles.h"
 #include "deck_simulator/HeadlessRun.h"
 #include "deck_simulator/InterruptWatcher.h"
+#include "deck_simulator/RunMode.h"
 #include "deck_simulator/SimulatorOptions.h"
+#include "deck_simulator/gui/DeckGrid.h"
+#include "deck_simulator/gui/DeckWindow.h"
+#include "deck_simulator/gui/WindowStyle.h"
 
+#include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QStandardPaths>
 
 #include <cstdio>
 
@@ -34,8 +41,17 @@ SessionSettings sessionSettings(const SimulatorOptions &options)
 
 DeckProfile chosenDeck(const SimulatorOptions &options, const QVector<FontFile> &fonts)
 {
-    return options.settingsDeck ? settingsDeck(options.columns, fontSpecs(fonts))
-                                : defaultDeck(options.columns);
+    switch (options.deck) {
+    case Deck::Kinds:
+        return kindsDeck(options.columns);
+    case Deck::Settings:
+        return settingsDeck(options.columns, fontSpecs(fonts));
+    case Deck::Empty:
+        return emptyDeck(options.columns);
+    case Deck::Readings:
+        break;
+    }
+    return defaultDeck(options.columns);
 }
 
 // A GUI application object would take "--plugin" for itself, so the arguments are read before there
@@ -48,6 +64,73 @@ ParsedOptions readCommandLine(int argc, char *argv[])
     return parseOptions(QCoreApplication::arguments(), defaultPlugin());
 }
 
+constexpr qint64 longestScript = 1 << 20; // bytes
+
+ParsedScript readScript(const QString &name)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly))
+        return {{}, file.errorString()};
+    if (file.size() > longestScript)
+        return {{}, QStringLiteral("it is too long")};
+    return parseScript(file.readAll());
+}
+
+int runHeadless(const SimulatorOptions &options, int &argc, char *argv[])
+{
+    ParsedScript script;
+    if (!options.scriptFile.isEmpty())
+        script = readScript(options.scriptFile);
+    if (!script.error.isEmpty()) {
+        std::fputs(
+            qPrintable(QStringLiteral("deck_simulator: The script %1 cannot be played:\n%2\n")
+                           .arg(options.scriptFile, script.error)),
+            stderr);
+        return 2;
+    }
+    const QGuiApplication application(argc, argv);
+    const SessionSettings settings = sessionSettings(options);
+    DeckSession session(settings, chosenDeck(options, settings.fonts));
+    HeadlessRun run(options, &session);
+    run.setScript(script.steps);
+    const InterruptWatcher interrupts;
+    QObject::connect(&interrupts, &InterruptWatcher::interrupted, &run, &HeadlessRun::interrupt);
+    QObject::connect(&run, &HeadlessRun::finished, &application, &QCoreApplication::exit,
+                     Qt::QueuedConnection);
+    run.start();
+    return QGuiApplication::exec();
+}
+
+QString userProfile()
+{
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation))
+        .filePath(QStringLiteral("deck.json"));
+}
+
+int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    const QApplication application(argc, argv);
+    applyColors(options.colors);
+    applyTextSize(options.textSize);
+    WindowSettings settings;
+    settings.session = sessionSettings(options);
+    settings.profileFile = options.profileFile.isEmpty() ? userProfile() : options.profileFile;
+    if (options.languageGiven)
+        settings.language = options.language;
+    DeckWindow window(settings);
+    const InterruptWatcher interrupts;
+    QObject::connect(&interrupts, &InterruptWatcher::interrupted, &window, &QWidget::close);
+    if (!options.screenshotFile.isEmpty())
+        window.takeScreenshot(options.screenshotFile, options.snapshotAfter);
+    window.grid()->setCurrent({options.selectedKey.x(), options.selectedKey.y()});
+    window.show();
+    window.start();
+    const int status = QApplication::exec();
+    return window.isWell() ? status : 1;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -57,17 +140,9 @@ int main(int argc, char *argv[])
         std::fputs(qUtf8Printable(parsed.text), parsed.exitStatus == 0 ? stdout : stderr);
         return parsed.exitStatus;
     }
-
+    const bool window = opensWindow(*parsed.options, hasDisplay());
     chooseDisplayPlatform();
     int programNameOnly = 1;
-    const QGuiApplication application(programNameOnly, argv);
-    const SessionSettings settings = sessionSettings(*parsed.options);
-    DeckSession session(settings, chosenDeck(*parsed.options, settings.fonts));
-    HeadlessRun run(*parsed.options, &session);
-    const InterruptWatcher interrupts;
-    QObject::connect(&interrupts, &InterruptWatcher::interrupted, &run, &HeadlessRun::interrupt);
-    QObject::connect(&run, &HeadlessRun::finished, &application, &QCoreApplication::exit,
-                     Qt::QueuedConnection);
-    run.start();
-    return QGuiApplication::exec();
+    return window ? runWindow(*parsed.options, programNameOnly, argv)
+                  : runHeadless(*parsed.options, programNameOnly, argv);
 }

@@ -2,6 +2,7 @@
 
 #include "SDK/Logger/Logger.h"
 #include "sensors/systemInfor.h"
+#include "json/ParseJson.h"
 
 #include <QFileInfo>
 #include <QFontDatabase>
@@ -52,7 +53,7 @@ QVector<FontFile> loadFontList(const QString &infoJson)
 {
     QString text = infoJson;
     text.replace(QLatin1Char('\''), QLatin1Char('"'));
-    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
+    const QJsonDocument document = parseJson(text.toUtf8());
     if (!document.isObject()) {
         LogDebug(QStringLiteral("Invalid JSON format"));
         return {};

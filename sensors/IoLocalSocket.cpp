@@ -1,6 +1,7 @@
 #include "sensors/IoLocalSocket.h"
 
 #include "SDK/Logger/Logger.h"
+#include "json/ParseJson.h"
 
 #include <QDebug>
 #include <QJsonDocument>
@@ -14,16 +15,16 @@ namespace {
 constexpr int connectTimeoutMs = 3000;
 constexpr int replyTimeoutMs = 3000;
 
-QJsonObject parseReply(const QByteArray &bytes)
+} // namespace
+
+QJsonObject parseServiceReply(const QByteArray &reply)
 {
     QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    const QJsonDocument document = parseJson(reply, &error);
     if (error.error != QJsonParseError::NoError)
         LogDebug(labelled("IoServerJSON 解析失败:", error.errorString()));
     return document.object();
 }
-
-} // namespace
 
 QString socketErrorLabel(int errorCode)
 {
@@ -71,7 +72,7 @@ QJsonObject IoLocalSocket::fetch()
     }
     const QByteArray reply = socket->readAll();
     LogDebug(labelled("收到响应: ", QString::fromUtf8(reply)));
-    return parseReply(reply);
+    return parseServiceReply(reply);
 }
 
 void IoLocalSocket::reportTimeout()

@@ -41,3 +41,6 @@ private:
 /// The text "socket 错误:" as a timeout logs it: without as many leading bytes as \a errorCode
 /// says.
 QString socketErrorLabel(int errorCode);
+
+/// The object in a reply of the service; an empty one and a logged line when it is no JSON.
+QJsonObject parseServiceReply(const QByteArray &reply);

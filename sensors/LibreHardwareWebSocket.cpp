@@ -1,6 +1,7 @@
 #include "sensors/LibreHardwareWebSocket.h"
 
 #include "SDK/Logger/Logger.h"
+#include "json/ParseJson.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -164,13 +165,19 @@ void LibreHardwareWebSocket::onTextMessage(const QString &msg)
     if (!waiting)
         return;
     lastMessage = msg;
-    LogDebug(labelled("收到消息:", msg));
-    const QJsonObject reply = QJsonDocument::fromJson(msg.toUtf8()).object();
+    result = serviceResult(msg);
+    waiting = false;
+}
+
+QJsonObject serviceResult(const QString &message)
+{
+    LogDebug(labelled("收到消息:", message));
+    const QJsonObject reply = parseJson(message.toUtf8()).object();
     const QString method = reply.value(QLatin1String("method")).toString();
     const int code = reply.value(QLatin1String("code")).toInt();
-    result = reply.value(QLatin1String("result")).toObject();
+    const QJsonObject result = reply.value(QLatin1String("result")).toObject();
     // The code stands as the character that it numbers.
     LogDebug(QStringLiteral("method:") + method + QStringLiteral(" code:") +
              QLatin1Char(static_cast<char>(code)) + QStringLiteral(" result:") + indented(result));
-    waiting = false;
+    return result;
 }

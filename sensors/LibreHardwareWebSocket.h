@@ -55,3 +55,7 @@ private:
     QJsonObject result;
     bool fetchOnConnect;
 };
+
+/// The "result" of a reply of the service, which is logged with its "method" and "code"; an empty
+/// object when there is none.
+QJsonObject serviceResult(const QString &message);

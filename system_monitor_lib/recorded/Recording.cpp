@@ -1,5 +1,7 @@
 #include "system_monitor_lib/recorded/Recording.h"
 
+#include "json/ParseJson.h"
+
 #include <QJsonDocument>
 
 namespace {
@@ -28,7 +30,7 @@ constexpr std::array<Member, queryCount> members{{
 std::variant<Recording, QString> parseRecording(const QByteArray &json)
 {
     QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
+    const QJsonDocument document = parseJson(json, &error);
     if (error.error != QJsonParseError::NoError)
         return QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset);
     if (!document.isObject())

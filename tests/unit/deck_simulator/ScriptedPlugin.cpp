@@ -8,9 +8,14 @@
 //   die        as draw, but kills itself once it has drawn
 //   leave      as draw, but closes its link after the first key
 //   stubborn   as draw, but stays when its link closes
+//   panel      as draw, answers didReceiveSettings likewise, and keeps in its working folder what
+//   it
+//              receives (received.txt), its -info (info.txt) and the recording that it was given
+//              (recording.txt)
 
 #include <QBuffer>
 #include <QCoreApplication>
+#include <QFile>
 #include <QImage>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -60,11 +65,24 @@ void drawKey(QWebSocket &link, const QJsonObject &appearance)
     sendForKey(link, QStringLiteral("setImage"), context, {{QStringLiteral("image"), picture()}});
 }
 
+void keep(const char *fileName, const QString &text)
+{
+    QFile file(QString::fromLatin1(fileName));
+    if (file.open(QIODevice::Append))
+        file.write(text.toUtf8() + '\n');
+}
+
 void onEvent(QWebSocket &link, const QByteArray &script, const QString &text)
 {
     static int appearances = 0;
     const QJsonObject message = QJsonDocument::fromJson(text.toUtf8()).object();
-    if (message.value(QLatin1String("event")) != QLatin1String("willAppear"))
+    const QString event = message.value(QLatin1String("event")).toString();
+    if (script == "panel") {
+        keep("received.txt", text);
+        if (event == QLatin1String("didReceiveSettings"))
+            drawKey(link, message);
+    }
+    if (event != QLatin1String("willAppear"))
         return;
     ++appearances;
     if (script == "half" && appearances > 1)
@@ -95,6 +113,10 @@ int main(int argc, char *argv[])
         return 3;
     }
 
+    if (script == "panel") {
+        keep("info.txt", argumentAfter(arguments, QStringLiteral("-info")));
+        keep("recording.txt", qEnvironmentVariable("SYSTEM_MONITOR_RECORDING"));
+    }
     QWebSocket link;
     QObject::connect(&link, &QWebSocket::connected, &link, [&] {
         const QString uuid = script == "impostor"

@@ -28,6 +28,11 @@ private Q_SLOTS:
     void closesTheLinkOnEndlessMessages();
     void tellsThatTheLinkIsGone();
     void takesTheKeysOffAtTheEnd();
+    void putsAndRemovesKeysWhileItRuns();
+    void sendsSettingsAndEvents();
+    void sendsAnyText();
+    void keepsTheSizeOfTheLastPicture();
+    void dies();
 
 private:
     void connectPlugin();
@@ -302,6 +307,97 @@ void tst_DeckHost::takesTheKeysOffAtTheEnd()
     QCOMPARE(receivedEvents().count(QStringLiteral("willDisappear")), m_host->deck().keys.size());
     QCOMPARE(parsed(m_received->at(0)).value(QLatin1String("context")).toString(),
              key(0).context());
+}
+
+void tst_DeckHost::putsAndRemovesKeysWhileItRuns()
+{
+    registerPlugin();
+    const int keys = m_host->deck().keys.size();
+    m_received->clear();
+    DeckKey another(QStringLiteral("Another"), QStringLiteral("an.action"), QStringLiteral("new"),
+                    {{QStringLiteral("set"), 1}});
+    another.setPlace({6, 3});
+    m_host->putKey(another);
+    QTRY_COMPARE(receivedEvents(), QStringList{QStringLiteral("willAppear")});
+    const QJsonObject message = parsed(m_received->at(0));
+    QCOMPARE(message.value(QLatin1String("context")).toString(), QStringLiteral("new"));
+    const QJsonObject payload = message.value(QLatin1String("payload")).toObject();
+    const QJsonObject coordinates = payload.value(QLatin1String("coordinates")).toObject();
+    QCOMPARE(coordinates.value(QLatin1String("column")).toInt(), 6);
+    QCOMPARE(coordinates.value(QLatin1String("row")).toInt(), 3);
+    QCOMPARE(m_host->indexOf(QStringLiteral("new")), keys);
+
+    m_host->putKey(another); // in its own place
+    QCOMPARE(m_host->deck().keys.size(), keys + 1);
+    QVERIFY(m_host->removeKey(QStringLiteral("new")));
+    QVERIFY(!m_host->removeKey(QStringLiteral("new")));
+    QTRY_COMPARE(receivedEvents().mid(1),
+                 (QStringList{QStringLiteral("willAppear"), QStringLiteral("willDisappear")}));
+    QCOMPARE(m_host->indexOf(QStringLiteral("new")), -1);
+    QCOMPARE(m_host->deck().keys.size(), keys);
+}
+
+void tst_DeckHost::sendsSettingsAndEvents()
+{
+    const QString context = key(0).context();
+    QVERIFY(!m_host->sendKeyEvent(QStringLiteral("keyDown"), context)); // nobody is there
+    registerPlugin();
+    m_received->clear();
+    const QJsonObject settings{{QStringLiteral("titleParameters"), QJsonObject()}};
+    QVERIFY(m_host->changeSettings(context, settings));
+    QVERIFY(!m_host->changeSettings(QStringLiteral("nobody"), settings));
+    QVERIFY(m_host->sendKeyEvent(QStringLiteral("dialRotate"), context,
+                                 {{QStringLiteral("ticks"), -2}}));
+    QVERIFY(!m_host->sendKeyEvent(QStringLiteral("keyDown"), QStringLiteral("nobody")));
+    QTRY_COMPARE(receivedEvents(),
+                 (QStringList{QStringLiteral("didReceiveSettings"), QStringLiteral("dialRotate")}));
+    const QJsonObject message = parsed(m_received->at(1));
+    QCOMPARE(message.value(QLatin1String("action")).toString(), key(0).action());
+    const QJsonObject payload = message.value(QLatin1String("payload")).toObject();
+    QCOMPARE(payload.value(QLatin1String("ticks")).toInt(), -2);
+    QCOMPARE(payload.value(QLatin1String("settings")).toObject(), settings);
+
+    QSignalSpy replied(m_host.get(), &DeckHost::settingsReplied);
+    sendForKey(QStringLiteral("setSettings"), 0, {{QStringLiteral("answer"), 1}});
+    QTRY_COMPARE(replied.count(), 1);
+    QCOMPARE(replied.at(0).at(0).toInt(), 0);
+    QCOMPARE(key(0).settings().value(QLatin1String("answer")).toInt(), 1);
+}
+
+void tst_DeckHost::sendsAnyText()
+{
+    QVERIFY(!m_host->sendText(QStringLiteral("early")));
+    registerPlugin();
+    m_received->clear();
+    QVERIFY(m_host->sendText(QStringLiteral("no JSON")));
+    QTRY_COMPARE(m_received->count(), 1);
+    QCOMPARE(m_received->at(0).at(0).toString(), QStringLiteral("no JSON"));
+}
+
+void tst_DeckHost::keepsTheSizeOfTheLastPicture()
+{
+    registerPlugin();
+    QVERIFY(key(0).pictureSize().isEmpty());
+    sendForKey(QStringLiteral("setImage"), 0, {{QStringLiteral("image"), pngUrl(8, 8)}});
+    QTRY_VERIFY(!key(0).picture().isNull());
+    const QSize size = key(0).picture().size();
+    sendForKey(QStringLiteral("setImage"), 0, {{QStringLiteral("image"), QString()}});
+    QTRY_VERIFY(key(0).picture().isNull());
+    QCOMPARE(key(0).pictureSize(), size);
+}
+
+void tst_DeckHost::dies()
+{
+    registerPlugin();
+    m_received->clear();
+    QSignalSpy closed(m_host.get(), &DeckHost::linkClosed);
+    QSignalSpy gone(m_plugin.get(), &QWebSocket::disconnected);
+    m_host->die();
+    QTRY_COMPARE(gone.count(), 1);
+    QTRY_COMPARE(closed.count(), 1);
+    QVERIFY(!m_host->isRegistered());
+    QCOMPARE(receivedEvents(), QStringList()); // not a word
+    m_host->die();
 }
 
 QTEST_GUILESS_MAIN(tst_DeckHost)

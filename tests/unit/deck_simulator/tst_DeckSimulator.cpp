@@ -22,8 +22,16 @@ private Q_SLOTS:
     void staysQuiet();
     void reportsAPluginThatEndsAtOnce();
     void refusesWrongUsage();
+    void playsAScript();
+    void failsWhenAnExpectationFails();
+    void failsWhenAStepCannotBePlayed();
+    void failsWhenThePluginEndsBeforeTheScript();
+    void letsTheHostDieInAScript();
+    void refusesABrokenScript();
 
 private:
+    void writeScript(const QByteArray &lines);
+    [[nodiscard]] QByteArray received() const;
     void start(const char *script, const QStringList &arguments);
     void run(const char *script, const QStringList &arguments);
     [[nodiscard]] QString output() { return QString::fromUtf8(m_process.readAllStandardOutput()); }
@@ -141,6 +149,104 @@ void tst_DeckSimulator::refusesWrongUsage()
     run("draw", {QStringLiteral("--no-such-option")});
     QCOMPARE(m_process.exitCode(), 2);
     QVERIFY(errors().contains(QLatin1String("no-such-option")));
+}
+
+void tst_DeckSimulator::writeScript(const QByteArray &lines)
+{
+    QFile file(path("script.jsonl"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(lines);
+}
+
+QByteArray tst_DeckSimulator::received() const
+{
+    QFile file(path("work/received.txt"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void tst_DeckSimulator::playsAScript()
+{
+    writeScript(R"(# every kind of step
+{"do": "put", "key": [0, 0], "action": "an.action", "set": {"text": "first"}}
+{"do": "put", "key": {"dial": 1}, "action": "another.action"}
+{"do": "expect", "key": [0, 0], "title": "^drawn$"}
+{"do": "settings", "key": [0, 0], "set": {"text": "second"}}
+{"do": "expect", "key": [0, 0]}
+{"do": "press", "key": [0, 0]}
+{"do": "press", "key": {"dial": 1}}
+{"do": "rotate", "key": {"dial": 1}, "ticks": 2}
+{"do": "move", "key": [0, 0], "to": [2, 3]}
+{"do": "expect", "key": [2, 3], "title": "drawn"}
+{"do": "put", "key": [2, 3], "action": "a.third"}
+{"do": "send", "message": {"event": "systemDidWakeUp"}}
+{"do": "servicePort"}
+{"do": "expect", "key": [2, 3]}
+{"do": "snapshot", "file": "SNAPSHOT"}
+{"do": "remove", "key": [2, 3]}
+)");
+    QFile script(path("script.jsonl"));
+    QVERIFY(script.open(QIODevice::ReadOnly));
+    const QByteArray text = script.readAll().replace("SNAPSHOT", path("deck.png").toUtf8());
+    script.close();
+    writeScript(text);
+    run("panel",
+        {QStringLiteral("--deck=empty"), QStringLiteral("--script"), path("script.jsonl")});
+    QVERIFY2(m_process.exitCode() == 0, qPrintable(errors()));
+    QVERIFY(!QImage(path("deck.png")).isNull());
+    for (const char *part :
+         {"\"text\":\"first\"", "\"text\":\"second\"", "keyDown", "keyUp", "dialPress",
+          "\"ticks\":2", "\"action\":\"a.third\"", "systemDidWakeUp", "hwInfoPort", "willDisappear",
+          "\"column\":2,\"row\":3"})
+        QVERIFY2(received().contains(part), part);
+}
+
+void tst_DeckSimulator::failsWhenAnExpectationFails()
+{
+    writeScript(
+        "\n{\"do\": \"expect\", \"key\": [0, 0], \"title\": \"^no such$\", \"within\": 0.3}");
+    run("draw", {QStringLiteral("--script"), path("script.jsonl")});
+    QCOMPARE(m_process.exitCode(), 1);
+    const QString text = errors();
+    QVERIFY2(text.contains(QLatin1String("Line 2 of the script: key [0, 0]")), qPrintable(text));
+    QVERIFY(text.contains(QLatin1String("\"drawn\"")));
+}
+
+void tst_DeckSimulator::failsWhenAStepCannotBePlayed()
+{
+    writeScript("{\"do\": \"press\", \"key\": [7, 7]}");
+    run("draw", {QStringLiteral("--script"), path("script.jsonl")});
+    QCOMPARE(m_process.exitCode(), 1);
+    QVERIFY(errors().contains(QLatin1String("nothing is on key [7, 7]")));
+}
+
+void tst_DeckSimulator::failsWhenThePluginEndsBeforeTheScript()
+{
+    writeScript("{\"at\": 100, \"do\": \"press\", \"key\": [0, 0]}");
+    run("die", {QStringLiteral("--script"), path("script.jsonl")});
+    QCOMPARE(m_process.exitCode(), 1);
+    QVERIFY(errors().contains(QLatin1String("not played to its end")));
+}
+
+void tst_DeckSimulator::letsTheHostDieInAScript()
+{
+    writeScript("{\"do\": \"expect\", \"key\": [0, 0]}\n{\"do\": \"hostDies\"}");
+    run("panel", {QStringLiteral("--script"), path("script.jsonl")});
+    QVERIFY2(m_process.exitCode() == 0, qPrintable(errors()));
+    QVERIFY(!received().contains("willDisappear"));
+
+    run("stubborn", {QStringLiteral("--script"), path("script.jsonl")});
+    QCOMPARE(m_process.exitCode(), 1);
+    QVERIFY(errors().contains(QLatin1String("did not end")));
+}
+
+void tst_DeckSimulator::refusesABrokenScript()
+{
+    writeScript("{\"do\": \"dance\"}");
+    run("draw", {QStringLiteral("--script"), path("script.jsonl")});
+    QCOMPARE(m_process.exitCode(), 2);
+    QVERIFY(errors().contains(QLatin1String("line 1")));
+    run("draw", {QStringLiteral("--script"), path("no-such-script")});
+    QCOMPARE(m_process.exitCode(), 2);
 }
 
 QTEST_GUILESS_MAIN(tst_DeckSimulator)

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void answersSensorRequests();
     void refusesOtherMethods();
     void passesOverWhatIsNoRequest();
+    void movesToAnotherPort();
 };
 
 namespace {
@@ -97,6 +98,24 @@ void tst_HardwareService::passesOverWhatIsNoRequest()
     QCOMPARE(service.requests(), quint64(1));
     client.close();
     QTRY_COMPARE(service.clients(), 0);
+}
+
+void tst_HardwareService::movesToAnotherPort()
+{
+    HardwareService service;
+    QVERIFY(service.listen());
+    const quint16 before = service.port();
+    QWebSocket client;
+    connectTo(client, service);
+    QTRY_COMPARE(service.clients(), 1);
+    QSignalSpy gone(&client, &QWebSocket::disconnected);
+    QVERIFY(service.moveToAnotherPort());
+    QVERIFY(service.port() != 0 && service.port() != before);
+    QTRY_COMPARE(gone.count(), 1);
+    QTRY_COMPARE(service.clients(), 0);
+    QWebSocket again;
+    connectTo(again, service);
+    QTRY_COMPARE(service.clients(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_HardwareService)

@@ -8,6 +8,8 @@ class tst_SimulatorOptions : public QObject
 
 private Q_SLOTS:
     void hasDefaults();
+    void readsTheDeck_data();
+    void readsTheDeck();
     void readsEverything();
     void refusesWrongUsage_data();
     void refusesWrongUsage();
@@ -31,14 +33,33 @@ void tst_SimulatorOptions::hasDefaults()
     const SimulatorOptions &options = *parsed.options;
     QCOMPARE(options.plugin, QStringLiteral("/default/plugin"));
     QCOMPARE(options.language, QStringLiteral("en"));
+    QVERIFY(!options.languageGiven);
     QVERIFY(options.fontFiles.isEmpty());
     QVERIFY(options.workFolder.isEmpty());
     QVERIFY(options.snapshotFile.isEmpty());
     QCOMPARE(options.columns, 5);
-    QVERIFY(!options.settingsDeck);
+    QVERIFY(options.deck == Deck::Readings);
     QCOMPARE(options.keySize, 144);
     QVERIFY(!options.quiet);
     QVERIFY(!options.runFor.has_value());
+}
+
+void tst_SimulatorOptions::readsTheDeck_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("deck");
+    QTest::newRow("readings") << QStringLiteral("readings") << static_cast<int>(Deck::Readings);
+    QTest::newRow("kinds") << QStringLiteral("kinds") << static_cast<int>(Deck::Kinds);
+    QTest::newRow("settings") << QStringLiteral("settings") << static_cast<int>(Deck::Settings);
+    QTest::newRow("empty") << QStringLiteral("empty") << static_cast<int>(Deck::Empty);
+    QTest::newRow("unknown") << QStringLiteral("Kinds") << -1;
+}
+
+void tst_SimulatorOptions::readsTheDeck()
+{
+    QFETCH(QString, name);
+    const ParsedOptions parsed = parse({QStringLiteral("--deck"), name});
+    QTEST(parsed.options ? static_cast<int>(parsed.options->deck) : -1, "deck");
 }
 
 void tst_SimulatorOptions::readsEverything()
@@ -55,14 +76,36 @@ void tst_SimulatorOptions::readsEverything()
     const SimulatorOptions &options = *parsed.options;
     QCOMPARE(options.plugin, QStringLiteral("p"));
     QCOMPARE(options.language, QStringLiteral("zh_CN"));
+    QVERIFY(options.languageGiven);
     QCOMPARE(options.fontFiles, QStringList({font, font}));
     QCOMPARE(options.workFolder, QStringLiteral("w"));
     QCOMPARE(options.snapshotFile, QStringLiteral("s.png"));
     QCOMPARE(qint64(options.snapshotAfter.count()), qint64(1500));
     QCOMPARE(options.columns, 8);
-    QVERIFY(options.settingsDeck);
+    QVERIFY(options.deck == Deck::Settings);
     QCOMPARE(options.keySize, 72);
     QVERIFY(options.quiet);
+
+    const ParsedOptions window =
+        parse({QStringLiteral("--window"), QStringLiteral("--profile=p.json"),
+               QStringLiteral("--screenshot=w.png"), QStringLiteral("--after=2"),
+               QStringLiteral("--colors=dark"), QStringLiteral("--text-size=125"),
+               QStringLiteral("--select=3,2")});
+    QVERIFY2(window.options.has_value(), qPrintable(window.text));
+    QVERIFY(window.options->window);
+    QVERIFY(!window.options->headless);
+    QCOMPARE(window.options->profileFile, QStringLiteral("p.json"));
+    QCOMPARE(window.options->screenshotFile, QStringLiteral("w.png"));
+    QCOMPARE(window.options->colors, QStringLiteral("dark"));
+    QCOMPARE(window.options->textSize, 125);
+    QCOMPARE(window.options->selectedKey, QPoint(3, 2));
+
+    const ParsedOptions scripted =
+        parse({QStringLiteral("--script=s"), QStringLiteral("--deck=empty")});
+    QVERIFY2(scripted.options.has_value(), qPrintable(scripted.text));
+    QCOMPARE(scripted.options->scriptFile, QStringLiteral("s"));
+    QVERIFY(scripted.options->deck == Deck::Empty);
+    QVERIFY(scripted.options->headless);
 
     const ParsedOptions timed = parse({QStringLiteral("--seconds=2")});
     QVERIFY(timed.options.has_value());
@@ -90,7 +133,17 @@ void tst_SimulatorOptions::refusesWrongUsage_data()
     row("endless time", {QStringLiteral("--seconds=inf")}, "--seconds");
     row("missing font", {QStringLiteral("--font=/no/such/font.ttf")}, "/no/such/font.ttf");
     row("two ends", {QStringLiteral("--snapshot=a"), QStringLiteral("--seconds=2")}, "--after");
-    row("after alone", {QStringLiteral("--after=2")}, "--snapshot only");
+    row("window and terminal", {QStringLiteral("--window"), QStringLiteral("--quiet")},
+        "exclude each other");
+    row("screenshot in the terminal",
+        {QStringLiteral("--screenshot=a"), QStringLiteral("--headless")}, "needs the window");
+    row("unknown colours", {QStringLiteral("--colors=pink")}, "--colors");
+    row("tiny texts", {QStringLiteral("--text-size=5")}, "--text-size");
+    row("half a key", {QStringLiteral("--select=5")}, "--select");
+    row("no key", {QStringLiteral("--select=a,b")}, "--select");
+    row("script and its end", {QStringLiteral("--script=a"), QStringLiteral("--seconds=2")},
+        "--script");
+    row("after alone", {QStringLiteral("--after=2")}, "--snapshot or --screenshot only");
 }
 
 void tst_SimulatorOptions::refusesWrongUsage()

@@ -152,6 +152,8 @@ void tst_PngEncoder::keyPictures()
     QFETCH(int, pixelSize);
     QFont font(family);
     font.setPixelSize(pixelSize);
+    // Letters fitted to so few pixels may have no width.
+    font.setHintingPreference(QFont::PreferNoHinting);
     const QFontMetrics metrics(font);
     for (const auto &[script, utf8] : scripts) {
         const QString text = QString::fromUtf8(utf8);

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+#include <QString>
+
+/// The picture of an action's group in one colour.
+QIcon actionIcon(const QString &action, const QColor &color);

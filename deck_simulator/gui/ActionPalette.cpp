@@ -1,0 +1,105 @@
+#include "deck_simulator/gui/ActionPalette.h"
+
+#include "deck_simulator/ActionList.h"
+#include "deck_simulator/gui/ActionTreeModel.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSortFilterProxyModel>
+#include <QStyle>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+ActionPalette::ActionPalette(QWidget *parent)
+    : QWidget(parent)
+    , m_model(new ActionTreeModel(this))
+    , m_shown(new QSortFilterProxyModel(this))
+    , m_search(new QLineEdit)
+    , m_view(new QTreeView)
+{
+    m_model->setIconColor(palette().color(QPalette::Text));
+    m_shown->setSourceModel(m_model);
+    m_shown->setFilterRole(ActionTreeModel::searchRole);
+    m_shown->setRecursiveFilteringEnabled(true);
+    m_shown->setFilterCaseSensitivity(Qt::CaseInsensitive);
+
+    m_search->setPlaceholderText(tr("Search actions"));
+    m_search->setClearButtonEnabled(true);
+    m_search->installEventFilter(this);
+    m_view->setModel(m_shown);
+    m_view->setHeaderHidden(true);
+    m_view->setDragEnabled(true);
+    m_view->setDragDropMode(QAbstractItemView::DragOnly);
+    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_view->setUniformRowHeights(true);
+    m_view->setAccessibleName(tr("Actions"));
+    m_view->expandAll();
+    m_view->setMinimumWidth(widestRow());
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_search);
+    layout->addWidget(m_view);
+    connect(m_search, &QLineEdit::textChanged, this, &ActionPalette::filter);
+    connect(m_search, &QLineEdit::returnPressed, this, [this] { choose(m_view->currentIndex()); });
+    connect(m_view, &QTreeView::activated, this, &ActionPalette::choose);
+}
+
+int ActionPalette::widestRow() const
+{
+    int text = 0;
+    for (const DeckAction &action : deckActions())
+        text = qMax(text, fontMetrics().horizontalAdvance(action.caption));
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    // Two levels, the icon, the scroll bar and some air.
+    return 2 * m_view->indentation() + 2 * icon + text +
+           m_view->verticalScrollBar()->sizeHint().width();
+}
+
+void ActionPalette::startSearch()
+{
+    m_search->setFocus(Qt::OtherFocusReason);
+    m_search->selectAll();
+}
+
+void ActionPalette::filter(const QString &text)
+{
+    m_shown->setFilterFixedString(text.trimmed());
+    m_view->expandAll();
+    selectFirst();
+}
+
+void ActionPalette::selectFirst()
+{
+    const QModelIndex group = m_shown->index(0, 0);
+    if (group.isValid())
+        m_view->setCurrentIndex(m_shown->index(0, 0, group));
+}
+
+void ActionPalette::choose(const QModelIndex &index)
+{
+    const QString uuid = index.data(ActionTreeModel::uuidRole).toString();
+    if (!uuid.isEmpty())
+        Q_EMIT actionChosen(uuid);
+}
+
+void ActionPalette::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        m_model->setIconColor(palette().color(QPalette::Text));
+    QWidget::changeEvent(event);
+}
+
+bool ActionPalette::eventFilter(QObject *watched, QEvent *event)
+{
+    // Up and down go through the list while the search is being typed.
+    if (watched == m_search && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Up || key == Qt::Key_Down) {
+            QApplication::sendEvent(m_view, event);
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QWidget>
+
+class ActionTreeModel;
+class QLineEdit;
+class QSortFilterProxyModel;
+class QTreeView;
+
+/// The searchable list of all actions. An action is dragged to a key, or chosen with a double click
+/// or Enter.
+class ActionPalette : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ActionPalette(QWidget *parent = nullptr);
+
+    /// Goes to the search field.
+    void startSearch();
+    [[nodiscard]] QLineEdit *searchField() const { return m_search; }
+    [[nodiscard]] QTreeView *view() const { return m_view; }
+
+Q_SIGNALS:
+    void actionChosen(const QString &uuid);
+
+protected:
+    void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void filter(const QString &text);
+    void choose(const QModelIndex &index);
+    void selectFirst();
+    [[nodiscard]] int widestRow() const;
+
+    ActionTreeModel *m_model;
+    QSortFilterProxyModel *m_shown;
+    QLineEdit *m_search;
+    QTreeView *m_view;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QWidget>
+
+class QLineEdit;
+class QToolButton;
+
+/// A colour as a text, with a button that shows it and opens a picker. Any text is taken, as the
+/// plugin may be tried with texts that are no colours.
+class ColorField : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ColorField(QWidget *parent = nullptr);
+
+    [[nodiscard]] QString color() const;
+    void setColor(const QString &color);
+    [[nodiscard]] QLineEdit *textField() const { return m_text; }
+    [[nodiscard]] QToolButton *button() const { return m_button; }
+
+Q_SIGNALS:
+    /// The user has chosen another colour.
+    void colorEdited(const QString &color);
+
+private:
+    void showColor();
+    void openPicker();
+    void edit(const QString &color);
+
+    QToolButton *m_button;
+    QLineEdit *m_text;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "deck_simulator/DeckPlace.h"
+
+#include <QMimeData>
+#include <QString>
+
+#include <optional>
+
+/// What is dragged about the deck: an action from the list, or a key from another place. The caller
+/// owns the data.
+QMimeData *actionMime(const QString &action);
+QMimeData *placeMime(const DeckPlace &place);
+
+/// Empty when \a data carries no action.
+QString actionFrom(const QMimeData &data);
+/// Nothing when \a data carries no place.
+std::optional<DeckPlace> placeFrom(const QMimeData &data);
+
+/// The type of an action's data.
+QString actionMimeType();

@@ -1,0 +1,37 @@
+#include "deck_simulator/gui/DeckStatusBar.h"
+
+#include "deck_simulator/DeckReport.h"
+#include "deck_simulator/DeckRunner.h"
+
+#include <QLabel>
+
+DeckStatusBar::DeckStatusBar(QWidget *parent)
+    : QStatusBar(parent)
+    , m_link(new QLabel)
+    , m_plugin(new QLabel)
+    , m_frames(new QLabel)
+    , m_bytes(new QLabel)
+{
+    for (QLabel *label : {m_link, m_plugin, m_frames, m_bytes}) {
+        label->setMargin(fontMetrics().averageCharWidth());
+        addPermanentWidget(label);
+    }
+}
+
+void DeckStatusBar::showState(const DeckRunner &runner)
+{
+    m_link->setText(tr("Link: %1").arg(runner.stateText()));
+    if (runner.pluginPid() > 0)
+        m_plugin->setText(tr("Plugin: process %1").arg(runner.pluginPid()));
+    else if (!runner.lastExit().isEmpty())
+        m_plugin->setText(tr("Plugin: %1").arg(runner.lastExit()));
+    else
+        m_plugin->setText(tr("Plugin: not started"));
+    m_frames->setText(tr("%1 frames/s").arg(runner.framesPerSecond(), 0, 'f', 1));
+    m_bytes->setText(tr("%1/s").arg(byteText(runner.bytesPerSecond())));
+}
+
+QStringList DeckStatusBar::texts() const
+{
+    return {m_link->text(), m_plugin->text(), m_frames->text(), m_bytes->text()};
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QStatusBar>
+
+class DeckRunner;
+class QLabel;
+
+/// The link, its traffic and how the plugin ended last.
+class DeckStatusBar : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    explicit DeckStatusBar(QWidget *parent = nullptr);
+
+    void showState(const DeckRunner &runner);
+    /// What the labels say, from the left.
+    [[nodiscard]] QStringList texts() const;
+
+private:
+    QLabel *m_link;
+    QLabel *m_plugin;
+    QLabel *m_frames;
+    QLabel *m_bytes;
+};

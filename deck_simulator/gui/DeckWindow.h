@@ -1,0 +1,93 @@
+#pragma once
+
+#include "deck_simulator/DeckModel.h"
+#include "deck_simulator/DeckRunner.h"
+#include "deck_simulator/InspectorClient.h"
+#include "deck_simulator/PluginLog.h"
+#include "deck_simulator/ProfileStore.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <chrono>
+
+class ActionPalette;
+class DeckBar;
+class DeckGrid;
+class DeckStatusBar;
+class Inspector;
+class LogView;
+class PluginBar;
+class SettingsPanel;
+
+/// What the window is opened with.
+struct WindowSettings
+{
+    SessionSettings session;
+    QString profileFile;
+    QString language; ///< In place of the profile's; empty: that.
+    /// Where the plugin's data server is looked for.
+    quint16 dataServerPort = InspectorClient::usualPort;
+};
+
+/// The deck on the desktop: the grid in the middle, the list of actions and the settings of the
+/// selected key beside it, the plugin's log below. It keeps its profile in a file, and runs the
+/// plugin for as long as it is open.
+class DeckWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit DeckWindow(const WindowSettings &settings, QWidget *parent = nullptr);
+
+    /// Starts the plugin. For a window that is shown.
+    void start();
+
+    /// Writes a picture of the window to a file once the keys have been shown for some time, and
+    /// closes it.
+    void takeScreenshot(const QString &file, std::chrono::milliseconds after);
+    /// Whether all went well, for the exit status.
+    [[nodiscard]] bool isWell() const { return m_well; }
+
+    [[nodiscard]] DeckModel *model() { return &m_model; }
+    [[nodiscard]] DeckRunner *runner() { return &m_runner; }
+    [[nodiscard]] DeckGrid *grid() const { return m_grid; }
+    [[nodiscard]] SettingsPanel *panel() const { return m_panel; }
+    [[nodiscard]] PluginBar *pluginBar() const { return m_pluginBar; }
+    [[nodiscard]] DeckBar *deckBar() const { return m_deckBar; }
+    [[nodiscard]] DeckStatusBar *deckStatus() const { return m_status; }
+    [[nodiscard]] LogView *logView() const { return m_logView; }
+    [[nodiscard]] ActionPalette *actionList() const { return m_actions; }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void loadProfile(const QString &language);
+    void saveProfile();
+    void addDocks();
+    void addMenus();
+    void connectGrid();
+    void connectRunner();
+    void onStateChanged();
+    void showKey(const QString &context);
+    void putOnCurrent(const QString &action);
+    void showNotice(const QString &text);
+
+    ProfileStore m_store;
+    DeckModel m_model;
+    DeckRunner m_runner;
+    PluginLog m_log;
+    StoredProfile m_profile;
+    QTimer m_saveTimer;
+    DeckGrid *m_grid;
+    ActionPalette *m_actions;
+    SettingsPanel *m_panel;
+    Inspector *m_inspector;
+    PluginBar *m_pluginBar;
+    DeckBar *m_deckBar;
+    LogView *m_logView;
+    DeckStatusBar *m_status;
+    bool m_closing = false;
+    bool m_well = true;
+};

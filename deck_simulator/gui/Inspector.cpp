@@ -1,0 +1,89 @@
+#include "deck_simulator/gui/Inspector.h"
+
+#include "deck_simulator/gui/SettingsForm.h"
+#include "deck_simulator/gui/SettingsPanel.h"
+
+Inspector::Inspector(DeckModel *model, DeckRunner *runner, SettingsPanel *panel,
+                     quint16 dataServerPort, QObject *parent)
+    : QObject(parent)
+    , m_model(model)
+    , m_runner(runner)
+    , m_panel(panel)
+    , m_client(dataServerPort)
+{
+    connect(m_panel, &SettingsPanel::edited, m_model, &DeckModel::changeSettings);
+    connect(m_model, &DeckModel::layoutChanged, this, [this] {
+        forgetMissing();
+        showSelected();
+    });
+    connect(m_model, &DeckModel::settingsAdopted, this, &Inspector::showSettings);
+    connect(m_runner, &DeckRunner::stateChanged, this, &Inspector::ask);
+    connect(m_runner, &DeckRunner::settingsReplied, this,
+            [this](const QString &context, const QJsonObject &reply) {
+                m_replies.insert(context, reply);
+                if (context == m_panel->context())
+                    showLists();
+            });
+    connect(&m_client, &InspectorClient::replied, this, &Inspector::takeReply);
+    showSelected();
+}
+
+void Inspector::select(const DeckPlace &place)
+{
+    m_place = place;
+    showSelected();
+}
+
+void Inspector::showSelected()
+{
+    const DeckEntry *entry = m_model->at(m_place);
+    const bool another = (entry == nullptr ? QString() : entry->context) != m_panel->context();
+    m_panel->setEntry(entry);
+    m_runner->inspect(m_panel->context());
+    if (another)
+        showLists();
+    ask();
+}
+
+void Inspector::forgetMissing()
+{
+    const QStringList contexts = m_replies.keys();
+    for (const QString &context : contexts) {
+        if (m_model->find(context) == nullptr)
+            m_replies.remove(context);
+    }
+}
+
+void Inspector::showLists()
+{
+    if (!m_panel->context().isEmpty())
+        m_panel->form()->setLists(listsFrom(m_replies.value(m_panel->context())));
+}
+
+void Inspector::showSettings(const QString &context)
+{
+    if (context == m_panel->context())
+        m_panel->form()->setSettings(m_model->find(context)->settings);
+}
+
+void Inspector::ask()
+{
+    const DeckEntry *entry = m_runner->isLinked() ? m_model->at(m_place) : nullptr;
+    const QString action = entry == nullptr ? QString() : entry->action;
+    if (action == m_askedFor)
+        return;
+    m_askedFor = action;
+    m_readings.clear();
+    m_panel->setPreview({});
+    m_client.setRequests(inspectorRequests(action));
+}
+
+void Inspector::takeReply(const QByteArray &reply)
+{
+    const DeckEntry *entry = m_model->at(m_place);
+    if (entry == nullptr || !m_readings.take(reply))
+        return;
+    m_panel->setPreview(m_readings.previewText(entry->action, entry->settings));
+    if (!m_readings.sensors().isEmpty())
+        m_panel->form()->setSensors(sensorsFrom(m_readings.sensors()));
+}

@@ -1,0 +1,258 @@
+#include "deck_simulator/gui/KeyCell.h"
+
+#include "deck_simulator/ContactSheet.h"
+#include "deck_simulator/gui/DeckMime.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDrag>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace {
+
+// A deck is dark in a light room too.
+const QColor keyColor(0x08, 0x08, 0x0a);
+const QColor keyEdgeColor(0x4a, 0x4c, 0x52);
+const QColor captionColor(0xa8, 0xac, 0xb4);
+const QColor plusColor(0x6a, 0x6e, 0x76);
+
+QString toolTipOf(const KeyFace &face)
+{
+    const QString text = face.title.isEmpty() ? face.caption : face.title;
+    // As it stands, whatever it looks like.
+    return text.isEmpty()
+               ? QString()
+               : QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped());
+}
+
+} // namespace
+
+KeyCell::KeyCell(const DeckPlace &place, QWidget *parent)
+    : QWidget(parent)
+    , m_place(place)
+{
+    setAcceptDrops(true);
+    setAttribute(Qt::WA_Hover);
+    setFace({});
+}
+
+void KeyCell::setFace(const KeyFace &face)
+{
+    m_face = face;
+    setToolTip(toolTipOf(face));
+    setAccessibleName(face.caption.isEmpty() ? tr("Empty key") : face.caption);
+    setAccessibleDescription(face.title);
+    update();
+}
+
+void KeyCell::setCurrent(bool current)
+{
+    m_current = current;
+    update();
+}
+
+void KeyCell::setDown(bool down)
+{
+    m_down = down;
+    update();
+}
+
+QRect KeyCell::screenRect() const
+{
+    return rect().adjusted(3, 3, -3, -3);
+}
+
+bool KeyCell::pressesAt(const QPoint &point) const
+{
+    return rect().contains(point);
+}
+
+void KeyCell::paintEvent(QPaintEvent *event)
+{
+    Q_UNUSED(event)
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    paintGround(painter);
+    if (m_current) {
+        const qreal radius = qMin(width(), height()) / 7.0;
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 3));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
+    }
+}
+
+void KeyCell::paintGround(QPainter &painter)
+{
+    paintScreen(painter, screenRect());
+}
+
+void KeyCell::paintScreen(QPainter &painter, const QRect &rect)
+{
+    const QRect shown = m_down ? rect.adjusted(2, 2, -2, -2) : rect;
+    const qreal radius = qMin(shown.width(), shown.height()) / 8.0;
+    painter.setPen(QPen(m_dropTarget ? palette().color(QPalette::Highlight) : keyEdgeColor, 1));
+    painter.setBrush(m_hovered ? keyColor.lighter(250) : keyColor);
+    painter.drawRoundedRect(QRectF(shown).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    if (!m_face.picture.isNull())
+        paintPicture(painter, shown);
+    else if (isOccupied())
+        paintCaption(painter, shown);
+    else if (m_hovered || m_dropTarget || m_current)
+        paintPlus(painter, shown);
+}
+
+// As large as a key of the screen's width shows it, as far as the height allows.
+QSize KeyCell::pictureSize(const QSize &screen) const
+{
+    const QSize size = shownPictureSize(m_face.picture.size(), {1, screen.width()});
+    const int room = screen.height() - 2 * qMax(1, screen.height() / 24);
+    return size.height() <= room ? size : size.scaled(size.width(), room, Qt::KeepAspectRatio);
+}
+
+void KeyCell::paintPicture(QPainter &painter, const QRect &rect)
+{
+    const QSize size = pictureSize(rect.size());
+    QRect target(QPoint(), size);
+    target.moveCenter(rect.center());
+    const qreal ratio = devicePixelRatioF();
+    QImage fitted =
+        m_face.picture.scaled(size * ratio, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    fitted.setDevicePixelRatio(ratio);
+    painter.drawImage(target.topLeft(), fitted);
+}
+
+void KeyCell::paintCaption(QPainter &painter, const QRect &rect)
+{
+    const int side = rect.height() * 2 / 5;
+    QRect iconRect(0, 0, side, side);
+    iconRect.moveCenter(QPoint(rect.center().x(), rect.top() + rect.height() * 3 / 10));
+    painter.setOpacity(0.6);
+    m_face.icon.paint(&painter, iconRect);
+    painter.setOpacity(1);
+    QFont small = font();
+    small.setPixelSize(qMax(9, rect.height() / 8));
+    painter.setFont(small);
+    painter.setPen(captionColor);
+    const QRect textRect(rect.left() + 4, rect.top() + rect.height() / 2, rect.width() - 8,
+                         rect.height() / 2 - 4);
+    painter.drawText(textRect, int(Qt::AlignCenter) | Qt::TextWordWrap, m_face.caption);
+}
+
+void KeyCell::paintPlus(QPainter &painter, const QRect &rect)
+{
+    const qreal arm = rect.height() / 8.0;
+    const QPointF center = QRectF(rect).center();
+    painter.setPen(QPen(plusColor, qMax(1.5, arm / 4), Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(center - QPointF(arm, 0), center + QPointF(arm, 0));
+    painter.drawLine(center - QPointF(0, arm), center + QPointF(0, arm));
+}
+
+void KeyCell::mousePressEvent(QMouseEvent *event)
+{
+    Q_EMIT chosen();
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_pressPoint = event->pos();
+    if (isOccupied() && pressesAt(event->pos())) {
+        setDown(true);
+        Q_EMIT pressed();
+    }
+}
+
+void KeyCell::mouseMoveEvent(QMouseEvent *event)
+{
+    const bool far =
+        (event->pos() - m_pressPoint).manhattanLength() >= QApplication::startDragDistance();
+    if ((event->buttons() & Qt::LeftButton) != 0 && far && isOccupied())
+        startDrag();
+}
+
+void KeyCell::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        release();
+}
+
+void KeyCell::release()
+{
+    if (!m_down)
+        return;
+    setDown(false);
+    Q_EMIT released();
+}
+
+void KeyCell::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    mousePressEvent(event);
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT doubleClicked();
+}
+
+void KeyCell::contextMenuEvent(QContextMenuEvent *event)
+{
+    Q_EMIT menuRequested(event->globalPos());
+}
+
+void KeyCell::startDrag()
+{
+    release();
+    auto *drag = new QDrag(this);
+    drag->setMimeData(placeMime(m_place));
+    drag->setPixmap(grab(screenRect()));
+    drag->setHotSpot(m_pressPoint - screenRect().topLeft());
+    drag->exec(Qt::MoveAction);
+}
+
+void KeyCell::enterEvent(QEvent *event)
+{
+    m_hovered = true;
+    update();
+    QWidget::enterEvent(event);
+}
+
+void KeyCell::leaveEvent(QEvent *event)
+{
+    m_hovered = false;
+    update();
+    QWidget::leaveEvent(event);
+}
+
+bool KeyCell::takes(const QMimeData &dragged) const
+{
+    if (!actionFrom(dragged).isEmpty())
+        return !isOccupied();
+    const std::optional<DeckPlace> from = placeFrom(dragged);
+    return from && *from != m_place;
+}
+
+void KeyCell::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!takes(*event->mimeData()))
+        return;
+    event->acceptProposedAction();
+    m_dropTarget = true;
+    update();
+}
+
+void KeyCell::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    m_dropTarget = false;
+    update();
+    QWidget::dragLeaveEvent(event);
+}
+
+void KeyCell::dropEvent(QDropEvent *event)
+{
+    m_dropTarget = false;
+    update();
+    if (!takes(*event->mimeData()))
+        return;
+    event->acceptProposedAction();
+    const QString action = actionFrom(*event->mimeData());
+    if (!action.isEmpty())
+        Q_EMIT actionDropped(action);
+    else if (const std::optional<DeckPlace> from = placeFrom(*event->mimeData()))
+        Q_EMIT keyDropped(*from);
+}

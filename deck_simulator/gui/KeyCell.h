@@ -1,0 +1,75 @@
+#pragma once
+
+#include "deck_simulator/DeckPlace.h"
+#include "deck_simulator/gui/KeyFace.h"
+
+#include <QPoint>
+#include <QWidget>
+
+class QMimeData;
+
+/// One LCD key on the screen. It shows its face and reports what the mouse does to it.
+class KeyCell : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit KeyCell(const DeckPlace &place, QWidget *parent = nullptr);
+
+    [[nodiscard]] const DeckPlace &place() const { return m_place; }
+    [[nodiscard]] const KeyFace &face() const { return m_face; }
+    [[nodiscard]] bool isOccupied() const { return !m_face.caption.isEmpty(); }
+    void setFace(const KeyFace &face);
+    /// The key that the keyboard and the settings panel are at.
+    void setCurrent(bool current);
+    [[nodiscard]] bool isDown() const { return m_down; }
+    void setDown(bool down);
+
+Q_SIGNALS:
+    /// The mouse went down on it.
+    void chosen();
+    void pressed();
+    void released();
+    void doubleClicked();
+    void menuRequested(const QPoint &globalPosition);
+    void actionDropped(const QString &action);
+    void keyDropped(const DeckPlace &from);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+    /// The part that takes the picture.
+    [[nodiscard]] virtual QRect screenRect() const;
+    /// Whether pressing at this point presses the key.
+    [[nodiscard]] virtual bool pressesAt(const QPoint &point) const;
+    /// Paints the ground of the key, below its face.
+    virtual void paintGround(QPainter &painter);
+    void paintScreen(QPainter &painter, const QRect &rect);
+
+private:
+    [[nodiscard]] bool takes(const QMimeData &dragged) const;
+    void startDrag();
+    void release();
+    [[nodiscard]] QSize pictureSize(const QSize &screen) const;
+    void paintPicture(QPainter &painter, const QRect &rect);
+    void paintCaption(QPainter &painter, const QRect &rect);
+    void paintPlus(QPainter &painter, const QRect &rect);
+
+    DeckPlace m_place;
+    KeyFace m_face;
+    QPoint m_pressPoint;
+    bool m_current = false;
+    bool m_down = false;
+    bool m_hovered = false;
+    bool m_dropTarget = false;
+};

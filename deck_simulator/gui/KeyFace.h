@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QIcon>
+#include <QImage>
+#include <QString>
+
+/// What one place of the deck shows.
+struct KeyFace
+{
+    QString caption; ///< The action's; empty: nothing is on the key.
+    QIcon icon;      ///< The action's, for a key without a picture.
+    QString title;   ///< As the plugin sent it.
+    QImage picture;  ///< Likewise; null before the first.
+};

@@ -1,0 +1,85 @@
+#include "deck_simulator/gui/LogView.h"
+
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+enum Source { both, fileOnly, debugOnly };
+
+QFont fixedFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    // Not every platform knows one.
+    if (!QFontInfo(font).fixedPitch()) {
+        font.setFamily(QStringLiteral("monospace"));
+        font.setStyleHint(QFont::TypeWriter);
+    }
+    return font;
+}
+
+} // namespace
+
+LogView::LogView(PluginLog *log, QWidget *parent)
+    : QWidget(parent)
+    , m_log(log)
+    , m_source(new QComboBox)
+    , m_text(new QLineEdit)
+    , m_clear(new QToolButton)
+    , m_view(new QPlainTextEdit)
+{
+    m_source->addItem(tr("Everything"), both);
+    m_source->addItem(tr("log.txt"), fileOnly);
+    m_source->addItem(tr("Debug stream"), debugOnly);
+    m_source->setAccessibleName(tr("Source"));
+    m_text->setPlaceholderText(tr("Filter"));
+    m_text->setClearButtonEnabled(true);
+    m_clear->setText(tr("Clear"));
+    m_view->setReadOnly(true);
+    m_view->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_view->setMaximumBlockCount(LogBuffer::mostLines);
+    m_view->setFont(fixedFont());
+    m_view->setAccessibleName(tr("Log"));
+
+    auto *bar = new QHBoxLayout;
+    bar->addWidget(m_source);
+    bar->addWidget(m_text, 1);
+    bar->addWidget(m_clear);
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(bar);
+    layout->addWidget(m_view);
+
+    connect(m_source, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &LogView::showAll);
+    connect(m_text, &QLineEdit::textChanged, this, &LogView::showAll);
+    connect(m_clear, &QToolButton::clicked, this, [this] {
+        m_log->clear();
+        showAll();
+    });
+    connect(m_log, &PluginLog::lineAdded, this, &LogView::showLine);
+    showAll();
+}
+
+LogFilter LogView::filter() const
+{
+    const int source = m_source->currentData().toInt();
+    return {source != debugOnly, source != fileOnly, m_text->text()};
+}
+
+void LogView::showAll()
+{
+    m_view->setPlainText(m_log->lines().matching(filter()).join(QLatin1Char('\n')));
+    m_view->moveCursor(QTextCursor::End);
+}
+
+void LogView::showLine(const LogLine &line)
+{
+    // It scrolls by itself where the end is in sight.
+    if (matches(line, filter()))
+        m_view->appendPlainText(line.text);
+}

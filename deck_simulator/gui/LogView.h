@@ -1,0 +1,37 @@
+#pragma once
+
+#include "deck_simulator/PluginLog.h"
+
+#include <QWidget>
+
+class QComboBox;
+class QLineEdit;
+class QPlainTextEdit;
+class QToolButton;
+
+/// The plugin's log and debug stream, with a filter. It follows the end unless the user has
+/// scrolled away from it.
+class LogView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// \a log is not owned and outlives this object.
+    explicit LogView(PluginLog *log, QWidget *parent = nullptr);
+
+    [[nodiscard]] QLineEdit *filterField() const { return m_text; }
+    [[nodiscard]] QComboBox *sourceField() const { return m_source; }
+    [[nodiscard]] QPlainTextEdit *view() const { return m_view; }
+    [[nodiscard]] QToolButton *clearButton() const { return m_clear; }
+
+private:
+    [[nodiscard]] LogFilter filter() const;
+    void showAll();
+    void showLine(const LogLine &line);
+
+    PluginLog *m_log;
+    QComboBox *m_source;
+    QLineEdit *m_text;
+    QToolButton *m_clear;
+    QPlainTextEdit *m_view;
+};

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "deck_simulator/SettingsLists.h"
+
+#include <QVector>
+#include <QWidget>
+
+class QLineEdit;
+class QSortFilterProxyModel;
+class QStandardItemModel;
+class QTreeView;
+
+/// A searchable list of sensors in their groups, with what they read.
+class SensorPicker : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SensorPicker(QWidget *parent = nullptr);
+
+    /// The readings alone are renewed where the sensors are the same as before.
+    void setEntries(const QVector<ListEntry> &entries);
+    /// The sensor that is chosen.
+    void setCurrent(const QString &value);
+    [[nodiscard]] QLineEdit *searchField() const { return m_search; }
+    [[nodiscard]] QTreeView *view() const { return m_view; }
+
+Q_SIGNALS:
+    void chosen(const QString &value);
+
+private:
+    void rebuild();
+    void renewReadings();
+    void showCurrent();
+    void filter(const QString &text);
+    void choose(const QModelIndex &index);
+
+    QStandardItemModel *m_model;
+    QSortFilterProxyModel *m_shown;
+    QLineEdit *m_search;
+    QTreeView *m_view;
+    QVector<ListEntry> m_entries;
+    QString m_current;
+};

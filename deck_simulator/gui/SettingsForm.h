@@ -1,0 +1,85 @@
+#pragma once
+
+#include "deck_simulator/KeySettings.h"
+#include "deck_simulator/PanelFields.h"
+#include "deck_simulator/SettingsLists.h"
+
+#include <QWidget>
+
+class ColorField;
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+class QSlider;
+class QSpinBox;
+class SensorPicker;
+
+/// The controls for the settings of one key. Only those that apply to its action are shown.
+class SettingsForm : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SettingsForm(QWidget *parent = nullptr);
+
+    void setAction(const QString &action);
+    /// Shows settings; nothing is reported.
+    void setSettings(const KeySettings &settings);
+    [[nodiscard]] const KeySettings &settings() const { return m_settings; }
+    /// What there is to choose from.
+    void setLists(const SettingsLists &lists);
+    void setSensors(const QVector<ListEntry> &sensors);
+    void focusFirst();
+
+Q_SIGNALS:
+    /// The user has changed a setting.
+    void edited(const KeySettings &settings);
+
+private:
+    void addTitleRows();
+    void addLookRows();
+    void addKindRows();
+    void connectControls();
+    void showFields();
+    void showLists();
+    void addRow(const QString &label, QWidget *field);
+    void showRow(QWidget *field, bool shown);
+    void layOut();
+    void collect();
+
+    struct Row
+    {
+        QLabel *label; // null: the field is as wide as the form
+        QWidget *field;
+        bool shown;
+    };
+
+    QFormLayout *m_layout;
+    QVector<Row> m_rows;
+    QLineEdit *m_title = nullptr;
+    QCheckBox *m_showTitle = nullptr;
+    QComboBox *m_font = nullptr;
+    QSpinBox *m_fontSize = nullptr;
+    QCheckBox *m_fillsKey = nullptr;
+    ColorField *m_color = nullptr;
+    QWidget *m_opacityRow = nullptr;
+    QSlider *m_opacity = nullptr;
+    QLabel *m_opacityText = nullptr;
+    QComboBox *m_temperatureType = nullptr;
+    QComboBox *m_titleLines = nullptr;
+    QComboBox *m_diskMode = nullptr;
+    QComboBox *m_drive = nullptr;
+    QSpinBox *m_switchFrequency = nullptr;
+    QCheckBox *m_showVolumeName = nullptr;
+    QComboBox *m_fan = nullptr;
+    QComboBox *m_physicalDisk = nullptr;
+    QComboBox *m_audioDevice = nullptr;
+    QLabel *m_pump = nullptr;
+    SensorPicker *m_sensor = nullptr;
+    QString m_action;
+    KeySettings m_settings;
+    SettingsLists m_lists;
+    bool m_showing = false;
+};

@@ -1,0 +1,121 @@
+#include "deck_simulator/gui/SettingsPanel.h"
+
+#include "deck_simulator/ActionList.h"
+#include "deck_simulator/gui/ActionIcons.h"
+#include "deck_simulator/gui/SettingsForm.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace {
+
+QString placeText(const DeckPlace &place)
+{
+    return place.dial
+               ? SettingsPanel::tr("Dial %1").arg(place.column + 1)
+               : SettingsPanel::tr("Column %1, row %2").arg(place.column + 1).arg(place.row + 1);
+}
+
+QLabel *makeText()
+{
+    auto *label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
+SettingsPanel::SettingsPanel(QWidget *parent)
+    : QWidget(parent)
+    , m_icon(new QLabel)
+    , m_caption(makeText())
+    , m_place(makeText())
+    , m_preview(makeText())
+    , m_empty(makeText())
+    , m_scroll(new QScrollArea)
+    , m_form(new SettingsForm)
+{
+    QFont large = font();
+    large.setBold(true);
+    large.setPointSizeF(large.pointSizeF() * 1.2);
+    m_caption->setFont(large);
+    m_preview->setObjectName(QStringLiteral("preview"));
+    m_preview->setToolTip(tr("From the plugin's data server"));
+    m_preview->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_empty->setText(tr("Nothing is on this key. Drag an action on it, or double-click one in the "
+                        "list."));
+    m_empty->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    m_scroll->setWidget(m_form);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+
+    auto *head = new QGridLayout;
+    head->addWidget(m_icon, 0, 0, 2, 1);
+    head->addWidget(m_caption, 0, 1);
+    head->addWidget(m_place, 1, 1);
+    head->setColumnStretch(1, 1);
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(head);
+    layout->addWidget(m_preview);
+    layout->addWidget(m_empty, 1);
+    layout->addWidget(m_scroll, 1);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    connect(m_form, &SettingsForm::edited, this,
+            [this](const KeySettings &settings) { Q_EMIT edited(m_context, settings); });
+    setEntry(nullptr);
+}
+
+void SettingsPanel::setEntry(const DeckEntry *entry)
+{
+    const bool shown = entry != nullptr;
+    for (QWidget *widget : std::initializer_list<QWidget *>{m_icon, m_caption, m_place, m_scroll})
+        widget->setVisible(shown);
+    m_empty->setVisible(!shown);
+    if (!shown) {
+        m_context.clear();
+        m_action.clear();
+        setPreview({});
+        return;
+    }
+    if (entry->context != m_context) {
+        m_context = entry->context;
+        m_action = entry->action;
+        m_form->setLists({});
+        setPreview({});
+        showIcon();
+    }
+    m_caption->setText(actionCaption(entry->action));
+    m_place->setText(placeText(entry->place));
+    m_form->setAction(entry->action);
+    m_form->setSettings(entry->settings);
+}
+
+void SettingsPanel::showIcon()
+{
+    const int side = fontMetrics().height() * 2;
+    m_icon->setPixmap(
+        actionIcon(m_action, palette().color(QPalette::WindowText)).pixmap(side, side));
+}
+
+void SettingsPanel::setPreview(const QString &text)
+{
+    m_preview->setText(text.isEmpty() ? QString() : tr("Now: %1").arg(text));
+    m_preview->setVisible(!text.isEmpty());
+}
+
+QString SettingsPanel::preview() const
+{
+    return m_preview->text();
+}
+
+void SettingsPanel::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        showIcon();
+    QWidget::changeEvent(event);
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "deck_simulator/DeckModel.h"
+#include "deck_simulator/SettingsLists.h"
+
+#include <QWidget>
+
+class QLabel;
+class QScrollArea;
+class SettingsForm;
+
+/// The settings of the selected key: what it is, what it reads now, and the form.
+class SettingsPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SettingsPanel(QWidget *parent = nullptr);
+
+    /// Null for an empty place.
+    void setEntry(const DeckEntry *entry);
+    /// The key that is shown; empty for none.
+    [[nodiscard]] const QString &context() const { return m_context; }
+    [[nodiscard]] SettingsForm *form() const { return m_form; }
+    /// What the key reads now, in lines.
+    void setPreview(const QString &text);
+    [[nodiscard]] QString preview() const;
+
+Q_SIGNALS:
+    void edited(const QString &context, const KeySettings &settings);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void showIcon();
+
+    QLabel *m_icon;
+    QLabel *m_caption;
+    QLabel *m_place;
+    QLabel *m_preview;
+    QLabel *m_empty;
+    QScrollArea *m_scroll;
+    SettingsForm *m_form;
+    QString m_context;
+    QString m_action;
+};

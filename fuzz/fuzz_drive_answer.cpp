@@ -1,0 +1,20 @@
+#include "fuzz/FuzzSupport.h"
+#include "system_monitor_lib/live/StorageAnswers.h"
+#include "system_monitor_lib/live/SysfsText.h"
+
+// What a drive answers on Windows.
+
+extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
+{
+    fuzz::silence();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const QByteArray answer = fuzz::bytesOf(data, size);
+    if (const auto celsius = parseDriveCelsius(answer))
+        fuzz::require(isPlausibleCelsius(*celsius));
+    fuzz::require(parseDriveModel(answer).size() <= 2 * answer.size() + 1);
+    return 0;
+}

@@ -1,0 +1,31 @@
+#include "fuzz/FuzzSupport.h"
+#include "system_monitor_lib/live/CpuInfoText.h"
+#include "system_monitor_lib/live/MeminfoText.h"
+#include "system_monitor_lib/live/ProcStatText.h"
+#include "system_monitor_lib/live/TextFields.h"
+
+#include <string_view>
+
+// Files of /proc. Each parser gets each input.
+
+extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
+{
+    fuzz::silence();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const std::string_view text(reinterpret_cast<const char *>(data), size);
+    if (const auto times = parseProcStat(text)) {
+        constexpr quint64 fields = 8;
+        fuzz::require(times->busy <= fields * largestPlausibleNumber);
+        fuzz::require(times->idle <= 2 * largestPlausibleNumber);
+    }
+    if (const auto memory = parseMeminfo(text))
+        fuzz::require(memory->total > 0 && memory->available <= memory->total);
+    parseCpuModel(text);
+    for (const auto &[processor, megahertz] : parseCpuClocks(text))
+        fuzz::require(processor >= 0 && isPlausibleClock(megahertz));
+    return 0;
+}

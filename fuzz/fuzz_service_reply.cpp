@@ -1,0 +1,18 @@
+#include "fuzz/FuzzSupport.h"
+#include "sensors/IoLocalSocket.h"
+#include "sensors/LibreHardwareWebSocket.h"
+
+// What the hardware-information services answer.
+
+extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
+{
+    fuzz::silence();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    serviceResult(fuzz::textOf(data, size));
+    parseServiceReply(fuzz::bytesOf(data, size));
+    return 0;
+}

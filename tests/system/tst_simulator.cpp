@@ -1,0 +1,231 @@
+#include <QColor>
+#include <QDir>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+/// The deck simulator and the plugin, as ./run starts them, on a recorded machine.
+class tst_Simulator : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void playsScripts_data();
+    void playsScripts();
+    void showsEveryKindOfKey();
+    void showsTheWindow();
+
+private:
+    [[nodiscard]] QString path(const char *name) const
+    {
+        return m_folder->filePath(QString::fromLatin1(name));
+    }
+    void run(const QStringList &arguments, const QString &display = {});
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QProcess m_simulator;
+};
+
+namespace {
+
+constexpr int patience = 60000; // milliseconds
+
+QString recording()
+{
+    return QStringLiteral(RECORDINGS_FOLDER "/desktop.json");
+}
+
+// The window's profile: two keys on recorded readings.
+QByteArray profile()
+{
+    const auto key = [](const char *action, int column) {
+        const QJsonObject parameters{{QStringLiteral("showTitle"), false}};
+        return QJsonObject{{QStringLiteral("action"),
+                            QStringLiteral("com.quellor.stream.") + QLatin1String(action)},
+                           {QStringLiteral("column"), column},
+                           {QStringLiteral("row"), 0},
+                           {QStringLiteral("settings"),
+                            QJsonObject{{QStringLiteral("titleParameters"), parameters}}}};
+    };
+    const QJsonObject root{
+        {QStringLiteral("keys"), QJsonArray{key("system.cpu", 0), key("AllDATA", 1)}},
+        {QStringLiteral("grid"), QJsonObject{{QStringLiteral("columns"), 2},
+                                             {QStringLiteral("rows"), 1},
+                                             {QStringLiteral("dials"), 0}}},
+        {QStringLiteral("plugin"), QJsonObject{{QStringLiteral("recording"), recording()}}}};
+    return QJsonDocument(root).toJson();
+}
+
+// An X server of its own, which chooses a free display; it does not outlive this object.
+class XServer
+{
+public:
+    XServer()
+    {
+        m_server.start(QStringLiteral("Xvfb"),
+                       {QStringLiteral("-displayfd"), QStringLiteral("1"),
+                        QStringLiteral("-screen"), QStringLiteral("0"),
+                        QStringLiteral("1400x900x24"), QStringLiteral("-nolisten"),
+                        QStringLiteral("tcp")});
+    }
+
+    ~XServer()
+    {
+        m_server.terminate();
+        if (!m_server.waitForFinished(5000)) {
+            m_server.kill();
+            m_server.waitForFinished();
+        }
+    }
+    Q_DISABLE_COPY(XServer)
+
+    // Empty when it does not start.
+    QString display()
+    {
+        while (!m_server.canReadLine()) {
+            if (!m_server.waitForReadyRead(10000))
+                return {};
+        }
+        return QLatin1Char(':') + QString::fromLatin1(m_server.readLine().trimmed());
+    }
+
+private:
+    QProcess m_server;
+};
+
+} // namespace
+
+void tst_Simulator::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+}
+
+void tst_Simulator::run(const QStringList &arguments, const QString &display)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QString::fromLatin1(name));
+    if (!display.isEmpty())
+        environment.insert(QStringLiteral("DISPLAY"), display);
+    environment.insert(QStringLiteral("SYSTEM_MONITOR_RECORDING"), recording());
+    m_simulator.setProcessEnvironment(environment);
+    m_simulator.start(QStringLiteral(DECK_SIMULATOR),
+                      QStringList{QStringLiteral("--work-dir"), path("work")} + arguments);
+    QVERIFY(m_simulator.waitForFinished(patience));
+    const QByteArray errors = m_simulator.readAllStandardError();
+    QCOMPARE(m_simulator.exitStatus(), QProcess::NormalExit);
+    QVERIFY2(m_simulator.exitCode() == 0, errors.constData());
+}
+
+void tst_Simulator::playsScripts_data()
+{
+    QTest::addColumn<QString>("script");
+    const QDir scripts(QStringLiteral(SCRIPTS_FOLDER));
+    const QStringList names = scripts.entryList({QStringLiteral("*.jsonl")}, QDir::Files);
+    QVERIFY(!names.isEmpty());
+    for (const QString &name : names)
+        QTest::newRow(qPrintable(name)) << scripts.filePath(name);
+}
+
+void tst_Simulator::playsScripts()
+{
+    QFETCH(const QString, script);
+    run({QStringLiteral("--deck=empty"), QStringLiteral("--quiet"), QStringLiteral("--script"),
+         script});
+    QFile log(path("work/log.txt"));
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    QVERIFY(log.readAll().contains("Connect-serverPort: "));
+}
+
+void tst_Simulator::showsEveryKindOfKey()
+{
+    run({QStringLiteral("--deck=kinds"), QStringLiteral("--columns=8"),
+         QStringLiteral("--snapshot"), path("sheet.png")});
+    const QString table = QString::fromUtf8(m_simulator.readAllStandardOutput());
+    // Volume and drive are those of the machine that runs this.
+    const QStringList texts{QStringLiteral("37%"),
+                            QStringLiteral("45°"),
+                            QStringLiteral("4150MHz"),
+                            QStringLiteral("65.3W"),
+                            QStringLiteral("1.225V"),
+                            QStringLiteral("AMD Ryzen 9 5900X"),
+                            QStringLiteral("99%"),
+                            QStringLiteral("51°"),
+                            QStringLiteral("1905MHz"),
+                            QStringLiteral("9501MHz"),
+                            QStringLiteral("49%"),
+                            QStringLiteral("2048MB"),
+                            QStringLiteral("120.0W"),
+                            QStringLiteral("0.913V"),
+                            QStringLiteral("NVIDIA GeForce RTX 3080"),
+                            QStringLiteral("90%"),
+                            QStringLiteral("1.5GB"),
+                            QStringLiteral("14.3GB"),
+                            QStringLiteral("15.8GB"),
+                            QStringLiteral("1536MB"),
+                            QStringLiteral("14592MB"),
+                            QStringLiteral("16128MB"),
+                            QStringLiteral("16G"),
+                            QStringLiteral("1.2Kb/s  3.0MB/s"),
+                            QStringLiteral("40°"),
+                            QStringLiteral("1850RPM"),
+                            QStringLiteral("1200RPM"),
+                            QStringLiteral("51°C"),
+                            QStringLiteral("% Used"),
+                            QStringLiteral("Volume: ")};
+    for (const QString &text : texts)
+        QVERIFY2(table.contains(text), qPrintable(text + QLatin1Char('\n') + table));
+    const QImage sheet(path("sheet.png"));
+    QVERIFY(sheet.width() > 8 * 144 && sheet.height() > 4 * 144);
+}
+
+void tst_Simulator::showsTheWindow()
+{
+    if (QStandardPaths::findExecutable(QStringLiteral("Xvfb")).isEmpty())
+        QSKIP("There is no Xvfb (Debian package xvfb) to open a window on");
+    XServer server;
+    const QString display = server.display();
+    if (display.isEmpty())
+        QSKIP("Xvfb does not start here");
+    QFile file(path("deck.json"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(profile());
+    file.close();
+
+    run({QStringLiteral("--profile"), path("deck.json"), QStringLiteral("--screenshot"),
+         path("window.png"), QStringLiteral("--colors=light")},
+        display);
+    const QImage window(path("window.png"));
+    QVERIFY(window.width() > 600 && window.height() > 400);
+    // The keys are the largest dark part of a light window, the readings are white on them.
+    int dark = 0;
+    int white = 0;
+    for (int y = 0; y < window.height(); ++y) {
+        for (int x = 0; x < window.width(); ++x) {
+            if (qGray(window.pixel(x, y)) > 24)
+                continue;
+            ++dark;
+            for (int right = 1; right < 12 && x + right < window.width(); ++right)
+                white += qGray(window.pixel(x + right, y)) > 240 ? 1 : 0;
+        }
+    }
+    QVERIFY2(dark > 10000, qPrintable(QString::number(dark)));
+    QVERIFY2(white > 1000, qPrintable(QString::number(white)));
+    // The plugin ran and ended as it should: its folder holds its log, and the profile is kept.
+    QVERIFY(QFile::exists(path("work/log.txt")));
+    QVERIFY(QFile::exists(path("deck.json")));
+    QVERIFY(!QFile::exists(path("deck.json.broken")));
+}
+
+QTEST_GUILESS_MAIN(tst_Simulator)
+#include "tst_simulator.moc"

@@ -1,0 +1,505 @@
+#include "deck_simulator/gui/ActionPalette.h"
+#include "deck_simulator/gui/DeckBar.h"
+#include "deck_simulator/gui/DeckGrid.h"
+#include "deck_simulator/gui/DeckStatusBar.h"
+#include "deck_simulator/gui/DeckWindow.h"
+#include "deck_simulator/gui/LogView.h"
+#include "deck_simulator/gui/PluginBar.h"
+#include "deck_simulator/gui/SettingsForm.h"
+#include "deck_simulator/gui/SettingsPanel.h"
+#include "deck_simulator/gui/WindowStyle.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDockWidget>
+#include <QFile>
+#include <QFileDialog>
+#include <QHostAddress>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTreeView>
+#include <QWebSocket>
+#include <QWebSocketServer>
+#include <QtTest>
+
+// The whole window with the scripted plugin, used as by hand.
+class tst_DeckWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void showsAndKeepsADeck();
+    void savesEveryChangeAtOnce();
+    void setsABrokenProfileAside();
+    void showsLivePictures();
+    void putsAnActionFromTheList();
+    void putsOnTheFirstFreeKey();
+    void editsTheSelectedKey();
+    void sendsKeysAndDials();
+    void startsAndStopsThePlugin();
+    void playsTheDeathOfTheHost();
+    void changesTheServicePort();
+    void showsTheLog();
+    void startsAgainInAnotherLanguage();
+    void startsAgainWithARecording();
+    void resizesTheDeck();
+    void showsPreviews();
+    void tellsWhenThePluginCannotStart();
+    void endsThePluginWhenItIsClosed();
+    void takesAScreenshot();
+    void takesALanguageInPlaceOfTheProfiles();
+    void hasColoursThatCanBeRead_data();
+    void hasColoursThatCanBeRead();
+    void cutsNoTextOffInLargeLetters();
+
+private:
+    void open(const char *script = "panel");
+    void reopen();
+    [[nodiscard]] QByteArray content(const QString &file) const;
+    [[nodiscard]] QByteArray received() const
+    {
+        return content(m_folder->filePath(QStringLiteral("work/received.txt")));
+    }
+    [[nodiscard]] QJsonArray storedKeys() const;
+    [[nodiscard]] QString status() const
+    {
+        return m_window->deckStatus()->texts().join(QLatin1Char('|'));
+    }
+    [[nodiscard]] QString context(int column, int row = 0) const
+    {
+        return m_window->model()->at({column, row})->context;
+    }
+    void press(Qt::Key key) { QTest::keyClick(m_window->grid(), key); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<QWebSocketServer> m_dataServer;
+    std::unique_ptr<DeckWindow> m_window;
+    WindowSettings m_settings;
+};
+
+void tst_DeckWindow::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+    m_dataServer =
+        std::make_unique<QWebSocketServer>(QStringLiteral("data"), QWebSocketServer::NonSecureMode);
+    QVERIFY(m_dataServer->listen(QHostAddress::LocalHost));
+    m_settings.session.program = QStringLiteral(SCRIPTED_PLUGIN);
+    m_settings.session.workFolder = m_folder->filePath(QStringLiteral("work"));
+    m_settings.profileFile = m_folder->filePath(QStringLiteral("deck.json"));
+    m_settings.dataServerPort = m_dataServer->serverPort();
+}
+
+void tst_DeckWindow::cleanup()
+{
+    m_window.reset();
+    m_dataServer.reset();
+}
+
+void tst_DeckWindow::reopen()
+{
+    m_window.reset();
+    m_window = std::make_unique<DeckWindow>(m_settings);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+}
+
+// Until the plugin has drawn on the first key.
+void tst_DeckWindow::open(const char *script)
+{
+    qputenv("SCRIPT", script);
+    reopen();
+    m_window->start();
+    QTRY_VERIFY(!m_window->grid()->cell({0, 0})->face().picture.isNull());
+}
+
+QByteArray tst_DeckWindow::content(const QString &name) const
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QJsonArray tst_DeckWindow::storedKeys() const
+{
+    return QJsonDocument::fromJson(content(m_settings.profileFile))
+        .object()
+        .value(QLatin1String("keys"))
+        .toArray();
+}
+
+void tst_DeckWindow::showsAndKeepsADeck()
+{
+    reopen();
+    QVERIFY(m_window->grid()->cell({0, 0})->isOccupied());
+    QCOMPARE(m_window->grid()->cell({0, 0})->face().caption, QStringLiteral("CPU usage"));
+    QVERIFY2(status().contains(QLatin1String("stopped")), qPrintable(status()));
+    const int keys = m_window->model()->entries().size();
+    m_window->model()->move({0, 0}, {7, 3});
+    m_window->close();
+    reopen();
+    QCOMPARE(m_window->model()->entries().size(), keys);
+    QVERIFY(m_window->grid()->cell({7, 3})->isOccupied());
+    QVERIFY(!m_window->grid()->cell({0, 0})->isOccupied());
+}
+
+void tst_DeckWindow::savesEveryChangeAtOnce()
+{
+    reopen();
+    QVERIFY(!QFile::exists(m_settings.profileFile));
+    press(Qt::Key_Delete);
+    QTRY_VERIFY(!storedKeys().isEmpty());
+    QCOMPARE(storedKeys().size(), m_window->model()->entries().size());
+    KeySettings settings = m_window->model()->at({1, 0})->settings;
+    settings.text = QStringLiteral("kept");
+    m_window->model()->changeSettings(context(1), settings);
+    QTRY_VERIFY(content(m_settings.profileFile).contains("\"kept\""));
+}
+
+void tst_DeckWindow::setsABrokenProfileAside()
+{
+    QFile file(m_settings.profileFile);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("{broken");
+    file.close();
+    reopen();
+    QVERIFY(m_window->grid()->cell({0, 0})->isOccupied());
+    QCOMPARE(content(m_settings.profileFile + QStringLiteral(".broken")), QByteArray("{broken"));
+    QVERIFY(m_window->deckStatus()->currentMessage().contains(QLatin1String("deck.json.broken")));
+    QVERIFY(m_window->logView()->view()->toPlainText().contains(QLatin1String("deck.json.broken")));
+}
+
+void tst_DeckWindow::showsLivePictures()
+{
+    open();
+    const KeyCell *cell = m_window->grid()->cell({0, 0});
+    QCOMPARE(cell->face().picture.size(), QSize(60, 20));
+    QVERIFY(cell->toolTip().contains(QLatin1String("drawn")));
+    QTRY_VERIFY2(status().contains(QLatin1String("Link: registered")), qPrintable(status()));
+    QVERIFY(status().contains(QLatin1String("frames/s")));
+    QVERIFY(status().contains(QLatin1String("B/s")));
+    m_window->runner()->stop();
+    QTRY_VERIFY(cell->face().picture.isNull());
+    QVERIFY2(status().contains(QLatin1String("exit status 0")), qPrintable(status()));
+}
+
+void tst_DeckWindow::putsAnActionFromTheList()
+{
+    open();
+    m_window->grid()->setCurrent({6, 2});
+    press(Qt::Key_F2);
+    QLineEdit *search = m_window->actionList()->searchField();
+    QTest::keyClicks(search, QStringLiteral("pump"));
+    QTest::keyClick(search, Qt::Key_Return);
+    QCOMPARE(m_window->model()->at({6, 2})->action, QStringLiteral("com.quellor.stream.PumpSpeed"));
+    QTRY_VERIFY(received().contains("com.quellor.stream.PumpSpeed"));
+    QTRY_VERIFY(!m_window->grid()->cell({6, 2})->face().picture.isNull());
+    QCOMPARE(m_window->panel()->context(), context(6, 2));
+}
+
+void tst_DeckWindow::putsOnTheFirstFreeKey()
+{
+    reopen();
+    const DeckPlace free = m_window->model()->firstEmptyKey();
+    Q_EMIT m_window->actionList()->actionChosen(QStringLiteral("com.quellor.stream.AllDATA"));
+    QVERIFY(m_window->model()->at(free) != nullptr);
+    QVERIFY(m_window->grid()->current() == free);
+    m_window->model()->setGrid({1, 1});
+    const int keys = m_window->model()->entries().size();
+    Q_EMIT m_window->actionList()->actionChosen(QStringLiteral("com.quellor.stream.AllDATA"));
+    QCOMPARE(m_window->model()->entries().size(), keys);
+    QVERIFY(m_window->deckStatus()->currentMessage().contains(QLatin1String("No key is free")));
+}
+
+void tst_DeckWindow::editsTheSelectedKey()
+{
+    open();
+    press(Qt::Key_F2);
+    auto *title = m_window->panel()->findChild<QLineEdit *>(QStringLiteral("title"));
+    QVERIFY(title != nullptr);
+    QCOMPARE(title->text(), QStringLiteral("CPU"));
+    QTest::keyClicks(title, QStringLiteral("Processor"));
+    QCOMPARE(m_window->model()->at({0, 0})->settings.text, QStringLiteral("Processor"));
+    QTRY_VERIFY(received().contains("\"text\":\"Processor\""));
+    QVERIFY(received().contains("didReceiveSettings"));
+    QVERIFY(received().contains("propertyInspectorDidAppear"));
+    QCOMPARE(title->text(), QStringLiteral("Processor"));
+
+    press(Qt::Key_Right);
+    QCOMPARE(m_window->panel()->context(), context(1));
+    QVERIFY(title->text() != QLatin1String("Processor"));
+    QTRY_VERIFY(received().contains("propertyInspectorDidDisappear"));
+    press(Qt::Key_Delete);
+    QCOMPARE(m_window->panel()->context(), QString());
+}
+
+void tst_DeckWindow::sendsKeysAndDials()
+{
+    open();
+    QTest::mouseClick(m_window->grid()->cell({0, 0}), Qt::LeftButton);
+    QTRY_VERIFY(received().contains("\"keyUp\""));
+    QVERIFY(received().contains("\"keyDown\""));
+    m_window->model()->put({0, 0, true}, QStringLiteral("com.quellor.stream.system.volume"));
+    m_window->grid()->setCurrent({0, 0, true});
+    press(Qt::Key_PageUp);
+    press(Qt::Key_Return);
+    QTRY_VERIFY(received().count("\"dialPress\"") == 2);
+    QVERIFY(received().contains("\"dialRotate\""));
+}
+
+void tst_DeckWindow::startsAndStopsThePlugin()
+{
+    open();
+    PluginBar *bar = m_window->pluginBar();
+    QVERIFY(!bar->startAction()->isEnabled());
+    bar->stopAction()->trigger();
+    QTRY_VERIFY(!m_window->runner()->isRunning());
+    QVERIFY(bar->startAction()->isEnabled());
+    QVERIFY(!bar->stopAction()->isEnabled());
+    QVERIFY(!bar->dieAction()->isEnabled());
+    bar->startAction()->trigger();
+    QTRY_VERIFY(m_window->runner()->isLinked());
+    const qint64 pid = m_window->runner()->pluginPid();
+    bar->restartAction()->trigger();
+    QTRY_VERIFY(m_window->runner()->isLinked() && m_window->runner()->pluginPid() != pid);
+}
+
+void tst_DeckWindow::playsTheDeathOfTheHost()
+{
+    open();
+    m_window->pluginBar()->dieAction()->trigger();
+    QTRY_VERIFY(!m_window->runner()->isRunning());
+    QVERIFY(!received().contains("willDisappear"));
+    QVERIFY2(status().contains(QLatin1String("exit status 0")), qPrintable(status()));
+}
+
+void tst_DeckWindow::changesTheServicePort()
+{
+    open();
+    m_window->pluginBar()->portAction()->trigger();
+    QTRY_VERIFY(received().contains("hwInfoPort"));
+    QVERIFY(m_window->deckStatus()->currentMessage().contains(QLatin1String("port")));
+}
+
+void tst_DeckWindow::showsTheLog()
+{
+    qputenv("SCRIPT", "refuse");
+    reopen();
+    m_window->start();
+    QTRY_VERIFY(!m_window->runner()->isRunning());
+    const QString log = m_window->logView()->view()->toPlainText();
+    QVERIFY2(log.contains(QLatin1String("first line\n")), qPrintable(log));
+    QVERIFY(log.contains(QLatin1String("exit status 3")));
+}
+
+void tst_DeckWindow::startsAgainInAnotherLanguage()
+{
+    open();
+    PluginBar *bar = m_window->pluginBar();
+    QSignalSpy linked(m_window->runner(), &DeckRunner::linked);
+    bar->languageField()->setCurrentIndex(1);
+    Q_EMIT bar->languageField()->activated(1);
+    QTRY_COMPARE(linked.count(), 1);
+    QTest::mouseClick(bar->stripField(), Qt::LeftButton, {},
+                      QPoint(8, bar->stripField()->height() / 2));
+    QTRY_COMPARE(linked.count(), 2);
+    const QList<QByteArray> infos =
+        content(m_folder->filePath(QStringLiteral("work/info.txt"))).split('\n');
+    QVERIFY(infos.at(0).contains("\"language\":\"en\""));
+    QVERIFY(infos.at(1).contains("\"language\":\"zh_CN\""));
+    QVERIFY(infos.at(2).contains("language:zh_CN,"));
+    QTRY_VERIFY(content(m_settings.profileFile).contains("\"zh_CN\""));
+    reopen();
+    QCOMPARE(m_window->pluginBar()->languageField()->currentText(), QStringLiteral("中文"));
+    QVERIFY(m_window->pluginBar()->stripField()->isChecked());
+}
+
+void tst_DeckWindow::startsAgainWithARecording()
+{
+    open();
+    QComboBox *readings = m_window->pluginBar()->readingsField();
+    QSignalSpy linked(m_window->runner(), &DeckRunner::linked);
+    const auto activate = [readings](int index) {
+        readings->setCurrentIndex(index);
+        Q_EMIT readings->activated(index);
+    };
+    activate(readings->count() - 1);
+    auto *dialog = m_window->findChild<QFileDialog *>();
+    QVERIFY(dialog != nullptr);
+    QCOMPARE(readings->currentIndex(), 0); // nothing is chosen yet
+    dialog->reject();
+    const QString file = m_folder->filePath(QStringLiteral("machine.json"));
+    m_window->pluginBar()->useRecording(file);
+    QTRY_COMPARE(linked.count(), 1);
+    QCOMPARE(readings->currentText(), QStringLiteral("machine.json"));
+    activate(0);
+    QTRY_COMPARE(linked.count(), 2);
+    activate(1); // it is still offered
+    QTRY_COMPARE(linked.count(), 3);
+    const QByteArray recordings = content(m_folder->filePath(QStringLiteral("work/recording.txt")));
+    QCOMPARE(recordings, QByteArray("\n") + file.toUtf8() + "\n\n" + file.toUtf8() + "\n");
+}
+
+void tst_DeckWindow::resizesTheDeck()
+{
+    reopen();
+    DeckBar *bar = m_window->deckBar();
+    QCOMPARE(bar->columnsField()->value(), 8);
+    QTest::keyClick(bar->columnsField(), Qt::Key_Down);
+    QTest::keyClick(bar->rowsField(), Qt::Key_Up);
+    QTest::keyClick(bar->dialsField(), Qt::Key_Down);
+    QCOMPARE(m_window->model()->grid(), QSize(7, 5));
+    QCOMPARE(m_window->model()->dials(), 3);
+    QVERIFY(m_window->grid()->cell({6, 4}) != nullptr);
+    m_window->model()->setGrid({2, 2});
+    QCOMPARE(bar->rowsField()->value(), 2);
+}
+
+void tst_DeckWindow::showsPreviews()
+{
+    QObject::connect(
+        m_dataServer.get(), &QWebSocketServer::newConnection, m_dataServer.get(), [this] {
+            QWebSocket *client = m_dataServer->nextPendingConnection();
+            QObject::connect(
+                client, &QWebSocket::textMessageReceived, client, [client](const QString &request) {
+                    client->sendTextMessage(QStringLiteral("{\"event\":\"%1\",\"info\":"
+                                                           "\"37%\"}")
+                                                .arg(request));
+                });
+        });
+    open();
+    QTRY_COMPARE(m_window->panel()->preview(), QStringLiteral("Now: 37%"));
+    m_window->grid()->setCurrent({7, 3});
+    QCOMPARE(m_window->panel()->preview(), QString());
+    m_window->grid()->setCurrent({0, 0});
+    QTRY_COMPARE(m_window->panel()->preview(), QStringLiteral("Now: 37%"));
+    m_window->runner()->stop();
+    QTRY_COMPARE(m_window->panel()->preview(), QString());
+}
+
+void tst_DeckWindow::tellsWhenThePluginCannotStart()
+{
+    m_settings.session.program = QStringLiteral("/no/such/plugin");
+    reopen();
+    m_window->start();
+    QTRY_VERIFY(!m_window->runner()->isRunning());
+    QVERIFY(m_window->deckStatus()->currentMessage().contains(QLatin1String("/no/such/plugin")));
+    QVERIFY(m_window->pluginBar()->startAction()->isEnabled());
+}
+
+void tst_DeckWindow::endsThePluginWhenItIsClosed()
+{
+    open();
+    QVERIFY(!m_window->close()); // not before the plugin has ended
+    QTRY_VERIFY(!m_window->isVisible());
+    QVERIFY(!m_window->runner()->isRunning());
+    QCOMPARE(m_window->runner()->lastExit(), QStringLiteral("exit status 0"));
+
+    open("stubborn");
+    QVERIFY(!m_window->close());
+    QVERIFY(!m_window->close()); // does not wait
+    QTRY_VERIFY(!m_window->isVisible());
+}
+
+void tst_DeckWindow::takesAScreenshot()
+{
+    qputenv("SCRIPT", "panel");
+    reopen();
+    const QString file = m_folder->filePath(QStringLiteral("window.png"));
+    m_window->takeScreenshot(file, std::chrono::milliseconds(100));
+    const QSize size = m_window->size();
+    m_window->start();
+    QTRY_VERIFY(!m_window->isVisible());
+    QVERIFY(m_window->isWell());
+    QCOMPARE(QImage(file).size(), size * m_window->devicePixelRatioF());
+}
+
+void tst_DeckWindow::takesALanguageInPlaceOfTheProfiles()
+{
+    m_settings.language = QStringLiteral("zh_CN");
+    reopen();
+    m_settings.language.clear();
+    QCOMPARE(m_window->runner()->launch().language, QStringLiteral("zh_CN"));
+    QCOMPARE(m_window->pluginBar()->languageField()->currentData().toString(),
+             QStringLiteral("zh_CN"));
+}
+
+void tst_DeckWindow::hasColoursThatCanBeRead_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isDark");
+    QTest::newRow("light") << QStringLiteral("light") << false;
+    QTest::newRow("dark") << QStringLiteral("dark") << true;
+}
+
+void tst_DeckWindow::hasColoursThatCanBeRead()
+{
+    QFETCH(const QString, name);
+    QFETCH(const bool, isDark);
+    reopen();
+    applyColors(name);
+    const QPalette palette = m_window->actionList()->palette();
+    QCOMPARE(qGray(palette.color(QPalette::Window).rgb()) < 128, isDark);
+    const QVector<QPair<QPalette::ColorRole, QPalette::ColorRole>> pairs{
+        {QPalette::WindowText, QPalette::Window},
+        {QPalette::Text, QPalette::Base},
+        {QPalette::Text, QPalette::AlternateBase},
+        {QPalette::ButtonText, QPalette::Button},
+        {QPalette::ToolTipText, QPalette::ToolTipBase},
+        {QPalette::HighlightedText, QPalette::Highlight}};
+    for (const auto &pair : pairs) {
+        const int contrast =
+            qAbs(qGray(palette.color(pair.first).rgb()) - qGray(palette.color(pair.second).rgb()));
+        QVERIFY2(contrast > 90, qPrintable(QString::number(int(pair.first))));
+    }
+    // The pictures in the list follow.
+    const QAbstractItemModel &actions = *m_window->actionList()->view()->model();
+    const QModelIndex first = actions.index(0, 0, actions.index(0, 0));
+    const QImage icon = first.data(Qt::DecorationRole).value<QIcon>().pixmap(72, 72).toImage();
+    QCOMPARE(QColor(icon.pixel(36, 36)).alpha(), 255);
+    bool found = false;
+    for (int y = 0; y < icon.height(); ++y) {
+        for (int x = 0; x < icon.width(); ++x)
+            found = found || icon.pixel(x, y) == palette.color(QPalette::Text).rgb();
+    }
+    QVERIFY(found);
+}
+
+void tst_DeckWindow::cutsNoTextOffInLargeLetters()
+{
+    const QFont usual = QApplication::font();
+    applyTextSize(125);
+    reopen();
+    QCoreApplication::processEvents();
+    const QList<QWidget *> widgets = m_window->findChildren<QWidget *>();
+    int texts = 0;
+    for (const QWidget *widget : widgets) {
+        const auto *button = qobject_cast<const QAbstractButton *>(widget);
+        const auto *label = qobject_cast<const QLabel *>(widget);
+        const bool hasText = (button != nullptr && !button->text().isEmpty()) ||
+                             (label != nullptr && !label->text().isEmpty() && !label->wordWrap());
+        if (!hasText || !widget->isVisible())
+            continue;
+        ++texts;
+        QVERIFY2(widget->width() >= widget->minimumSizeHint().width() &&
+                     widget->height() >= widget->fontMetrics().height(),
+                 qPrintable(button != nullptr ? button->text() : label->text()));
+        QVERIFY(m_window->rect().contains(
+            QRect(widget->mapTo(m_window.get(), QPoint()), widget->size()).center()));
+    }
+    QVERIFY2(texts > 15, qPrintable(QString::number(texts)));
+    QApplication::setFont(usual);
+}
+
+QTEST_MAIN(tst_DeckWindow)
+#include "tst_DeckWindow.moc"

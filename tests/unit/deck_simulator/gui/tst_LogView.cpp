@@ -1,0 +1,96 @@
+#include "deck_simulator/gui/LogView.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QtTest>
+
+class tst_LogView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void showsLinesAsTheyCome();
+    void showsWhatWasThereBefore();
+    void filters();
+    void clears();
+    void staysWhereTheUserReads();
+
+private:
+    [[nodiscard]] QStringList shown() const
+    {
+        return m_view->view()->toPlainText().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
+
+    std::unique_ptr<PluginLog> m_log;
+    std::unique_ptr<LogView> m_view;
+};
+
+void tst_LogView::init()
+{
+    m_view.reset();
+    m_log = std::make_unique<PluginLog>();
+    m_view = std::make_unique<LogView>(m_log.get());
+    m_view->resize(500, 200);
+    m_view->show();
+}
+
+void tst_LogView::showsLinesAsTheyCome()
+{
+    m_log->tell(QStringLiteral("one"));
+    m_log->tell(QStringLiteral("two <b>"));
+    QCOMPARE(shown().size(), 2);
+    QVERIFY(shown().at(1).endsWith(QLatin1String("two <b>")));
+}
+
+void tst_LogView::showsWhatWasThereBefore()
+{
+    m_log->tell(QStringLiteral("early"));
+    const LogView another(m_log.get());
+    QVERIFY(another.view()->toPlainText().endsWith(QLatin1String("early")));
+}
+
+void tst_LogView::filters()
+{
+    m_log->tell(QStringLiteral("an apple"));
+    m_log->tell(QStringLiteral("a pear"));
+    QTest::keyClicks(m_view->filterField(), QStringLiteral("APPLE"));
+    QCOMPARE(shown().size(), 1);
+    m_log->tell(QStringLiteral("another pear"));
+    m_log->tell(QStringLiteral("another apple"));
+    QCOMPARE(shown().size(), 2);
+    m_view->filterField()->clear();
+    QCOMPARE(shown().size(), 4);
+    QTest::keyClick(m_view->sourceField(), Qt::Key_Down);
+    QCOMPARE(m_view->sourceField()->currentText(), QStringLiteral("log.txt"));
+    QCOMPARE(shown().size(), 4); // what the simulator tells is always shown
+}
+
+void tst_LogView::clears()
+{
+    m_log->tell(QStringLiteral("gone"));
+    QTest::mouseClick(m_view->clearButton(), Qt::LeftButton);
+    QVERIFY(shown().isEmpty());
+    m_log->tell(QStringLiteral("new"));
+    QCOMPARE(shown().size(), 1);
+}
+
+void tst_LogView::staysWhereTheUserReads()
+{
+    for (int line = 0; line < 200; ++line)
+        m_log->tell(QString::number(line));
+    QScrollBar *bar = m_view->view()->verticalScrollBar();
+    QCOMPARE(bar->value(), bar->maximum());
+    m_log->tell(QStringLiteral("followed"));
+    QCOMPARE(bar->value(), bar->maximum());
+    bar->setValue(10);
+    m_log->tell(QStringLiteral("later"));
+    QCOMPARE(bar->value(), 10);
+}
+
+QTEST_MAIN(tst_LogView)
+#include "tst_LogView.moc"

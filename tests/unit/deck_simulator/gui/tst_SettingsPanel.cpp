@@ -1,0 +1,425 @@
+#include "deck_simulator/gui/ColorField.h"
+#include "deck_simulator/gui/SensorPicker.h"
+#include "deck_simulator/gui/SettingsForm.h"
+#include "deck_simulator/gui/SettingsPanel.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QSpinBox>
+#include <QToolButton>
+#include <QTreeView>
+#include <QtTest>
+
+// The panel with lists as the plugin gives them, used as by hand.
+class tst_SettingsPanel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void saysWhenThereIsNothing();
+    void showsWhatApplies_data();
+    void showsWhatApplies();
+    void reportsNothingByItself();
+    void editsTheTitle();
+    void editsTheLook();
+    void editsTheColour();
+    void picksAColour();
+    void takesAColourBack();
+    void choosesFonts();
+    void keepsAFontThatIsNotInTheList();
+    void choosesDrives();
+    void switchesBetweenDiskModes();
+    void choosesFansAndDisksAndDevices();
+    void choosesUnits();
+    void searchesSensors();
+    void renewsReadingsInPlace();
+    void forgetsListsOfAnotherKey();
+    void showsPreviewsAsPlainText();
+    void cutsNoTextOff_data();
+    void cutsNoTextOff();
+
+private:
+    void show(const char *action, const KeySettings &settings = {});
+    template <typename Control>
+    [[nodiscard]] Control *control(const char *name) const
+    {
+        return m_panel->findChild<Control *>(QString::fromLatin1(name));
+    }
+    [[nodiscard]] KeySettings last() const
+    {
+        return m_edits->constLast().at(1).value<KeySettings>();
+    }
+    void choose(const char *combo, const QString &label);
+
+    std::unique_ptr<SettingsPanel> m_panel;
+    std::unique_ptr<QSignalSpy> m_edits;
+};
+
+Q_DECLARE_METATYPE(KeySettings)
+
+namespace {
+
+SettingsLists someLists()
+{
+    SettingsLists lists;
+    lists.fonts = {{QStringLiteral("Roboto|Bold"), QStringLiteral("Roboto Bold"), {}, {}},
+                   {QStringLiteral("Roboto|Light"), QStringLiteral("Roboto Light"), {}, {}}};
+    lists.drives = {{QStringLiteral("0"), QStringLiteral("/"), {}, {}},
+                    {QStringLiteral("1"), QStringLiteral("/home"), {}, {}}};
+    lists.fans = {
+        {QStringLiteral("CPU Fan"), QStringLiteral("CPU Fan"), {}, QStringLiteral("9RPM")},
+        {QStringLiteral("CPU Fan 2"), QStringLiteral("CPU Fan 2"), {}, {}}};
+    lists.disks = {{QStringLiteral("Disk A"), QStringLiteral("Disk A"), {}, {}},
+                   {QStringLiteral("Disk B"), QStringLiteral("Disk B"), {}, {}}};
+    lists.audioDevices = {{QStringLiteral("Speakers"), QStringLiteral("Speakers"), {}, {}},
+                          {QStringLiteral("耳机"), QStringLiteral("耳机"), {}, {}}};
+    lists.sensors = {{QStringLiteral("Core 0"), QStringLiteral("Core 0"), QStringLiteral("CPU"),
+                      QStringLiteral("45°C")},
+                     {QStringLiteral("Core 1"), QStringLiteral("Core 1"), QStringLiteral("CPU"),
+                      QStringLiteral("46°C")},
+                     {QStringLiteral("Load"), QStringLiteral("Load"), QStringLiteral("GPU"),
+                      QStringLiteral("3%")}};
+    lists.pump = QStringLiteral("1850RPM");
+    return lists;
+}
+
+QString uuid(const char *name)
+{
+    return QStringLiteral("com.quellor.stream.") + QLatin1String(name);
+}
+
+} // namespace
+
+void tst_SettingsPanel::init()
+{
+    qRegisterMetaType<KeySettings>("KeySettings");
+    m_panel = std::make_unique<SettingsPanel>();
+    m_panel->resize(420, 700);
+    m_panel->show();
+    m_edits = std::make_unique<QSignalSpy>(m_panel.get(), &SettingsPanel::edited);
+}
+
+void tst_SettingsPanel::show(const char *action, const KeySettings &settings)
+{
+    const DeckEntry entry{QStringLiteral("context"), uuid(action), {2, 1}, settings};
+    m_panel->setEntry(&entry);
+    m_panel->form()->setLists(someLists());
+    QCOMPARE(m_edits->count(), 0);
+}
+
+// As a user does: the list is opened, an entry is activated.
+void tst_SettingsPanel::choose(const char *name, const QString &label)
+{
+    auto *combo = control<QComboBox>(name);
+    const int index = combo->findText(label);
+    QVERIFY2(index >= 0, qPrintable(label));
+    combo->setCurrentIndex(index);
+    Q_EMIT combo->activated(index);
+}
+
+void tst_SettingsPanel::saysWhenThereIsNothing()
+{
+    const auto shownTexts = [this] {
+        QString texts;
+        const QList<QLabel *> labels = m_panel->findChildren<QLabel *>();
+        for (const QLabel *label : labels) {
+            if (label->isVisible())
+                texts += label->text();
+        }
+        return texts;
+    };
+    QVERIFY(shownTexts().contains(QLatin1String("Nothing is on this key")));
+    QVERIFY(!m_panel->form()->isVisible());
+    show("system.cpu");
+    QVERIFY(shownTexts().contains(QLatin1String("CPU usage")));
+    QVERIFY(shownTexts().contains(QLatin1String("Column 3, row 2")));
+    QVERIFY(m_panel->form()->isVisible());
+    m_panel->setEntry(nullptr);
+    QVERIFY(m_panel->context().isEmpty());
+    QVERIFY(!m_panel->form()->isVisible());
+}
+
+void tst_SettingsPanel::showsWhatApplies_data()
+{
+    QTest::addColumn<QByteArray>("action");
+    QTest::addColumn<QStringList>("shown");
+    const auto row = [](const char *action, const char *shown) {
+        QTest::newRow(action) << QByteArray(action)
+                              << QString::fromLatin1(shown).split(QLatin1Char(' '),
+                                                                  Qt::SkipEmptyParts);
+    };
+    row("system.cpu", "");
+    row("system.cpu.temperature", "temperatureType");
+    row("system.NetWork", "titleLines");
+    row("system.PhysicalDisk", "diskMode drive showVolumeName");
+    row("system.PhysicalDisk.Temperature", "temperatureType physicalDisk");
+    row("system.volume", "audioDevice");
+    row("CPUFan", "fan");
+    row("PumpSpeed", "pump");
+    row("AllDATA", "sensor");
+}
+
+void tst_SettingsPanel::showsWhatApplies()
+{
+    QFETCH(const QByteArray, action);
+    QFETCH(const QStringList, shown);
+    show(action.constData());
+    for (const char *name :
+         {"temperatureType", "titleLines", "diskMode", "drive", "switchFrequency", "showVolumeName",
+          "physicalDisk", "audioDevice", "fan", "pump", "sensor"}) {
+        const auto *field = control<QWidget>(name);
+        QVERIFY2(field != nullptr, name);
+        QVERIFY2(field->isVisibleTo(m_panel.get()) == shown.contains(QString::fromLatin1(name)),
+                 name);
+    }
+    for (const char *name : {"title", "showTitle", "font", "fontSize", "color", "opacity"})
+        QVERIFY2(control<QWidget>(name)->isVisibleTo(m_panel.get()), name);
+}
+
+void tst_SettingsPanel::reportsNothingByItself()
+{
+    KeySettings settings;
+    settings.text = QStringLiteral("x");
+    settings.fontSize = 50;
+    settings.opacity = 0.5;
+    settings.diskMode = QStringLiteral("Disk_Loop");
+    show("system.PhysicalDisk", settings);
+    m_panel->form()->setSettings({});
+    m_panel->form()->setLists({});
+    m_panel->form()->setSensors(someLists().sensors);
+    QCOMPARE(m_edits->count(), 0);
+}
+
+void tst_SettingsPanel::editsTheTitle()
+{
+    show("system.cpu");
+    m_panel->form()->focusFirst();
+    QTest::keyClicks(control<QLineEdit>("title"), QStringLiteral("Hi"));
+    QCOMPARE(m_edits->count(), 2);
+    QCOMPARE(last().text, QStringLiteral("Hi"));
+    QCOMPARE(m_edits->constLast().at(0).toString(), QStringLiteral("context"));
+    QTest::mouseClick(control<QCheckBox>("showTitle"), Qt::LeftButton, {}, QPoint(8, 8));
+    QCOMPARE(m_edits->count(), 3);
+    QVERIFY(!last().showTitle);
+}
+
+void tst_SettingsPanel::editsTheLook()
+{
+    show("system.cpu");
+    auto *size = control<QSpinBox>("fontSize");
+    size->selectAll();
+    QTest::keyClicks(size, QStringLiteral("4"));
+    QCOMPARE(last().fontSize, 4);
+    QTest::keyClick(size, Qt::Key_Up);
+    QCOMPARE(last().fontSize, 5);
+    auto *opacity = control<QSlider>("opacity");
+    QTest::keyClick(opacity, Qt::Key_End);
+    QCOMPARE(last().opacity, 1.0);
+    QTest::keyClick(opacity, Qt::Key_Left);
+    QCOMPARE(last().opacity, 0.99);
+    QTest::mouseClick(control<QCheckBox>("fillsKey"), Qt::LeftButton, {}, QPoint(8, 8));
+    QVERIFY(last().fillsKey);
+}
+
+void tst_SettingsPanel::editsTheColour()
+{
+    show("system.cpu");
+    QLineEdit *text = control<ColorField>("color")->textField();
+    text->selectAll();
+    QTest::keyClicks(text, QStringLiteral("red"));
+    QCOMPARE(last().color, QStringLiteral("red"));
+    QTest::keyClicks(text, QStringLiteral("dish"));
+    QCOMPARE(last().color, QStringLiteral("reddish")); // the plugin may be tried with it
+}
+
+void tst_SettingsPanel::picksAColour()
+{
+    show("system.cpu");
+    auto *field = control<ColorField>("color");
+    QTest::mouseClick(field->button(), Qt::LeftButton);
+    auto *picker = field->findChild<QColorDialog *>();
+    QVERIFY(picker != nullptr);
+    picker->setCurrentColor(QColor(0x12, 0x34, 0x56));
+    QCOMPARE(last().color, QStringLiteral("#123456")); // while it is open
+    picker->accept();
+    QCOMPARE(field->color(), QStringLiteral("#123456"));
+}
+
+void tst_SettingsPanel::takesAColourBack()
+{
+    show("system.cpu");
+    auto *field = control<ColorField>("color");
+    QTest::mouseClick(field->button(), Qt::LeftButton);
+    auto *picker = field->findChild<QColorDialog *>();
+    picker->setCurrentColor(Qt::red);
+    picker->reject();
+    QCOMPARE(last().color, QStringLiteral("#ffffff"));
+}
+
+void tst_SettingsPanel::choosesFonts()
+{
+    show("system.cpu");
+    choose("font", QStringLiteral("Roboto Light"));
+    QCOMPARE(last().fontFamily, QStringLiteral("Roboto|Light"));
+}
+
+void tst_SettingsPanel::keepsAFontThatIsNotInTheList()
+{
+    KeySettings settings;
+    settings.fontFamily = QStringLiteral("Lost|Regular");
+    show("system.cpu", settings);
+    QCOMPARE(control<QComboBox>("font")->currentText(), QStringLiteral("Lost|Regular"));
+    m_panel->form()->focusFirst();
+    QTest::keyClicks(control<QLineEdit>("title"), QStringLiteral("x"));
+    QCOMPARE(last().fontFamily, QStringLiteral("Lost|Regular"));
+}
+
+void tst_SettingsPanel::choosesDrives()
+{
+    show("system.PhysicalDisk");
+    choose("drive", QStringLiteral("/home"));
+    QCOMPARE(last().volumeNameItem, QStringLiteral("1"));
+    QTest::mouseClick(control<QCheckBox>("showVolumeName"), Qt::LeftButton, {}, QPoint(8, 8));
+    QVERIFY(!last().showVolumeName);
+}
+
+void tst_SettingsPanel::switchesBetweenDiskModes()
+{
+    show("system.PhysicalDisk");
+    choose("diskMode", QStringLiteral("Each drive in turn"));
+    QCOMPARE(last().diskMode, QStringLiteral("Disk_Loop"));
+    QVERIFY(control<QWidget>("switchFrequency")->isVisibleTo(m_panel.get()));
+    QVERIFY(!control<QWidget>("drive")->isVisibleTo(m_panel.get()));
+    control<QSpinBox>("switchFrequency")->setValue(9);
+    QCOMPARE(last().switchFrequency, 9);
+    choose("diskMode", QStringLiteral("All drives together"));
+    QCOMPARE(last().diskMode, QStringLiteral("Total_Disks"));
+    QVERIFY(!control<QWidget>("switchFrequency")->isVisibleTo(m_panel.get()));
+}
+
+void tst_SettingsPanel::choosesFansAndDisksAndDevices()
+{
+    show("CPUFan");
+    QCOMPARE(control<QComboBox>("fan")->itemText(0), QStringLiteral("CPU Fan: 9RPM"));
+    choose("fan", QStringLiteral("CPU Fan 2"));
+    QCOMPARE(last().selectCpuFan, QStringLiteral("CPU Fan 2"));
+    m_edits->clear();
+    show("system.PhysicalDisk.Temperature");
+    choose("physicalDisk", QStringLiteral("Disk B"));
+    QCOMPARE(last().selectPhysicalDisk, QStringLiteral("Disk B"));
+    m_edits->clear();
+    show("system.volume");
+    choose("audioDevice", QStringLiteral("耳机"));
+    QCOMPARE(last().audioDevice, QStringLiteral("耳机"));
+    m_edits->clear();
+    show("PumpSpeed");
+    QCOMPARE(control<QLabel>("pump")->text(), QStringLiteral("1850RPM"));
+}
+
+void tst_SettingsPanel::choosesUnits()
+{
+    show("system.cpu.temperature");
+    choose("temperatureType", QStringLiteral("Fahrenheit"));
+    QCOMPARE(last().temperatureType, QStringLiteral("华氏度"));
+    m_edits->clear();
+    show("system.NetWork");
+    choose("titleLines", QStringLiteral("Two lines"));
+    QCOMPARE(last().titleLines, QStringLiteral("双行显示"));
+}
+
+void tst_SettingsPanel::searchesSensors()
+{
+    show("AllDATA");
+    auto *picker = control<SensorPicker>("sensor");
+    QAbstractItemModel &model = *picker->view()->model();
+    QCOMPARE(model.rowCount(), 2);
+    QTest::keyClicks(picker->searchField(), QStringLiteral("core 1"));
+    QCOMPARE(model.rowCount(), 1);
+    const QModelIndex found = model.index(0, 0, model.index(0, 0));
+    QCOMPARE(found.data().toString(), QStringLiteral("Core 1"));
+    QCOMPARE(found.siblingAtColumn(1).data().toString(), QStringLiteral("46°C"));
+    QTest::mouseClick(picker->view()->viewport(), Qt::LeftButton, {},
+                      picker->view()->visualRect(found).center());
+    QCOMPARE(last().selectValue, QStringLiteral("Core 1"));
+    // A click on a group chooses nothing.
+    const int edits = m_edits->count();
+    QTest::mouseClick(picker->view()->viewport(), Qt::LeftButton, {},
+                      picker->view()->visualRect(model.index(0, 0)).center());
+    QCOMPARE(m_edits->count(), edits);
+}
+
+void tst_SettingsPanel::renewsReadingsInPlace()
+{
+    KeySettings settings;
+    settings.selectValue = QStringLiteral("Load");
+    show("AllDATA", settings);
+    auto *picker = control<SensorPicker>("sensor");
+    QCOMPARE(picker->view()->currentIndex().data().toString(), QStringLiteral("Load"));
+    QVector<ListEntry> sensors = someLists().sensors;
+    sensors[2].reading = QStringLiteral("77%");
+    m_panel->form()->setSensors(sensors);
+    const QModelIndex current = picker->view()->currentIndex();
+    QCOMPARE(current.siblingAtColumn(1).data().toString(), QStringLiteral("77%"));
+    m_panel->form()->setSensors({});
+    QCOMPARE(picker->view()->model()->rowCount(), 0);
+}
+
+void tst_SettingsPanel::forgetsListsOfAnotherKey()
+{
+    show("system.PhysicalDisk");
+    const DeckEntry another{QStringLiteral("another"), uuid("system.PhysicalDisk"), {0, 0}, {}};
+    m_panel->setEntry(&another);
+    QCOMPARE(control<QComboBox>("drive")->findText(QStringLiteral("/home")), -1);
+    QCOMPARE(m_panel->context(), QStringLiteral("another"));
+}
+
+void tst_SettingsPanel::showsPreviewsAsPlainText()
+{
+    show("system.cpu");
+    m_panel->setPreview(QStringLiteral("<b>37%</b>"));
+    QCOMPARE(control<QLabel>("preview")->textFormat(), Qt::PlainText);
+    QCOMPARE(m_panel->preview(), QStringLiteral("Now: <b>37%</b>"));
+    m_panel->setPreview({});
+    QVERIFY(!control<QLabel>("preview")->isVisible());
+}
+
+void tst_SettingsPanel::cutsNoTextOff_data()
+{
+    showsWhatApplies_data();
+}
+
+// At 125 % of the font size, in the narrowest panel.
+void tst_SettingsPanel::cutsNoTextOff()
+{
+    QFETCH(const QByteArray, action);
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSizeF(large.pointSizeF() * 1.25);
+    QApplication::setFont(large);
+    init();
+    show(action.constData());
+    m_panel->resize(m_panel->minimumSizeHint().width(), 900);
+    QCoreApplication::processEvents();
+    const QList<QLabel *> labels = m_panel->findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        if (label->isVisible() && !label->text().isEmpty() && !label->wordWrap())
+            QVERIFY2(label->width() >= label->sizeHint().width(), qPrintable(label->text()));
+    }
+    const QList<QCheckBox *> checks = m_panel->findChildren<QCheckBox *>();
+    for (const QCheckBox *check : checks) {
+        if (check->isVisible())
+            QVERIFY2(check->width() >= check->sizeHint().width(), qPrintable(check->text()));
+    }
+    QApplication::setFont(usual);
+}
+
+QTEST_MAIN(tst_SettingsPanel)
+#include "tst_SettingsPanel.moc"

@@ -1,0 +1,121 @@
+#include "json/ParseJson.h"
+
+#include <QJsonObject>
+#include <QtTest>
+
+/// Reading of JSON. What the framework never frees, the leak check of the sanitizers finds here.
+class tst_ParseJson : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsLikeTheFramework_data();
+    void readsLikeTheFramework();
+    void lastOfOneNameCounts_data();
+    void lastOfOneNameCounts();
+    void readsManyMembersOfOneName();
+    void readsManyLevels_data();
+    void readsManyLevels();
+};
+
+void tst_ParseJson::readsLikeTheFramework_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    const auto row = [](const char *name, const char *text) {
+        QTest::newRow(name) << QByteArray(text);
+    };
+    row("nothing", "");
+    row("blank", " \n");
+    row("object", R"({"a":1,"b":[1,{"a":"x"},{"a":2}],"c":{"a":null,"b":true}})");
+    row("array", R"([{"a":[1]},{"a":[2]},"a","a"])");
+    row("names as values", R"({"a":"a","b":"a","c":["a","b","a"]})");
+    row("marks in texts", R"({"a\"b":"{,}","c":"\\","d":"\\\"","e":[",","\"a\":1"]})");
+    row("escaped names", R"({"\u0061":1,"\ud83d\ude00":2,"\ud800":3,"\ud801":4})");
+    row("nothing named", R"({"":1})");
+    row("number alone", "1");
+    row("text alone", R"("a")");
+    row("no end", R"({"a":[1,2)");
+    row("no end of a text", R"({"a":"x)");
+    row("no end of an escape", "{\"a\":\"\\");
+    row("end of another kind", R"({"a":[},"b":1})");
+    row("more ends than beginnings", R"({"a":1}]})");
+    row("two commas", R"({"a":1,,"b":2})");
+    row("comma at first", R"({,"a":2})");
+    row("comma at last", R"({"a":2,})");
+    row("comma alone", ",");
+    row("invalid UTF-8", "{\"\xff\":1}");
+    row("something behind", R"({"a":1} x)");
+}
+
+void tst_ParseJson::readsLikeTheFramework()
+{
+    QFETCH(QByteArray, text);
+    QJsonParseError error{};
+    QJsonParseError expected{};
+    QCOMPARE(parseJson(text, &error), QJsonDocument::fromJson(text, &expected));
+    QCOMPARE(error.error, expected.error);
+    QCOMPARE(error.offset, expected.offset);
+    QCOMPARE(parseJson(text), QJsonDocument::fromJson(text));
+}
+
+void tst_ParseJson::lastOfOneNameCounts_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("same");
+    const auto row = [](const char *name, const char *text, const char *same) {
+        QTest::newRow(name) << QByteArray(text) << QByteArray(same);
+    };
+    row("numbers", R"({"a":1,"a":2})", R"({"a":2})");
+    row("arrays", R"({"a":[1],"a":[2]})", R"({"a":[2]})");
+    row("object, number", R"({"a":{"b":1},"a":2})", R"({"a":2})");
+    row("three", R"({"a":[1],"b":[2],"a":[3],"c":[4],"a":[5]})", R"({"a":[5],"b":[2],"c":[4]})");
+    row("no names", R"({"":[{}],"":{}})", R"({"":{}})");
+    row("inside", R"([{"a":{"b":[1,2],"b":[2]}}])", R"([{"a":{"b":[2]}}])");
+    row("inside of one that goes", R"({"a":{"b":[1],"b":[2]},"a":{"b":[3]}})",
+        R"({"a":{"b":[3]}})");
+    row("escaped", R"({"a":[1],"\u0061":[2]})", R"({"a":[2]})");
+    row("escaped first", R"({"\u0061":[1],"a":[2]})", R"({"a":[2]})");
+    row("blanks between", "{ \"a\" : [ 1 ] , \"b\" : 1 ,\n\"a\" : [ 2 ] }", R"({"a":[2],"b":1})");
+    row("marks in it", R"({"a":["},]\"",{"x":"{"}],"a":2})", R"({"a":2})");
+}
+
+void tst_ParseJson::lastOfOneNameCounts()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QByteArray, same);
+    QJsonParseError error{};
+    const QJsonDocument document = parseJson(text, &error);
+    QCOMPARE(error.error, QJsonParseError::NoError);
+    QVERIFY(!document.isEmpty());
+    QCOMPARE(document, QJsonDocument::fromJson(same));
+}
+
+void tst_ParseJson::readsManyMembersOfOneName()
+{
+    QByteArray text = "{";
+    for (int number = 0; number < 20000; ++number)
+        text += "\"a\":[" + QByteArray::number(number) + "],";
+    text += "\"b\":{}}";
+    QCOMPARE(parseJson(text), QJsonDocument::fromJson(R"({"a":[19999],"b":{}})"));
+}
+
+void tst_ParseJson::readsManyLevels_data()
+{
+    QTest::addColumn<int>("levels");
+    QTest::newRow("as many as the framework reads") << 1024;
+    QTest::newRow("one more") << 1025;
+    QTest::newRow("a million") << 1000000;
+}
+
+void tst_ParseJson::readsManyLevels()
+{
+    QFETCH(int, levels);
+    const QByteArray text = QByteArray(levels, '[') + QByteArray(levels, ']');
+    QJsonParseError error{};
+    QJsonParseError expected{};
+    QCOMPARE(parseJson(text, &error), QJsonDocument::fromJson(text, &expected));
+    QCOMPARE(error.error, expected.error);
+}
+
+QTEST_APPLESS_MAIN(tst_ParseJson)
+#include "tst_parsejson.moc"
