@@ -17,6 +17,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <vector>
@@ -214,5 +215,6 @@ int main(int argc, char **argv)
     add("pass/plain", plainPass);
     benchmark::RunSpecifiedBenchmarks();
     // Losing the host ends the process in any case.
+    std::fflush(stdout);
     std::_Exit(EXIT_SUCCESS);
 }

@@ -16,14 +16,17 @@ const prefix = 'com.quellor.stream.';
 const keys = new Map();
 const readings = {};
 
-// Graphics cards are looked at only on request: the package starts other programs for them, at many
-// times the cost of the rest.
+// The package starts other programs to look at graphics cards and drives. A sparing plugin does
+// without these readings; one that reads what QtSystemMonitor reads cannot.
+const sparing = process.env.PEER_SPARING === '1';
+
 async function refresh() {
-    const [load, memory, network, temperature, speed, graphics] = await Promise.all([
+    const [load, memory, network, temperature, speed, graphics, drives] = await Promise.all([
         si.currentLoad(), si.mem(), si.networkStats('*'), si.cpuTemperature(), si.cpuCurrentSpeed(),
-        process.env.PEER_GRAPHICS ? si.graphics() : { controllers: [] },
+        sparing ? { controllers: [] } : si.graphics(),
+        sparing ? [] : si.fsSize(),
     ]);
-    Object.assign(readings, { load, memory, network, temperature, speed, graphics });
+    Object.assign(readings, { load, memory, network, temperature, speed, graphics, drives });
 }
 
 const megabytes = (bytes) => `${Math.round(bytes / 1048576)}MB`;
