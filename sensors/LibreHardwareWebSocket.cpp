@@ -177,7 +177,7 @@ QJsonObject serviceResult(const QString &message)
     const QJsonObject reply = parseJson(message.toUtf8()).object();
     const QString method = reply.value(QLatin1String("method")).toString();
     const int code = reply.value(QLatin1String("code")).toInt();
-    const QJsonObject result = reply.value(QLatin1String("result")).toObject();
+    QJsonObject result = reply.value(QLatin1String("result")).toObject();
     // The code stands as the character that it numbers.
     LogDebug(QStringLiteral("method:") + method + QStringLiteral(" code:") +
              QLatin1Char(static_cast<char>(code)) + QStringLiteral(" result:") + indented(result));
