@@ -17,6 +17,12 @@ namespace {
 /// The port on which settings panels ask for readings and other instances look for a running one.
 constexpr quint16 dataServerPort = 24509;
 
+/// Bytes that the host may leave unread: a minute of the pictures of a large deck.
+constexpr qint64 mostUnread = 32LL * 1024 * 1024;
+
+/// Bytes that are no backlog: some pictures.
+constexpr qint64 somePictures = 64LL * 1024;
+
 } // namespace
 
 ConnectionManager::ConnectionManager(int hostPort, const QString &uuid, const QString &eventName,
@@ -56,13 +62,15 @@ void ConnectionManager::Run()
 void ConnectionManager::SetTitle(const QString &title, const QString &context, int target,
                                  int state)
 {
-    send(hostmessages::setTitle(title, context, target, state));
+    if (!hostIsBehind())
+        send(hostmessages::setTitle(title, context, target, state));
 }
 
 void ConnectionManager::SetImage(const QString &image, const QString &context, int target,
                                  int state)
 {
-    send(hostmessages::setImage(image, context, target, state));
+    if (!hostIsBehind())
+        send(hostmessages::setImage(image, context, target, state));
 }
 
 void ConnectionManager::SetSettings(const QJsonObject &payload, const QString &context)
@@ -105,6 +113,24 @@ void ConnectionManager::OnError(QAbstractSocket::SocketError /*error*/)
 
 void ConnectionManager::send(const QString &message)
 {
-    if (webSocket)
-        webSocket->sendTextMessage(message);
+    if (!webSocket)
+        return;
+    webSocket->sendTextMessage(message);
+    // A message must not stay half sent while many others are made: hosts give up on it.
+    if (webSocket->bytesToWrite() > somePictures)
+        webSocket->flush();
+}
+
+bool ConnectionManager::hostIsBehind()
+{
+    if (!webSocket)
+        return false;
+    const qint64 unread = webSocket->bytesToWrite();
+    if (!dropsUpdates && unread >= mostUnread) {
+        dropsUpdates = true;
+        Logger(QStringLiteral("The host does not read: pictures are dropped until it does"));
+    } else if (dropsUpdates && unread <= somePictures) {
+        dropsUpdates = false;
+    }
+    return dropsUpdates;
 }

@@ -27,6 +27,9 @@ public:
     void Run();
 
     /// The outbound commands send nothing before Run. A negative \a state is left out.
+    ///
+    /// While the host leaves 32 MiB or more unread, titles and pictures are dropped until it has
+    /// read on: the next pass sends them anew.
     void SetTitle(const QString &title, const QString &context, int target, int state);
     /// \a image is base64 PNG data, with or without the prefix "data:image/png;base64,".
     void SetImage(const QString &image, const QString &context, int target, int state);
@@ -40,6 +43,7 @@ private:
     void OnDisconnected();
     void OnError(QAbstractSocket::SocketError error);
     void send(const QString &message);
+    bool hostIsBehind();
 
     int port;
     QString pluginUUID;
@@ -47,4 +51,5 @@ private:
     BasePlugin *plugin;
     QWebSocket *webSocket = nullptr;
     WebSocketServer *dataServer = nullptr;
+    bool dropsUpdates = false; ///< Until the host has read what it was sent.
 };

@@ -6,6 +6,7 @@
 #include "render/ActionCatalogue.h"
 #include "render/KeyPicture.h"
 #include "render/PngEncoder.h"
+#include "render/ShapedLine.h"
 #include "render/normalAction.h"
 #include "sensors/SensorRefresh.h"
 #include "sensors/VqSystemMonitorLib.h"
@@ -16,6 +17,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <vector>
@@ -74,7 +76,7 @@ void refresh(benchmark::State &state)
 {
     VqSystemMonitorLib library(false, nullptr);
     for (auto _ : state)
-        refreshSystemInfor(library);
+        refreshSystemInfor(library, 0);
 }
 BENCHMARK(refresh)->Unit(benchmark::kMicrosecond);
 
@@ -95,17 +97,15 @@ BENCHMARK(text)->Unit(benchmark::kMicrosecond);
 void metricsAndPaint(benchmark::State &state)
 {
     overDeck(state, [](const Painted &each) {
-        const QFontMetrics metrics(each.key.font);
-        const QStringList lines = each.text.split(QLatin1Char('\n'));
-        QVector<PictureLine> pictureLines;
-        QSize size(0, 0);
-        for (const QString &line : lines) {
-            const int width = lineWidth(metrics, line);
-            pictureLines.append({QRect(0, size.height(), width, metrics.height()), line});
-            size = QSize(std::max(size.width(), width), size.height() + metrics.height());
-        }
+        const int height = QFontMetrics(each.key.font).height();
+        const QStringList texts = each.text.split(QLatin1Char('\n'));
+        const ShapedLine first(texts.first(), each.key.font);
+        const ShapedLine second(texts.value(1), each.key.font);
+        const QSize size(std::max(first.width(), second.width()), height * texts.size());
         return paintPicture(
-            size, pictureLines,
+            size,
+            {{QRect(0, 0, first.width(), height), &first},
+             {QRect(0, height, second.width(), height), &second}},
             {each.key.font, each.key.color, 1.0 - each.key.opacity, Qt::AlignCenter});
     });
 }
@@ -171,7 +171,7 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     writeReadings(1);
     VqSystemMonitorLib library(false, nullptr);
-    refreshSystemInfor(library);
+    refreshSystemInfor(library, 0);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return EXIT_SUCCESS;

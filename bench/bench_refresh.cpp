@@ -1,6 +1,10 @@
 #include "bench/SteppingLibrary.h"
+#include "sensors/AudioReadings.h"
+#include "sensors/DriveReadings.h"
 #include "sensors/SensorRefresh.h"
 #include "sensors/VqSystemMonitorLib.h"
+#include "sensors/audio.h"
+#include "sensors/drives.h"
 #include "system_monitor_lib/live/CpuLoadCollector.h"
 #include "system_monitor_lib/live/MachineRoots.h"
 #include "system_monitor_lib/live/MemoryCollector.h"
@@ -33,7 +37,7 @@ void refresh(benchmark::State &state)
     library.initSystemMonitorLib(true);
     for (auto _ : state) {
         stepOneSecond();
-        refreshSystemInfor(library);
+        refreshSystemInfor(library, 0);
     }
 }
 BENCHMARK(refresh)->Unit(benchmark::kMicrosecond);
@@ -44,9 +48,23 @@ void mapping(benchmark::State &state)
     VqSystemMonitorLib library(false, nullptr);
     library.initSystemMonitorLib(true);
     for (auto _ : state)
-        refreshSystemInfor(library);
+        refreshSystemInfor(library, 0);
 }
 BENCHMARK(mapping)->Unit(benchmark::kMicrosecond);
+
+void drives(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(readDrives(machineDrives()));
+}
+BENCHMARK(drives)->Unit(benchmark::kMicrosecond);
+
+void playbackDevices(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(readAudio(machineAudio(), 0));
+}
+BENCHMARK(playbackDevices)->Unit(benchmark::kMicrosecond);
 
 void collect(benchmark::State &state, Collector &collector)
 {
@@ -61,7 +79,7 @@ void collect(benchmark::State &state, Collector &collector)
 Collectors collectors()
 {
     const MachineRoots roots = thisMachine();
-    Collectors all = platformCollectors(roots, group);
+    Collectors all = platformCollectors(roots, group, monotonicNanoseconds);
     all.push_back(std::make_unique<CpuLoadCollector>(roots, group));
     all.push_back(std::make_unique<MemoryCollector>(roots));
     all.push_back(std::make_unique<NetworkCollector>(roots));

@@ -122,9 +122,12 @@ def print_table(rows, figures):
         verdict = 'met' if ratio <= goal else 'missed'
         print(f'{name:34} {own:10.1f} {other:10.1f} {unit:4} {fraction(ratio):>6} {fraction(goal):>7}'
               f'  {verdict}')
-    for name in ('registered', 'first_picture', 'node_registered', 'node_first_picture',
-                 'own_memory', 'node_own_memory'):
-        print(f'{name}: {statistics.median(figures[name]):.0f}')
+    print()
+    for name, text in (('registered', 'Registration after the start, ms'),
+                       ('first_picture', 'First picture after the start, ms'),
+                       ('own_memory', 'Memory of its own, KiB')):
+        print(f'{text:34} {statistics.median(figures[name]):10.0f} '
+              f'{statistics.median(figures["node_" + name]):10.0f} (Node)')
 
 
 def main():

@@ -1,5 +1,6 @@
 #include "deck_simulator/DeckProfile.h"
 
+#include "deck_simulator/ActionList.h"
 #include "deck_simulator/KeySettings.h"
 
 namespace {
@@ -111,6 +112,18 @@ DeckProfile defaultDeck(int columns)
         deck.keys.append(DeckKey(
             QString::fromUtf8(key.name), QString::fromUtf8(key.action), contextOf(deck.keys.size()),
             keySettings(QString::fromUtf8(key.title), QString::fromUtf8(key.titleLines))));
+    }
+    deck.grid = gridFor(deck.keys.size(), columns);
+    return deck;
+}
+
+DeckProfile kindsDeck(int columns)
+{
+    DeckProfile deck;
+    deck.name = QStringLiteral("Every kind of key");
+    for (const DeckAction &action : deckActions()) {
+        deck.keys.append(DeckKey(action.caption, action.uuid, contextOf(deck.keys.size()),
+                                 keySettings(action.title, QStringLiteral("单行显示"))));
     }
     deck.grid = gridFor(deck.keys.size(), columns);
     return deck;

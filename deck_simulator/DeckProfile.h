@@ -27,6 +27,9 @@ QJsonObject keySettings(const QString &title, const QString &titleLines);
 /// has.
 DeckProfile defaultDeck(int columns);
 
+/// A deck with one key for every action of the plugin, \a columns keys wide.
+DeckProfile kindsDeck(int columns);
+
 /// A deck without keys, \a columns keys wide.
 DeckProfile emptyDeck(int columns);
 

@@ -3,9 +3,11 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QHash>
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -108,10 +110,21 @@ const QCommandLineOption &deckOption()
 {
     static const QCommandLineOption option(
         QStringLiteral("deck"),
-        QStringLiteral("What the keys show: \"readings\", \"settings\" for one key per setting and "
-                       "font, or \"empty\". Default: readings."),
+        QStringLiteral("What the keys show: \"readings\" for what every machine has, \"kinds\" "
+                       "for one key per action, \"settings\" for one key per setting and font, or "
+                       "\"empty\". Default: readings."),
         QStringLiteral("NAME"), QStringLiteral("readings"));
     return option;
+}
+
+std::optional<Deck> deckNamed(const QString &name)
+{
+    static const QHash<QString, Deck> decks{{QStringLiteral("readings"), Deck::Readings},
+                                            {QStringLiteral("kinds"), Deck::Kinds},
+                                            {QStringLiteral("settings"), Deck::Settings},
+                                            {QStringLiteral("empty"), Deck::Empty}};
+    const auto deck = decks.constFind(name);
+    return deck == decks.constEnd() ? std::nullopt : std::make_optional(*deck);
 }
 
 const QCommandLineOption &workFolderOption()
@@ -327,11 +340,11 @@ ParsedOptions readOptions(const QCommandLineParser &parser, const QString &defau
     options.languageGiven = parser.isSet(languageOption());
     options.fontFiles = reader.readableFiles(fontOption());
     options.workFolder = reader.text(workFolderOption());
-    options.settingsDeck = parser.value(deckOption()) == QLatin1String("settings");
-    options.emptyDeck = parser.value(deckOption()) == QLatin1String("empty");
-    if (!options.settingsDeck && !options.emptyDeck &&
-        parser.value(deckOption()) != QLatin1String("readings"))
-        reader.complain(QStringLiteral("--deck is \"readings\", \"settings\" or \"empty\"."));
+    if (const std::optional<Deck> deck = deckNamed(parser.value(deckOption())))
+        options.deck = *deck;
+    else
+        reader.complain(
+            QStringLiteral("--deck is \"readings\", \"kinds\", \"settings\" or \"empty\"."));
     options.scriptFile = reader.text(scriptOption());
     if (parser.isSet(scriptOption()) &&
         (parser.isSet(snapshotOption()) || parser.isSet(secondsOption())))

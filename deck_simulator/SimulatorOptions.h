@@ -7,6 +7,10 @@
 #include <chrono>
 #include <optional>
 
+/// The deck that a run without a window begins with: the metrics that every machine has, every kind
+/// of key, what settings do, or no key.
+enum class Deck { Readings, Kinds, Settings, Empty };
+
 /// What the command line asks for.
 struct SimulatorOptions
 {
@@ -25,12 +29,11 @@ struct SimulatorOptions
     bool languageGiven = false; ///< By an option; else the window takes that of its profile.
     QStringList fontFiles;      ///< Empty: the Roboto files of this machine.
     QString workFolder;         ///< Empty: a temporary folder.
-    bool settingsDeck = false;  ///< The deck that shows what settings do, instead of readings.
-    bool emptyDeck = false;     ///< A deck without keys.
-    QString scriptFile;         ///< Empty: no script.
-    QString snapshotFile;       ///< Empty: no snapshot.
-    int columns = 5;            ///< Keys in a row, 1 to 16.
-    int keySize = 144;          ///< Pixels of a key on the snapshot, 32 to 512.
+    Deck deck = Deck::Readings;
+    QString scriptFile;   ///< Empty: no script.
+    QString snapshotFile; ///< Empty: no snapshot.
+    int columns = 5;      ///< Keys in a row, 1 to 16.
+    int keySize = 144;    ///< Pixels of a key on the snapshot, 32 to 512.
     bool quiet = false;
     /// When the snapshot or the screenshot is taken, counted from the appearance of the keys.
     std::chrono::milliseconds snapshotAfter{4000};

@@ -41,10 +41,17 @@ SessionSettings sessionSettings(const SimulatorOptions &options)
 
 DeckProfile chosenDeck(const SimulatorOptions &options, const QVector<FontFile> &fonts)
 {
-    if (options.emptyDeck)
+    switch (options.deck) {
+    case Deck::Kinds:
+        return kindsDeck(options.columns);
+    case Deck::Settings:
+        return settingsDeck(options.columns, fontSpecs(fonts));
+    case Deck::Empty:
         return emptyDeck(options.columns);
-    return options.settingsDeck ? settingsDeck(options.columns, fontSpecs(fonts))
-                                : defaultDeck(options.columns);
+    case Deck::Readings:
+        break;
+    }
+    return defaultDeck(options.columns);
 }
 
 // A GUI application object would take "--plugin" for itself, so the arguments are read before there

@@ -6,6 +6,7 @@
 #include "plugin/KeySelections.h"
 #include "plugin/KeyTable.h"
 #include "plugin/SettingsReply.h"
+#include "plugin/UpdateInterval.h"
 #include "render/ActionCatalogue.h"
 #include "render/normalAction.h"
 #include "sensors/IoLocalSocket.h"
@@ -34,7 +35,6 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr std::chrono::milliseconds startUpWait = 1000ms;
-constexpr std::chrono::milliseconds updateInterval = 1000ms;
 
 /// The playback device whose volume the volume key shows.
 constexpr int audioDevice = 0;
@@ -102,7 +102,7 @@ SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent)
 
     connect(m_updateTimer, &QTimer::timeout, this, &SystemMonitorPlugin::updateImages);
     m_updateTimer->setTimerType(Qt::PreciseTimer);
-    m_updateTimer->start(updateInterval);
+    m_updateTimer->start(updateInterval());
 }
 
 void SystemMonitorPlugin::initSystemMonitorLib()

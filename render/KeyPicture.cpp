@@ -1,6 +1,7 @@
 #include "render/KeyPicture.h"
 
 #include "render/PngEncoder.h"
+#include "render/ShapedLine.h"
 
 #include <QColor>
 #include <QDebug>
@@ -8,7 +9,6 @@
 #include <QPen>
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
@@ -26,19 +26,10 @@ bool canBePainted(const QSize &size, const QVector<PictureLine> &lines)
         return false;
     return size.width() * size.height() <= largestArea &&
            std::all_of(lines.begin(), lines.end(),
-                       [](const PictureLine &line) { return line.text.size() <= longestText; });
+                       [](const PictureLine &each) { return each.line->isWhole(); });
 }
 
 } // namespace
-
-int lineWidth(const QFontMetrics &metrics, const QString &text)
-{
-    const int width = metrics.horizontalAdvance(text.left(longestText));
-    if (text.size() <= longestText)
-        return width;
-    const double whole = static_cast<double>(width) * text.size() / longestText;
-    return static_cast<int>(std::min<double>(whole, std::numeric_limits<int>::max()));
-}
 
 QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const PictureStyle &style)
 {
@@ -58,8 +49,8 @@ QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const 
     // line's length. In strips it stays in proportion, and the picture is the same.
     for (int x = 0; x < size.width(); x += stripWidth) {
         painter.setClipRect(x, 0, stripWidth, size.height());
-        for (const PictureLine &line : lines)
-            painter.drawText(line.rect, style.alignment, line.text);
+        for (const PictureLine &each : lines)
+            each.line->draw(painter, each.rect, style.alignment);
     }
     return picture;
 }
@@ -69,5 +60,5 @@ QString pngDataUrl(const QImage &image, const char *operation)
     const QByteArray png = encodedPng(image);
     if (png.isEmpty())
         qCritical() << operation << "Can't convert QImage to png";
-    return QStringLiteral("data:image/png;base64,") + QString::fromLatin1(png.toBase64());
+    return QString::fromLatin1("data:image/png;base64," + png.toBase64());
 }

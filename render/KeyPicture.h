@@ -1,41 +1,35 @@
 #pragma once
 
 #include <QFont>
-#include <QFontMetrics>
 #include <QImage>
 #include <QRect>
 #include <QString>
 #include <QVector>
 
+class ShapedLine;
+
 /// A line of text and where it stands in a picture.
 struct PictureLine
 {
     QRect rect;
-    QString text;
+    const ShapedLine *line = nullptr; ///< Never null.
 };
 
 /// How the lines of a picture are drawn.
 struct PictureStyle
 {
-    QFont font;
+    QFont font;     ///< That of the lines.
     QString color;  ///< Any text that QColor accepts; another one is taken as an invalid colour.
     double opacity; ///< Painter opacity, 0 to 1.
     int alignment;  ///< Qt::Alignment flags of each line within its rectangle.
 };
 
-/// The longest text that is measured and painted whole, in characters.
-constexpr int longestText = 4096;
-
 /// The most pixels of a picture.
 constexpr int largestArea = 1 << 23;
 
-/// The width of \a text in pixels. Of a text longer than longestText only the beginning is
-/// measured; the rest is taken to be as wide.
-int lineWidth(const QFontMetrics &metrics, const QString &text);
-
 /// A transparent picture of \a size with \a lines drawn on it. A null image when \a size is empty,
-/// when it has more than 32767 pixels on a side or more than largestArea, or when a line is longer
-/// than longestText.
+/// when it has more than 32767 pixels on a side or more than largestArea, or when a line is not
+/// whole.
 QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines,
                     const PictureStyle &style);
 

@@ -5,6 +5,9 @@
 #include "render/FontRegistry.h"
 #include "render/KeyPicture.h"
 #include "render/KeySettings.h"
+#include "render/ShapedLine.h"
+
+#include <QFontMetrics>
 
 #include <algorithm>
 
@@ -86,12 +89,12 @@ QString normalAction::normalPainting(const QString &textToDraw)
     LogDebug(labelled("textToDraw: ", textToDraw));
     displayedText = drawsTitle() ? titled(titleText, textToDraw) : textToDraw;
 
-    const QFontMetrics metrics(font);
-    imageWidth = lineWidth(metrics, displayedText);
-    imageHeight = metrics.height();
-    keyImage = paintPicture({imageWidth, imageHeight},
-                            {{QRect(0, 0, imageWidth, imageHeight), displayedText}},
-                            {font, color, 1.0 - opacity, textAlignment});
+    const ShapedLine line(displayedText, font);
+    imageWidth = line.width();
+    imageHeight = QFontMetrics(font).height();
+    keyImage =
+        paintPicture({imageWidth, imageHeight}, {{QRect(0, 0, imageWidth, imageHeight), &line}},
+                     {font, color, 1.0 - opacity, textAlignment});
     return pngDataUrl(keyImage, "normalAction::normalPainting");
 }
 
@@ -108,16 +111,15 @@ QString normalAction::paintingTwoLines(const QString &uploadText, const QString 
     }
     displayedText = upload + QLatin1Char('\n') + download;
 
-    const QFontMetrics metrics(font);
-    const int lineHeight = metrics.height();
-    const int uploadWidth = lineWidth(metrics, upload);
-    const int downloadWidth = lineWidth(metrics, download);
-    imageWidth = std::max(uploadWidth, downloadWidth);
+    const ShapedLine first(upload, font);
+    const ShapedLine second(download, font);
+    const int lineHeight = QFontMetrics(font).height();
+    imageWidth = std::max(first.width(), second.width());
     imageHeight = 2 * lineHeight;
     // Each line is centred in a rectangle of its own width: the shorter one stands flush left.
     keyImage = paintPicture({imageWidth, imageHeight},
-                            {{QRect(0, 0, uploadWidth, lineHeight), upload},
-                             {QRect(0, lineHeight, downloadWidth, lineHeight), download}},
+                            {{QRect(0, 0, first.width(), lineHeight), &first},
+                             {QRect(0, lineHeight, second.width(), lineHeight), &second}},
                             {font, color, 1.0 - opacity, textAlignment});
     return pngDataUrl(keyImage, "normalAction::paintingTwoLines");
 }

@@ -26,7 +26,12 @@ void loadFonts(const QString &info)
 
 } // namespace
 
-QtSystemMonitor::QtSystemMonitor() = default;
+QtSystemMonitor::QtSystemMonitor()
+{
+    setWindowTitle(QStringLiteral("QtSystemMonitor"));
+    // Messages reach native windows alone, and a widget that is never shown gets none by itself.
+    winId();
+}
 
 bool QtSystemMonitor::StartPlugin(int argc, char **argv)
 {

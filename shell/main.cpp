@@ -3,12 +3,14 @@
 #include "shell/ConsoleTrigger.h"
 #include "shell/QtSystemMonitor.h"
 #include "shell/desktop.h"
+#include "shell/heap.h"
 
 #include <QApplication>
 #include <QThread>
 
 int main(int argc, char **argv)
 {
+    returnLargeBlocksWhenFreed();
     QThread::msleep(100);
     desktop::choosePlatform();
     QApplication application(argc, argv);

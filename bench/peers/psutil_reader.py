@@ -16,6 +16,8 @@ def refresh():
     psutil.net_io_counters(pernic=True)
     psutil.sensors_temperatures()
     psutil.sensors_fans()
+    for partition in psutil.disk_partitions():
+        psutil.disk_usage(partition.mountpoint)
 
 
 def main():

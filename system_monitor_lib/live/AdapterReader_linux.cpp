@@ -9,6 +9,7 @@
 #include <unordered_map>
 
 #include <dirent.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -19,6 +20,13 @@ struct DirectoryCloser
 };
 
 using Directory = std::unique_ptr<DIR, DirectoryCloser>;
+
+/// False when the directory was removed; another one may bear its name by now.
+bool isInPlace(DIR &directory)
+{
+    struct stat status = {};
+    return ::fstat(::dirfd(&directory), &status) == 0 && status.st_nlink > 0;
+}
 
 /// The open files of a physical adapter.
 struct Files
@@ -57,18 +65,31 @@ public:
 
     /// Brings the entries up to date. False when there is no listing.
     bool list();
+    /// Stands at the start of the listing, kept open between reads. False when there is none.
+    bool rewind();
     void see(const dirent &listed);
 
     const QString root;
     const std::string rootPath;
+    Directory directory;
     std::unordered_map<std::string, Entry> entries;
     quint64 pass = 0;
 };
 
+bool AdapterReader::Private::rewind()
+{
+    if (directory && !isInPlace(*directory))
+        directory.reset();
+    if (directory)
+        ::rewinddir(directory.get());
+    else
+        directory.reset(::opendir(rootPath.c_str()));
+    return directory != nullptr;
+}
+
 bool AdapterReader::Private::list()
 {
-    const Directory directory(::opendir(rootPath.c_str()));
-    if (!directory) {
+    if (!rewind()) {
         entries.clear();
         return false;
     }

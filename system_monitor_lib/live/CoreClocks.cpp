@@ -5,6 +5,8 @@
 
 #include <QtAlgorithms>
 
+#include <cmath>
+
 namespace {
 
 void addClock(QJsonObject &labels, std::size_t core, std::size_t processor,
@@ -24,6 +26,14 @@ QString clockLabel(std::size_t core)
 QJsonArray clockReading(double megahertz)
 {
     return reading(megahertz, QStringLiteral("MHz"));
+}
+
+unsigned actualMegahertz(unsigned nominal, unsigned current, std::optional<double> performance)
+{
+    constexpr double highest = 1000;
+    if (!performance || !(*performance > 0 && *performance <= highest))
+        return current;
+    return static_cast<unsigned>(std::lround(nominal * *performance / 100));
 }
 
 QJsonObject coreClocks(const std::vector<quint64> &cores, const std::vector<unsigned> &megahertz)

@@ -45,5 +45,7 @@ private:
     Pace m_reading{std::chrono::nanoseconds(0)};
     PolledFile m_cpuInfo;
     std::vector<Core> m_cores;
+    /// Whether the first core has a clock of its own; taken for granted after each look().
+    bool m_hasFrequencies = true;
     QJsonObject m_clocks;
 };

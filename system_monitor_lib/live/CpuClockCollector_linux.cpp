@@ -56,7 +56,7 @@ bool CpuClockCollector::collect(qint64 nowNs, SensorTrees &trees)
     if (m_listing.isDue(nowNs))
         look();
     if (m_reading.isDue(nowNs)) {
-        m_clocks = frequencies();
+        m_clocks = m_hasFrequencies ? frequencies() : QJsonObject();
         if (m_clocks.isEmpty())
             m_clocks = cpuInfoClocks();
     }
@@ -67,6 +67,7 @@ bool CpuClockCollector::collect(qint64 nowNs, SensorTrees &trees)
 
 void CpuClockCollector::look()
 {
+    m_hasFrequencies = true;
     const std::vector<int> found = firstProcessors(m_roots);
     const bool same =
         std::equal(found.begin(), found.end(), m_cores.begin(), m_cores.end(),
@@ -87,8 +88,10 @@ QJsonObject CpuClockCollector::frequencies()
     for (std::size_t index = 0; index < m_cores.size(); ++index) {
         const std::optional<qint64> kilohertz = m_cores[index].clock->integer();
         // A machine without clocks of its cores has none of the first one either.
-        if (index == 0 && !kilohertz)
+        if (index == 0 && !kilohertz) {
+            m_hasFrequencies = false;
             return {};
+        }
         const double megahertz = static_cast<double>(kilohertz.value_or(0)) / kilohertzPerMegahertz;
         if (isPlausibleClock(megahertz))
             clocks.insert(clockLabel(index), clockReading(megahertz));

@@ -39,15 +39,16 @@ std::map<int, double> parseCpuClocks(std::string_view text)
         const std::size_t colon = line->find(':');
         if (colon == std::string_view::npos)
             continue;
+        // Of the many lines of a processor, two are made a text of.
         const std::string_view key = trimmed(line->substr(0, colon));
-        const QString value = name(line->substr(colon + 1));
+        const std::string_view value = line->substr(colon + 1);
         bool isNumber = false;
         if (key == "processor") {
-            processor = value.toInt(&isNumber);
+            processor = name(value).toInt(&isNumber);
             if (!isNumber)
                 processor = -1;
         } else if (key == "cpu MHz" && processor >= 0) {
-            const double megahertz = value.toDouble(&isNumber);
+            const double megahertz = name(value).toDouble(&isNumber);
             if (isNumber && isPlausibleClock(megahertz))
                 clocks.emplace(processor, megahertz);
         }

@@ -31,7 +31,7 @@ bool LiveSource::open()
     m_collectors.push_back(std::make_unique<CpuLoadCollector>(m_roots, processor));
     m_collectors.push_back(std::make_unique<MemoryCollector>(m_roots));
     m_collectors.push_back(std::make_unique<NetworkCollector>(m_roots));
-    for (auto &collector : platformCollectors(m_roots, processor))
+    for (auto &collector : platformCollectors(m_roots, processor, m_clock))
         m_collectors.push_back(std::move(collector));
     const bool readable = sample(m_clock());
     if (!readable)

@@ -8,6 +8,8 @@ bool allNvidiaGpusSleep(const MachineRoots &roots)
 {
     // Beside the devices, whose names are addresses, lie the driver's own files.
     const QDir driver(roots.sys + QStringLiteral("/bus/pci/drivers/nvidia"));
+    if (!driver.exists())
+        return false;
     const QStringList devices =
         driver.entryList({QStringLiteral("*:*:*.*")}, QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString &device : devices) {

@@ -22,15 +22,16 @@ std::vector<std::unique_ptr<GpuSource>> gpuSources(const MachineRoots &roots)
 } // namespace
 
 std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &roots,
-                                                           const QString &cpuGroup)
+                                                           const QString &cpuGroup,
+                                                           const MonotonicClock &stopwatch)
 {
     std::vector<std::unique_ptr<Collector>> collectors;
-    collectors.push_back(std::make_unique<CpuClockCollector>(roots, cpuGroup));
+    collectors.push_back(std::make_unique<CpuClockCollector>(roots, cpuGroup, stopwatch));
     collectors.push_back(std::make_unique<CpuTemperatureCollector>(roots, cpuGroup));
     collectors.push_back(std::make_unique<RaplCollector>(roots, cpuGroup));
     collectors.push_back(std::make_unique<DriveCollector>(roots));
     collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
     if (roots.boardChips)
-        collectors.push_back(std::make_unique<BoardCollector>(roots));
+        collectors.push_back(std::make_unique<BoardCollector>(roots, stopwatch));
     return collectors;
 }

@@ -6,7 +6,8 @@
 #include "system_monitor_lib/live/StorageCollector.h"
 
 std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &roots,
-                                                           const QString &cpuGroup)
+                                                           const QString &cpuGroup,
+                                                           const MonotonicClock & /*stopwatch*/)
 {
     std::vector<std::unique_ptr<GpuSource>> gpus;
     gpus.push_back(std::make_unique<NvidiaGpus>(roots));

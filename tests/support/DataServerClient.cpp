@@ -11,13 +11,18 @@ DataServerClient::DataServerClient()
             [this](const QString &text) { m_replies.append(text); });
 }
 
-bool DataServerClient::open(const QHostAddress &address)
+void DataServerClient::openSoon(const QHostAddress &address)
 {
     QUrl url;
     url.setScheme(QStringLiteral("ws"));
     url.setHost(address.toString());
     url.setPort(port);
     m_socket.open(url);
+}
+
+bool DataServerClient::open(const QHostAddress &address)
+{
+    openSoon(address);
     return QTest::qWaitFor([this] { return isOpen(); }, patience);
 }
 

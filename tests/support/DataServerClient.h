@@ -14,6 +14,9 @@ public:
 
     DataServerClient();
 
+    /// Opens the connection without waiting for it.
+    void openSoon(const QHostAddress &address = QHostAddress(QHostAddress::LocalHost));
+
     /// True when the server has taken the connection.
     bool open(const QHostAddress &address = QHostAddress(QHostAddress::LocalHost));
 

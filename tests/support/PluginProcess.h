@@ -51,7 +51,20 @@ public:
     /// The messages of log.txt without stamp and source; empty when any line is not of its form.
     QStringList fileLog() const;
 
+    /// Where it works; log.txt lies here.
+    QString workingFolder() const;
+
     void freeze();
+    void thaw();
+
+    /// Lets it have at most this many open files from now on.
+    void limitDescriptors(int most);
+
+    int openDescriptors() const;
+
+    /// Its memory at present, in bytes.
+    qint64 residentMemory() const;
+
     void pressConsoleHotKey();
     void closeConsole();
 
@@ -59,7 +72,6 @@ protected:
     void setupChildProcess() override;
 
 private:
-    QString workingFolder() const;
     void printOnFailure() const;
 
     QTemporaryDir m_folder;

@@ -1,7 +1,11 @@
 #include "tests/support/PluginProcess.h"
 
+#include <QDir>
+#include <QFile>
+
 #include <csignal>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 void PluginProcess::setupChildProcess()
@@ -13,6 +17,36 @@ void PluginProcess::setupChildProcess()
 void PluginProcess::freeze()
 {
     ::kill(static_cast<pid_t>(processId()), SIGSTOP);
+}
+
+void PluginProcess::thaw()
+{
+    ::kill(static_cast<pid_t>(processId()), SIGCONT);
+}
+
+void PluginProcess::limitDescriptors(int most)
+{
+    rlimit limit{};
+    const auto process = static_cast<pid_t>(processId());
+    ::prlimit(process, RLIMIT_NOFILE, nullptr, &limit);
+    limit.rlim_cur = static_cast<rlim_t>(most);
+    ::prlimit(process, RLIMIT_NOFILE, &limit, nullptr);
+}
+
+int PluginProcess::openDescriptors() const
+{
+    return static_cast<int>(QDir(QStringLiteral("/proc/%1/fd").arg(processId()))
+                                .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+                                .size());
+}
+
+qint64 PluginProcess::residentMemory() const
+{
+    QFile file(QStringLiteral("/proc/%1/statm").arg(processId()));
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    // All of it, then what is resident, in pages.
+    return file.readAll().split(' ').value(1).toLongLong() * ::sysconf(_SC_PAGESIZE);
 }
 
 void PluginProcess::pressConsoleHotKey()

@@ -2,6 +2,7 @@
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Waits.h"
 
+#include <QCryptographicHash>
 #include <QRegularExpression>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -16,6 +17,7 @@ private Q_SLOTS:
     void endsWhenTheHostGoes();
     void endsWhenThereIsNoHost();
     void endsWhenTheHostIsNoWebSocketServer();
+    void endsOnATextThatIsNoUtf8();
     void waitsForASilentHost();
     void outlivesAPortThatCannotBe();
 };
@@ -37,6 +39,23 @@ QStringList argumentsFor(const QString &port)
     QStringList arguments = FakeHost().arguments();
     arguments[1] = port;
     return arguments;
+}
+
+/// Answers the handshake of a WebSocket; then sends a text frame whose bytes are no UTF-8.
+void acceptThenSendJunk(QTcpSocket &link)
+{
+    static const QRegularExpression keyLine(QStringLiteral("Sec-WebSocket-Key: *(\\S+)"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    const QByteArray request = link.readAll();
+    const QString key = keyLine.match(QString::fromLatin1(request)).captured(1);
+    if (key.isEmpty())
+        return;
+    // The identifier that RFC 6455 appends to every key.
+    const QByteArray seed = key.toLatin1() + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11";
+    link.write("HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
+               "Sec-WebSocket-Accept: " +
+               QCryptographicHash::hash(seed, QCryptographicHash::Sha1).toBase64() + "\r\n\r\n");
+    link.write("\x81\x02\xff\xfe");
 }
 
 } // namespace
@@ -101,6 +120,23 @@ void tst_HostLoss::endsWhenTheHostIsNoWebSocketServer()
     const QStringList log = process.fileLog();
     QVERIFY2(tellsOfTheLoss(log), process.content(QStringLiteral("log.txt")).constData());
     QVERIFY(log.filter(QStringLiteral("Connect-serverPort: ")).isEmpty());
+}
+
+void tst_HostLoss::endsOnATextThatIsNoUtf8()
+{
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    connect(&server, &QTcpServer::newConnection, this, [&server] {
+        QTcpSocket *const link = server.nextPendingConnection();
+        connect(link, &QTcpSocket::readyRead, link, [link] { acceptThenSendJunk(*link); });
+    });
+
+    PluginProcess process;
+    process.launch(argumentsFor(QString::number(server.serverPort())));
+    QVERIFY(process.endsWithStatus(0));
+    const QStringList log = process.fileLog();
+    QVERIFY2(tellsOfTheLoss(log), process.content(QStringLiteral("log.txt")).constData());
+    QCOMPARE(log.filter(QStringLiteral("Connect-serverPort: ")).size(), 1);
 }
 
 void tst_HostLoss::waitsForASilentHost()

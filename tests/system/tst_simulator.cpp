@@ -21,6 +21,7 @@ private Q_SLOTS:
 
     void playsScripts_data();
     void playsScripts();
+    void showsEveryKindOfKey();
     void showsTheWindow();
 
 private:
@@ -144,6 +145,48 @@ void tst_Simulator::playsScripts()
     QFile log(path("work/log.txt"));
     QVERIFY(log.open(QIODevice::ReadOnly));
     QVERIFY(log.readAll().contains("Connect-serverPort: "));
+}
+
+void tst_Simulator::showsEveryKindOfKey()
+{
+    run({QStringLiteral("--deck=kinds"), QStringLiteral("--columns=8"),
+         QStringLiteral("--snapshot"), path("sheet.png")});
+    const QString table = QString::fromUtf8(m_simulator.readAllStandardOutput());
+    // Volume and drive are those of the machine that runs this.
+    const QStringList texts{QStringLiteral("37%"),
+                            QStringLiteral("45°"),
+                            QStringLiteral("4150MHz"),
+                            QStringLiteral("65.3W"),
+                            QStringLiteral("1.225V"),
+                            QStringLiteral("AMD Ryzen 9 5900X"),
+                            QStringLiteral("99%"),
+                            QStringLiteral("51°"),
+                            QStringLiteral("1905MHz"),
+                            QStringLiteral("9501MHz"),
+                            QStringLiteral("49%"),
+                            QStringLiteral("2048MB"),
+                            QStringLiteral("120.0W"),
+                            QStringLiteral("0.913V"),
+                            QStringLiteral("NVIDIA GeForce RTX 3080"),
+                            QStringLiteral("90%"),
+                            QStringLiteral("1.5GB"),
+                            QStringLiteral("14.3GB"),
+                            QStringLiteral("15.8GB"),
+                            QStringLiteral("1536MB"),
+                            QStringLiteral("14592MB"),
+                            QStringLiteral("16128MB"),
+                            QStringLiteral("16G"),
+                            QStringLiteral("1.2Kb/s  3.0MB/s"),
+                            QStringLiteral("40°"),
+                            QStringLiteral("1850RPM"),
+                            QStringLiteral("1200RPM"),
+                            QStringLiteral("51°C"),
+                            QStringLiteral("% Used"),
+                            QStringLiteral("Volume: ")};
+    for (const QString &text : texts)
+        QVERIFY2(table.contains(text), qPrintable(text + QLatin1Char('\n') + table));
+    const QImage sheet(path("sheet.png"));
+    QVERIFY(sheet.width() > 8 * 144 && sheet.height() > 4 * 144);
 }
 
 void tst_Simulator::showsTheWindow()

@@ -68,6 +68,7 @@ private Q_SLOTS:
     void sendsImages_data();
     void sendsImages();
     void sendsSettings();
+    void dropsPicturesWhileTheHostDoesNotRead();
     void handsEventsToThePlugin();
     void survivesAnEventThatThrows();
     void logsMessagesWithoutAPlugin();
@@ -248,6 +249,31 @@ void tst_ConnectionManager::sendsSettings()
     QTRY_COMPARE(m_received.size(), 2);
     QCOMPARE(m_received.constLast(),
              QStringLiteral(R"({"context":"c","event":"setSettings","payload":{"a":1}})"));
+}
+
+void tst_ConnectionManager::dropsPicturesWhileTheHostDoesNotRead()
+{
+    connectToHost();
+    const QString context = QStringLiteral("c");
+    const QString megabyte(1024 * 1024, QLatin1Char('A'));
+    // The host runs on this thread: it reads nothing meanwhile.
+    for (int picture = 0; picture < 200; ++picture)
+        m_manager->SetImage(megabyte, context, 0, -1);
+    m_manager->SetTitle(QStringLiteral("dropped"), context, 0, -1);
+    m_manager->SetSettings({{QStringLiteral("kept"), 1}}, context);
+
+    QTRY_VERIFY(m_received.constLast().contains(QStringLiteral("kept")));
+    // The registration and the settings, and pictures between them; the system takes some, too.
+    const int pictures = m_received.size() - 2;
+    QVERIFY2(pictures >= 32 && pictures <= 64, qPrintable(QString::number(pictures)));
+    QVERIFY(m_received.filter(QStringLiteral("dropped")).isEmpty());
+    QCOMPARE(m_directory->content(QStringLiteral("log.txt"))
+                 .count("The host does not read: pictures are dropped until it does\r\n"),
+             1);
+
+    m_manager->SetTitle(QStringLiteral("after"), context, 0, -1);
+    m_manager->SetImage(megabyte, context, 0, -1);
+    QTRY_COMPARE(m_received.size(), pictures + 4);
 }
 
 void tst_ConnectionManager::handsEventsToThePlugin()

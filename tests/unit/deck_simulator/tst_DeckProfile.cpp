@@ -14,6 +14,7 @@ class tst_DeckProfile : public QObject
 
 private Q_SLOTS:
     void givesEveryKeyCompleteSettings();
+    void showsEveryKind();
     void showsSettingsAndFonts();
     void hasBothNetworkLayouts();
     void fillsTheGridByColumns_data();
@@ -64,6 +65,21 @@ void tst_DeckProfile::givesEveryKeyCompleteSettings()
         QCOMPARE(geometry.value(QLatin1String("height")).toInt(), 144);
     }
     QCOMPARE(contexts.size(), deck.keys.size());
+}
+
+void tst_DeckProfile::showsEveryKind()
+{
+    const DeckProfile deck = kindsDeck(8);
+    QCOMPARE(deck.grid, QSize(8, 4));
+    QSet<QString> actions;
+    QSet<QString> contexts;
+    for (const DeckKey &key : deck.keys) {
+        actions.insert(key.action());
+        contexts.insert(key.context());
+        QVERIFY(!titleParameters(key).value(QLatin1String("text")).toString().isEmpty());
+    }
+    QCOMPARE(actions.size(), 32);
+    QCOMPARE(contexts.size(), 32);
 }
 
 void tst_DeckProfile::showsSettingsAndFonts()

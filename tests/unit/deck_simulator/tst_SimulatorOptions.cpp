@@ -8,6 +8,8 @@ class tst_SimulatorOptions : public QObject
 
 private Q_SLOTS:
     void hasDefaults();
+    void readsTheDeck_data();
+    void readsTheDeck();
     void readsEverything();
     void refusesWrongUsage_data();
     void refusesWrongUsage();
@@ -36,10 +38,28 @@ void tst_SimulatorOptions::hasDefaults()
     QVERIFY(options.workFolder.isEmpty());
     QVERIFY(options.snapshotFile.isEmpty());
     QCOMPARE(options.columns, 5);
-    QVERIFY(!options.settingsDeck);
+    QVERIFY(options.deck == Deck::Readings);
     QCOMPARE(options.keySize, 144);
     QVERIFY(!options.quiet);
     QVERIFY(!options.runFor.has_value());
+}
+
+void tst_SimulatorOptions::readsTheDeck_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("deck");
+    QTest::newRow("readings") << QStringLiteral("readings") << static_cast<int>(Deck::Readings);
+    QTest::newRow("kinds") << QStringLiteral("kinds") << static_cast<int>(Deck::Kinds);
+    QTest::newRow("settings") << QStringLiteral("settings") << static_cast<int>(Deck::Settings);
+    QTest::newRow("empty") << QStringLiteral("empty") << static_cast<int>(Deck::Empty);
+    QTest::newRow("unknown") << QStringLiteral("Kinds") << -1;
+}
+
+void tst_SimulatorOptions::readsTheDeck()
+{
+    QFETCH(QString, name);
+    const ParsedOptions parsed = parse({QStringLiteral("--deck"), name});
+    QTEST(parsed.options ? static_cast<int>(parsed.options->deck) : -1, "deck");
 }
 
 void tst_SimulatorOptions::readsEverything()
@@ -62,7 +82,7 @@ void tst_SimulatorOptions::readsEverything()
     QCOMPARE(options.snapshotFile, QStringLiteral("s.png"));
     QCOMPARE(qint64(options.snapshotAfter.count()), qint64(1500));
     QCOMPARE(options.columns, 8);
-    QVERIFY(options.settingsDeck);
+    QVERIFY(options.deck == Deck::Settings);
     QCOMPARE(options.keySize, 72);
     QVERIFY(options.quiet);
 
@@ -84,7 +104,7 @@ void tst_SimulatorOptions::readsEverything()
         parse({QStringLiteral("--script=s"), QStringLiteral("--deck=empty")});
     QVERIFY2(scripted.options.has_value(), qPrintable(scripted.text));
     QCOMPARE(scripted.options->scriptFile, QStringLiteral("s"));
-    QVERIFY(scripted.options->emptyDeck);
+    QVERIFY(scripted.options->deck == Deck::Empty);
     QVERIFY(scripted.options->headless);
 
     const ParsedOptions timed = parse({QStringLiteral("--seconds=2")});

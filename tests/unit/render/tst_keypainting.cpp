@@ -1,5 +1,6 @@
 #include "render/ActionCatalogue.h"
 #include "render/KeyPicture.h"
+#include "render/ShapedLine.h"
 #include "render/normalAction.h"
 #include "tests/support/GoldenPicture.h"
 #include "tests/support/MessageCapture.h"
@@ -51,7 +52,6 @@ private Q_SLOTS:
     void longSecondLineGivesNoPicture();
     void paintsNoPictureAboveItsLimits_data();
     void paintsNoPictureAboveItsLimits();
-    void measuresTheBeginningOfLongTexts();
 };
 
 namespace {
@@ -511,25 +511,12 @@ void tst_KeyPainting::paintsNoPictureAboveItsLimits()
     QFETCH(QSize, size);
     QFETCH(int, length);
     QFETCH(bool, painted);
-    const PictureLine line{QRect(QPoint(0, 0), size), QString(length, QLatin1Char('x'))};
+    const ShapedLine line(QString(length, QLatin1Char('x')), Key().font);
     const QImage picture =
-        paintPicture(size, {line}, {Key().font, QStringLiteral("#ffffff"), 1.0, Qt::AlignCenter});
+        paintPicture(size, {{QRect(QPoint(0, 0), size), &line}},
+                     {Key().font, QStringLiteral("#ffffff"), 1.0, Qt::AlignCenter});
     QCOMPARE(picture.isNull(), !painted);
     QCOMPARE(picture.size(), painted ? size : QSize(0, 0));
-}
-
-void tst_KeyPainting::measuresTheBeginningOfLongTexts()
-{
-    const QFontMetrics metrics(Key().font);
-    const auto width = [&metrics](int length) {
-        return lineWidth(metrics, QString(length, QLatin1Char('x')));
-    };
-    QCOMPARE(width(0), 0);
-    QCOMPARE(width(100), metrics.horizontalAdvance(QString(100, QLatin1Char('x'))));
-    QVERIFY(width(longestText) > 0);
-    QCOMPARE(width(2 * longestText), 2 * width(longestText));
-    QCOMPARE(width(longestText * 100), 100 * width(longestText));
-    QVERIFY(width(longestText + 1) >= width(longestText));
 }
 
 QTEST_MAIN(tst_KeyPainting)

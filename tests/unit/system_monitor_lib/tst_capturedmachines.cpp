@@ -4,6 +4,10 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
 namespace {
 
 constexpr qint64 second = 1'000'000'000;
@@ -57,6 +61,39 @@ QStringList describe(LiveSource &source)
     return lines;
 }
 
+MachineRoots rootsOf(const QString &machine, const QTemporaryDir &directory)
+{
+    MachineRoots roots{directory.filePath(QStringLiteral("proc")),
+                       directory.filePath(QStringLiteral("sys"))};
+    roots.pciIds = QStringLiteral(FIXTURES_DIRECTORY "/machines/pci.ids");
+    if (machine == QLatin1String("nvidia-desktop"))
+        roots.nvidiaLibrary = QStringLiteral(NVIDIA_LIBRARY);
+    return roots;
+}
+
+/// While it exists, this process cannot open any file.
+class NoMoreFiles
+{
+public:
+    NoMoreFiles()
+    {
+        ::getrlimit(RLIMIT_NOFILE, &m_before);
+        // The limit is the first free number, below which there must be none.
+        const int next = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+        ::close(next);
+        rlimit none = m_before;
+        none.rlim_cur = static_cast<rlim_t>(next);
+        ::setrlimit(RLIMIT_NOFILE, &none);
+    }
+    ~NoMoreFiles() { ::setrlimit(RLIMIT_NOFILE, &m_before); }
+    Q_DISABLE_COPY(NoMoreFiles)
+
+    static bool isInForce() { return ::open("/dev/null", O_RDONLY | O_CLOEXEC) < 0; }
+
+private:
+    rlimit m_before = {};
+};
+
 } // namespace
 
 class CapturedMachinesTest : public QObject
@@ -66,6 +103,8 @@ class CapturedMachinesTest : public QObject
 private Q_SLOTS:
     void givesItsReadings_data();
     void givesItsReadings();
+    void samplesWithoutOpeningFiles_data();
+    void samplesWithoutOpeningFiles();
 };
 
 void CapturedMachinesTest::givesItsReadings_data()
@@ -82,14 +121,9 @@ void CapturedMachinesTest::givesItsReadings()
     const QTemporaryDir directory;
     QVERIFY(directory.isValid());
     QVERIFY(unpackMachine(machine, QString(), directory.path()));
-    MachineRoots roots{directory.filePath(QStringLiteral("proc")),
-                       directory.filePath(QStringLiteral("sys"))};
-    roots.pciIds = QStringLiteral(FIXTURES_DIRECTORY "/machines/pci.ids");
-    if (machine == QLatin1String("nvidia-desktop"))
-        roots.nvidiaLibrary = QStringLiteral(NVIDIA_LIBRARY);
 
     qint64 now = second;
-    LiveSource source(roots, [&now] { return now; });
+    LiveSource source(rootsOf(machine, directory), [&now] { return now; });
     QVERIFY(source.open());
     QVERIFY(unpackMachine(machine, QStringLiteral("then"), directory.path()));
     now += 30 * second;
@@ -101,6 +135,33 @@ void CapturedMachinesTest::givesItsReadings()
         QString::fromUtf8(fixture(QStringLiteral("machines/%1.readings").arg(machine)))
             .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     QCOMPARE(describe(source), expected);
+}
+
+void CapturedMachinesTest::samplesWithoutOpeningFiles_data()
+{
+    givesItsReadings_data();
+}
+
+void CapturedMachinesTest::samplesWithoutOpeningFiles()
+{
+    QFETCH(const QString, machine);
+    const QTemporaryDir directory;
+    QVERIFY(directory.isValid());
+    QVERIFY(unpackMachine(machine, QString(), directory.path()));
+
+    qint64 now = second;
+    LiveSource source(rootsOf(machine, directory), [&now] { return now; });
+    QVERIFY(source.open());
+    now += second;
+    source.tree(Query::SystemInfo);
+    now += second;
+    const QStringList before = describe(source);
+    QVERIFY(before.size() > 5);
+
+    const NoMoreFiles noMoreFiles;
+    QVERIFY(NoMoreFiles::isInForce());
+    now += second;
+    QCOMPARE(describe(source), before);
 }
 
 QTEST_GUILESS_MAIN(CapturedMachinesTest)

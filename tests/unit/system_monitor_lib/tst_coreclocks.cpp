@@ -13,6 +13,8 @@ class CoreClocksTest : public QObject
 private Q_SLOTS:
     void takesTheFirstProcessorOfEachCore_data();
     void takesTheFirstProcessorOfEachCore();
+    void multipliesByThePerformance_data();
+    void multipliesByThePerformance();
 };
 
 void CoreClocksTest::takesTheFirstProcessorOfEachCore_data()
@@ -53,6 +55,27 @@ void CoreClocksTest::takesTheFirstProcessorOfEachCore()
         }
     }
     QCOMPARE(labels.size(), present);
+}
+
+void CoreClocksTest::multipliesByThePerformance_data()
+{
+    QTest::addColumn<double>("performance"); // -1: none.
+    QTest::addColumn<unsigned>("megahertz");
+    QTest::newRow("turbo") << 141.7 << 4251U;
+    QTest::newRow("idle") << 26.6667 << 800U;
+    QTest::newRow("nominal") << 100.0 << 3000U;
+    QTest::newRow("none") << -1.0 << 2999U;
+    QTest::newRow("stands still") << 0.0 << 2999U;
+    QTest::newRow("absurd") << 1e9 << 2999U;
+    QTest::newRow("no number") << qQNaN() << 2999U;
+}
+
+void CoreClocksTest::multipliesByThePerformance()
+{
+    QFETCH(const double, performance);
+    const bool isKnown = performance != -1;
+    QTEST(actualMegahertz(3000, 2999, isKnown ? std::optional(performance) : std::nullopt),
+          "megahertz");
 }
 
 QTEST_APPLESS_MAIN(CoreClocksTest)

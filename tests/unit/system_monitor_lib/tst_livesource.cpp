@@ -115,6 +115,7 @@ private Q_SLOTS:
     void virtualAdaptersAreLeftOut();
     void adapterComesAndGoes();
     void adapterReplacedBetweenSamples();
+    void listingOfAdaptersComesAndGoes();
     void adapterWithUnreadableCountersIsLeftOut_data();
     void adapterWithUnreadableCountersIsLeftOut();
     void jumpAboveTheLinkSpeedIsDropped_data();
@@ -411,6 +412,18 @@ void LiveSourceTest::adapterReplacedBetweenSamples()
     QVERIFY(m_machine->setCounters(eth0, 900000 + 1024, 900000));
     m_machine->now += second;
     QCOMPARE(value(network(), downRate), 1.0);
+}
+
+void LiveSourceTest::listingOfAdaptersComesAndGoes()
+{
+    QVERIFY(m_source->open());
+    QVERIFY(QDir(m_machine->path(QStringLiteral("sys/class"))).removeRecursively());
+    m_machine->now += second;
+    QCOMPARE(network(), QJsonObject());
+    const QString wlan0 = QStringLiteral("wlan0");
+    QVERIFY(m_machine->addAdapter(wlan0, 5, 5));
+    m_machine->now += second;
+    QCOMPARE(m_source->tree(Query::NetworkInfo).keys(), QStringList{wlan0});
 }
 
 void LiveSourceTest::adapterWithUnreadableCountersIsLeftOut_data()

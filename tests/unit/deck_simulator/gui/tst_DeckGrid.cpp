@@ -2,10 +2,13 @@
 #include "deck_simulator/gui/DeckMime.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QMenu>
 #include <QPainter>
 #include <QSignalSpy>
+#include <QTimer>
 #include <QWheelEvent>
+#include <QWindow>
 #include <QtTest>
 
 // A grid on the offscreen platform, driven by mouse, keyboard and drops.
@@ -28,6 +31,7 @@ private Q_SLOTS:
     void takesADroppedAction();
     void refusesAnActionOnATakenKey();
     void takesADroppedKey();
+    void dragsAKeyWithTheMouse();
     void refusesStrangeDrops();
     void turnsDials();
     void pressesDials();
@@ -227,6 +231,39 @@ void tst_DeckGrid::takesADroppedKey()
     QVERIFY(m_model->at({2, 2}) != nullptr);
     QCOMPARE(m_model->at({2, 2})->context, context);
     QVERIFY(!drag(placeMime({2, 2}), {2, 2}));
+}
+
+// A whole drag: press, move, release. It runs an event loop of its own until the release.
+void tst_DeckGrid::dragsAKeyWithTheMouse()
+{
+    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+        QSKIP("The offscreen platform finds no widget to drop on; tst_DeckGrid_x11 does");
+    const QString context = m_model->at({0, 0})->context;
+    QSignalSpy pressed(m_grid.get(), &DeckGrid::keyPressed);
+    KeyCell *cell = m_grid->cell({0, 0});
+    QWindow *window = m_grid->windowHandle();
+    const QPoint target = m_grid->cell({3, 2})->geometry().center();
+    QTimer steps;
+    int step = 0;
+    connect(&steps, &QTimer::timeout, this, [&] {
+        ++step;
+        if (step <= 3)
+            QCursor::setPos(window->mapToGlobal(target + QPoint(step, step)));
+        else
+            QTest::mouseRelease(window, Qt::LeftButton, {}, target);
+    });
+    QTest::mousePress(window, Qt::LeftButton, {}, cell->geometry().center());
+    QCOMPARE(pressed.count(), 1);
+    steps.start(20);
+    const QPoint away = cell->rect().center() + QPoint(60, 60);
+    QMouseEvent move(QEvent::MouseMove, away, cell->mapToGlobal(away), Qt::LeftButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(cell, &move);
+    steps.stop();
+    QVERIFY(m_model->at({0, 0}) == nullptr);
+    QVERIFY(m_model->at({3, 2}) != nullptr);
+    QCOMPARE(m_model->at({3, 2})->context, context);
+    QCOMPARE(pressed.count(), 2); // released when the drag began
 }
 
 void tst_DeckGrid::refusesStrangeDrops()

@@ -1,0 +1,6 @@
+#include "plugin/UpdateInterval.h"
+
+std::chrono::milliseconds updateInterval()
+{
+    return std::chrono::milliseconds(1000);
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+#include <QWebSocketServer>
+
+class QWebSocket;
+
+/// A deck host that keeps nothing of what it is sent but its number.
+class SoakHost : public QObject
+{
+    Q_OBJECT
+
+public:
+    SoakHost();
+
+    QStringList arguments() const;
+    bool isRegistered() const { return m_messages > 0; }
+    bool hasLost() const { return m_hasLost; }
+
+    qint64 pictures() const { return m_pictures; }
+    qint64 bytes() const { return m_bytes; }
+
+    void send(const QString &event, const QString &action, const QString &context,
+              const QJsonObject &settings = {});
+
+private:
+    void takeLink();
+    void count(const QString &text);
+
+    QWebSocketServer m_server;
+    QPointer<QWebSocket> m_link;
+    bool m_hasLost = false;
+    qint64 m_messages = 0;
+    qint64 m_pictures = 0;
+    qint64 m_bytes = 0;
+};
