@@ -8,9 +8,7 @@
 #include "tests/support/TestFonts.h"
 #include "json/ParseJson.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QJsonArray>
@@ -148,8 +146,6 @@ void takeDesktopReadings()
 ScratchFile::ScratchFile(const QString &name)
     : m_path(m_folder.filePath(name))
 {
-    if (!QDir().mkpath(QFileInfo(m_path).path()))
-        qFatal("No folder for files");
 }
 
 void ScratchFile::write(const QByteArray &content) const

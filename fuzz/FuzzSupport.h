@@ -41,12 +41,9 @@ void takeDesktopReadings();
 class ScratchFile
 {
 public:
-    /// \a name may name folders too.
     explicit ScratchFile(const QString &name);
 
     void write(const QByteArray &content) const;
-    /// Of the temporary folder.
-    [[nodiscard]] QString folder() const { return m_folder.path(); }
     [[nodiscard]] QString path() const { return m_path; }
 
 private:

@@ -1,21 +1,26 @@
 #include "sensors/LibreHardwareWebSocket.h"
 
 #include "SDK/Logger/Logger.h"
+#include "sensors/ServeConfig.h"
 #include "json/ParseJson.h"
 
 #include <QCoreApplication>
 #include <QDebug>
 #include <QDir>
 #include <QEventLoop>
+#include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QSettings>
 #include <QThread>
 #include <QTimer>
 
 namespace {
 
 constexpr int noPort = -1;
+
+/// Far above any real configuration; what is longer is cut.
+constexpr qint64 longestFile = 1024LL * 1024;
+
 constexpr int attemptCount = 3;
 constexpr int attemptTimeoutMs = 3000;
 constexpr int replyTimeoutMs = 3000;
@@ -66,11 +71,8 @@ int LibreHardwareWebSocket::readConfiguredPort()
         qWarning() << "Config file not found:" << path;
         return noPort;
     }
-    QSettings settings(path, QSettings::IniFormat);
-    settings.beginGroup(QStringLiteral("HWInfoServe"));
-    const int configured = settings.value(QStringLiteral("port"), noPort).toInt();
-    settings.endGroup();
-    return configured;
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? configuredPort(file.read(longestFile)) : noPort;
 }
 
 void LibreHardwareWebSocket::usePort(int newPort)
@@ -175,7 +177,7 @@ QJsonObject serviceResult(const QString &message)
     const QJsonObject reply = parseJson(message.toUtf8()).object();
     const QString method = reply.value(QLatin1String("method")).toString();
     const int code = reply.value(QLatin1String("code")).toInt();
-    const QJsonObject result = reply.value(QLatin1String("result")).toObject();
+    QJsonObject result = reply.value(QLatin1String("result")).toObject();
     // The code stands as the character that it numbers.
     LogDebug(QStringLiteral("method:") + method + QStringLiteral(" code:") +
              QLatin1Char(static_cast<char>(code)) + QStringLiteral(" result:") + indented(result));

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QByteArray>
+
+/// The port in the INI file of the hardware-information service: group "HWInfoServe", key "port".
+/// -1 without group or key, 0 when it is no number; of several the last one counts.
+///
+/// QSettings would create whatever object a value names ("@Variant(...)"), and a broken one ends
+/// the process; here every value is a text.
+int configuredPort(const QByteArray &ini);
