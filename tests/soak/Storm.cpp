@@ -65,6 +65,8 @@ void Storm::every(int milliseconds, void (Storm::*step)())
 
 void Storm::start()
 {
+    if (!m_timers.isEmpty())
+        return;
     every(20, &Storm::changeAKey);
     every(150, &Storm::visit);
     if (m_hasSound)
