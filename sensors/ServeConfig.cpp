@@ -5,15 +5,23 @@
 
 namespace {
 
-QByteArray withoutMarks(const QByteArray &value)
+/// \a value without quotation marks, or without the comment behind it.
+QByteArray bare(const QByteArray &value)
 {
-    const bool marked = value.size() > 1 && value.startsWith('"') && value.endsWith('"');
-    return marked ? value.mid(1, value.size() - 2) : value;
+    const bool isMarked = value.startsWith('"');
+    const int begin = isMarked ? 1 : 0;
+    const int end = value.indexOf(isMarked ? '"' : ';', begin);
+    return end < 0 ? value : value.mid(begin, end - begin);
+}
+
+bool isName(const QByteArray &text, const char *name)
+{
+    return qstricmp(text.trimmed().constData(), name) == 0;
 }
 
 int number(const QByteArray &value)
 {
-    return QVariant(QString::fromLatin1(withoutMarks(value.trimmed()))).toInt();
+    return QVariant(QString::fromLatin1(bare(value.trimmed()))).toInt();
 }
 
 } // namespace
@@ -29,8 +37,8 @@ int configuredPort(const QByteArray &ini)
         const QByteArray line = whole.trimmed();
         const int equals = line.indexOf('=');
         if (line.startsWith('['))
-            inGroup = line.mid(1, line.indexOf(']') - 1).trimmed() == "HWInfoServe";
-        else if (inGroup && equals > 0 && line.left(equals).trimmed() == "port")
+            inGroup = isName(line.mid(1, line.indexOf(']') - 1), "HWInfoServe");
+        else if (inGroup && equals > 0 && isName(line.left(equals), "port"))
             port = number(line.mid(equals + 1));
     }
     return port;

@@ -2,7 +2,8 @@
 
 #include <QByteArray>
 
-/// The port in the INI file of the hardware-information service: group "HWInfoServe", key "port".
+/// The port in the INI file of the hardware-information service: group "HWInfoServe", key "port",
+/// in any letter case.
 /// -1 without group or key, 0 when it is no number; of several the last one counts.
 ///
 /// QSettings would create whatever object a value names ("@Variant(...)"), and a broken one ends

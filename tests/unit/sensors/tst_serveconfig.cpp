@@ -32,6 +32,9 @@ void tst_ServeConfig::readsThePort_data()
     row("other groups", "[General]\nport=1\n[HWInfoServe]\nport=16000\n[Other]\nport=2\n", 16000);
     row("comments", "; port=1\n[HWInfoServe]\n;port=2\n#port=3\nport=16000\n", 16000);
     row("several", "[HWInfoServe]\nport=1\nport=2\n[x]\n[HWInfoServe]\nport=16000\n", 16000);
+    row("comment behind it", "[HWInfoServe]\nport=16000 ; the usual\n", 16000);
+    row("comment behind marks", "[HWInfoServe]\nport=\"16000\" ; the usual\n", 16000);
+    row("other letter case", "[hwinfoserve]\nPort=16000\n", 16000);
     row("negative", "[HWInfoServe]\nport=-2\n", -2);
     row("nothing", "", -1);
     row("no group", "port=16000\n", -1);
