@@ -92,7 +92,7 @@ void MountedDrives::readDrives()
         if (disk == DeviceNumber{})
             continue;
         seen.append(mount.device);
-        m_drives.append({mount.mountPoint, disk, m_devices.label(disk)});
+        m_drives.append({mount.mountPoint, m_devices.label(disk)});
     }
 }
 

@@ -23,7 +23,6 @@ private:
     struct Drive
     {
         QString root;
-        DeviceNumber disk;     ///< What the file system lies on.
         QString recordedLabel; ///< By the device manager, for file systems that cannot be asked.
     };
 

@@ -1,11 +1,11 @@
 #include "system_monitor_lib/live/DriveCollector.h"
 
+#include "system_monitor_lib/live/DriveTree.h"
 #include "system_monitor_lib/live/HwmonChip.h"
 
 #include <QDir>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -110,15 +110,7 @@ bool DriveCollector::collect(qint64 nowNs, SensorTrees &trees)
         for (Drive &drive : m_drives)
             read(drive, nowNs);
     }
-    for (const Drive &drive : m_drives) {
-        QJsonObject tree;
-        // Readers of this label take a number that is not whole for 0.
-        if (drive.celsius)
-            tree.insert(QStringLiteral("Drive Temperature"),
-                        reading(std::round(*drive.celsius), QStringLiteral("°C")));
-        const QString key = name(drive);
-        trees.addDevice(Query::SmartInfo, key, tree);
-        trees.addDevice(Query::AllSensorsData, QStringLiteral("Drive: %1").arg(key), tree);
-    }
+    for (const Drive &drive : m_drives)
+        addDrive(trees, name(drive), drive.celsius);
     return !m_drives.empty();
 }

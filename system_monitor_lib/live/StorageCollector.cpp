@@ -1,7 +1,8 @@
 #include "system_monitor_lib/live/StorageCollector.h"
 
+#include "system_monitor_lib/live/DriveTree.h"
+
 #include <algorithm>
-#include <cmath>
 
 StorageCollector::StorageCollector(Drives drives)
     : m_list(std::move(drives))
@@ -12,16 +13,8 @@ bool StorageCollector::collect(qint64 nowNs, SensorTrees &trees)
 {
     if (m_reading.isDue(nowNs))
         m_drives = m_list();
-    for (const StorageDrive &drive : m_drives) {
-        QJsonObject tree;
-        // Readers of this label take a number that is not whole for 0.
-        if (drive.celsius)
-            tree.insert(QStringLiteral("Drive Temperature"),
-                        reading(std::round(*drive.celsius), QStringLiteral("°C")));
-        const QString key = name(drive);
-        trees.addDevice(Query::SmartInfo, key, tree);
-        trees.addDevice(Query::AllSensorsData, QStringLiteral("Drive: %1").arg(key), tree);
-    }
+    for (const StorageDrive &drive : m_drives)
+        addDrive(trees, name(drive), drive.celsius);
     return !m_drives.empty();
 }
 
