@@ -5,12 +5,12 @@
 #include "sensors/systemInfor.h"
 #include "tests/support/InMemoryLibrary.h"
 #include "tests/support/MessageCapture.h"
+#include "tests/support/RawPanel.h"
 #include "tests/support/SampleSnapshot.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSignalSpy>
-#include <QTcpSocket>
 #include <QWebSocket>
 #include <QtTest>
 
@@ -60,34 +60,6 @@ public:
 private:
     QWebSocket m_socket;
     QSignalSpy m_replies{&m_socket, &QWebSocket::textMessageReceived};
-};
-
-/// A panel that sends, and never reads what it is sent after the handshake.
-class RawPanel
-{
-public:
-    explicit RawPanel(quint16 port)
-    {
-        // What is not read here is to stay with the server.
-        m_socket.setReadBufferSize(4096);
-        m_socket.connectToHost(QHostAddress(QHostAddress::LocalHost), port);
-        m_socket.write("GET / HTTP/1.1\r\nHost: localhost\r\nUpgrade: websocket\r\n"
-                       "Connection: Upgrade\r\nSec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n"
-                       "Sec-WebSocket-Version: 13\r\n\r\n");
-    }
-
-    bool isConnected() const { return m_socket.state() == QAbstractSocket::ConnectedState; }
-
-    /// \a request is shorter than 126 letters.
-    void ask(const QByteArray &request)
-    {
-        // One masked text frame; the mask is 0.
-        m_socket.write(QByteArray("\x81") + static_cast<char>(0x80 | request.size()) +
-                       QByteArray(4, '\0') + request);
-    }
-
-private:
-    QTcpSocket m_socket;
 };
 
 } // namespace

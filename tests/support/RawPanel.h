@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QHostAddress>
+#include <QTcpSocket>
+
+/// A client of the data server that speaks the WebSocket protocol byte by byte, and never reads
+/// what it is sent.
+class RawPanel
+{
+public:
+    explicit RawPanel(quint16 port)
+    {
+        // What is not read here is to stay with the server.
+        m_socket.setReadBufferSize(4096);
+        m_socket.connectToHost(QHostAddress(QHostAddress::LocalHost), port);
+        m_socket.write("GET / HTTP/1.1\r\nHost: localhost\r\nUpgrade: websocket\r\n"
+                       "Connection: Upgrade\r\nSec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n"
+                       "Sec-WebSocket-Version: 13\r\n\r\n");
+    }
+
+    bool isConnected() const { return m_socket.state() == QAbstractSocket::ConnectedState; }
+    bool isGone() const { return m_socket.state() == QAbstractSocket::UnconnectedState; }
+
+    /// Whether the server has answered the handshake.
+    bool isServed() { return m_socket.peek(4096).contains("101 Switching Protocols"); }
+
+    void send(const QByteArray &bytes) { m_socket.write(bytes); }
+
+    /// \a request is shorter than 126 letters.
+    void ask(const QByteArray &request)
+    {
+        // One masked text frame; the mask is 0.
+        send(QByteArray("\x81") + static_cast<char>(0x80 | request.size()) + QByteArray(4, '\0') +
+             request);
+    }
+
+private:
+    QTcpSocket m_socket;
+};
