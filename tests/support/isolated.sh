@@ -1,7 +1,8 @@
 #!/bin/bash
 # isolated.sh COMMAND [ARGUMENTS...]: runs a command where it sees no process and no port but its
 # own, for the plugin ends leftovers of its name and serves a fixed port. Where the machine forbids
-# such namespaces, says why and runs the command plainly. Output and exit status are the command's.
+# such namespaces, says why and runs the command plainly, one such at a time. Output and exit status
+# are the command's.
 set -u
 
 enter=(unshare --net --pid --fork --mount-proc --kill-child)
@@ -12,4 +13,4 @@ if reason=$("${enter[@]}" sh -c 'ip link set lo up' 2>&1); then
     exec "${enter[@]}" sh -c 'ip link set lo up; "$@"; exit $?' sh "$@"
 fi
 echo "isolated.sh: no private namespaces, running plainly: ${reason%%$'\n'*}" >&2
-exec "$@"
+exec flock --close "${TMPDIR:-/tmp}/port24509.lock" "$@"
