@@ -1,3 +1,4 @@
+#include "sensors/DriveRoots.h"
 #include "sensors/drives.h"
 
 #include <QByteArray>
@@ -20,26 +21,16 @@ QStringList texts(const char *list, std::size_t length)
     return found;
 }
 
-/// What GetLogicalDriveStringsA would list if it did not leave out all drives when not all fit.
-QStringList firstDriveLetters(std::size_t most)
-{
-    const DWORD inUse = GetLogicalDrives();
-    QStringList roots;
-    for (char letter = 'A'; letter <= 'Z' && static_cast<std::size_t>(roots.size()) < most;
-         ++letter) {
-        if ((inUse >> static_cast<unsigned>(letter - 'A') & 1U) != 0)
-            roots.append(QLatin1Char(letter) + QStringLiteral(":\\"));
-    }
-    return roots;
-}
-
 QStringList logicalDrives()
 {
-    constexpr std::size_t lengthOfRoot = 4;
-    std::array<char, 100> list{};
-    const DWORD length = GetLogicalDriveStringsA(static_cast<DWORD>(list.size()), list.data());
-    if (length > list.size())
-        return firstDriveLetters(list.size() / lengthOfRoot);
+    constexpr DWORD most = 100;
+    constexpr int lengthOfRoot = 4;
+    // The function does not count the zero that ends the list.
+    std::array<char, most + 1> list{};
+    const DWORD length = GetLogicalDriveStringsA(most, list.data());
+    // Where not all fit it lists none.
+    if (length > most)
+        return driveRoots(GetLogicalDrives(), most / lengthOfRoot);
     return texts(list.data(), length);
 }
 
@@ -60,13 +51,13 @@ public:
 
     std::optional<QString> volumeName(const QString &root) override
     {
-        std::array<char, 260> name{};
-        std::array<char, 260> fileSystem{};
-        if (!GetVolumeInformationA(root.toLocal8Bit().constData(), name.data(),
+        std::array<wchar_t, 260> name{};
+        std::array<wchar_t, 260> fileSystem{};
+        if (!GetVolumeInformationW(root.toStdWString().c_str(), name.data(),
                                    static_cast<DWORD>(name.size()), nullptr, nullptr, nullptr,
                                    fileSystem.data(), static_cast<DWORD>(fileSystem.size())))
             return std::nullopt;
-        return QString::fromLocal8Bit(name.data());
+        return QString::fromWCharArray(name.data());
     }
 
     std::optional<DriveSpace> space(const QString &root) override

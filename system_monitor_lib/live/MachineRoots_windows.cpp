@@ -9,7 +9,8 @@ MachineRoots thisMachine()
     MachineRoots roots;
     std::array<wchar_t, MAX_PATH> folder{};
     // By its whole path: a bare name would be searched in the working directory too.
-    if (GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size())) > 0)
+    const UINT length = GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size()));
+    if (length > 0 && length < folder.size())
         roots.nvidiaLibrary = QString::fromWCharArray(folder.data()) + QStringLiteral("\\nvml.dll");
     return roots;
 }

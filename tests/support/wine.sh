@@ -30,10 +30,10 @@ export WINEQT_QPA_FONTDIR=/usr/share/fonts/truetype/dejavu
 # a removable one R:.
 furnish_machine() {
     local drive
-    ln -s /usr/share/fonts "$WINEPREFIX/drive_c/windows/Fonts/host"
+    ln -sfn /usr/share/fonts "$WINEPREFIX/drive_c/windows/Fonts/host"
     for drive in n:network r:floppy; do
-        mkdir "$WINEPREFIX/drive_${drive%%:*}"
-        ln -s "../drive_${drive%%:*}" "$WINEPREFIX/dosdevices/${drive%%:*}:"
+        mkdir -p "$WINEPREFIX/drive_${drive%%:*}"
+        ln -sfn "../drive_${drive%%:*}" "$WINEPREFIX/dosdevices/${drive%%:*}:"
         wine reg add 'HKLM\Software\Wine\Drives' /v "${drive%%:*}:" /d "${drive#*:}" /f
     done
     wineserver --kill
@@ -52,9 +52,10 @@ start_machine() {
 }
 
 mkdir -p "$WINEPREFIX"
+trap 'cat "$WINEPREFIX/start.log" >&2' EXIT
 {
     flock 9
-    start_machine </dev/null >/dev/null 2>&1 9>&-
+    start_machine </dev/null >"$WINEPREFIX/start.log" 2>&1 9>&-
 } 9>"$WINEPREFIX/lock"
 
 # What Wine starts for the program on the way, such as a desktop, outlives it and would keep a pipe

@@ -319,10 +319,10 @@ void tst_Audio_windows::reportsWhatFails()
 void tst_Audio_windows::readsThisMachine()
 {
     const QStringList names = machineAudio().deviceNames();
-    if (qEnvironmentVariableIsSet("PULSE_SERVER")) {
-        QVERIFY(names.contains(QStringLiteral("Desk Speakers")));
-        QVERIFY(names.contains(QStringLiteral("Head Phones")));
-    }
+    if (!qEnvironmentVariableIsSet("PULSE_SERVER"))
+        QSKIP("no sound server of the test's own, so no known devices");
+    QVERIFY(names.contains(QStringLiteral("Desk Speakers")));
+    QVERIFY(names.contains(QStringLiteral("Head Phones")));
     const MessageCapture capture;
     for (int index = 0; index < names.size(); ++index) {
         const float volume = machineAudio().volume(index);
