@@ -21,11 +21,11 @@ def output_of(command, folder, **variables):
 class Sides:
     """Each method runs one side once and gives its figures by name."""
 
-    def __init__(self, build, seconds):
+    def __init__(self, build, seconds, folder):
         self.build = os.path.abspath(build)
         self.seconds = seconds
         # The plugin writes a log into its working folder.
-        self.folder = tempfile.mkdtemp()
+        self.folder = folder
 
     def program(self, name):
         return os.path.join(self.build, 'bin', name)
@@ -145,7 +145,8 @@ def main():
     parser.add_argument('--rounds', type=int, default=5)
     parser.add_argument('--seconds', type=int, default=10, help='to watch each plugin in a round')
     arguments = parser.parse_args()
-    figures = measure(Sides(arguments.build, arguments.seconds), arguments.rounds)
+    with tempfile.TemporaryDirectory() as folder:
+        figures = measure(Sides(arguments.build, arguments.seconds, folder), arguments.rounds)
     with open(os.path.join(arguments.build, 'figures.json'), 'w', encoding='utf-8') as file:
         json.dump(figures, file, indent=1)
     rows = goals(figures)

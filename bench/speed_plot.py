@@ -18,14 +18,12 @@ def number(value):
 
 
 def row(top, name, own, other, unit, ratio, goal):
-    full = min(1, max(ratio, goal, 1))
-    scale = BAR / full
     y = top + 22
     texts = escape(f'{name}: {number(own)} {unit} of {number(other)} {unit}')
     return f'''<text x="{LEFT}" y="{top + 14}" fill="#222222">{texts}</text>
 <rect x="{LEFT}" y="{y}" width="{BAR}" height="14" fill="#d9dde3"/>
-<rect x="{LEFT}" y="{y}" width="{min(BAR, ratio * scale):.1f}" height="14" fill="#2060c0"/>
-<line x1="{LEFT + goal * scale:.1f}" y1="{y - 3}" x2="{LEFT + goal * scale:.1f}" y2="{y + 17}" \
+<rect x="{LEFT}" y="{y}" width="{min(BAR, ratio * BAR):.1f}" height="14" fill="#2060c0"/>
+<line x1="{LEFT + goal * BAR:.1f}" y1="{y - 3}" x2="{LEFT + goal * BAR:.1f}" y2="{y + 17}" \
 stroke="#c03020" stroke-width="2"/>
 <text x="{LEFT + BAR + 12}" y="{y + 12}" fill="#222222">{100 * ratio:.1f} %, goal {100 * goal:.1f} %</text>
 '''

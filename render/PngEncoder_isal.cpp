@@ -26,7 +26,7 @@ class Palette
 public:
     static constexpr std::size_t largest = 256;
 
-    [[nodiscard]] std::size_t size() const { return m_size; }
+    [[nodiscard]] std::size_t size() const { return std::min(m_size, largest); }
     [[nodiscard]] QRgb at(std::size_t place) const { return m_colors[place]; }
 
     /// The place of \a color, which is added if it is new. Meaningless once the palette overflows.
@@ -44,6 +44,9 @@ public:
     /// Whether there were more colours than places.
     [[nodiscard]] bool overflows() const { return m_overflows; }
 
+    /// Whether transparent gave its place away: right for a picture without it.
+    [[nodiscard]] bool lacksTransparent() const { return m_size > largest; }
+
 private:
     static constexpr QRgb transparent = 0;
     static constexpr unsigned slotBits = 12;
@@ -57,16 +60,18 @@ private:
 
     uchar add(QRgb color, std::size_t slot)
     {
-        m_overflows = m_size == largest;
+        m_overflows = lacksTransparent();
         if (m_overflows)
             return 0;
+        const auto place = static_cast<uchar>(m_size++ % largest);
         m_keys[slot] = color;
-        m_places[slot] = static_cast<uchar>(m_size);
-        m_colors[m_size] = color;
-        return static_cast<uchar>(m_size++);
+        m_places[slot] = place;
+        m_colors[place] = color;
+        return place;
     }
 
-    // Transparent is always the first colour, so that an empty slot is one that holds it.
+    // Transparent is always the first colour, so that an empty slot is one that holds it. Only a
+    // colour that finds all other places taken gets its place.
     std::array<QRgb, slots> m_keys = {};
     std::array<uchar, slots> m_places = {};
     std::array<QRgb, largest> m_colors = {};
@@ -94,6 +99,17 @@ bool isTransparent(const QRgb *begin, const QRgb *end)
     return std::accumulate(begin, end, QRgb{0}, std::bit_or<>()) == 0;
 }
 
+bool hasTransparent(const QImage &image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        const QRgb *const begin = pixels(image, y);
+        const QRgb *const end = begin + image.width();
+        if (std::find(begin, end, QRgb{0}) != end)
+            return true;
+    }
+    return false;
+}
+
 /// False when \a image has too many colours for a palette.
 bool writePaletteRows(const QImage &image, Palette &palette, Rows &rows)
 {
@@ -112,7 +128,7 @@ bool writePaletteRows(const QImage &image, Palette &palette, Rows &rows)
                            [&palette](QRgb color) { return palette.placeOf(color); });
         out += width;
     }
-    return !palette.overflows();
+    return !palette.overflows() && !(palette.lacksTransparent() && hasTransparent(image));
 }
 
 quint32 rgba(QRgb pixel)

@@ -19,6 +19,7 @@ class tst_Faults : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void endsWhenItsHostIsKilled();
     void startsWithoutANameService();
     void outlivesItsWorkingFolder();
     void outlivesALogThatCannotBeWritten();
@@ -53,13 +54,40 @@ bool updates(const FakeHost &host, int times = 2)
     return !FakeHost::picture(host.images(key).constLast()).isNull();
 }
 
+bool isBlank(const QImage &picture)
+{
+    QImage blank(picture.size(), QImage::Format_ARGB32);
+    blank.fill(Qt::transparent);
+    return picture.convertToFormat(QImage::Format_ARGB32) == blank;
+}
+
 } // namespace
+
+void tst_Faults::endsWhenItsHostIsKilled()
+{
+    QProcess host;
+    host.start(QStringLiteral(HOST_EXECUTABLE), QStringList());
+    QVERIFY(host.waitForReadyRead());
+    const QString arguments = QString::fromUtf8(host.readLine().trimmed());
+    PluginProcess plugin;
+    plugin.launch(arguments.split(QLatin1Char(' ')));
+    QVERIFY(host.waitForReadyRead(patience));
+    QCOMPARE(host.readLine(), QByteArray("registered\n"));
+    host.kill();
+    QVERIFY(plugin.endsWithStatus(0));
+    QVERIFY(plugin.content(QStringLiteral("log.txt")).contains("Disonnected-serverPort: "));
+}
 
 void tst_Faults::startsWithoutANameService()
 {
     const MountFolder folder;
     if (!folder.run(QStringLiteral("touch hosts && mount --bind hosts /etc/hosts")))
         QSKIP("nothing can be mounted on this machine: the warning above says why");
+    if (QProcess::execute(QStringLiteral("getent"),
+                          {QStringLiteral("ahosts"), QStringLiteral("localhost")}) == 0) {
+        QVERIFY(folder.run(QStringLiteral("umount /etc/hosts")));
+        QSKIP("another name service of this machine knows localhost");
+    }
     RunningPlugin plugin;
     const bool started = plugin.start();
     if (started)
@@ -106,13 +134,18 @@ void tst_Faults::outlivesAFullDisk()
     plugin.host.appear(cpu, key);
     QVERIFY(updates(plugin.host));
 
+    const auto written = [&folder] {
+        QFile log(folder.path(QStringLiteral("full/log.txt")));
+        log.open(QIODevice::ReadOnly);
+        return log.readAll();
+    };
+    QVERIFY2(!written().contains("Connect-serverPort: "), "the disk was not full");
+
     // Space again: the next line is whole.
     QVERIFY(folder.run(QStringLiteral("rm full/file")));
     plugin.host.closeLink();
     QVERIFY(plugin.process.endsWithStatus(0));
-    QFile log(folder.path(QStringLiteral("full/log.txt")));
-    QVERIFY(log.open(QIODevice::ReadOnly));
-    const QByteArray text = log.readAll();
+    const QByteArray text = written();
     QVERIFY2(text.contains("SDK/Logger Disonnected-serverPort: ") && text.endsWith("\r\n"),
              text.constData());
 }
@@ -222,19 +255,31 @@ void tst_Faults::showsAFontWhoseFileIsGone()
     const QString installed = testfonts::find(QStringLiteral("DejaVuSans.ttf"));
     if (installed.isEmpty())
         QSKIP("this machine has no DejaVu fonts");
+    const QString other = testfonts::find(QStringLiteral("Roboto-Bold.ttf"));
+    if (other.isEmpty())
+        QSKIP("this machine has no Roboto fonts");
+    // Of the machine's fonts only another family can stand in for it.
     QTemporaryDir folder;
+    QFile fontConfig(folder.filePath(QStringLiteral("fonts.conf")));
+    QVERIFY(fontConfig.open(QIODevice::WriteOnly));
+    fontConfig.write(QStringLiteral("<fontconfig><dir>%1</dir><cachedir>%2</cachedir></fontconfig>")
+                         .arg(QFileInfo(other).path(), folder.path())
+                         .toUtf8());
+    fontConfig.close();
     const QString file = folder.filePath(QStringLiteral("deck.ttf"));
     QVERIFY(QFile::copy(installed, file));
     const QJsonObject font{{QStringLiteral("name"), QStringLiteral("Deck")},
                            {QStringLiteral("url"), file}};
     const QJsonObject info{{QStringLiteral("fonts"), QJsonArray{font}}};
     RunningPlugin plugin;
+    plugin.process.setVariable(QStringLiteral("FONTCONFIG_FILE"), fontConfig.fileName());
     QVERIFY(plugin.start(QString::fromUtf8(QJsonDocument(info).toJson(QJsonDocument::Compact))));
     QVERIFY(QFile::remove(file));
     plugin.host.appear(
         cpu, key,
         FakeHost::keySettings({{QStringLiteral("fontFamily"), QStringLiteral("DejaVu Sans")}}));
     QVERIFY(updates(plugin.host));
+    QVERIFY(!isBlank(FakeHost::picture(plugin.host.images(key).constLast())));
     const QJsonArray fonts = plugin.host.settings(key)
                                  .constFirst()
                                  .value(QStringLiteral("titleParameters"))

@@ -300,6 +300,7 @@ void tst_PngEncoder::colorTypeFollowsTheColours_data()
     QTest::newRow("1") << 1 << false << 3;
     QTest::newRow("255") << 255 << false << 3;
     QTest::newRow("255 and transparent") << 255 << true << 3;
+    QTest::newRow("256") << 256 << false << 3;
     QTest::newRow("256 and transparent") << 256 << true << 6;
     QTest::newRow("257") << 257 << false << 6;
 }
@@ -316,6 +317,9 @@ void tst_PngEncoder::colorTypeFollowsTheColours()
         image.setPixel(39, 39, 0);
     QCOMPARE(colorType(encodedPng(image)), type);
     QCOMPARE(decoded(encodedPng(image)), image);
+    const QImage turned = image.mirrored(true, true);
+    QCOMPARE(colorType(encodedPng(turned)), type);
+    QCOMPARE(decoded(encodedPng(turned)), turned);
 }
 
 void tst_PngEncoder::nothingForANullImage()

@@ -1,6 +1,7 @@
 #include "system_monitor_lib/live/PolledFile.h"
 #include "tests/unit/system_monitor_lib/files.h"
 
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void followsAReplacement();
     void failsOnADirectory();
     void readsTheKernel();
+    void returnsNothingOfADeviceThatHasGone();
     void closesItsDescriptor();
 
 private:
@@ -102,6 +104,22 @@ void PolledFileTest::readsTheKernel()
     const QByteArray uptime = bytes(file.read());
     QVERIFY(uptime.endsWith('\n'));
     QTRY_VERIFY(bytes(file.read()) != uptime);
+}
+
+/// As the entries of a process or device go: the descriptor stays open and reading it fails.
+void PolledFileTest::returnsNothingOfADeviceThatHasGone()
+{
+    QProcess process;
+    process.start(QStringLiteral("sleep"), {QStringLiteral("60")});
+    QVERIFY(process.waitForStarted());
+    PolledFile file(QStringLiteral("/proc/%1/stat").arg(process.processId()));
+    QVERIFY(bytes(file.read()).startsWith(QByteArray::number(process.processId()) + ' '));
+    const int whileOpen = openDescriptors();
+    process.kill();
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(bytes(file.read()), QByteArray());
+    QVERIFY(openDescriptors() < whileOpen);
+    QCOMPARE(bytes(file.read()), QByteArray());
 }
 
 void PolledFileTest::closesItsDescriptor()
