@@ -67,11 +67,11 @@ void tst_Faults::endsWhenItsHostIsKilled()
 {
     QProcess host;
     host.start(QStringLiteral(HOST_EXECUTABLE), QStringList());
-    QVERIFY(host.waitForReadyRead());
+    QTRY_PATIENTLY(host.canReadLine());
     const QString arguments = QString::fromUtf8(host.readLine().trimmed());
     PluginProcess plugin;
     plugin.launch(arguments.split(QLatin1Char(' ')));
-    QVERIFY(host.waitForReadyRead(patience));
+    QTRY_PATIENTLY(host.canReadLine());
     QCOMPARE(host.readLine(), QByteArray("registered\n"));
     host.kill();
     QVERIFY(plugin.endsWithStatus(0));
