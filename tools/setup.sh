@@ -5,7 +5,7 @@ build_packages=(cmake ninja-build g++ qtbase5-dev libqt5websockets5-dev libsenso
 run_packages=(fonts-roboto-unhinted)
 test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux pulseaudio pulseaudio-utils
     e2fsprogs btrfs-progs squashfs-tools procps faketime xvfb)
-gate_packages=(clang-format clang-tidy)
+gate_packages=(clang-format clang-tidy git)
 fuzz_packages=(clang libclang-rt-14-dev)
 windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth
     pulseaudio pulseaudio-utils)

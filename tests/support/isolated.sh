@@ -4,6 +4,8 @@
 # such namespaces, says why and runs the command plainly, one such at a time. Output and exit status
 # are the command's.
 set -u
+# The tools that make file systems; a user's path lacks them.
+PATH+=:/usr/sbin:/sbin
 
 enter=(unshare --net --pid --fork --mount-proc --kill-child)
 ((EUID == 0)) || enter+=(--map-root-user)
