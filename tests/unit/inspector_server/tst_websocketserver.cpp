@@ -14,6 +14,7 @@
 #include <QWebSocket>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -39,6 +40,17 @@ QJsonValue answer(const char *request)
 QJsonArray array(const QByteArray &text)
 {
     return QJsonDocument::fromJson(text).array();
+}
+
+QJsonObject sensorsOfSize(int bytes)
+{
+    return {{QStringLiteral("group"), QString(bytes, QLatin1Char('x'))}};
+}
+
+/// The largest pings there are, masked by 0.
+QByteArray pings(int count)
+{
+    return (QByteArray("\x89\xfd") + QByteArray(4, '\0') + QByteArray(125, 'x')).repeated(count);
 }
 
 /// One settings panel.
@@ -89,6 +101,9 @@ private Q_SLOTS:
     void dropsAClientThatSendsTooMuch();
     void dropsAClientThatAsksTooOften();
     void dropsAClientThatReadsNothing();
+    void dropsAClientThatReadsNoPongs();
+    void boundsWhatClientsLeaveUnreadTogether();
+    void outlivesAClientThatGoesInTheMiddleOfAnAnswer();
     void servesManyClients();
     void dropsTheOldestOfTooManyClients();
     void reportsAPortThatIsTaken();
@@ -333,14 +348,66 @@ void tst_WebSocketServer::dropsAClientThatAsksTooOften()
 void tst_WebSocketServer::dropsAClientThatReadsNothing()
 {
     // One answer fills a twentieth of what may be left unread.
-    InMemoryLibrary::allSensors = {
-        {QStringLiteral("group"), QString(800 * 1024, QLatin1Char('x'))}};
+    InMemoryLibrary::allSensors = sensorsOfSize(800 * 1024);
     RawPanel deaf(m_server->port());
     QTRY_VERIFY(deaf.isConnected());
     int requests = 0;
     QTRY_VERIFY_WITH_TIMEOUT((deaf.ask("GetAllSensorsData"), ++requests, !deaf.isConnected()),
                              20000);
     QVERIFY2(requests < 200, qPrintable(QString::number(requests)));
+    Panel next(m_server->port());
+    QTRY_VERIFY(next.isConnected());
+    next.ask(QStringLiteral("Cpu Usage"));
+    QTRY_COMPARE(next.replyCount(), 1);
+}
+
+void tst_WebSocketServer::dropsAClientThatReadsNoPongs()
+{
+    RawPanel deaf(m_server->port());
+    QTRY_VERIFY(deaf.isServed());
+    const QByteArray burst = pings(8000);
+    qint64 sent = 0;
+    QTRY_VERIFY_WITH_TIMEOUT((deaf.send(burst), sent += burst.size(), !deaf.isConnected()), 20000);
+    QVERIFY2(sent < 200 * 1024 * 1024, qPrintable(QString::number(sent)));
+    QCOMPARE(
+        MessageCapture::count(QStringLiteral("Connection disconnected. Remaining connections: 0")),
+        1);
+}
+
+void tst_WebSocketServer::boundsWhatClientsLeaveUnreadTogether()
+{
+    Panel other(m_server->port());
+    QTRY_VERIFY(other.isConnected());
+    std::vector<std::unique_ptr<RawPanel>> deaf;
+    for (int client = 0; client < 12; ++client) {
+        deaf.push_back(std::make_unique<RawPanel>(m_server->port()));
+        QTRY_VERIFY(deaf.back()->isServed());
+    }
+    // Too little for any of them to go by itself.
+    const QByteArray burst = pings(8000);
+    for (int sent = 0; sent + burst.size() < 16 * 1024 * 1024; sent += burst.size()) {
+        for (const auto &client : deaf)
+            client->send(burst);
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(std::any_of(deaf.begin(), deaf.end(),
+                                         [](const auto &client) { return !client->isConnected(); }),
+                             20000);
+    other.ask(QStringLiteral("Cpu Usage"));
+    QTRY_COMPARE(other.replyCount(), 1);
+}
+
+void tst_WebSocketServer::outlivesAClientThatGoesInTheMiddleOfAnAnswer()
+{
+    // More than the system takes at once, so that the server is still sending.
+    InMemoryLibrary::allSensors = sensorsOfSize(12 * 1024 * 1024);
+    RawPanel hasty(m_server->port());
+    QTRY_VERIFY(hasty.isServed());
+    hasty.ask("GetAllSensorsData");
+    QTRY_VERIFY(hasty.hasBegunToReceive());
+    hasty.abort();
+    QTRY_COMPARE(
+        MessageCapture::count(QStringLiteral("Connection disconnected. Remaining connections: 0")),
+        1);
     Panel next(m_server->port());
     QTRY_VERIFY(next.isConnected());
     next.ask(QStringLiteral("Cpu Usage"));
