@@ -40,10 +40,12 @@ public:
     /// The port listened on, 0 when it could not be had.
     quint16 port() const;
 
-private:
+private Q_SLOTS:
     void onNewConnection();
     void onTextMessageReceived(const QString &message);
     void onDisconnected();
+
+private:
     void acceptAgainSoon();
     bool isTooBusy(QWebSocket *client);
     void dropWhoReadsTooLittle();

@@ -20,6 +20,7 @@ private Q_SLOTS:
 
     void showsEveryKindOfKey_data();
     void showsEveryKindOfKey();
+    void logsEachKeyOfAPass();
     void answersEveryRequest_data();
     void answersEveryRequest();
     void answersEverySensor();
@@ -175,6 +176,17 @@ void tst_RecordedReadings::showsEveryKindOfKey()
     const QImage picture = FakeHost::picture(m_host->images(key).constLast());
     QVERIFY(!picture.isNull());
     QVERIFY(hasInk(picture));
+}
+
+void tst_RecordedReadings::logsEachKeyOfAPass()
+{
+    QVERIFY(!titleOf(context("CPU fan")).isEmpty());
+    const QString key = QStringLiteral("get_operator->GetAction(): com.quellor.stream.");
+    QTRY_PATIENTLY(m_plugin->process.hasLoggedInOrder(
+        {QStringLiteral("updateImages"), key + QStringLiteral("system.cpu"),
+         key + QStringLiteral("PumpSpeed"), QStringLiteral("updateImages PumpSpeed"),
+         key + QStringLiteral("CPUFan"), QStringLiteral("updateImages CPUFan"),
+         QStringLiteral("-------------------updateImages over---------------------")}));
 }
 
 void tst_RecordedReadings::answersEveryRequest_data()

@@ -10,6 +10,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QMetaMethod>
 #include <QSignalSpy>
 #include <QWebSocket>
 #include <QtTest>
@@ -17,6 +18,8 @@
 #include <algorithm>
 #include <memory>
 #include <vector>
+
+Q_DECLARE_METATYPE(int *)
 
 namespace {
 
@@ -84,6 +87,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void hasItsSlotsInOrder();
     void answersRequests_data();
     void answersRequests();
     void answersWithSixDigits();
@@ -91,7 +95,8 @@ private Q_SLOTS:
     void answersWithEveryDrive();
     void answersWithNoDrives();
     void answersWithEveryPlaybackDevice();
-    void answersAVolumeThatCannotBeReadUnsigned();
+    void answersUnsigned_data();
+    void answersUnsigned();
     void answersUnknownRequestsWithNothing_data();
     void answersUnknownRequestsWithNothing();
     void asksTheLibraryForAllSensors();
@@ -130,6 +135,20 @@ void tst_WebSocketServer::cleanup()
     m_server.reset();
     m_owner.reset();
     m_capture.reset();
+}
+
+void tst_WebSocketServer::hasItsSlotsInOrder()
+{
+    const QMetaObject &meta = WebSocketServer::staticMetaObject;
+    QStringList slots;
+    for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
+        const QMetaMethod method = meta.method(index);
+        QCOMPARE(method.methodType(), QMetaMethod::Slot);
+        slots.append(QString::fromLatin1(method.methodSignature()));
+    }
+    QCOMPARE(slots, (QStringList{QStringLiteral("onNewConnection()"),
+                                 QStringLiteral("onTextMessageReceived(QString)"),
+                                 QStringLiteral("onDisconnected()")}));
 }
 
 void tst_WebSocketServer::answersRequests_data()
@@ -209,10 +228,18 @@ void tst_WebSocketServer::answersWithEveryPlaybackDevice()
              QJsonValue(0.10000000149011612));
 }
 
-void tst_WebSocketServer::answersAVolumeThatCannotBeReadUnsigned()
+void tst_WebSocketServer::answersUnsigned_data()
 {
-    systemInfor::AudioVolume = -1;
-    QCOMPARE(answer("defaultAudioEndpointVolume"), QJsonValue(QStringLiteral("4294967295")));
+    QTest::addColumn<int *>("reading");
+    QTest::newRow("defaultAudioEndpointVolume") << &systemInfor::AudioVolume;
+    QTest::newRow("Memory Model") << &systemInfor::MemoryTotalGBRounded;
+}
+
+void tst_WebSocketServer::answersUnsigned()
+{
+    QFETCH(int *, reading);
+    *reading = -1;
+    QCOMPARE(answer(QTest::currentDataTag()), QJsonValue(QStringLiteral("4294967295")));
 }
 
 void tst_WebSocketServer::answersWithTheDriveTrees()
