@@ -112,17 +112,6 @@ QJsonObject untitled(const char *settings)
     return FakeHost::keySettings(changes);
 }
 
-bool hasInk(const QImage &picture)
-{
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (qAlpha(picture.pixel(x, y)) != 0)
-                return true;
-        }
-    }
-    return false;
-}
-
 } // namespace
 
 void tst_RecordedReadings::initTestCase()
@@ -173,9 +162,7 @@ void tst_RecordedReadings::showsEveryKindOfKey()
         QSKIP(qPrintable(QStringLiteral("no sound server: ") + m_sound->reason()));
     QVERIFY(m_host->waitForMessages(QStringLiteral("setTitle"), key, 1));
     QTEST(m_host->titles(key).constLast(), "title");
-    const QImage picture = FakeHost::picture(m_host->images(key).constLast());
-    QVERIFY(!picture.isNull());
-    QVERIFY(hasInk(picture));
+    QVERIFY(FakeHost::hasInk(m_host->images(key).constLast()));
 }
 
 void tst_RecordedReadings::logsEachKeyOfAPass()
