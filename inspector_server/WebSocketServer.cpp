@@ -7,10 +7,10 @@
 #include <QDebug>
 #include <QHostAddress>
 #include <QJsonDocument>
-#include <QTimer>
 #include <QWebSocket>
 #include <QWebSocketServer>
 
+#include <algorithm>
 #include <chrono>
 
 using namespace std::chrono_literals;
@@ -20,8 +20,11 @@ namespace {
 /// Far above the longest request name and far below harm.
 constexpr quint64 longestRequest = 64ULL * 1024;
 
-/// Bytes of answers that a client may leave unread: dozens of the largest.
+/// Bytes that the clients may leave unread: dozens of the largest answers.
 constexpr qint64 mostUnread = 16LL * 1024 * 1024;
+
+/// Qt replies to pings without a word, so that what is unread is looked at this often.
+constexpr std::chrono::milliseconds unreadInterval = 100ms;
 
 /// An instance that starts beside this one gives up after half of this.
 constexpr std::chrono::milliseconds handshakeTimeout = 3s;
@@ -48,6 +51,8 @@ WebSocketServer::WebSocketServer(quint16 port, QObject *parent)
                                               QWebSocketServer::NonSecureMode, this))
 {
     m_clock.start();
+    m_unreadTimer.setInterval(unreadInterval);
+    connect(&m_unreadTimer, &QTimer::timeout, this, &WebSocketServer::dropWhoReadsTooLittle);
     m_pWebSocketServer->setHandshakeTimeout(handshakeTimeout);
     connect(m_pWebSocketServer, &QWebSocketServer::acceptError, this,
             &WebSocketServer::acceptAgainSoon);
@@ -86,6 +91,8 @@ void WebSocketServer::onNewConnection()
     client->setMaxAllowedIncomingFrameSize(longestRequest);
     client->setMaxAllowedIncomingMessageSize(longestRequest);
     m_clients.append(client);
+    if (!m_unreadTimer.isActive()) // Or a run of newcomers would put it off for ever.
+        m_unreadTimer.start();
     qDebug() << "New connection established. Total connections:" << m_clients.size();
     connect(client, &QWebSocket::textMessageReceived, this,
             &WebSocketServer::onTextMessageReceived);
@@ -108,6 +115,8 @@ void WebSocketServer::onDisconnected()
         return;
     m_clients.removeAll(client);
     m_rates.remove(client);
+    if (m_clients.isEmpty())
+        m_unreadTimer.stop();
     client->deleteLater();
     qDebug() << "Connection disconnected. Remaining connections:" << m_clients.size();
 }
@@ -115,6 +124,20 @@ void WebSocketServer::onDisconnected()
 bool WebSocketServer::isTooBusy(QWebSocket *client)
 {
     return client->bytesToWrite() > mostUnread || !m_rates[client].admits(m_clock.elapsed());
+}
+
+void WebSocketServer::dropWhoReadsTooLittle()
+{
+    QList<QWebSocket *> clients = m_clients;
+    std::sort(clients.begin(), clients.end(), [](const QWebSocket *left, const QWebSocket *right) {
+        return left->bytesToWrite() < right->bytesToWrite();
+    });
+    qint64 unread = 0;
+    for (QWebSocket *const client : qAsConst(clients)) {
+        unread += client->bytesToWrite();
+        if (unread > mostUnread)
+            client->abort();
+    }
 }
 
 void WebSocketServer::onTextMessageReceived(const QString &message)

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QTimer>
 
 class QWebSocket;
 class QWebSocketServer;
@@ -16,8 +17,9 @@ class QWebSocketServer;
 /// the running instance by listening. It sends nothing unasked.
 ///
 /// It listens on all interfaces, so that what a stranger can cost is bounded: a client that sends
-/// more than 64 KiB at once or asks more than a panel would, or leaves 16 MiB of answers unread, is
-/// dropped; so is the oldest client when there are more than mostClients.
+/// more than 64 KiB at once or asks more than a panel would is dropped; so is the one that leaves
+/// most unread when all together leave 16 MiB, answers or replies to pings, and the oldest when
+/// there are more than mostClients.
 class WebSocketServer : public QObject
 {
     Q_OBJECT
@@ -38,16 +40,20 @@ public:
     /// The port listened on, 0 when it could not be had.
     quint16 port() const;
 
-private:
+private Q_SLOTS:
     void onNewConnection();
     void onTextMessageReceived(const QString &message);
     void onDisconnected();
+
+private:
     void acceptAgainSoon();
     bool isTooBusy(QWebSocket *client);
+    void dropWhoReadsTooLittle();
 
     QWebSocketServer *m_pWebSocketServer;
     QList<QWebSocket *> m_clients; ///< In the order of connection; owned.
     QHash<QWebSocket *, RequestRate> m_rates;
     QElapsedTimer m_clock;
+    QTimer m_unreadTimer; ///< Runs while there are clients.
     QPointer<QObject> m_plugin;
 };

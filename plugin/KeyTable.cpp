@@ -43,7 +43,7 @@ QString diskTemperature(const normalAction &key, KeyPass &pass)
     return integer(pass.diskTemperature, QStringLiteral("°"));
 }
 
-/// The text of the first entry named  name, or \a fallback.
+/// The text of the first entry named \a name, or \a fallback.
 QString lookUp(const Info::SensorTexts &list, const QString &name, const QString &fallback)
 {
     const auto entry = std::find_if(list.begin(), list.end(),

@@ -58,6 +58,10 @@ public:
     /// The key of this UUID and context, or null.
     normalAction *FindAction(const QString &action, const QString &context) const;
 
+    /// Where the performance service is asked.
+    const PerfDataSource &perfDataSource() const { return *m_perfDataSource; }
+
+public Q_SLOTS:
     /// One pass: takes new readings, then paints and sends every key.
     void updateImages();
 

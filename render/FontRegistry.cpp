@@ -84,6 +84,16 @@ QVector<FontRecord> recordsOf(const QString &family, const QStringList &styles, 
     return records;
 }
 
+QStringList distinctFamilies(const QStringList &families)
+{
+    QStringList distinct;
+    for (const QString &family : families) {
+        if (!distinct.contains(family.trimmed()))
+            distinct.append(family);
+    }
+    return distinct;
+}
+
 void loadFont(const QString &path)
 {
     const int id = registerFile(path);
@@ -92,14 +102,9 @@ void loadFont(const QString &path)
         return;
     }
     LogDebug(path + QStringLiteral(" loaded success, contains:"));
-    QSet<QString> seen;
-    const QStringList families = QFontDatabase::applicationFontFamilies(id);
-    for (const QString &family : families) {
-        if (seen.contains(family.trimmed()))
-            continue;
-        seen.insert(family);
+    const QStringList families = distinctFamilies(QFontDatabase::applicationFontFamilies(id));
+    for (const QString &family : families)
         list(recordsOf(family, QFontDatabase().styles(family), path));
-    }
 }
 
 QString inferStyleFromName(const QString &spec)

@@ -27,6 +27,9 @@ QVector<FontFile> loadFontList(const QString &infoJson);
 QVector<FontRecord> recordsOf(const QString &family, const QStringList &styles,
                               const QString &path);
 
+/// The families of one file without those whose trimmed name has stood before.
+QStringList distinctFamilies(const QStringList &families);
+
 /// Registers one font file and lists its families and styles whose specification is not listed yet.
 /// A file that cannot be loaded is logged.
 void loadFont(const QString &path);

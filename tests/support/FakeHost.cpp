@@ -138,6 +138,18 @@ QImage FakeHost::picture(const QString &dataUrl)
     return png ? QImage::fromData(*png, "PNG") : QImage();
 }
 
+bool FakeHost::hasInk(const QString &dataUrl)
+{
+    const QImage image = picture(dataUrl);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) != 0)
+                return true;
+        }
+    }
+    return false;
+}
+
 QJsonObject FakeHost::keySettings(const QJsonObject &changes)
 {
     QJsonObject parameters = json(R"({

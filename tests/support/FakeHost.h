@@ -57,6 +57,9 @@ public:
     /// A null picture when the text is no PNG data URL.
     static QImage picture(const QString &dataUrl);
 
+    /// Whether something is painted on the picture.
+    static bool hasInk(const QString &dataUrl);
+
     /// What a settings panel sends for a key; \a changes replaces members of "titleParameters".
     static QJsonObject keySettings(const QJsonObject &changes = {});
 

@@ -24,6 +24,16 @@ public:
     /// Whether the server has answered the handshake.
     bool isServed() { return m_socket.peek(4096).contains("101 Switching Protocols"); }
 
+    /// Whether something of an answer has come behind the handshake.
+    bool hasBegunToReceive()
+    {
+        const QByteArray received = m_socket.peek(4096);
+        const int end = received.indexOf("\r\n\r\n");
+        return end >= 0 && received.size() > end + 4;
+    }
+
+    void abort() { m_socket.abort(); }
+
     void send(const QByteArray &bytes) { m_socket.write(bytes); }
 
     /// \a request is shorter than 126 letters.

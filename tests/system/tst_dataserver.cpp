@@ -4,6 +4,7 @@
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Waits.h"
 
+#include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -169,6 +170,8 @@ void tst_DataServer::outlivesRudeClients()
     QTcpSocket silent;
     silent.connectToHost(QHostAddress(QHostAddress::LocalHost), DataServerClient::port);
     QTRY_COMPARE(silent.state(), QAbstractSocket::ConnectedState);
+    QElapsedTimer sinceSilence;
+    sinceSilence.start();
 
     DataServerClient binary;
     QVERIFY(binary.open());
@@ -183,6 +186,11 @@ void tst_DataServer::outlivesRudeClients()
         hasty.sendText(QStringLiteral("GetAllSensorsData"));
     }
     QCOMPARE(m_panel->ask(QStringLiteral("nothing")), QStringLiteral("{}"));
+
+    QTRY_PATIENTLY(noWebSocket.state() == QAbstractSocket::UnconnectedState);
+    QTRY_PATIENTLY(silent.state() == QAbstractSocket::UnconnectedState);
+    // Three seconds; by itself the framework would wait for ten.
+    QVERIFY2(sinceSilence.elapsed() < 8000, qPrintable(QString::number(sinceSilence.elapsed())));
     QVERIFY(m_plugin->process.isRunning());
 }
 

@@ -152,12 +152,16 @@ void tst_Drives::listsTheDrives()
 
 void tst_Drives::showsTheChosenDrive()
 {
+    QStringList pictures;
     for (const QString &root : {m_large, m_small}) {
         change({{QStringLiteral("volumeNameItem"), QString::number(indexOf(root))},
                 {QStringLiteral("showVolumeName"), true}});
         QVERIFY(!nextTitle().isEmpty());
         QCOMPARE(nextTitle(), root + QStringLiteral("  ") + spaceOf(root));
+        pictures.append(m_host->images(key).constLast());
+        QVERIFY(FakeHost::hasInk(pictures.constLast()));
     }
+    QVERIFY(FakeHost::picture(pictures.at(0)) != FakeHost::picture(pictures.at(1)));
     QVERIFY(spaceOf(m_large).endsWith(QLatin1String("  6G Free")));
     QVERIFY(m_folder->run(QStringLiteral("head -c 20M /dev/zero >small/file && sync small/file")));
     QVERIFY(!nextTitle().isEmpty());
@@ -196,6 +200,7 @@ void tst_Drives::loopsOverTheDrives()
             {QStringLiteral("switchFrequency"), 1},
             {QStringLiteral("showVolumeName"), true}});
     const int before = m_host->titles(key).size();
+    const int picturesBefore = m_host->images(key).size();
     // Each step and each pass sends one.
     QVERIFY(m_host->waitForMessages(QStringLiteral("setTitle"), key, before + 2 * drives + 2));
     QSet<QString> shown;
@@ -204,6 +209,12 @@ void tst_Drives::loopsOverTheDrives()
     QCOMPARE(shown.size(), drives);
     QVERIFY(shown.contains(m_small));
     QVERIFY(shown.contains(m_large));
+    QSet<QString> pictures;
+    for (const QString &picture : m_host->images(key).mid(picturesBefore)) {
+        QVERIFY(FakeHost::hasInk(picture));
+        pictures.insert(picture);
+    }
+    QVERIFY(pictures.size() >= drives);
     // Pictures and titles stay in step.
     QVERIFY(qAbs(m_host->images(key).size() - m_host->titles(key).size()) <= 1);
 }

@@ -10,12 +10,16 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QMetaMethod>
 #include <QSignalSpy>
 #include <QWebSocket>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
+
+Q_DECLARE_METATYPE(int *)
 
 namespace {
 
@@ -39,6 +43,17 @@ QJsonValue answer(const char *request)
 QJsonArray array(const QByteArray &text)
 {
     return QJsonDocument::fromJson(text).array();
+}
+
+QJsonObject sensorsOfSize(int bytes)
+{
+    return {{QStringLiteral("group"), QString(bytes, QLatin1Char('x'))}};
+}
+
+/// The largest pings there are, masked by 0.
+QByteArray pings(int count)
+{
+    return (QByteArray("\x89\xfd") + QByteArray(4, '\0') + QByteArray(125, 'x')).repeated(count);
 }
 
 /// One settings panel.
@@ -72,6 +87,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void hasItsSlotsInOrder();
     void answersRequests_data();
     void answersRequests();
     void answersWithSixDigits();
@@ -79,7 +95,8 @@ private Q_SLOTS:
     void answersWithEveryDrive();
     void answersWithNoDrives();
     void answersWithEveryPlaybackDevice();
-    void answersAVolumeThatCannotBeReadUnsigned();
+    void answersUnsigned_data();
+    void answersUnsigned();
     void answersUnknownRequestsWithNothing_data();
     void answersUnknownRequestsWithNothing();
     void asksTheLibraryForAllSensors();
@@ -89,6 +106,9 @@ private Q_SLOTS:
     void dropsAClientThatSendsTooMuch();
     void dropsAClientThatAsksTooOften();
     void dropsAClientThatReadsNothing();
+    void dropsAClientThatReadsNoPongs();
+    void boundsWhatClientsLeaveUnreadTogether();
+    void outlivesAClientThatGoesInTheMiddleOfAnAnswer();
     void servesManyClients();
     void dropsTheOldestOfTooManyClients();
     void reportsAPortThatIsTaken();
@@ -115,6 +135,20 @@ void tst_WebSocketServer::cleanup()
     m_server.reset();
     m_owner.reset();
     m_capture.reset();
+}
+
+void tst_WebSocketServer::hasItsSlotsInOrder()
+{
+    const QMetaObject &meta = WebSocketServer::staticMetaObject;
+    QStringList slots;
+    for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
+        const QMetaMethod method = meta.method(index);
+        QCOMPARE(method.methodType(), QMetaMethod::Slot);
+        slots.append(QString::fromLatin1(method.methodSignature()));
+    }
+    QCOMPARE(slots, (QStringList{QStringLiteral("onNewConnection()"),
+                                 QStringLiteral("onTextMessageReceived(QString)"),
+                                 QStringLiteral("onDisconnected()")}));
 }
 
 void tst_WebSocketServer::answersRequests_data()
@@ -194,10 +228,18 @@ void tst_WebSocketServer::answersWithEveryPlaybackDevice()
              QJsonValue(0.10000000149011612));
 }
 
-void tst_WebSocketServer::answersAVolumeThatCannotBeReadUnsigned()
+void tst_WebSocketServer::answersUnsigned_data()
 {
-    systemInfor::AudioVolume = -1;
-    QCOMPARE(answer("defaultAudioEndpointVolume"), QJsonValue(QStringLiteral("4294967295")));
+    QTest::addColumn<int *>("reading");
+    QTest::newRow("defaultAudioEndpointVolume") << &systemInfor::AudioVolume;
+    QTest::newRow("Memory Model") << &systemInfor::MemoryTotalGBRounded;
+}
+
+void tst_WebSocketServer::answersUnsigned()
+{
+    QFETCH(int *, reading);
+    *reading = -1;
+    QCOMPARE(answer(QTest::currentDataTag()), QJsonValue(QStringLiteral("4294967295")));
 }
 
 void tst_WebSocketServer::answersWithTheDriveTrees()
@@ -333,14 +375,66 @@ void tst_WebSocketServer::dropsAClientThatAsksTooOften()
 void tst_WebSocketServer::dropsAClientThatReadsNothing()
 {
     // One answer fills a twentieth of what may be left unread.
-    InMemoryLibrary::allSensors = {
-        {QStringLiteral("group"), QString(800 * 1024, QLatin1Char('x'))}};
+    InMemoryLibrary::allSensors = sensorsOfSize(800 * 1024);
     RawPanel deaf(m_server->port());
     QTRY_VERIFY(deaf.isConnected());
     int requests = 0;
     QTRY_VERIFY_WITH_TIMEOUT((deaf.ask("GetAllSensorsData"), ++requests, !deaf.isConnected()),
                              20000);
     QVERIFY2(requests < 200, qPrintable(QString::number(requests)));
+    Panel next(m_server->port());
+    QTRY_VERIFY(next.isConnected());
+    next.ask(QStringLiteral("Cpu Usage"));
+    QTRY_COMPARE(next.replyCount(), 1);
+}
+
+void tst_WebSocketServer::dropsAClientThatReadsNoPongs()
+{
+    RawPanel deaf(m_server->port());
+    QTRY_VERIFY(deaf.isServed());
+    const QByteArray burst = pings(8000);
+    qint64 sent = 0;
+    QTRY_VERIFY_WITH_TIMEOUT((deaf.send(burst), sent += burst.size(), !deaf.isConnected()), 20000);
+    QVERIFY2(sent < 200 * 1024 * 1024, qPrintable(QString::number(sent)));
+    QCOMPARE(
+        MessageCapture::count(QStringLiteral("Connection disconnected. Remaining connections: 0")),
+        1);
+}
+
+void tst_WebSocketServer::boundsWhatClientsLeaveUnreadTogether()
+{
+    Panel other(m_server->port());
+    QTRY_VERIFY(other.isConnected());
+    std::vector<std::unique_ptr<RawPanel>> deaf;
+    for (int client = 0; client < 12; ++client) {
+        deaf.push_back(std::make_unique<RawPanel>(m_server->port()));
+        QTRY_VERIFY(deaf.back()->isServed());
+    }
+    // Too little for any of them to go by itself.
+    const QByteArray burst = pings(8000);
+    for (int sent = 0; sent + burst.size() < 16 * 1024 * 1024; sent += burst.size()) {
+        for (const auto &client : deaf)
+            client->send(burst);
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(std::any_of(deaf.begin(), deaf.end(),
+                                         [](const auto &client) { return !client->isConnected(); }),
+                             20000);
+    other.ask(QStringLiteral("Cpu Usage"));
+    QTRY_COMPARE(other.replyCount(), 1);
+}
+
+void tst_WebSocketServer::outlivesAClientThatGoesInTheMiddleOfAnAnswer()
+{
+    // More than the system takes at once, so that the server is still sending.
+    InMemoryLibrary::allSensors = sensorsOfSize(12 * 1024 * 1024);
+    RawPanel hasty(m_server->port());
+    QTRY_VERIFY(hasty.isServed());
+    hasty.ask("GetAllSensorsData");
+    QTRY_VERIFY(hasty.hasBegunToReceive());
+    hasty.abort();
+    QTRY_COMPARE(
+        MessageCapture::count(QStringLiteral("Connection disconnected. Remaining connections: 0")),
+        1);
     Panel next(m_server->port());
     QTRY_VERIFY(next.isConnected());
     next.ask(QStringLiteral("Cpu Usage"));

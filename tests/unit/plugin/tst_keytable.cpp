@@ -1,6 +1,7 @@
 #include "plugin/KeyTable.h"
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
+#include "tests/support/MessageCapture.h"
 #include "tests/support/SampleSnapshot.h"
 
 #include <QtTest>
@@ -15,6 +16,8 @@ private Q_SLOTS:
 
     void formatsTheReading_data();
     void formatsTheReading();
+    void showsWholeGigabytesWithADigit();
+    void logsPumpAndFanFirst();
     void showsFahrenheitWithoutALetter_data();
     void showsFahrenheitWithoutALetter();
     void diskTemperatureCarriesOverWithinAPass();
@@ -99,6 +102,33 @@ void tst_KeyTable::formatsTheReading()
     const auto picture = paintKey(key, m_pass);
     QTEST(key.displayedText, "text");
     QVERIFY(picture && picture->startsWith(png) && picture->size() > png.size());
+}
+
+void tst_KeyTable::showsWholeGigabytesWithADigit()
+{
+    systemInfor::MemoryAvailableGB = 1024 / 1024.0;
+    BareKey key(QStringLiteral("com.quellor.stream.system.Memory_Free_GB"));
+    QVERIFY(paintKey(key, m_pass));
+    QCOMPARE(key.displayedText, QStringLiteral("1.0GB"));
+}
+
+void tst_KeyTable::logsPumpAndFanFirst()
+{
+    const MessageCapture capture;
+    const auto logged = [this](const char *uuid) {
+        BareKey key(QString::fromLatin1(uuid));
+        MessageCapture::clear();
+        paintKey(key, m_pass);
+        return MessageCapture::messages();
+    };
+    const auto quoted = [](const char *text) {
+        return MessageCapture::quoted(QString::fromLatin1(text));
+    };
+    QCOMPARE(logged("com.quellor.stream.PumpSpeed"),
+             (QStringList{quoted("updateImages PumpSpeed"), quoted("textToDraw: 1850RPM")}));
+    QCOMPARE(logged("com.quellor.stream.CPUFan"),
+             (QStringList{quoted("updateImages CPUFan"), quoted("textToDraw: nodata")}));
+    QCOMPARE(logged("com.quellor.stream.system.cpu"), QStringList{quoted("textToDraw: 37%")});
 }
 
 void tst_KeyTable::showsFahrenheitWithoutALetter_data()

@@ -29,6 +29,8 @@ private Q_SLOTS:
     void listsWhatOneKindOffers();
     void listsTheDrivesOfADiskKey();
     void listsTheDrivesOfNoOtherKey();
+    void logsWhatOneKindOffers_data();
+    void logsWhatOneKindOffers();
     void choosesTheFirstEntryByDefault_data();
     void choosesTheFirstEntryByDefault();
     void choosesTheSensorByOccasion_data();
@@ -213,6 +215,54 @@ void tst_SettingsReply::listsTheDrivesOfNoOtherKey()
     const QJsonObject reply = settingsReply({}, key, SettingsOccasion::WillAppear, m_library);
     QVERIFY(!reply.contains(QStringLiteral("DriveNames")));
     QVERIFY(!reply.contains(QStringLiteral("VolumeNames")));
+}
+
+void tst_SettingsReply::logsWhatOneKindOffers_data()
+{
+    QTest::addColumn<QString>("uuid");
+    QTest::addColumn<QString>("onAppearing");
+    QTest::addColumn<QString>("onSettings");
+    const QString fans =
+        QStringLiteral(R"(FanJsonResult: {"CPU Fan":[{"units":"RPM","value":"1200"}]})");
+    const QString pump = QStringLiteral("systemInfor::AIOPump: 1850RPM");
+    QTest::newRow("sensor") << QStringLiteral("com.quellor.stream.AllDATA")
+                            << QStringLiteral("currentOperator->alldataSelect 当前选中的是: CPU 包")
+                            << QStringLiteral("didrev currentOperator->alldataSelect: CPU 包");
+    QTest::newRow("fan") << QStringLiteral("com.quellor.stream.CPUFan") << fans << fans;
+    QTest::newRow("pump") << QStringLiteral("com.quellor.stream.PumpSpeed") << pump << pump;
+    QTest::newRow("disk temperature")
+        << QStringLiteral("com.quellor.stream.system.PhysicalDisk.Temperature") << QString()
+        << QString();
+    QTest::newRow("volume") << QStringLiteral("com.quellor.stream.system.volume") << QString()
+                            << QString();
+    QTest::newRow("CPU") << QStringLiteral("com.quellor.stream.system.cpu") << QString()
+                         << QString();
+}
+
+void tst_SettingsReply::logsWhatOneKindOffers()
+{
+    QFETCH(QString, uuid);
+    QFETCH(QString, onAppearing);
+    QFETCH(QString, onSettings);
+    systemInfor::fontlist_one.clear();
+    systemInfor::CpuFanList = {{QStringLiteral("CPU Fan"), QStringLiteral("1200RPM")}};
+    systemInfor::AIOPump = QStringLiteral("1850RPM");
+    normalAction key(nullptr, uuid, QStringLiteral("c"));
+    key.SelectValue = QStringLiteral("CPU 包");
+    const auto logged = [&](SettingsOccasion occasion) {
+        const MessageCapture capture;
+        settingsReply({}, key, occasion, m_library);
+        return MessageCapture::messages();
+    };
+    const auto expected = [](const QString &own) {
+        QStringList lines{
+            MessageCapture::quoted(QStringLiteral("systemInfor::fontlist_one.size(): 0"))};
+        if (!own.isEmpty())
+            lines.prepend(MessageCapture::quoted(own));
+        return lines;
+    };
+    QCOMPARE(logged(SettingsOccasion::WillAppear), expected(onAppearing));
+    QCOMPARE(logged(SettingsOccasion::DidReceiveSettings), expected(onSettings));
 }
 
 void tst_SettingsReply::choosesTheFirstEntryByDefault_data()

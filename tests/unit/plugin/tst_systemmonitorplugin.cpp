@@ -1,6 +1,7 @@
 #include "plugin/SystemMonitorPlugin.h"
 
 #include "render/normalAction.h"
+#include "sensors/PerfDataSource.h"
 #include "sensors/systemInfor.h"
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/InMemoryLibrary.h"
@@ -9,6 +10,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QMetaMethod>
 #include <QProcess>
 #include <QTimer>
 #include <QtTest>
@@ -66,6 +68,7 @@ private Q_SLOTS:
     void settingsOfAnUnknownKeyAreDropped();
     void disappearingRemovesTheKey();
     void otherKeyEventsAreOnlyLogged();
+    void updatesByASlot();
     void takesOverAChangedServicePort_data();
     void takesOverAChangedServicePort();
     void loopsOverTheDrives();
@@ -86,6 +89,7 @@ private:
 namespace {
 
 const QString uuid = QStringLiteral("com.quellor.stream.system.cpu");
+const QString memoryUuid = QStringLiteral("com.quellor.stream.system.memory");
 const QString diskUuid = QStringLiteral("com.quellor.stream.system.PhysicalDisk");
 const QString context = QStringLiteral("ctx");
 
@@ -205,6 +209,9 @@ void tst_SystemMonitorPlugin::appearingTwiceKeepsTheKey()
              (QStringList{quoted("WillAppearForAction"),
                           quoted("inAction: com.quellor.stream.system.cpu"),
                           quoted("inContext: ctx"), quoted("已存在的动作")}));
+    // It stands in the list once.
+    QVERIFY(plugin().RemoveAction(uuid, context));
+    QVERIFY(!plugin().RemoveAction(uuid, context));
 }
 
 void tst_SystemMonitorPlugin::settingsOfAnUnknownKeyAreDropped()
@@ -236,35 +243,59 @@ void tst_SystemMonitorPlugin::disappearingRemovesTheKey()
 void tst_SystemMonitorPlugin::otherKeyEventsAreOnlyLogged()
 {
     m_plugin = std::make_unique<SystemMonitorPlugin>();
-    MessageCapture::clear();
-    const QString x = QStringLiteral("x");
-    plugin().KeyDownForAction(x, context, {}, QString());
-    plugin().KeyUpForAction(x, context, {}, QString());
-    plugin().SendToPlugin(x, context, {}, QString());
-    plugin().TitleParametersDidChange(x, context, {}, QString());
-    plugin().PropertyInspectorDidAppear(x, context, {}, QString());
-    plugin().PropertyInspectorDidDisAppear(x, context, {}, QString());
-    QCOMPARE(MessageCapture::messages(),
-             (QStringList{quoted("KeyDownForAction: x"), quoted("KeyUpForAction: x"),
-                          quoted("SendToPlugin: x"), quoted("TitleParametersDidChange: x"),
-                          quoted("PropertyInspectorDidAppear: x"),
-                          quoted("PropertyInspectorDidDisAppear: x")}));
-    QVERIFY(!plugin().FindAction(x, context));
+    plugin().WillAppearForAction(memoryUuid, context, {}, QString());
+    normalAction &key = *plugin().FindAction(memoryUuid, context);
+    key.font.setPixelSize(20);
+    key.normalPainting(QStringLiteral("61%"));
+    const QImage picture = key.keyImage;
+    QVERIFY(!picture.isNull());
+    // The known key, and one that there is not.
+    for (const QString &each : {memoryUuid, QStringLiteral("x")}) {
+        MessageCapture::clear();
+        plugin().KeyDownForAction(each, context, {}, QString());
+        plugin().KeyUpForAction(each, context, {}, QString());
+        plugin().SendToPlugin(each, context, {}, QString());
+        plugin().TitleParametersDidChange(each, context, {}, QString());
+        plugin().PropertyInspectorDidAppear(each, context, {}, QString());
+        plugin().PropertyInspectorDidDisAppear(each, context, {}, QString());
+        QStringList lines;
+        for (const char *const event :
+             {"KeyDownForAction: ", "KeyUpForAction: ", "SendToPlugin: ",
+              "TitleParametersDidChange: ", "PropertyInspectorDidAppear: ",
+              "PropertyInspectorDidDisAppear: "})
+            lines.append(MessageCapture::quoted(QLatin1String(event) + each));
+        QCOMPARE(MessageCapture::messages(), lines);
+    }
+    QVERIFY(!plugin().FindAction(QStringLiteral("x"), context));
+    QCOMPARE(key.keyImage, picture);
+    QCOMPARE(key.displayedText, QStringLiteral("61%"));
+}
+
+void tst_SystemMonitorPlugin::updatesByASlot()
+{
+    const QMetaObject &meta = SystemMonitorPlugin::staticMetaObject;
+    const int index = meta.indexOfMethod("updateImages()");
+    QVERIFY(index >= 0);
+    QCOMPARE(meta.method(index).methodType(), QMetaMethod::Slot);
 }
 
 void tst_SystemMonitorPlugin::takesOverAChangedServicePort_data()
 {
     QTest::addColumn<QString>("message");
-    QTest::addColumn<int>("connections");
-    QTest::newRow("good") << QStringLiteral(R"({"event":"hwInfoPort","hwInfoPort":"%1"})") << 1;
-    QTest::newRow("port is no text") << QStringLiteral(R"({"hwInfoPort":%1})") << 0;
-    QTest::newRow("not JSON") << QStringLiteral("hwInfoPort: %1") << 0;
+    QTest::addColumn<bool>("good");
+    QTest::newRow("good") << QStringLiteral(R"({"event":"hwInfoPort","hwInfoPort":"%1"})") << true;
+    QTest::newRow("port is no text") << QStringLiteral(R"({"hwInfoPort":%1})") << false;
+    QTest::newRow("not a number") << QStringLiteral(R"({"hwInfoPort":"%1x"})") << false;
+    QTest::newRow("no port") << QStringLiteral(R"({"event":"hwInfoPort"})") << false;
+    QTest::newRow("not JSON") << QStringLiteral("hwInfoPort: %1") << false;
 }
 
 void tst_SystemMonitorPlugin::takesOverAChangedServicePort()
 {
     QFETCH(QString, message);
+    QFETCH(bool, good);
     m_plugin = std::make_unique<SystemMonitorPlugin>();
+    QCOMPARE(plugin().perfDataSource().port(), 15500);
     const FakeHardwareService other;
     const QString text =
         message.contains(QStringLiteral("%1")) ? message.arg(other.port()) : message;
@@ -274,7 +305,8 @@ void tst_SystemMonitorPlugin::takesOverAChangedServicePort()
              (QStringList{MessageCapture::quoted(QStringLiteral("hwInfoPortMsg: ") + text),
                           quoted("端口号发生变更，重新链接.."),
                           quoted("WebSocket 尝试连接第 1 次...")}));
-    QTEST(other.connections, "connections");
+    QCOMPARE(other.connections, good ? 1 : 0);
+    QCOMPARE(plugin().perfDataSource().port(), good ? other.port() : 0);
 }
 
 void tst_SystemMonitorPlugin::loopsOverTheDrives()

@@ -34,6 +34,9 @@ private Q_SLOTS:
     void makesRecords();
     void fillsEveryFieldOfARecord();
 
+    void leavesOutFamiliesThatStoodBefore_data();
+    void leavesOutFamiliesThatStoodBefore();
+
     void refusesBrokenFiles_data();
     void refusesBrokenFiles();
     void refusesAPipeWithoutWaiting();
@@ -259,6 +262,30 @@ void tst_FontRegistry::fillsEveryFieldOfARecord()
     QCOMPARE(records[0].baseName, QStringLiteral("Foo-1"));
     QCOMPARE(records[0].displayName, QStringLiteral("Foo-1 Bold"));
     QCOMPARE(records[0].spec, QStringLiteral("Foo"));
+}
+
+void tst_FontRegistry::leavesOutFamiliesThatStoodBefore_data()
+{
+    QTest::addColumn<QString>("families");
+    QTest::addColumn<QString>("distinct");
+    const auto row = [](const char *families, const char *distinct) {
+        QTest::newRow(families) << QString::fromUtf8(families) << QString::fromUtf8(distinct);
+    };
+    row("Foo,Bar", "Foo,Bar");
+    row("Foo,Foo", "Foo");
+    row("Foo,Foo ", "Foo");
+    row("Foo,Bar, Foo ,Bar", "Foo,Bar");
+    row("Foo,foo", "Foo,foo");
+    // The untrimmed name is the one that counts as seen.
+    row("Foo ,Foo", "Foo ,Foo");
+    row("Foo ,Foo ", "Foo ,Foo ");
+}
+
+void tst_FontRegistry::leavesOutFamiliesThatStoodBefore()
+{
+    QFETCH(QString, families);
+    const QStringList distinct = fontregistry::distinctFamilies(families.split(QLatin1Char(',')));
+    QTEST(distinct.join(QLatin1Char(',')), "distinct");
 }
 
 void tst_FontRegistry::refusesBrokenFiles_data()
