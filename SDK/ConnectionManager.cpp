@@ -20,6 +20,9 @@ constexpr quint16 dataServerPort = 24509;
 /// Bytes that the host may leave unread: a minute of the pictures of a large deck.
 constexpr qint64 mostUnread = 32LL * 1024 * 1024;
 
+/// Settings are not sent anew by themselves; but the host asks for them, and may ask for ever.
+constexpr qint64 mostUnreadWithSettings = 2 * mostUnread;
+
 /// Bytes that are no backlog: some pictures.
 constexpr qint64 somePictures = 64LL * 1024;
 
@@ -62,20 +65,22 @@ void ConnectionManager::Run()
 void ConnectionManager::SetTitle(const QString &title, const QString &context, int target,
                                  int state)
 {
-    if (!hostIsBehind())
+    if (!hostIsBehindWithUpdates())
         send(hostmessages::setTitle(title, context, target, state));
 }
 
 void ConnectionManager::SetImage(const QString &image, const QString &context, int target,
                                  int state)
 {
-    if (!hostIsBehind())
+    if (!hostIsBehindWithUpdates())
         send(hostmessages::setImage(image, context, target, state));
 }
 
 void ConnectionManager::SetSettings(const QJsonObject &payload, const QString &context)
 {
-    send(hostmessages::setSettings(payload, context));
+    if (!hostIsBehind(dropsSettings, mostUnreadWithSettings,
+                      "The host does not read: settings are dropped until it does"))
+        send(hostmessages::setSettings(payload, context));
 }
 
 void ConnectionManager::OnMessage(const QString &text)
@@ -121,16 +126,22 @@ void ConnectionManager::send(const QString &message)
         webSocket->flush();
 }
 
-bool ConnectionManager::hostIsBehind()
+bool ConnectionManager::hostIsBehind(bool &drops, qint64 limit, const char *complaint)
 {
     if (!webSocket)
         return false;
     const qint64 unread = webSocket->bytesToWrite();
-    if (!dropsUpdates && unread >= mostUnread) {
-        dropsUpdates = true;
-        Logger(QStringLiteral("The host does not read: pictures are dropped until it does"));
-    } else if (dropsUpdates && unread <= somePictures) {
-        dropsUpdates = false;
+    if (!drops && unread >= limit) {
+        drops = true;
+        Logger(QString::fromLatin1(complaint));
+    } else if (drops && unread <= somePictures) {
+        drops = false;
     }
-    return dropsUpdates;
+    return drops;
+}
+
+bool ConnectionManager::hostIsBehindWithUpdates()
+{
+    return hostIsBehind(dropsUpdates, mostUnread,
+                        "The host does not read: pictures are dropped until it does");
 }

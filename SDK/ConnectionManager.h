@@ -29,7 +29,7 @@ public:
     /// The outbound commands send nothing before Run. A negative \a state is left out.
     ///
     /// While the host leaves 32 MiB or more unread, titles and pictures are dropped until it has
-    /// read on: the next pass sends them anew.
+    /// read on: the next pass sends them anew. From 64 MiB on settings are dropped too.
     void SetTitle(const QString &title, const QString &context, int target, int state);
     /// \a image is base64 PNG data, with or without the prefix "data:image/png;base64,".
     void SetImage(const QString &image, const QString &context, int target, int state);
@@ -43,7 +43,10 @@ private:
     void OnDisconnected();
     void OnError(QAbstractSocket::SocketError error);
     void send(const QString &message);
-    bool hostIsBehind();
+    /// Whether messages of a kind are to be dropped: with \a limit bytes unread, until the host has
+    /// read them. \a drops keeps that in mind; \a complaint is logged when it begins.
+    bool hostIsBehind(bool &drops, qint64 limit, const char *complaint);
+    bool hostIsBehindWithUpdates();
 
     int port;
     QString pluginUUID;
@@ -51,5 +54,6 @@ private:
     BasePlugin *plugin;
     QWebSocket *webSocket = nullptr;
     WebSocketServer *dataServer = nullptr;
-    bool dropsUpdates = false; ///< Until the host has read what it was sent.
+    bool dropsUpdates = false;
+    bool dropsSettings = false;
 };

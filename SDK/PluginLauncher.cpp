@@ -12,6 +12,17 @@ namespace {
 
 QPointer<ConnectionManager> theConnectionManager;
 
+QString readLanguage(const QString &info)
+{
+    QString language = QStringLiteral("en");
+    try {
+        language = languageFromInfo(info);
+        LogDebug(labelled("language: ", language));
+    } catch (...) { // NOLINT(bugprone-empty-catch): a language is not worth a failed start
+    }
+    return language;
+}
+
 } // namespace
 
 int launchPlugin(int argc, char **argv, BasePlugin *plugin)
@@ -23,9 +34,7 @@ int launchPlugin(int argc, char **argv, BasePlugin *plugin)
     }
     const LaunchParameters &parameters = launch.parameters;
 
-    const QString language = languageFromInfo(parameters.info);
-    LogDebug(labelled("language: ", language));
-    LanguageFile::create(language);
+    LanguageFile::create(readLanguage(parameters.info));
 
     // It dies with the plugin.
     theConnectionManager = new ConnectionManager(parameters.port, parameters.pluginUUID,

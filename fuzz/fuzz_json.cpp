@@ -4,7 +4,25 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
-// Any JSON. What is read, written again, reads the same.
+// Any JSON. What is read, written again, reads the same. As the value of a member whose name comes
+// again, it is a fault when it is one alone, and is passed over otherwise.
+
+namespace {
+
+void repeatAsAMember(const QByteArray &value)
+{
+    const QByteArray alone = R"({"a":)" + value;
+    const QJsonDocument expected = parseJson(alone + '}');
+    const QJsonDocument repeated = parseJson(alone + R"(,"a":[1]})");
+    fuzz::require(repeated.isNull() == expected.isNull());
+    if (repeated.isNull())
+        return;
+    QJsonObject object = expected.object();
+    object.insert(QLatin1String("a"), QJsonArray{1});
+    fuzz::require(repeated.object() == object);
+}
+
+} // namespace
 
 extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 {
@@ -14,8 +32,10 @@ extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
+    const QByteArray input = fuzz::bytesOf(data, size);
+    repeatAsAMember(input);
     QJsonParseError error{};
-    const QJsonDocument document = parseJson(fuzz::bytesOf(data, size), &error);
+    const QJsonDocument document = parseJson(input, &error);
     fuzz::require(document.isNull() == (error.error != QJsonParseError::NoError));
     const QByteArray written = document.toJson(QJsonDocument::Compact);
     fuzz::require(parseJson(written).toJson(QJsonDocument::Compact) == written);

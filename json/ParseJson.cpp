@@ -6,13 +6,15 @@
 #include <QVector>
 
 #include <algorithm>
+#include <iterator>
+#include <map>
 
 namespace {
 
 /// The framework refuses texts that are nested deeper.
 constexpr int deepest = 1024;
 
-/// From a member's name to behind its comma; \a end is 0 before that.
+/// From behind the mark before a member to behind its comma; \a end is 0 before that.
 struct Member
 {
     int begin = 0;
@@ -24,19 +26,58 @@ struct Level
 {
     bool isObject = false;
     bool isAtName = false; ///< Whether a text that comes next is a name.
+    int begin = 0;         ///< Of the present member.
     QString name;          ///< Of the present member.
     QHash<QString, Member> members;
 };
 
 QString nameIn(const QByteArray &literal)
 {
+    // A byte array as a whole would end at a zero.
     if (!literal.contains('\\'))
-        return QString::fromUtf8(literal.mid(1, literal.size() - 2));
+        return QString::fromUtf8(literal.constData() + 1, literal.size() - 2);
     return QJsonDocument::fromJson('[' + literal + ']').array().at(0).toString();
 }
 
+/// The parts of a text that count as blank. A part that is added lies apart from the others or
+/// around some of them.
+class Blanks
+{
+public:
+    void add(int begin, int end)
+    {
+        const auto next = m_ends.erase(m_ends.lower_bound(begin), m_ends.lower_bound(end));
+        // Neighbours become one, or many small ones would take more memory than the text.
+        if (next != m_ends.begin() && std::prev(next)->second == begin)
+            std::prev(next)->second = end;
+        else
+            m_ends.emplace_hint(next, begin, end);
+    }
+
+    /// What lies between \a begin and \a end, without its blank parts.
+    QByteArray rest(const QByteArray &text, int begin, int end) const
+    {
+        QByteArray result;
+        for (auto part = m_ends.lower_bound(begin); part != m_ends.end() && part->first < end;
+             ++part) {
+            result.append(text.constData() + begin, part->first - begin);
+            begin = part->second;
+        }
+        return result.append(text.constData() + begin, end - begin);
+    }
+
+    void fill(QByteArray &text) const
+    {
+        for (const auto &[begin, end] : m_ends)
+            std::fill(text.begin() + begin, text.begin() + end, ' ');
+    }
+
+private:
+    std::map<int, int> m_ends; ///< By their beginnings.
+};
+
 /// Blanks the members of a text whose name comes again in the same object. It leaves off where the
-/// text is no JSON: so does whoever reads it.
+/// text is no JSON, so that whoever reads it finds the fault: a member that is none is not blanked.
 class RepeatedMembers
 {
 public:
@@ -49,7 +90,9 @@ public:
     {
         while (m_at < m_text.size() && takeCharacter(m_text.at(m_at)))
             ++m_at;
-        return m_text;
+        QByteArray result = m_text;
+        m_blanks.fill(result);
+        return result;
     }
 
 private:
@@ -73,7 +116,7 @@ private:
 
     bool open(bool isObject)
     {
-        m_levels.append({isObject, isObject, {}, {}});
+        m_levels.append({isObject, isObject, m_at + 1, {}, {}});
         return m_levels.size() <= deepest;
     }
 
@@ -94,7 +137,8 @@ private:
             return true;
         if (level.isAtName)
             return false;
-        level.members[level.name].end = m_at + 1;
+        level.begin = m_at + 1;
+        level.members[level.name].end = level.begin;
         level.isAtName = true;
         return true;
     }
@@ -107,23 +151,33 @@ private:
             m_at += m_text.at(m_at) == '\\' ? 2 : 1;
         if (m_at >= m_text.size() || m_levels.isEmpty())
             return false;
-        if (m_levels.constLast().isAtName)
-            beginMember(begin);
-        return true;
+        return !m_levels.constLast().isAtName || beginMember(m_text.mid(begin, m_at + 1 - begin));
     }
 
-    void beginMember(int begin)
+    bool beginMember(const QByteArray &name)
     {
         Level &level = m_levels.last();
         level.isAtName = false;
-        level.name = nameIn(m_text.mid(begin, m_at + 1 - begin));
+        level.name = nameIn(name);
         Member &member = level.members[level.name];
-        if (member.end > 0)
-            std::fill(m_text.begin() + member.begin, m_text.begin() + member.end, ' ');
-        member = {begin, 0};
+        if (member.end > 0 && !blank(member))
+            return false;
+        member = {level.begin, 0};
+        return true;
     }
 
-    QByteArray m_text;
+    /// Each character is parsed once at most: thereafter it is blank.
+    bool blank(const Member &member)
+    {
+        const QByteArray inside = m_blanks.rest(m_text, member.begin, member.end - 1);
+        if (QJsonDocument::fromJson('{' + inside + '}').isNull())
+            return false;
+        m_blanks.add(member.begin, member.end);
+        return true;
+    }
+
+    const QByteArray m_text;
+    Blanks m_blanks;
     QVector<Level> m_levels;
     int m_at = 0;
 };

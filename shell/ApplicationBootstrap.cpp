@@ -3,7 +3,7 @@
 #include "SDK/LanguageUtilities.h"
 #include "SDK/Logger/Logger.h"
 #include "sensors/BlockingWebSocketClient.h"
-#include "shell/processes.h"
+#include "shell/leftovers.h"
 
 #include <QUrl>
 
@@ -18,36 +18,6 @@ QStringList textsOf(int argc, char **argv)
     for (int i = 0; i < argc; ++i)
         texts.append(QString::fromLocal8Bit(argv[i]));
     return texts;
-}
-
-void endOtherProcesses(const QString &name)
-{
-    const auto processes = processes::snapshot();
-    if (!processes) {
-        LogDebug(QStringLiteral("无法创建进程快照！"));
-        return;
-    }
-    for (const processes::Process &process : *processes) {
-        if (process.id == processes::ownId() ||
-            process.executableName.compare(name, Qt::CaseInsensitive) != 0)
-            continue;
-        const char *const outcome =
-            processes::terminate(process) ? "已终止进程 ID:" : "无法打开进程 ID:";
-        LogDebug(labelled(outcome, QString::number(process.id)));
-    }
-}
-
-void endLeftovers()
-{
-    const QString name = processes::ownExecutableName();
-    if (name.isEmpty()) {
-        LogDebug(QStringLiteral("无法获取当前进程名。"));
-        LogDebug(QStringLiteral("Get currentProcessName Failed, Exit"));
-        return;
-    }
-    LogDebug(labelled("当前进程名:", name));
-    endOtherProcesses(name);
-    LogDebug(QStringLiteral("已终止所有同名进程。"));
 }
 
 } // namespace
@@ -91,5 +61,5 @@ void ApplicationBootstrap::checkInstance()
         return;
     }
     LogDebug(QStringLiteral("Connect to PROT: 24509 Failed, try to killProcess and Running.."));
-    endLeftovers();
+    leftovers::end();
 }

@@ -8,5 +8,10 @@ ConsoleTrigger::ConsoleTrigger(QObject *parent)
     : QObject(parent)
 {
     const auto *const signal = new UnixSignal(SIGUSR1, this);
-    connect(signal, &UnixSignal::received, this, &ConsoleTrigger::pressed);
+    connect(signal, &UnixSignal::sigReceived, this, &ConsoleTrigger::sigPressed);
+}
+
+void ConsoleTrigger::start()
+{
+    findChild<UnixSignal *>()->start();
 }

@@ -4,3 +4,5 @@ ConsoleTrigger::ConsoleTrigger(QObject *parent)
     : QObject(parent)
 {
 }
+
+void ConsoleTrigger::start() {}

@@ -12,9 +12,6 @@ namespace {
 /// By its place on the command line, whatever name stands before it.
 constexpr int infoArgument = 8;
 
-/// Ctrl+Backspace, registered by whoever posts the message.
-constexpr quint64 consoleHotKey = 1;
-
 void loadFonts(const QString &info)
 {
     LogDebug(QStringLiteral("加载字体..."));

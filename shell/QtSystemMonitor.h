@@ -11,13 +11,16 @@ class QtSystemMonitor : public QWidget
     Q_OBJECT
 
 public:
+    /// Ctrl+Backspace, registered by whoever posts the message.
+    static constexpr quint64 consoleHotKey = 1;
+
     QtSystemMonitor();
 
     /// Creates the plugin, opens its host link and loads the fonts that the host names. False, with
     /// no plugin left, when the command line is at fault; false at once on a second call.
     bool StartPlugin(int argc, char **argv);
 
-    /// Hot key 1 opens the debug console; returns whether \a identifier was handled.
+    /// The console's hot key opens it; returns whether \a identifier was handled.
     bool handleHotKey(quint64 identifier);
 
     SystemMonitorPlugin *startedPlugin() const { return plugin; }

@@ -47,8 +47,9 @@ UnixSignal::UnixSignal(int signalNumber, QObject *parent)
     }
     m_readEnd = ends[0];
     writeEnds.at(static_cast<size_t>(signalNumber)) = ends[1];
-    auto *const notifier = new QSocketNotifier(m_readEnd, QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, &UnixSignal::drain);
+    m_notifier = new QSocketNotifier(m_readEnd, QSocketNotifier::Read, this);
+    m_notifier->setEnabled(false);
+    connect(m_notifier, &QSocketNotifier::activated, this, &UnixSignal::drain);
     setHandler(signalNumber, wakeEventLoop);
 }
 
@@ -61,10 +62,22 @@ UnixSignal::~UnixSignal()
     close(m_readEnd);
 }
 
+void UnixSignal::start()
+{
+    if (m_notifier)
+        m_notifier->setEnabled(true);
+}
+
 void UnixSignal::drain()
 {
     char bytes[64];
-    while (read(m_readEnd, bytes, sizeof bytes) > 0) {
-    }
-    Q_EMIT received();
+    bool caught = false;
+    ssize_t length = 0;
+    while ((length = read(m_readEnd, bytes, sizeof bytes)) > 0)
+        caught = true;
+    // Something else has taken the pipe's place, and would wake the event loop for ever.
+    if (length == 0 || (errno != EAGAIN && errno != EINTR))
+        m_notifier->setEnabled(false);
+    if (caught)
+        Q_EMIT sigReceived();
 }

@@ -62,7 +62,8 @@ void onClosed(void (*handler)())
         return;
     // It watches for the rest of the process's life, as the console's messages go on.
     hangUp = new UnixSignal(SIGHUP);
-    QObject::connect(hangUp, &UnixSignal::received, hangUp, handler);
+    QObject::connect(hangUp, &UnixSignal::sigReceived, hangUp, handler);
+    hangUp->start();
 }
 
 void detach()

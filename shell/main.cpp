@@ -4,24 +4,27 @@
 #include "shell/QtSystemMonitor.h"
 #include "shell/desktop.h"
 #include "shell/heap.h"
+#include "shell/standardstreams.h"
 
 #include <QApplication>
 #include <QThread>
 
 int main(int argc, char **argv)
 {
-    returnLargeBlocksWhenFreed();
     QThread::msleep(100);
+    fillStandardStreams();
+    returnLargeBlocksWhenFreed();
     desktop::choosePlatform();
     QApplication application(argc, argv);
     desktop::attach();
-    const ConsoleTrigger consoleTrigger;
+    ConsoleTrigger consoleTrigger;
     auto *const bootstrap = new ApplicationBootstrap(argc, argv);
     Q_UNUSED(bootstrap) // It stays for as long as the process lives.
 
     QtSystemMonitor window;
-    QObject::connect(&consoleTrigger, &ConsoleTrigger::pressed, &window,
-                     [&window] { window.handleHotKey(1); });
+    QObject::connect(&consoleTrigger, &ConsoleTrigger::sigPressed, &window,
+                     [&window] { window.handleHotKey(QtSystemMonitor::consoleHotKey); });
+    consoleTrigger.start();
     if (!window.StartPlugin(argc, argv)) {
         LogDebug(QStringLiteral("开始与varodek建立连接失败"));
         return 1;

@@ -22,9 +22,9 @@ qint64 ownId();
 /// A snapshot of the processes whose executable's name is known; nothing when none can be taken.
 std::optional<QVector<Process>> snapshot();
 
-/// Ends \a process at once, with no chance to object; false when it may not be opened or has ended.
-/// On Linux a process that hides its executable, or whose number has passed to another executable
-/// meanwhile, is left alone and gives false too.
+/// Ends \a process at once, with no chance to object; false when it cannot be opened for that.
+/// On Linux a process that has ended or hides its executable, or whose number has passed to another
+/// executable meanwhile, is left alone and gives false too.
 bool terminate(const Process &process);
 
 } // namespace processes

@@ -51,7 +51,10 @@ std::optional<QVector<Process>> snapshot()
 bool terminate(const Process &process)
 {
     const Handle handle(OpenProcess(PROCESS_TERMINATE, FALSE, static_cast<DWORD>(process.id)));
-    return handle && TerminateProcess(handle.get(), 0);
+    if (!handle)
+        return false;
+    TerminateProcess(handle.get(), 0);
+    return true;
 }
 
 } // namespace processes

@@ -1,6 +1,8 @@
+#include "tests/support/DataServerClient.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Waits.h"
 
+#include <QTcpServer>
 #include <QtTest>
 
 #include <memory>
@@ -17,6 +19,8 @@ private Q_SLOTS:
     void opensOnTheHotKey();
     void opensOnce();
     void outlivesItsClosing();
+    void opensOnAPressDuringTheStart();
+    void opensWithoutStandardStreams();
 
 private:
     QByteArray console() const;
@@ -109,6 +113,47 @@ void tst_DebugConsole::outlivesItsClosing()
     QTRY_PATIENTLY(consoleHas(opened, 2));
     QVERIFY(host.waitForUpdate(key));
     QTRY_PATIENTLY(console().size() > left.size() && console().endsWith('\n'));
+    QVERIFY(process.isRunning());
+}
+
+void tst_DebugConsole::opensOnAPressDuringTheStart()
+{
+    m_plugin.reset();
+    // It keeps the start waiting for an answer.
+    QTcpServer silent;
+    QVERIFY(silent.listen(QHostAddress::Any, DataServerClient::port));
+    m_plugin = std::make_unique<RunningPlugin>();
+    PluginProcess &process = m_plugin->process;
+    process.launch(m_plugin->host.arguments());
+    QTRY_PATIENTLY(silent.hasPendingConnections());
+    process.pressConsoleHotKey();
+    QTRY_PATIENTLY(consoleHas(opened));
+    QTRY_PATIENTLY(process.timesLogged(pressed) == 1);
+    QTRY_PATIENTLY(consoleHas(QStringLiteral("尝试启动插件成功")));
+}
+
+void tst_DebugConsole::opensWithoutStandardStreams()
+{
+    m_plugin = std::make_unique<RunningPlugin>();
+    PluginProcess &process = m_plugin->process;
+    FakeHost &host = m_plugin->host;
+    const QString key = QStringLiteral("key");
+    process.setProgram(QStringLiteral("/bin/sh"));
+    process.launch(QStringList{QStringLiteral("-c"), QStringLiteral("exec \"$@\" <&- >&- 2>&-"),
+                               QStringLiteral("sh"), PluginProcess::executable()} +
+                   host.arguments());
+    QVERIFY(host.waitForRegistration());
+    host.appear(QStringLiteral("com.quellor.stream.system.cpu"), key);
+    QVERIFY(host.waitForUpdate(key));
+    // Nothing that was printed has passed for the hot key.
+    QVERIFY(console().isNull());
+
+    process.pressConsoleHotKey();
+    QTRY_PATIENTLY(consoleHas(opened));
+    QVERIFY(host.waitForUpdate(key));
+    QTRY_PATIENTLY(consoleHas(updated));
+    QVERIFY(!consoleHas(pressed));
+    QVERIFY(!consoleHas(opened, 2));
     QVERIFY(process.isRunning());
 }
 

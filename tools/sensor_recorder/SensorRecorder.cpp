@@ -28,7 +28,7 @@ void SensorRecorder::record()
     if (complaint.isEmpty() && m_sample < m_options.samples)
         return;
     m_timer.stop();
-    Q_EMIT finished(complaint);
+    Q_EMIT sigFinished(complaint);
 }
 
 QString SensorRecorder::write(const QString &file)

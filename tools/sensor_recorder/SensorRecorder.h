@@ -20,7 +20,7 @@ public:
 
 Q_SIGNALS:
     /// The last sample is written, or one could not be; \a complaint is empty in the first case.
-    void finished(const QString &complaint);
+    void sigFinished(const QString &complaint);
 
 private:
     void record();

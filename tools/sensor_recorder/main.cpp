@@ -18,7 +18,7 @@ int record(const RecorderOptions &options)
     LiveSource source;
     SensorRecorder recorder(options, source);
     int status = 0;
-    QObject::connect(&recorder, &SensorRecorder::finished, QCoreApplication::instance(),
+    QObject::connect(&recorder, &SensorRecorder::sigFinished, QCoreApplication::instance(),
                      [&status](const QString &complaint) {
                          if (!complaint.isEmpty())
                              say(stderr, complaint + QLatin1Char('\n'));

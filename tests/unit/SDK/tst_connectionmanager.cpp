@@ -69,6 +69,7 @@ private Q_SLOTS:
     void sendsImages();
     void sendsSettings();
     void dropsPicturesWhileTheHostDoesNotRead();
+    void dropsSettingsWhileTheHostDoesNotRead();
     void handsEventsToThePlugin();
     void survivesAnEventThatThrows();
     void logsMessagesWithoutAPlugin();
@@ -274,6 +275,31 @@ void tst_ConnectionManager::dropsPicturesWhileTheHostDoesNotRead()
     m_manager->SetTitle(QStringLiteral("after"), context, 0, -1);
     m_manager->SetImage(megabyte, context, 0, -1);
     QTRY_COMPARE(m_received.size(), pictures + 4);
+}
+
+void tst_ConnectionManager::dropsSettingsWhileTheHostDoesNotRead()
+{
+    connectToHost();
+    const QString context = QStringLiteral("c");
+    const QJsonObject megabyte{{QStringLiteral("text"), QString(1024 * 1024, QLatin1Char('A'))}};
+    // The host runs on this thread: it reads nothing meanwhile.
+    constexpr int sent = 200;
+    for (int settings = 0; settings < sent; ++settings)
+        m_manager->SetSettings(megabyte, context);
+    m_manager->SetTitle(QStringLiteral("dropped"), context, 0, -1);
+
+    const auto content = [this] { return m_directory->content(QStringLiteral("log.txt")); };
+    QCOMPARE(content().count("The host does not read: settings are dropped until it does\r\n"), 1);
+    // Again and again, for it shows by nothing else when the host has read on.
+    const auto resend = [&] {
+        m_manager->SetSettings({{QStringLiteral("after"), 1}}, context);
+        return m_received.constLast().contains(QStringLiteral("after"));
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(resend(), 20000);
+    // The system takes some, too.
+    const int taken = m_received.filter(QStringLiteral("AAAA")).size();
+    QVERIFY2(taken >= 64 && taken <= 128, qPrintable(QString::number(taken)));
+    QVERIFY(m_received.filter(QStringLiteral("dropped")).isEmpty());
 }
 
 void tst_ConnectionManager::handsEventsToThePlugin()

@@ -16,6 +16,7 @@ private Q_SLOTS:
     void readsManyMembersOfOneName();
     void readsManyLevels_data();
     void readsManyLevels();
+    void readsManyLevelsOfRepeatedMembers();
 };
 
 void tst_ParseJson::readsLikeTheFramework_data()
@@ -44,7 +45,25 @@ void tst_ParseJson::readsLikeTheFramework_data()
     row("comma at last", R"({"a":2,})");
     row("comma alone", ",");
     row("invalid UTF-8", "{\"\xff\":1}");
+    QTest::newRow("names with a zero") << QByteArrayLiteral("{\"a\":1,\"a\0b\":2,\"a\0c\":3}");
     row("something behind", R"({"a":1} x)");
+    row("no value, again", R"({"event":bogus,"event":"keyDown"})");
+    row("no mark behind a name, again", R"({"a","a":1})");
+    row("no value behind the mark, again", R"({"a":,"a":1})");
+    row("two values, again", R"({"a":1 2,"a":3})");
+    row("two names, again", R"({"a" "b":1,"a":2})");
+    row("two elements without a comma, again", R"({"a":[1 2],"a":1})");
+    row("fault inside, again", R"({"a":{"b":[{"c":tru}]},"a":1})");
+    row("fault before, again", R"({x"a":1,"a":2})");
+    row("array before, again", R"({[1]"a":1,"a":2})");
+    row("fault between", R"({"a":1,x "a":2})");
+    row("fault between, third time", R"({"a":1,x"a":2,"a":3})");
+    row("fault behind", R"({"a":1,"a":2 x})");
+    row("no end, again", R"({"a":1,"a":2)");
+    row("comma at last, again", R"({"a":1,"a":2,})");
+    row("invalid UTF-8, again", "{\"a\":\"\xff\",\"a\":1}");
+    row("invalid UTF-8 as a name, again", "{\"\xff\":1,\"\xfe\":2}");
+    row("invalid escapes as names", R"({"\u00":1,"\uxyzw":2})");
 }
 
 void tst_ParseJson::readsLikeTheFramework()
@@ -115,6 +134,25 @@ void tst_ParseJson::readsManyLevels()
     QJsonParseError expected{};
     QCOMPARE(parseJson(text, &error), QJsonDocument::fromJson(text, &expected));
     QCOMPARE(error.error, expected.error);
+}
+
+void tst_ParseJson::readsManyLevelsOfRepeatedMembers()
+{
+    constexpr int levels = 1000;
+    const QByteArray blanks(1000, ' ');
+    QByteArray text;
+    for (int level = 0; level < levels; ++level)
+        text += "{\"b\":[1]," + blanks + "\"a\":";
+    text += "{}";
+    for (int level = 0; level < levels; ++level)
+        text += ",\"a\":" + QByteArray::number(level) + '}';
+
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(parseJson(text), QJsonDocument::fromJson(R"({"a":999,"b":[1]})"));
+    constexpr qint64 longest = 500;
+    QVERIFY2(timer.elapsed() < longest, qPrintable(QString::number(timer.elapsed())));
+    qDebug() << text.size() << "bytes:" << timer.elapsed() << "ms";
 }
 
 QTEST_APPLESS_MAIN(tst_ParseJson)

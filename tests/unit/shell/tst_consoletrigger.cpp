@@ -1,9 +1,12 @@
 #include "shell/ConsoleTrigger.h"
 
 #include <QSignalSpy>
+#include <QSocketNotifier>
 #include <QtTest>
 
 #include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
 
 /// The trigger is the signal SIGUSR1.
 class tst_ConsoleTrigger : public QObject
@@ -13,12 +16,15 @@ class tst_ConsoleTrigger : public QObject
 private Q_SLOTS:
     void firesThroughTheEventLoop();
     void survivesAStormOfSignals();
+    void keepsAPressUntilStarted();
+    void staysSilentWithSomethingElseInItsPipesPlace();
 };
 
 void tst_ConsoleTrigger::firesThroughTheEventLoop()
 {
-    const ConsoleTrigger trigger;
-    const QSignalSpy pressed(&trigger, &ConsoleTrigger::pressed);
+    ConsoleTrigger trigger;
+    trigger.start();
+    const QSignalSpy pressed(&trigger, &ConsoleTrigger::sigPressed);
     std::raise(SIGUSR1);
     QCOMPARE(pressed.size(), 0);
     QTRY_COMPARE(pressed.size(), 1);
@@ -28,14 +34,43 @@ void tst_ConsoleTrigger::firesThroughTheEventLoop()
 
 void tst_ConsoleTrigger::survivesAStormOfSignals()
 {
-    const ConsoleTrigger trigger;
-    const QSignalSpy pressed(&trigger, &ConsoleTrigger::pressed);
+    ConsoleTrigger trigger;
+    trigger.start();
+    const QSignalSpy pressed(&trigger, &ConsoleTrigger::sigPressed);
     for (int i = 0; i < 100000; ++i)
         std::raise(SIGUSR1);
     QTRY_VERIFY(!pressed.isEmpty());
     const int afterTheStorm = pressed.size();
     std::raise(SIGUSR1);
     QTRY_COMPARE(pressed.size(), afterTheStorm + 1);
+}
+
+void tst_ConsoleTrigger::keepsAPressUntilStarted()
+{
+    ConsoleTrigger trigger;
+    std::raise(SIGUSR1);
+    QCoreApplication::processEvents();
+    const QSignalSpy pressed(&trigger, &ConsoleTrigger::sigPressed);
+    QCoreApplication::processEvents();
+    QCOMPARE(pressed.size(), 0);
+    trigger.start();
+    QTRY_COMPARE(pressed.size(), 1);
+}
+
+void tst_ConsoleTrigger::staysSilentWithSomethingElseInItsPipesPlace()
+{
+    ConsoleTrigger trigger;
+    trigger.start();
+    const QSignalSpy pressed(&trigger, &ConsoleTrigger::sigPressed);
+    const auto *const notifier = trigger.findChild<QSocketNotifier *>();
+    QVERIFY(notifier && notifier->isEnabled());
+
+    // It always has an end to be read.
+    const int nowhere = open("/dev/null", O_RDONLY | O_CLOEXEC);
+    QVERIFY(dup2(nowhere, static_cast<int>(notifier->socket())) >= 0);
+    close(nowhere);
+    QTRY_VERIFY(!notifier->isEnabled());
+    QCOMPARE(pressed.size(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_ConsoleTrigger)

@@ -9,6 +9,67 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <sys/prctl.h>
+#include <unistd.h>
+
+namespace {
+
+const char *const hideYourself = "hide-yourself";
+const char *const endTheHidden = "end-the-hidden";
+const char *const hiddenName = "a hidden one";
+
+QString nameInSnapshot(qint64 id)
+{
+    const auto snapshot = processes::snapshot();
+    if (!snapshot)
+        return QStringLiteral("no snapshot");
+    const auto found = std::find_if(snapshot->begin(), snapshot->end(),
+                                    [id](const processes::Process &each) { return each.id == id; });
+    return found == snapshot->end() ? QString() : found->executableName;
+}
+
+/// The administrator, to whom nothing is hidden, becomes someone else.
+bool becomeAnyone()
+{
+    constexpr uid_t nobody = 65534;
+    return geteuid() != 0 || setresuid(nobody, nobody, nobody) == 0;
+}
+
+/// Ends this process without the leak check, which one that others may not look into cannot run.
+[[noreturn]] void say(const QByteArray &answer)
+{
+    std::fputs(answer.constData(), stdout);
+    std::fflush(stdout);
+    std::_Exit(EXIT_SUCCESS);
+}
+
+/// Its executable's name is not the one that the kernel keeps of it.
+[[noreturn]] void hide()
+{
+    if (!becomeAnyone())
+        say("refused");
+    prctl(PR_SET_NAME, hiddenName);
+    prctl(PR_SET_DUMPABLE, 0);
+    std::puts("hidden");
+    std::fflush(stdout);
+    constexpr unsigned longEnough = 60;
+    alarm(longEnough);
+    while (true)
+        pause();
+}
+
+[[noreturn]] void endHidden(qint64 id)
+{
+    if (!becomeAnyone())
+        say("refused");
+    const QString name = nameInSnapshot(id);
+    const bool ended = processes::terminate({id, name});
+    say(name.toUtf8() + (ended ? ": ended" : ": spared"));
+}
+
+} // namespace
 
 /// The processes are real: copies of a system program under names of their own.
 class tst_Processes : public QObject
@@ -25,12 +86,12 @@ private Q_SLOTS:
     void endsAProcessAtOnce();
     void endsAStoppedProcess();
     void sparesAProcessOfAnotherName();
+    void sparesAProcessThatHidesItsExecutable();
     void cannotEndWhatHasEnded();
 
 private:
     void start(const QString &name);
     processes::Process started(const QString &name) const { return {m_process.processId(), name}; }
-    static QString nameInSnapshot(qint64 id);
 
     QTemporaryDir m_folder;
     QProcess m_process;
@@ -53,16 +114,6 @@ void tst_Processes::start(const QString &name)
     QVERIFY(QFileInfo::exists(path) || QFile::copy(QStringLiteral("/bin/sleep"), path));
     m_process.start(path, {QStringLiteral("60")});
     QVERIFY(m_process.waitForStarted());
-}
-
-QString tst_Processes::nameInSnapshot(qint64 id)
-{
-    const auto snapshot = processes::snapshot();
-    if (!snapshot)
-        return QStringLiteral("no snapshot");
-    const auto found = std::find_if(snapshot->begin(), snapshot->end(),
-                                    [id](const processes::Process &each) { return each.id == id; });
-    return found == snapshot->end() ? QString() : found->executableName;
 }
 
 void tst_Processes::namesItself()
@@ -119,6 +170,25 @@ void tst_Processes::sparesAProcessOfAnotherName()
     QCOMPARE(nameInSnapshot(m_process.processId()), name);
 }
 
+void tst_Processes::sparesAProcessThatHidesItsExecutable()
+{
+    const QString self = QCoreApplication::applicationFilePath();
+    m_process.start(self, {QString::fromLatin1(hideYourself)});
+    QVERIFY(m_process.waitForReadyRead());
+    const QByteArray answer = m_process.readAll();
+    if (answer == "refused")
+        QSKIP("The administrator of this machine cannot become someone else");
+    QCOMPARE(answer, QByteArray("hidden\n"));
+
+    QProcess other;
+    other.start(self, {QString::fromLatin1(endTheHidden), QString::number(m_process.processId())});
+    QVERIFY(other.waitForFinished());
+    QCOMPARE(other.readAll(), QByteArray(hiddenName) + ": spared");
+    // One that was ended is noticed within this time.
+    QVERIFY(!m_process.waitForFinished(100));
+    QCOMPARE(m_process.state(), QProcess::Running);
+}
+
 void tst_Processes::cannotEndWhatHasEnded()
 {
     const QString name = QStringLiteral("ended");
@@ -130,5 +200,15 @@ void tst_Processes::cannotEndWhatHasEnded()
     QCOMPARE(nameInSnapshot(process.id), QString());
 }
 
-QTEST_GUILESS_MAIN(tst_Processes)
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QByteArray mode = argc > 1 ? argv[1] : "";
+    if (mode == hideYourself)
+        hide();
+    if (mode == endTheHidden)
+        endHidden(QByteArray(argv[2]).toLongLong());
+    tst_Processes test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_processes.moc"

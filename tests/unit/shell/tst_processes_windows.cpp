@@ -8,6 +8,8 @@
 #include <QTimer>
 #include <QtTest>
 
+#include <windows.h>
+
 #include <algorithm>
 
 namespace {
@@ -30,6 +32,7 @@ private Q_SLOTS:
     void endsAProcessWithStatusZero();
     void forgetsWhatHasEnded();
     void cannotEndWhatCannotBeOpened();
+    void opensWhatHasEndedButIsHeld();
 
 private:
     void start(const QString &name);
@@ -107,6 +110,20 @@ void tst_Processes_windows::cannotEndWhatCannotBeOpened()
     QVERIFY(!processes::terminate({0, QStringLiteral("System Idle Process")}));
     // Numbers of processes are multiples of four.
     QVERIFY(!processes::terminate({0x7ffffff1, QStringLiteral("nobody.exe")}));
+}
+
+void tst_Processes_windows::opensWhatHasEndedButIsHeld()
+{
+    const QString name = QStringLiteral("held.exe");
+    start(name);
+    const qint64 id = m_process.processId();
+    HANDLE held = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(id));
+    QVERIFY(held != nullptr);
+    m_process.kill();
+    QVERIFY(m_process.waitForFinished());
+    const bool opened = processes::terminate({id, name});
+    CloseHandle(held);
+    QVERIFY(opened);
 }
 
 int main(int argc, char **argv)

@@ -162,7 +162,7 @@ void SensorRecorderTest::writesWhatCanBeReplayed()
     const QTemporaryDir directory;
     CountingSource source;
     SensorRecorder recorder({directory.filePath(QStringLiteral("a.json")), 2, 1}, source);
-    const QSignalSpy finished(&recorder, &SensorRecorder::finished);
+    const QSignalSpy finished(&recorder, &SensorRecorder::sigFinished);
     recorder.start();
     QTRY_COMPARE(finished.size(), 1);
     QCOMPARE(finished.at(0).at(0).toString(), QString());
@@ -181,7 +181,7 @@ void SensorRecorderTest::saysWhyItCannotWrite()
     const QTemporaryDir directory;
     CountingSource source;
     SensorRecorder recorder({directory.filePath(QStringLiteral("none/a.json")), 1, 1}, source);
-    const QSignalSpy finished(&recorder, &SensorRecorder::finished);
+    const QSignalSpy finished(&recorder, &SensorRecorder::sigFinished);
     recorder.start();
     QTRY_COMPARE(finished.size(), 1);
     QVERIFY(finished.at(0).at(0).toString().contains(QStringLiteral("none/a.json: ")));

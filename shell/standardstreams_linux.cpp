@@ -1,0 +1,14 @@
+#include "shell/standardstreams.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+void fillStandardStreams()
+{
+    // The lowest free number is taken each time.
+    int taken = STDIN_FILENO;
+    while (taken >= STDIN_FILENO && taken <= STDERR_FILENO)
+        taken = open("/dev/null", O_RDWR);
+    if (taken > STDERR_FILENO)
+        close(taken);
+}

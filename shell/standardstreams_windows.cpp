@@ -1,0 +1,3 @@
+#include "shell/standardstreams.h"
+
+void fillStandardStreams() {}

@@ -1,0 +1,53 @@
+#include "shell/desktop.h"
+
+#include <QtTest>
+
+class tst_Desktop : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void choosesThePlatform_data();
+    void choosesThePlatform();
+};
+
+void tst_Desktop::choosesThePlatform_data()
+{
+    QTest::addColumn<QByteArray>("display");
+    QTest::addColumn<QByteArray>("waylandDisplay");
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    const QByteArray unset;
+    const QByteArray empty("");
+    const QByteArray offscreen("offscreen");
+    QTest::newRow("no display") << unset << unset << unset << offscreen;
+    QTest::newRow("empty displays") << empty << empty << unset << offscreen;
+    QTest::newRow("nothing chosen") << unset << unset << empty << offscreen;
+    QTest::newRow("X") << QByteArray(":0") << unset << unset << unset;
+    QTest::newRow("Wayland") << unset << QByteArray("wayland-0") << unset << unset;
+    QTest::newRow("both") << QByteArray(":0") << QByteArray("wayland-0") << unset << unset;
+    QTest::newRow("chosen") << unset << unset << QByteArray("minimal") << QByteArray("minimal");
+    QTest::newRow("chosen on a display")
+        << QByteArray(":0") << unset << QByteArray("minimal") << QByteArray("minimal");
+}
+
+void tst_Desktop::choosesThePlatform()
+{
+    QFETCH(QByteArray, display);
+    QFETCH(QByteArray, waylandDisplay);
+    QFETCH(QByteArray, before);
+    const auto set = [](const char *name, const QByteArray &value) {
+        return value.isNull() ? qunsetenv(name) : qputenv(name, value);
+    };
+    QVERIFY(set("DISPLAY", display));
+    QVERIFY(set("WAYLAND_DISPLAY", waylandDisplay));
+    QVERIFY(set("QT_QPA_PLATFORM", before));
+
+    desktop::choosePlatform();
+    QTEST(qgetenv("QT_QPA_PLATFORM"), "after");
+    QFETCH(QByteArray, after);
+    QCOMPARE(qEnvironmentVariableIsSet("QT_QPA_PLATFORM"), !after.isNull());
+}
+
+QTEST_APPLESS_MAIN(tst_Desktop)
+#include "tst_desktop.moc"
