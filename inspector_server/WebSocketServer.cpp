@@ -7,6 +7,8 @@
 #include <QDebug>
 #include <QHostAddress>
 #include <QJsonDocument>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QWebSocket>
 #include <QWebSocketServer>
 
@@ -29,12 +31,25 @@ constexpr std::chrono::milliseconds unreadInterval = 100ms;
 /// An instance that starts beside this one gives up after half of this.
 constexpr std::chrono::milliseconds handshakeTimeout = 3s;
 
+/// Bytes of a request for a connection; Qt itself takes a megabyte.
+constexpr qint64 longestHandshake = 16LL * 1024;
+
 /// Until descriptors may be free again.
 constexpr std::chrono::milliseconds acceptPause = 1s;
 
 QString compact(const QJsonObject &object)
 {
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
+}
+
+/// The sockets that Qt has accepted and that have not shaken hands yet are its server's children.
+void boundHandshakes(const QTcpServer *acceptor)
+{
+    const auto sockets = acceptor->findChildren<QTcpSocket *>();
+    for (QTcpSocket *const socket : sockets) {
+        if (socket->readBufferSize() == 0)
+            socket->setReadBufferSize(longestHandshake);
+    }
 }
 
 VqSystemMonitorLib *libraryOf(QObject *plugin)
@@ -56,6 +71,9 @@ WebSocketServer::WebSocketServer(quint16 port, QObject *parent)
     m_pWebSocketServer->setHandshakeTimeout(handshakeTimeout);
     connect(m_pWebSocketServer, &QWebSocketServer::acceptError, this,
             &WebSocketServer::acceptAgainSoon);
+    if (const auto *const acceptor = m_pWebSocketServer->findChild<QTcpServer *>())
+        connect(acceptor, &QTcpServer::newConnection, this,
+                [acceptor] { boundHandshakes(acceptor); });
     if (m_pWebSocketServer->listen(QHostAddress::Any, port)) {
         qDebug() << "WebSocket server started on port" << m_pWebSocketServer->serverPort();
         connect(m_pWebSocketServer, &QWebSocketServer::newConnection, this,
@@ -88,6 +106,7 @@ void WebSocketServer::onNewConnection()
     QWebSocket *const client = m_pWebSocketServer->nextPendingConnection();
     if (!client)
         return;
+    client->setReadBufferSize(2 * static_cast<qint64>(longestRequest));
     client->setMaxAllowedIncomingFrameSize(longestRequest);
     client->setMaxAllowedIncomingMessageSize(longestRequest);
     m_clients.append(client);

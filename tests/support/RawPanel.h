@@ -8,17 +8,18 @@
 class RawPanel
 {
 public:
-    explicit RawPanel(quint16 port)
+    explicit RawPanel(quint16 port, const QByteArray &handshake = wellFormedHandshake)
     {
         // What is not read here is to stay with the server.
         m_socket.setReadBufferSize(4096);
         m_socket.connectToHost(QHostAddress(QHostAddress::LocalHost), port);
-        m_socket.write("GET / HTTP/1.1\r\nHost: localhost\r\nUpgrade: websocket\r\n"
-                       "Connection: Upgrade\r\nSec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n"
-                       "Sec-WebSocket-Version: 13\r\n\r\n");
+        m_socket.write(handshake);
     }
 
     bool isConnected() const { return m_socket.state() == QAbstractSocket::ConnectedState; }
+    /// What the system has not taken yet.
+    qint64 unsent() const { return m_socket.bytesToWrite(); }
+
     bool isGone() const { return m_socket.state() == QAbstractSocket::UnconnectedState; }
 
     /// Whether the server has answered the handshake.
@@ -45,5 +46,10 @@ public:
     }
 
 private:
+    static constexpr char wellFormedHandshake[] =
+        "GET / HTTP/1.1\r\nHost: localhost\r\nUpgrade: websocket\r\n"
+        "Connection: Upgrade\r\nSec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n"
+        "Sec-WebSocket-Version: 13\r\n\r\n";
+
     QTcpSocket m_socket;
 };

@@ -104,6 +104,7 @@ private Q_SLOTS:
     void repliesToTheAskerOnly();
     void ignoresBinaryMessages();
     void dropsAClientThatSendsTooMuch();
+    void takesLittleOfAHandshakeWithoutEnd();
     void dropsAClientThatAsksTooOften();
     void dropsAClientThatReadsNothing();
     void dropsAClientThatReadsNoPongs();
@@ -356,6 +357,23 @@ void tst_WebSocketServer::dropsAClientThatSendsTooMuch()
     QTRY_VERIFY(next.isConnected());
     next.ask(QStringLiteral("Cpu Usage"));
     QTRY_COMPARE(next.replyCount(), 1);
+}
+
+void tst_WebSocketServer::takesLittleOfAHandshakeWithoutEnd()
+{
+    constexpr int most = 16 * 1024;
+    RawPanel endless(m_server->port(), "GET /" + QByteArray(40 * most, 'x'));
+    const auto taken = [this] {
+        const auto sockets = m_server->findChildren<QTcpSocket *>();
+        return sockets.isEmpty() ? qint64(0) : sockets.constFirst()->bytesAvailable();
+    };
+    QTRY_VERIFY(taken() > 0);
+    QTRY_COMPARE(endless.unsent(), qint64(0));
+    QTRY_COMPARE(taken(), qint64(most));
+    QTRY_VERIFY_WITH_TIMEOUT(endless.isGone(), 10000);
+
+    Panel next(m_server->port());
+    QTRY_VERIFY(next.isConnected());
 }
 
 void tst_WebSocketServer::dropsAClientThatAsksTooOften()
