@@ -1,8 +1,8 @@
 #include "tests/soak/Storm.h"
 
-#include "tests/soak/SoakHost.h"
 #include "tests/support/DataServerClient.h"
 #include "tests/support/FakeHost.h"
+#include "tests/support/TallyHost.h"
 
 #include <iterator>
 
@@ -40,7 +40,7 @@ QString contextOf(int key)
 
 } // namespace
 
-Storm::Storm(SoakHost &host)
+Storm::Storm(TallyHost &host)
     : m_host(host)
     , m_hasSound(m_sound.start())
     , m_canMount(m_folder.mountExt4(QStringLiteral("drive"), QStringLiteral("soak"),

@@ -12,7 +12,7 @@
 #include <memory>
 
 class DataServerClient;
-class SoakHost;
+class TallyHost;
 
 /// What months bring, in minutes: keys that come, change and go, settings panels that ask and
 /// leave, a sound server that restarts, drives that are mounted and unmounted. The same each time.
@@ -21,7 +21,7 @@ class Storm : public QObject
     Q_OBJECT
 
 public:
-    explicit Storm(SoakHost &host);
+    explicit Storm(TallyHost &host);
     ~Storm() override;
 
     void start();
@@ -43,7 +43,7 @@ private:
 
     static constexpr int mostKeys = 32;
 
-    SoakHost &m_host;
+    TallyHost &m_host;
     QRandomGenerator m_random{20210401};
     QList<QTimer *> m_timers;
     QVector<QString> m_actions = QVector<QString>(mostKeys); ///< By key; empty where there is none.

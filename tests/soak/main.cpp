@@ -1,7 +1,7 @@
 #include "tests/soak/Measurements.h"
-#include "tests/soak/SoakHost.h"
 #include "tests/soak/Storm.h"
 #include "tests/support/PluginProcess.h"
+#include "tests/support/TallyHost.h"
 #include "tests/support/Waits.h"
 
 #include <QCommandLineParser>
@@ -35,7 +35,7 @@ private:
     int judge(const Measurements::Sample &before, const Measurements::Sample &after) const;
 
     qint64 m_updates;
-    SoakHost m_host;
+    TallyHost m_host;
     Storm m_storm{m_host};
     PluginProcess m_plugin;
     Measurements m_measurements;

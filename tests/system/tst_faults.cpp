@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QtTest>
 
+#include <csignal>
 #include <memory>
 #include <vector>
 
@@ -20,6 +21,7 @@ class tst_Faults : public QObject
 
 private Q_SLOTS:
     void endsWhenItsHostIsKilled();
+    void outlivesAHostThatIsStopped();
     void startsWithoutANameService();
     void outlivesItsWorkingFolder();
     void outlivesALogThatCannotBeWritten();
@@ -37,6 +39,7 @@ namespace {
 
 const QString cpu = QStringLiteral("com.quellor.stream.system.cpu");
 const QString key = QStringLiteral("key");
+const QString passEnd = QStringLiteral("-------------------updateImages over---------------------");
 
 #ifdef __SANITIZE_ADDRESS__
 constexpr bool isSanitized = true;
@@ -54,6 +57,43 @@ bool updates(const FakeHost &host, int times = 2)
     return !FakeHost::picture(host.images(key).constLast()).isNull();
 }
 
+/// A host in a process of its own: tests/support/host_process.cpp.
+class HostProcess : public QProcess
+{
+public:
+    explicit HostProcess(int keys)
+    {
+        start(QStringLiteral(HOST_EXECUTABLE), {QString::number(keys)});
+    }
+    ~HostProcess() override
+    {
+        kill();
+        waitForFinished();
+    }
+    Q_DISABLE_COPY(HostProcess)
+
+    /// The command line of the plugin; none yet at first.
+    QStringList arguments() { return lines().value(0).split(QLatin1Char(' '), Qt::SkipEmptyParts); }
+
+    bool hasRegistered() { return lines().value(1) == QLatin1String("registered"); }
+
+    /// The number of pictures that it has been sent.
+    int pictures() { return lines().constLast().toInt(); }
+
+    void stop() { ::kill(pid_t(processId()), SIGSTOP); }
+    void goOn() { ::kill(pid_t(processId()), SIGCONT); }
+
+private:
+    const QStringList &lines()
+    {
+        while (canReadLine())
+            m_lines.append(QString::fromUtf8(readLine().trimmed()));
+        return m_lines;
+    }
+
+    QStringList m_lines;
+};
+
 bool isBlank(const QImage &picture)
 {
     QImage blank(picture.size(), QImage::Format_ARGB32);
@@ -65,17 +105,43 @@ bool isBlank(const QImage &picture)
 
 void tst_Faults::endsWhenItsHostIsKilled()
 {
-    QProcess host;
-    host.start(QStringLiteral(HOST_EXECUTABLE), QStringList());
-    QTRY_PATIENTLY(host.canReadLine());
-    const QString arguments = QString::fromUtf8(host.readLine().trimmed());
+    HostProcess host(0);
     PluginProcess plugin;
-    plugin.launch(arguments.split(QLatin1Char(' ')));
-    QTRY_PATIENTLY(host.canReadLine());
-    QCOMPARE(host.readLine(), QByteArray("registered\n"));
+    QTRY_PATIENTLY(!host.arguments().isEmpty());
+    plugin.launch(host.arguments());
+    QTRY_PATIENTLY(host.hasRegistered());
     host.kill();
     QVERIFY(plugin.endsWithStatus(0));
     QVERIFY(plugin.content(QStringLiteral("log.txt")).contains("Disonnected-serverPort: "));
+}
+
+void tst_Faults::outlivesAHostThatIsStopped()
+{
+    constexpr int keys = 1000;
+    constexpr qint64 backlog = 32LL * 1024 * 1024;
+    HostProcess host(keys);
+    PluginProcess plugin;
+    QTRY_PATIENTLY(!host.arguments().isEmpty());
+    plugin.launch(host.arguments());
+    QTRY_PATIENTLY(host.hasRegistered());
+    QTRY_PATIENTLY(host.pictures() >= 2 * keys);
+    const qint64 before = plugin.residentMemory();
+
+    host.stop();
+    const QByteArray line("The host does not read: pictures are dropped until it does");
+    const auto log = [&plugin] { return plugin.content(QStringLiteral("log.txt")); };
+    QTRY_PATIENTLY(log().contains(line));
+    // Some passes more.
+    const int passes = plugin.timesLogged(passEnd);
+    QTRY_PATIENTLY(plugin.timesLogged(passEnd) >= passes + 5);
+    const qint64 meanwhile = plugin.residentMemory();
+    QVERIFY2(meanwhile < before + 3 * backlog, qPrintable(QString::number(meanwhile - before)));
+
+    host.goOn();
+    const int read = host.pictures();
+    // More than can have waited.
+    QTRY_PATIENTLY(host.pictures() >= read + 10 * keys);
+    QCOMPARE(log().count(line), 1);
 }
 
 void tst_Faults::startsWithoutANameService()

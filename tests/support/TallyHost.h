@@ -9,12 +9,12 @@
 class QWebSocket;
 
 /// A deck host that keeps nothing of what it is sent but its number.
-class SoakHost : public QObject
+class TallyHost : public QObject
 {
     Q_OBJECT
 
 public:
-    SoakHost();
+    TallyHost();
 
     QStringList arguments() const;
     bool isRegistered() const { return m_messages > 0; }

@@ -1,17 +1,17 @@
-#include "tests/soak/SoakHost.h"
+#include "tests/support/TallyHost.h"
 
 #include <QJsonDocument>
 #include <QWebSocket>
 
-SoakHost::SoakHost()
+TallyHost::TallyHost()
     : m_server(QStringLiteral("host"), QWebSocketServer::NonSecureMode)
 {
     if (!m_server.listen(QHostAddress::LocalHost))
         qFatal("No port for the host: %s", qPrintable(m_server.errorString()));
-    connect(&m_server, &QWebSocketServer::newConnection, this, &SoakHost::takeLink);
+    connect(&m_server, &QWebSocketServer::newConnection, this, &TallyHost::takeLink);
 }
 
-QStringList SoakHost::arguments() const
+QStringList TallyHost::arguments() const
 {
     return {QStringLiteral("-port"),          QString::number(m_server.serverPort()),
             QStringLiteral("-pluginUUID"),    QStringLiteral("plugin-1"),
@@ -19,22 +19,22 @@ QStringList SoakHost::arguments() const
             QStringLiteral("-info"),          QStringLiteral("{}")};
 }
 
-void SoakHost::takeLink()
+void TallyHost::takeLink()
 {
     m_link = m_server.nextPendingConnection();
-    connect(m_link, &QWebSocket::textMessageReceived, this, &SoakHost::count);
+    connect(m_link, &QWebSocket::textMessageReceived, this, &TallyHost::count);
     connect(m_link, &QWebSocket::disconnected, this, [this] { m_hasLost = true; });
 }
 
-void SoakHost::count(const QString &text)
+void TallyHost::count(const QString &text)
 {
     ++m_messages;
     m_bytes += text.size();
     m_pictures += text.contains(QLatin1String("\"event\":\"setImage\"")) ? 1 : 0;
 }
 
-void SoakHost::send(const QString &event, const QString &action, const QString &context,
-                    const QJsonObject &settings)
+void TallyHost::send(const QString &event, const QString &action, const QString &context,
+                     const QJsonObject &settings)
 {
     const QJsonObject message{
         {QStringLiteral("event"), event},
