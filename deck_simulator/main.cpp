@@ -128,7 +128,10 @@ int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
     window.show();
     window.start();
     const int status = QApplication::exec();
-    return window.isWell() ? status : 1;
+    if (window.failure().isEmpty())
+        return status;
+    std::fputs(qPrintable(QStringLiteral("deck_simulator: %1\n").arg(window.failure())), stderr);
+    return 1;
 }
 
 } // namespace

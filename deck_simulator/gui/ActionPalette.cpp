@@ -12,6 +12,12 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+namespace {
+
+constexpr int fewestLetters = 20; // across the list
+
+} // namespace
+
 ActionPalette::ActionPalette(QWidget *parent)
     : QWidget(parent)
     , m_model(new ActionTreeModel(this))
@@ -36,7 +42,7 @@ ActionPalette::ActionPalette(QWidget *parent)
     m_view->setUniformRowHeights(true);
     m_view->setAccessibleName(tr("Actions"));
     m_view->expandAll();
-    m_view->setMinimumWidth(widestRow());
+    m_view->setMinimumWidth(fontMetrics().averageCharWidth() * fewestLetters);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_search);
@@ -55,6 +61,13 @@ int ActionPalette::widestRow() const
     // Two levels, the icon, the scroll bar and some air.
     return 2 * m_view->indentation() + 2 * icon + text +
            m_view->verticalScrollBar()->sizeHint().width();
+}
+
+QSize ActionPalette::sizeHint() const
+{
+    const QMargins margins = layout()->contentsMargins();
+    const int width = widestRow() + margins.left() + margins.right();
+    return QWidget::sizeHint().expandedTo({width, 0});
 }
 
 void ActionPalette::startSearch()

@@ -21,6 +21,8 @@ public:
     [[nodiscard]] QLineEdit *searchField() const { return m_search; }
     [[nodiscard]] QTreeView *view() const { return m_view; }
 
+    [[nodiscard]] QSize sizeHint() const override;
+
 Q_SIGNALS:
     void actionChosen(const QString &uuid);
 

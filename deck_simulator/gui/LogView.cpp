@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr int fewestLines = 2;
+
 enum Source { both, fileOnly, debugOnly };
 
 QFont fixedFont()
@@ -46,6 +48,7 @@ LogView::LogView(PluginLog *log, QWidget *parent)
     m_view->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_view->setMaximumBlockCount(LogBuffer::mostLines);
     m_view->setFont(fixedFont());
+    m_view->setMinimumHeight(fewestLines * m_view->fontMetrics().lineSpacing());
     m_view->setAccessibleName(tr("Log"));
 
     auto *bar = new QHBoxLayout;
