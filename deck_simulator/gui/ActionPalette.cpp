@@ -48,8 +48,8 @@ ActionPalette::ActionPalette(QWidget *parent)
     layout->addWidget(m_search);
     layout->addWidget(m_view);
     connect(m_search, &QLineEdit::textChanged, this, &ActionPalette::filter);
-    connect(m_search, &QLineEdit::returnPressed, this, [this] { choose(m_view->currentIndex()); });
-    connect(m_view, &QTreeView::activated, this, &ActionPalette::choose);
+    // Not "activated", which is a single click on some desktops.
+    connect(m_view, &QTreeView::doubleClicked, this, &ActionPalette::choose);
 }
 
 int ActionPalette::widestRow() const
@@ -93,8 +93,24 @@ void ActionPalette::selectFirst()
 void ActionPalette::choose(const QModelIndex &index)
 {
     const QString uuid = index.data(ActionTreeModel::uuidRole).toString();
-    if (!uuid.isEmpty())
-        Q_EMIT actionChosen(uuid);
+    if (uuid.isEmpty())
+        return;
+    m_search->clear();
+    Q_EMIT actionChosen(uuid);
+}
+
+// Of the list and of the search alike.
+void ActionPalette::keyPressEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        choose(m_view->currentIndex());
+    } else if (key == Qt::Key_Escape) {
+        m_search->clear();
+        Q_EMIT left();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void ActionPalette::changeEvent(QEvent *event)

@@ -25,9 +25,12 @@ public:
 
 Q_SIGNALS:
     void actionChosen(const QString &uuid);
+    /// The user wants none: Escape.
+    void left();
 
 protected:
     void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

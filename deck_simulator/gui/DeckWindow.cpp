@@ -137,6 +137,8 @@ void DeckWindow::connectGrid()
         bringUp(m_actions);
         m_actions->startSearch();
     });
+    connect(m_actions, &ActionPalette::left, this, &DeckWindow::focusDeck);
+    connect(m_panel->form(), &SettingsForm::left, this, &DeckWindow::focusDeck);
 }
 
 void DeckWindow::connectRunner()
@@ -248,6 +250,12 @@ void DeckWindow::putOnCurrent(const QString &action)
         return;
     }
     m_grid->setCurrent(place);
+    focusDeck();
+}
+
+void DeckWindow::focusDeck()
+{
+    activateWindow(); // a dock may be a window of its own
     m_grid->setFocus();
 }
 

@@ -75,6 +75,7 @@ private:
     void onStateChanged();
     void showKey(const QString &context);
     void putOnCurrent(const QString &action);
+    void focusDeck();
     void showNotice(const QString &text);
     void writeScreenshot(const QString &file);
 

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void setsABrokenProfileAside();
     void showsLivePictures();
     void putsAnActionFromTheList();
+    void returnsToTheDeck();
     void putsOnTheFirstFreeKey();
     void editsTheSelectedKey();
     void sendsKeysAndDials();
@@ -217,6 +218,28 @@ void tst_DeckWindow::putsAnActionFromTheList()
     QCOMPARE(m_window->panel()->context(), context(6, 2));
 }
 
+void tst_DeckWindow::returnsToTheDeck()
+{
+    reopen();
+    m_window->activateWindow();
+    DeckGrid *grid = m_window->grid();
+    auto *title = m_window->panel()->findChild<QLineEdit *>(QStringLiteral("title"));
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+        press(Qt::Key_F2);
+        QTRY_VERIFY(title->hasFocus());
+        QTest::keyClick(title, key);
+        QTRY_VERIFY(grid->hasFocus());
+    }
+    grid->setCurrent({7, 3});
+    press(Qt::Key_F2);
+    QLineEdit *search = m_window->actionList()->searchField();
+    QTRY_VERIFY(search->hasFocus());
+    QTest::keyClicks(search, QStringLiteral("pump"));
+    QTest::keyClick(search, Qt::Key_Escape);
+    QTRY_VERIFY(grid->hasFocus());
+    QCOMPARE(m_window->model()->at({7, 3}), nullptr);
+}
+
 void tst_DeckWindow::putsOnTheFirstFreeKey()
 {
     reopen();
@@ -373,6 +396,11 @@ void tst_DeckWindow::resizesTheDeck()
     QVERIFY(m_window->grid()->cell({6, 4}) != nullptr);
     m_window->model()->setGrid({2, 2});
     QCOMPARE(bar->rowsField()->value(), 2);
+    bar->columnsField()->selectAll();
+    QTest::keyClicks(bar->columnsField(), QStringLiteral("12"));
+    QCOMPARE(m_window->model()->grid().width(), 2); // half typed
+    QTest::keyClick(bar->columnsField(), Qt::Key_Return);
+    QCOMPARE(m_window->model()->grid().width(), 12);
 }
 
 void tst_DeckWindow::showsPreviews()
