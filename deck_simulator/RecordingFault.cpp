@@ -4,12 +4,12 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 
-QString recordingFault(const QString &name)
+QString recordingFault(const QString &fileName)
 {
     // Opening a pipe would wait for its writer.
-    if (!QFileInfo(name).isFile())
+    if (!QFileInfo(fileName).isFile())
         return QStringLiteral("there is no such file");
-    QFile file(name);
+    QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         return file.errorString();
     QJsonParseError error{};

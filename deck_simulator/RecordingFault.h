@@ -3,4 +3,4 @@
 #include <QString>
 
 /// Why a file is no recording of sensors; empty when it is one.
-QString recordingFault(const QString &file);
+QString recordingFault(const QString &fileName);

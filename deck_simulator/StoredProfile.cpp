@@ -171,7 +171,6 @@ StoredProfile firstProfile()
     // A long text: only the wide screen of a dial shows it in letters that can be read.
     DeckEntry drive = entryOf("system.PhysicalDisk", "", 0, 0);
     drive.place.dial = true;
-    drive.settings.showVolumeName = false;
     profile.entries.append(drive);
     return profile;
 }

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int fewestLines = 2;
+constexpr int fewestLines = 3;
 
 enum Source { both, fileOnly, debugOnly };
 

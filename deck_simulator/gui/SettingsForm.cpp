@@ -213,7 +213,7 @@ void SettingsForm::addRow(const QString &label, QWidget *field)
     QLabel *caption = label.isEmpty() ? nullptr : new QLabel(label, this);
     if (caption != nullptr) {
         caption->setBuddy(field);
-        caption->setContentsMargins(0, 0, overhang, 0);
+        caption->setMinimumWidth(caption->sizeHint().width() + overhang);
     }
     field->setParent(this);
     m_rows.append({caption, field, true});
