@@ -44,7 +44,7 @@ QVector<DeckAction> makeActions()
         {ActionGroup::Other, "system.volume", "Volume", "Vol"},
         {ActionGroup::Other, "CPUFan", "CPU fan speed", "Fan"},
         {ActionGroup::Other, "PumpSpeed", "Pump speed", "Pump"},
-        {ActionGroup::Other, "AllDATA", "Any sensor", ""},
+        {ActionGroup::Other, "AllDATA", "Any sensor", "Sensor"},
     };
     QVector<DeckAction> actions;
     for (const auto &row : rows)

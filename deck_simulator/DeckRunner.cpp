@@ -22,6 +22,7 @@ void DeckRunner::start()
 {
     if (m_session != nullptr)
         return;
+    Q_EMIT aboutToStart();
     SessionSettings settings = m_settings;
     settings.language = m_launch.language;
     settings.quoteStripped = m_launch.quoteStripped;
@@ -251,13 +252,16 @@ void DeckRunner::onSessionEnded()
         Q_EMIT notice(session->failure());
     else if (!m_lastExit.isEmpty())
         Q_EMIT notice(QStringLiteral("The plugin has ended with %1.").arg(m_lastExit));
+    const QString failure = session->failure();
     session->deleteLater();
     Q_EMIT stateChanged();
-    if (m_startAgain) {
-        m_startAgain = false;
-        // The old session's ports and folders are given back first.
-        connect(session, &QObject::destroyed, this, &DeckRunner::start);
+    if (!m_startAgain) {
+        Q_EMIT ended(failure);
+        return;
     }
+    m_startAgain = false;
+    // The old session's ports and folders are given back first.
+    connect(session, &QObject::destroyed, this, &DeckRunner::start);
 }
 
 void DeckRunner::measure()

@@ -59,10 +59,14 @@ public:
 
 Q_SIGNALS:
     void stateChanged();
+    /// What has been told of an earlier run holds no longer.
+    void aboutToStart();
     /// The plugin has been started in this folder.
     void started(const QString &workFolder);
     /// The plugin has registered and its keys are on.
     void linked();
+    /// The plugin has ended for good; \a failure is empty when all went well.
+    void ended(const QString &failure);
     void keyChanged(const QString &context);
     /// New lists for the settings panel.
     void settingsReplied(const QString &context, const QJsonObject &reply);

@@ -1,6 +1,7 @@
 #include "deck_simulator/DeckSession.h"
 
 #include "deck_simulator/PluginArguments.h"
+#include "deck_simulator/RecordingFault.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -8,6 +9,7 @@
 namespace {
 
 constexpr int tailLines = 10;
+constexpr const char *recordingVariable = "SYSTEM_MONITOR_RECORDING";
 
 QString seconds(std::chrono::milliseconds time)
 {
@@ -41,8 +43,10 @@ DeckSession::DeckSession(const SessionSettings &settings, const DeckProfile &dec
 void DeckSession::start()
 {
     m_state = State::Starting;
-    if (prepare())
-        startPlugin();
+    if (!prepare())
+        return;
+    checkRecording();
+    startPlugin();
 }
 
 bool DeckSession::prepare()
@@ -84,6 +88,27 @@ bool DeckSession::prepareFolders()
     return usable;
 }
 
+QString DeckSession::recording() const
+{
+    if (m_settings.recording)
+        return m_settings.recording->isEmpty()
+                   ? QString()
+                   : QFileInfo(*m_settings.recording).absoluteFilePath();
+    return qEnvironmentVariable(recordingVariable);
+}
+
+void DeckSession::checkRecording()
+{
+    if (recording().isEmpty())
+        return;
+    // The plugin looks from its working folder.
+    const QString file = QDir(m_workFolder).absoluteFilePath(recording());
+    const QString fault = recordingFault(file);
+    if (!fault.isEmpty())
+        Q_EMIT notice(QStringLiteral("The recording %1 cannot be used: %2. There are no readings.")
+                          .arg(QDir::toNativeSeparators(file), fault));
+}
+
 QString DeckSession::info() const
 {
     QString text = hostInfo(m_settings.language, m_settings.fonts, m_host->deck().grid);
@@ -97,11 +122,11 @@ QProcessEnvironment DeckSession::environment() const
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     // The service's file is looked for below the system drive.
     environment.insert(QStringLiteral("SystemDrive"), m_systemDrive.path());
-    const QString recording = QStringLiteral("SYSTEM_MONITOR_RECORDING");
-    if (m_settings.recording && m_settings.recording->isEmpty())
-        environment.remove(recording);
-    else if (m_settings.recording)
-        environment.insert(recording, QFileInfo(*m_settings.recording).absoluteFilePath());
+    const QString variable = QString::fromLatin1(recordingVariable);
+    if (recording().isEmpty())
+        environment.remove(variable);
+    else
+        environment.insert(variable, recording());
     return environment;
 }
 

@@ -85,6 +85,9 @@ private:
 
     bool prepare();
     bool prepareFolders();
+    /// The file as the plugin is told it; empty for live readings.
+    [[nodiscard]] QString recording() const;
+    void checkRecording();
     [[nodiscard]] QString info() const;
     [[nodiscard]] QProcessEnvironment environment() const;
     void startPlugin();

@@ -46,9 +46,10 @@ QVector<ListEntry> fontsFrom(const QJsonArray &fonts)
     QVector<ListEntry> list;
     for (const QJsonValue &font : fonts) {
         const QString value = font.toObject().value(QLatin1String("value")).toString();
-        const QString name = font.toObject().value(QLatin1String("name")).toString();
+        // The "name" is of the file, which may hold other styles too.
         if (!value.isEmpty() && list.size() < longestList)
-            list.append({value, name.isEmpty() ? value : name, {}, {}});
+            list.append(
+                {value, QString(value).replace(QLatin1Char('|'), QLatin1Char(' ')), {}, {}});
     }
     return list;
 }

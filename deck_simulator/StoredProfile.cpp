@@ -164,10 +164,13 @@ StoredProfile firstProfile()
         entryOf("system.NetWork", "Up/Down", 0, 1),
         entryOf("system.NetWork.Upload", "Up", 1, 1),
         entryOf("system.NetWork.Download", "Down", 2, 1),
-        entryOf("AllDATA", "", 3, 1),
-        entryOf("system.PhysicalDisk", "", 4, 1),
-        entryOf("system.volume", "Vol", 5, 1),
+        entryOf("AllDATA", "Sensor", 3, 1),
+        entryOf("system.volume", "Vol", 4, 1),
     };
     profile.entries[6].settings.titleLines = QStringLiteral("双行显示");
+    // A long text: only the wide screen of a dial shows it in letters that can be read.
+    DeckEntry drive = entryOf("system.PhysicalDisk", "", 0, 0);
+    drive.place.dial = true;
+    profile.entries.append(drive);
     return profile;
 }

@@ -15,6 +15,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QStandardPaths>
 
 #include <cstdio>
@@ -112,6 +113,7 @@ int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     const QApplication application(argc, argv);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/window.ico")));
     applyColors(options.colors);
     applyTextSize(options.textSize);
     WindowSettings settings;
@@ -128,7 +130,10 @@ int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
     window.show();
     window.start();
     const int status = QApplication::exec();
-    return window.isWell() ? status : 1;
+    if (window.failure().isEmpty())
+        return status;
+    std::fputs(qPrintable(QStringLiteral("deck_simulator: %1\n").arg(window.failure())), stderr);
+    return 1;
 }
 
 } // namespace

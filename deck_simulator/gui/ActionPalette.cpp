@@ -12,6 +12,12 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+namespace {
+
+constexpr int fewestLetters = 20; // across the list
+
+} // namespace
+
 ActionPalette::ActionPalette(QWidget *parent)
     : QWidget(parent)
     , m_model(new ActionTreeModel(this))
@@ -36,14 +42,14 @@ ActionPalette::ActionPalette(QWidget *parent)
     m_view->setUniformRowHeights(true);
     m_view->setAccessibleName(tr("Actions"));
     m_view->expandAll();
-    m_view->setMinimumWidth(widestRow());
+    m_view->setMinimumWidth(fontMetrics().averageCharWidth() * fewestLetters);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_search);
     layout->addWidget(m_view);
     connect(m_search, &QLineEdit::textChanged, this, &ActionPalette::filter);
-    connect(m_search, &QLineEdit::returnPressed, this, [this] { choose(m_view->currentIndex()); });
-    connect(m_view, &QTreeView::activated, this, &ActionPalette::choose);
+    // Not "activated", which is a single click on some desktops.
+    connect(m_view, &QTreeView::doubleClicked, this, &ActionPalette::choose);
 }
 
 int ActionPalette::widestRow() const
@@ -55,6 +61,13 @@ int ActionPalette::widestRow() const
     // Two levels, the icon, the scroll bar and some air.
     return 2 * m_view->indentation() + 2 * icon + text +
            m_view->verticalScrollBar()->sizeHint().width();
+}
+
+QSize ActionPalette::sizeHint() const
+{
+    const QMargins margins = layout()->contentsMargins();
+    const int width = widestRow() + margins.left() + margins.right();
+    return QWidget::sizeHint().expandedTo({width, 0});
 }
 
 void ActionPalette::startSearch()
@@ -80,8 +93,24 @@ void ActionPalette::selectFirst()
 void ActionPalette::choose(const QModelIndex &index)
 {
     const QString uuid = index.data(ActionTreeModel::uuidRole).toString();
-    if (!uuid.isEmpty())
-        Q_EMIT actionChosen(uuid);
+    if (uuid.isEmpty())
+        return;
+    m_search->clear();
+    Q_EMIT actionChosen(uuid);
+}
+
+// Of the list and of the search alike.
+void ActionPalette::keyPressEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        choose(m_view->currentIndex());
+    } else if (key == Qt::Key_Escape) {
+        m_search->clear();
+        Q_EMIT left();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void ActionPalette::changeEvent(QEvent *event)

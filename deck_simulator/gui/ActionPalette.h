@@ -21,11 +21,16 @@ public:
     [[nodiscard]] QLineEdit *searchField() const { return m_search; }
     [[nodiscard]] QTreeView *view() const { return m_view; }
 
+    [[nodiscard]] QSize sizeHint() const override;
+
 Q_SIGNALS:
     void actionChosen(const QString &uuid);
+    /// The user wants none: Escape.
+    void left();
 
 protected:
     void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

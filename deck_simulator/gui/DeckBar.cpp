@@ -1,5 +1,7 @@
 #include "deck_simulator/gui/DeckBar.h"
 
+#include "deck_simulator/gui/WheelGuard.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
@@ -11,6 +13,8 @@ QSpinBox *makeNumber(int least, int greatest, const QString &name)
 {
     auto *number = new QSpinBox;
     number->setRange(least, greatest);
+    number->setKeyboardTracking(false); // a number that is half typed is none
+    new WheelGuard(number);
     number->setToolTip(name);
     number->setAccessibleName(name);
     return number;

@@ -13,7 +13,7 @@ const QColor bodyColor(0x26, 0x27, 0x2b);
 const QColor bodyEdgeColor(0x14, 0x14, 0x17);
 
 constexpr int usualSide = 96;
-constexpr int smallestSide = 44;
+constexpr int smallestSide = 32;
 
 int gapFor(int side)
 {
@@ -163,7 +163,9 @@ QSize DeckGrid::sizeFor(int keySide) const
     const int step = keySide + gap;
     const int columns = m_model->grid().width();
     const int rows = m_model->grid().height() + (m_model->dials() > 0 ? 1 : 0);
-    return {2 * gap + columns * step, 2 * gap + rows * step};
+    // A dial is half as wide as a key at least.
+    const int width = qMax(columns * step, m_model->dials() * (keySide / 2 + gap));
+    return {2 * gap + width, 2 * gap + rows * step};
 }
 
 QSize DeckGrid::sizeHint() const
@@ -185,7 +187,9 @@ void DeckGrid::placeCells()
     const int step = side + gap;
     m_body = QRect(QPoint(), sizeFor(side));
     m_body.moveCenter(rect().center());
-    const QPoint origin = m_body.topLeft() + QPoint(gap + gap / 2, gap + gap / 2);
+    const int keysWidth = m_model->grid().width() * step;
+    const QPoint origin =
+        m_body.topLeft() + QPoint((m_body.width() - keysWidth + gap) / 2, gap + gap / 2);
     const int dials = qMax(1, m_model->dials());
     const int dialStep = (m_body.width() - 2 * gap) / dials;
     const int dialWidth = qMin(dialStep - gap, side * 2);

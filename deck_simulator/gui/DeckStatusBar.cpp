@@ -13,7 +13,7 @@ DeckStatusBar::DeckStatusBar(QWidget *parent)
     , m_bytes(new QLabel)
 {
     for (QLabel *label : {m_link, m_plugin, m_frames, m_bytes}) {
-        label->setMargin(fontMetrics().averageCharWidth());
+        label->setIndent(2 * fontMetrics().averageCharWidth());
         addPermanentWidget(label);
     }
 }

@@ -6,19 +6,35 @@
 #include "deck_simulator/gui/DeckStatusBar.h"
 #include "deck_simulator/gui/Inspector.h"
 #include "deck_simulator/gui/LogView.h"
+#include "deck_simulator/gui/MessageBar.h"
 #include "deck_simulator/gui/PluginBar.h"
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QDockWidget>
+#include <QGuiApplication>
+#include <QImageWriter>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr int noticeTime = 15000; // milliseconds
+constexpr QSize usualSize(1320, 820);
+
+// Within the screen and the frame that windows have on it.
+QSize firstSize(const QWidget &window)
+{
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    const int frame = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    return screen == nullptr
+               ? usualSize
+               : usualSize.boundedTo(screen->availableSize() - QSize(frame, 2 * frame));
+}
 
 QDockWidget *makeDock(const QString &title, const char *name, QWidget *content)
 {
@@ -28,6 +44,15 @@ QDockWidget *makeDock(const QString &title, const char *name, QWidget *content)
                       QDockWidget::DockWidgetClosable);
     dock->setWidget(content);
     return dock;
+}
+
+// The dock may be closed, or lie behind another.
+void bringUp(const QWidget *content)
+{
+    QWidget *dock = content->parentWidget();
+    dock->show();
+    dock->raise();
+    dock->activateWindow();
 }
 
 } // namespace
@@ -44,10 +69,12 @@ DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     , m_deckBar(new DeckBar(&m_model))
     , m_logView(new LogView(&m_log))
     , m_status(new DeckStatusBar)
+    , m_messages(new MessageBar)
 {
     setWindowTitle(tr("Deck simulator"));
     auto *deck = new QWidget;
     auto *layout = new QVBoxLayout(deck);
+    layout->addWidget(m_messages);
     layout->addWidget(m_grid, 1);
     layout->addWidget(m_deckBar);
     setCentralWidget(deck);
@@ -59,7 +86,7 @@ DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     connectRunner();
     m_saveTimer.setSingleShot(true);
     connect(&m_saveTimer, &QTimer::timeout, this, &DeckWindow::saveProfile);
-    resize(1320, 820);
+    resize(firstSize(*this));
     resizeDocks({findChild<QDockWidget *>(QStringLiteral("log"))}, {180}, Qt::Vertical);
     loadProfile(settings.language);
     connect(&m_model, &DeckModel::changed, this, [this] { m_saveTimer.start(0); });
@@ -103,16 +130,29 @@ void DeckWindow::connectGrid()
     connect(m_grid, &DeckGrid::currentChanged, m_inspector, &Inspector::select);
     connect(m_grid, &DeckGrid::editRequested, this, [this](const DeckPlace &place) {
         m_grid->setCurrent(place);
+        bringUp(m_panel);
         m_panel->form()->focusFirst();
     });
-    connect(m_grid, &DeckGrid::actionWanted, m_actions, &ActionPalette::startSearch);
+    connect(m_grid, &DeckGrid::actionWanted, this, [this] {
+        bringUp(m_actions);
+        m_actions->startSearch();
+    });
+    connect(m_actions, &ActionPalette::left, this, &DeckWindow::focusDeck);
+    connect(m_panel->form(), &SettingsForm::left, this, &DeckWindow::focusDeck);
 }
 
 void DeckWindow::connectRunner()
 {
     connect(&m_runner, &DeckRunner::stateChanged, this, &DeckWindow::onStateChanged);
     connect(&m_runner, &DeckRunner::keyChanged, this, &DeckWindow::showKey);
-    connect(&m_runner, &DeckRunner::notice, this, &DeckWindow::showNotice);
+    connect(&m_runner, &DeckRunner::notice, this, [this](const QString &text) {
+        showNotice(text);
+        m_tellsOfRun = true;
+    });
+    connect(&m_runner, &DeckRunner::aboutToStart, this, [this] {
+        if (m_tellsOfRun)
+            m_messages->clear();
+    });
     connect(&m_runner, &DeckRunner::started, &m_log, &PluginLog::follow);
     connect(m_pluginBar, &PluginBar::launchChanged, this, [this] { m_saveTimer.start(0); });
 }
@@ -127,8 +167,11 @@ void DeckWindow::loadProfile(const QString &language)
     m_pluginBar->showState();
     restoreGeometry(m_profile.windowGeometry);
     restoreState(m_profile.windowState);
-    if (!m_store.message().isEmpty())
-        showNotice(m_store.message());
+    // Nobody may miss that a deck has been set aside.
+    if (!m_store.message().isEmpty()) {
+        m_log.tell(m_store.message());
+        m_messages->showMessage(m_store.message());
+    }
 }
 
 void DeckWindow::saveProfile()
@@ -150,13 +193,34 @@ void DeckWindow::start()
 
 void DeckWindow::takeScreenshot(const QString &file, std::chrono::milliseconds after)
 {
+    m_awaitsScreenshot = true;
+    // The picture need not fit on the screen.
+    if (m_profile.windowGeometry.isEmpty())
+        resize(usualSize);
     connect(&m_runner, &DeckRunner::linked, this, [this, file, after] {
-        QTimer::singleShot(after, this, [this, file] {
-            // As small as it gets.
-            m_well = grab().toImage().convertToFormat(QImage::Format_RGB32).save(file, "png", 0);
-            close();
-        });
+        QTimer::singleShot(after, this, [this, file] { writeScreenshot(file); });
     });
+    connect(&m_runner, &DeckRunner::ended, this, [this](const QString &failure) {
+        if (!m_awaitsScreenshot)
+            return;
+        m_awaitsScreenshot = false;
+        m_failure =
+            failure.isEmpty() ? tr("The plugin ended before the screenshot was taken.") : failure;
+        QTimer::singleShot(0, this, &QWidget::close);
+    });
+}
+
+void DeckWindow::writeScreenshot(const QString &file)
+{
+    if (!m_awaitsScreenshot)
+        return;
+    m_awaitsScreenshot = false;
+    QImageWriter writer(file, "png");
+    writer.setQuality(0); // as small as it gets
+    if (!writer.write(grab().toImage().convertToFormat(QImage::Format_RGB32)))
+        m_failure = tr("The screenshot %1 cannot be written: %2.")
+                        .arg(QDir::toNativeSeparators(file), writer.errorString());
+    close();
 }
 
 void DeckWindow::onStateChanged()
@@ -186,13 +250,20 @@ void DeckWindow::putOnCurrent(const QString &action)
         return;
     }
     m_grid->setCurrent(place);
+    focusDeck();
+}
+
+void DeckWindow::focusDeck()
+{
+    activateWindow(); // a dock may be a window of its own
     m_grid->setFocus();
 }
 
 void DeckWindow::showNotice(const QString &text)
 {
     m_log.tell(text);
-    m_status->showMessage(text.section(QLatin1Char('\n'), 0, 0), noticeTime);
+    m_messages->showBriefly(text.section(QLatin1Char('\n'), 0, 0));
+    m_tellsOfRun = false;
 }
 
 void DeckWindow::closeEvent(QCloseEvent *event)

@@ -17,6 +17,7 @@ class DeckGrid;
 class DeckStatusBar;
 class Inspector;
 class LogView;
+class MessageBar;
 class PluginBar;
 class SettingsPanel;
 
@@ -45,9 +46,10 @@ public:
 
     /// Writes a picture of the window to a file once the keys have been shown for some time, and
     /// closes it.
+    /// When the plugin ends before, the window closes with a failure().
     void takeScreenshot(const QString &file, std::chrono::milliseconds after);
-    /// Whether all went well, for the exit status.
-    [[nodiscard]] bool isWell() const { return m_well; }
+    /// Why there is no screenshot, several lines perhaps; empty when all went well.
+    [[nodiscard]] const QString &failure() const { return m_failure; }
 
     [[nodiscard]] DeckModel *model() { return &m_model; }
     [[nodiscard]] DeckRunner *runner() { return &m_runner; }
@@ -56,6 +58,7 @@ public:
     [[nodiscard]] PluginBar *pluginBar() const { return m_pluginBar; }
     [[nodiscard]] DeckBar *deckBar() const { return m_deckBar; }
     [[nodiscard]] DeckStatusBar *deckStatus() const { return m_status; }
+    [[nodiscard]] MessageBar *messages() const { return m_messages; }
     [[nodiscard]] LogView *logView() const { return m_logView; }
     [[nodiscard]] ActionPalette *actionList() const { return m_actions; }
 
@@ -72,7 +75,9 @@ private:
     void onStateChanged();
     void showKey(const QString &context);
     void putOnCurrent(const QString &action);
+    void focusDeck();
     void showNotice(const QString &text);
+    void writeScreenshot(const QString &file);
 
     ProfileStore m_store;
     DeckModel m_model;
@@ -88,6 +93,9 @@ private:
     DeckBar *m_deckBar;
     LogView *m_logView;
     DeckStatusBar *m_status;
+    MessageBar *m_messages;
+    QString m_failure;
     bool m_closing = false;
-    bool m_well = true;
+    bool m_awaitsScreenshot = false;
+    bool m_tellsOfRun = false; // the message does
 };

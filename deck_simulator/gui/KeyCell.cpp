@@ -17,6 +17,8 @@ const QColor keyEdgeColor(0x4a, 0x4c, 0x52);
 const QColor captionColor(0xa8, 0xac, 0xb4);
 const QColor plusColor(0x6a, 0x6e, 0x76);
 
+constexpr int holdTime = 200; // milliseconds
+
 QString toolTipOf(const KeyFace &face)
 {
     const QString text = face.title.isEmpty() ? face.caption : face.title;
@@ -33,6 +35,9 @@ KeyCell::KeyCell(const DeckPlace &place, QWidget *parent)
     , m_place(place)
 {
     setAcceptDrops(true);
+    m_holdTimer.setSingleShot(true);
+    m_holdTimer.setInterval(holdTime);
+    connect(&m_holdTimer, &QTimer::timeout, this, &KeyCell::press);
     setAttribute(Qt::WA_Hover);
     setFace({});
 }
@@ -155,24 +160,34 @@ void KeyCell::mousePressEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return;
     m_pressPoint = event->pos();
-    if (isOccupied() && pressesAt(event->pos())) {
-        setDown(true);
-        Q_EMIT pressed();
-    }
+    if (isOccupied() && pressesAt(event->pos()))
+        m_holdTimer.start();
 }
 
 void KeyCell::mouseMoveEvent(QMouseEvent *event)
 {
     const bool far =
         (event->pos() - m_pressPoint).manhattanLength() >= QApplication::startDragDistance();
-    if ((event->buttons() & Qt::LeftButton) != 0 && far && isOccupied())
+    if ((event->buttons() & Qt::LeftButton) != 0 && far && isOccupied() && !m_down)
         startDrag();
 }
 
 void KeyCell::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton)
-        release();
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (m_holdTimer.isActive())
+        press();
+    release();
+}
+
+void KeyCell::press()
+{
+    m_holdTimer.stop();
+    if (!isOccupied() || m_down)
+        return;
+    setDown(true);
+    Q_EMIT pressed();
 }
 
 void KeyCell::release()
@@ -197,7 +212,7 @@ void KeyCell::contextMenuEvent(QContextMenuEvent *event)
 
 void KeyCell::startDrag()
 {
-    release();
+    m_holdTimer.stop();
     auto *drag = new QDrag(this);
     drag->setMimeData(placeMime(m_place));
     drag->setPixmap(grab(screenRect()));

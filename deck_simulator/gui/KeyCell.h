@@ -4,11 +4,13 @@
 #include "deck_simulator/gui/KeyFace.h"
 
 #include <QPoint>
+#include <QTimer>
 #include <QWidget>
 
 class QMimeData;
 
-/// One LCD key on the screen. It shows its face and reports what the mouse does to it.
+/// One LCD key on the screen. It shows its face and reports what the mouse does to it: a key that
+/// is dragged is not pressed, so a press is reported with its release, or once it lasts.
 class KeyCell : public QWidget
 {
     Q_OBJECT
@@ -59,6 +61,7 @@ protected:
 private:
     [[nodiscard]] bool takes(const QMimeData &dragged) const;
     void startDrag();
+    void press();
     void release();
     [[nodiscard]] QSize pictureSize(const QSize &screen) const;
     void paintPicture(QPainter &painter, const QRect &rect);
@@ -68,6 +71,7 @@ private:
     DeckPlace m_place;
     KeyFace m_face;
     QPoint m_pressPoint;
+    QTimer m_holdTimer; // runs while a press may still become a drag
     bool m_current = false;
     bool m_down = false;
     bool m_hovered = false;

@@ -6,10 +6,13 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
+
+constexpr int fewestLines = 3;
 
 enum Source { both, fileOnly, debugOnly };
 
@@ -45,6 +48,7 @@ LogView::LogView(PluginLog *log, QWidget *parent)
     m_view->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_view->setMaximumBlockCount(LogBuffer::mostLines);
     m_view->setFont(fixedFont());
+    m_view->setMinimumHeight(fewestLines * m_view->fontMetrics().lineSpacing());
     m_view->setAccessibleName(tr("Log"));
 
     auto *bar = new QHBoxLayout;
@@ -62,6 +66,9 @@ LogView::LogView(PluginLog *log, QWidget *parent)
         showAll();
     });
     connect(m_log, &PluginLog::lineAdded, this, &LogView::showLine);
+    const QScrollBar *place = m_view->verticalScrollBar();
+    connect(place, &QScrollBar::actionTriggered, this, &LogView::onScrolled);
+    connect(place, &QScrollBar::rangeChanged, this, &LogView::follow);
     showAll();
 }
 
@@ -74,12 +81,43 @@ LogFilter LogView::filter() const
 void LogView::showAll()
 {
     m_view->setPlainText(m_log->lines().matching(filter()).join(QLatin1Char('\n')));
-    m_view->moveCursor(QTextCursor::End);
+    m_follows = true;
+    follow();
 }
 
 void LogView::showLine(const LogLine &line)
 {
-    // It scrolls by itself where the end is in sight.
-    if (matches(line, filter()))
-        m_view->appendPlainText(line.text);
+    if (!matches(line, filter()))
+        return;
+    QScrollBar *bar = m_view->verticalScrollBar();
+    const int before = bar->value();
+    m_view->appendPlainText(line.text);
+    // The view has scrolled by itself if the end was in sight.
+    if (isMarking())
+        bar->setValue(before);
+    follow();
+}
+
+void LogView::onScrolled()
+{
+    const QScrollBar *bar = m_view->verticalScrollBar();
+    m_follows = bar->sliderPosition() >= bar->maximum();
+}
+
+void LogView::follow()
+{
+    QScrollBar *bar = m_view->verticalScrollBar();
+    if (m_follows && !isMarking())
+        bar->setValue(bar->maximum());
+}
+
+bool LogView::isMarking() const
+{
+    return m_view->textCursor().hasSelection();
+}
+
+void LogView::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    follow();
 }

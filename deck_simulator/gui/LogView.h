@@ -10,7 +10,7 @@ class QPlainTextEdit;
 class QToolButton;
 
 /// The plugin's log and debug stream, with a filter. It follows the end unless the user has
-/// scrolled away from it.
+/// scrolled away from it or marks text.
 class LogView : public QWidget
 {
     Q_OBJECT
@@ -24,14 +24,21 @@ public:
     [[nodiscard]] QPlainTextEdit *view() const { return m_view; }
     [[nodiscard]] QToolButton *clearButton() const { return m_clear; }
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     [[nodiscard]] LogFilter filter() const;
     void showAll();
     void showLine(const LogLine &line);
+    void onScrolled();
+    void follow();
+    [[nodiscard]] bool isMarking() const;
 
     PluginLog *m_log;
     QComboBox *m_source;
     QLineEdit *m_text;
     QToolButton *m_clear;
     QPlainTextEdit *m_view;
+    bool m_follows = true;
 };

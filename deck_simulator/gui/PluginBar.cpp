@@ -1,5 +1,7 @@
 #include "deck_simulator/gui/PluginBar.h"
 
+#include "deck_simulator/gui/WheelGuard.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFileDialog>
@@ -69,6 +71,8 @@ void PluginBar::addChoices()
     m_readings->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_readings->setToolTip(tr("Where the readings come from"));
     m_readings->setAccessibleName(m_readings->toolTip());
+    new WheelGuard(m_language);
+    new WheelGuard(m_readings);
     auto *choices = new QWidget;
     auto *layout = new QHBoxLayout(choices);
     layout->setContentsMargins(4, 0, 4, 0);

@@ -51,6 +51,7 @@ SensorPicker::SensorPicker(QWidget *parent)
     layout->addWidget(m_view);
     setFocusProxy(m_search);
     connect(m_search, &QLineEdit::textChanged, this, &SensorPicker::filter);
+    connect(m_search, &QLineEdit::returnPressed, this, &SensorPicker::chooseFound);
     connect(m_view, &QTreeView::clicked, this, &SensorPicker::choose);
     connect(m_view, &QTreeView::activated, this, &SensorPicker::choose);
 }
@@ -139,5 +140,15 @@ void SensorPicker::choose(const QModelIndex &index)
     if (!number.isValid())
         return;
     m_current = m_entries.at(number.toInt()).value;
+    if (!m_search->text().isEmpty()) {
+        m_search->clear();
+        showCurrent();
+    }
     Q_EMIT chosen(m_current);
+}
+
+void SensorPicker::chooseFound()
+{
+    if (!m_search->text().isEmpty())
+        choose(m_shown->index(0, 0, m_shown->index(0, 0)));
 }

@@ -34,6 +34,8 @@ private:
     void showCurrent();
     void filter(const QString &text);
     void choose(const QModelIndex &index);
+    /// The first that the search has found.
+    void chooseFound();
 
     QStandardItemModel *m_model;
     QSortFilterProxyModel *m_shown;

@@ -2,17 +2,21 @@
 
 #include "deck_simulator/gui/ColorField.h"
 #include "deck_simulator/gui/SensorPicker.h"
+#include "deck_simulator/gui/WheelGuard.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSlider>
 #include <QSpinBox>
 
 namespace {
+
+constexpr int overhang = 2; // pixels that a last letter may reach beyond its width
 
 template <typename Control>
 Control *named(Control *control, const char *name)
@@ -24,6 +28,7 @@ Control *named(Control *control, const char *name)
 QComboBox *makeChoice(const char *name, const QVector<ListEntry> &entries = {})
 {
     auto *combo = named(new QComboBox, name);
+    new WheelGuard(combo);
     // A long entry must not widen the panel.
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo->setMinimumContentsLength(12);
@@ -37,6 +42,8 @@ QSpinBox *makeNumber(const char *name, int least, int greatest, const QString &u
     auto *number = named(new QSpinBox, name);
     number->setRange(least, greatest);
     number->setSuffix(unit);
+    number->setKeyboardTracking(false); // a number that is half typed is none
+    new WheelGuard(number);
     return number;
 }
 
@@ -69,6 +76,14 @@ void fill(QComboBox *combo, const QVector<ListEntry> &entries, const QString &va
             combo->addItem(entry.label, entry.value);
     }
     select(combo, value);
+}
+
+// An empty list says so, and keeps what was chosen.
+QVector<ListEntry> orNone(const QVector<ListEntry> &entries, const QString &chosen)
+{
+    if (!entries.isEmpty())
+        return entries;
+    return {{chosen, SettingsForm::tr("none found"), {}, {}}};
 }
 
 QVector<ListEntry> temperatureUnits()
@@ -128,6 +143,7 @@ void SettingsForm::addLookRows()
     m_opacityRow = new QWidget;
     m_opacity = named(new QSlider(Qt::Horizontal), "opacity");
     m_opacity->setRange(0, 100);
+    new WheelGuard(m_opacity);
     m_opacity->setToolTip(tr("\"opacity\": 0 is opaque, 1 is invisible"));
     m_opacityText = new QLabel;
     m_opacityText->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("100 % ")));
@@ -195,8 +211,10 @@ void SettingsForm::setAction(const QString &action)
 void SettingsForm::addRow(const QString &label, QWidget *field)
 {
     QLabel *caption = label.isEmpty() ? nullptr : new QLabel(label, this);
-    if (caption != nullptr)
+    if (caption != nullptr) {
         caption->setBuddy(field);
+        caption->setMinimumWidth(caption->sizeHint().width() + overhang);
+    }
     field->setParent(this);
     m_rows.append({caption, field, true});
 }
@@ -286,12 +304,25 @@ void SettingsForm::setSensors(const QVector<ListEntry> &sensors)
 void SettingsForm::showLists()
 {
     fill(m_font, m_lists.fonts, m_settings.fontFamily);
-    fill(m_drive, m_lists.drives, m_settings.volumeNameItem);
-    fill(m_fan, m_lists.fans, m_settings.selectCpuFan);
-    fill(m_physicalDisk, m_lists.disks, m_settings.selectPhysicalDisk);
-    fill(m_audioDevice, m_lists.audioDevices, m_settings.audioDevice);
+    const auto fillOrNone = [](QComboBox *combo, const QVector<ListEntry> &entries,
+                               const QString &chosen) {
+        fill(combo, orNone(entries, chosen), chosen);
+    };
+    fillOrNone(m_drive, m_lists.drives, m_settings.volumeNameItem);
+    fillOrNone(m_fan, m_lists.fans, m_settings.selectCpuFan);
+    fillOrNone(m_physicalDisk, m_lists.disks, m_settings.selectPhysicalDisk);
+    fillOrNone(m_audioDevice, m_lists.audioDevices, m_settings.audioDevice);
     m_pump->setText(m_lists.pump.isEmpty() ? tr("no reading") : m_lists.pump);
     m_sensor->setCurrent(m_settings.selectValue);
+}
+
+void SettingsForm::keyPressEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape)
+        Q_EMIT left();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void SettingsForm::focusFirst()

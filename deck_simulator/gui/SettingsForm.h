@@ -36,6 +36,11 @@ public:
 Q_SIGNALS:
     /// The user has changed a setting.
     void edited(const KeySettings &settings);
+    /// The user is done: Enter or Escape.
+    void left();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void addTitleRows();

@@ -12,6 +12,10 @@
 
 namespace {
 
+// Across the panel.
+constexpr int fewestLetters = 32;
+constexpr int usualLetters = 44;
+
 QString placeText(const DeckPlace &place)
 {
     return place.dial
@@ -64,10 +68,16 @@ SettingsPanel::SettingsPanel(QWidget *parent)
     layout->addWidget(m_preview);
     layout->addWidget(m_empty, 1);
     layout->addWidget(m_scroll, 1);
-    setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    setMinimumWidth(fontMetrics().averageCharWidth() * fewestLetters);
     connect(m_form, &SettingsForm::edited, this,
             [this](const KeySettings &settings) { Q_EMIT edited(m_context, settings); });
     setEntry(nullptr);
+}
+
+QSize SettingsPanel::sizeHint() const
+{
+    const int width = fontMetrics().averageCharWidth() * usualLetters;
+    return QWidget::sizeHint().expandedTo({width, 0});
 }
 
 void SettingsPanel::setEntry(const DeckEntry *entry)

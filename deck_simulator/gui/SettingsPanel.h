@@ -25,6 +25,7 @@ public:
     /// What the key reads now, in lines.
     void setPreview(const QString &text);
     [[nodiscard]] QString preview() const;
+    [[nodiscard]] QSize sizeHint() const override;
 
 Q_SIGNALS:
     void edited(const QString &context, const KeySettings &settings);

@@ -17,6 +17,8 @@ private Q_SLOTS:
     void writesASnapshot();
     void failsWhenAKeyStaysEmpty();
     void failsWhenTheSnapshotCannotBeWritten();
+    void failsWithoutAScreenshot();
+    void warnsOfABrokenRecording();
     void endsByItself();
     void endsOnTermination();
     void staysQuiet();
@@ -109,6 +111,37 @@ void tst_DeckSimulator::failsWhenTheSnapshotCannotBeWritten()
         {QStringLiteral("--snapshot"), path("missing/deck.png"), QStringLiteral("--after=0.5")});
     QCOMPARE(m_process.exitCode(), 1);
     QVERIFY(errors().contains(QLatin1String("cannot be written")));
+}
+
+void tst_DeckSimulator::failsWithoutAScreenshot()
+{
+    const QStringList profile{QStringLiteral("--profile"), path("deck.json")};
+    run("refuse", profile + QStringList{QStringLiteral("--screenshot"), path("window.png")});
+    QCOMPARE(m_process.exitCode(), 1);
+    QString text = errors();
+    QVERIFY2(text.contains(QLatin1String("deck_simulator: The plugin ended with exit status 3")),
+             qPrintable(text));
+    QVERIFY(!QFile::exists(path("window.png")));
+
+    run("draw", profile + QStringList{QStringLiteral("--screenshot"), path("missing/window.png"),
+                                      QStringLiteral("--after=0.1")});
+    QCOMPARE(m_process.exitCode(), 1);
+    text = errors();
+    QVERIFY2(text.contains(QLatin1String("cannot be written")), qPrintable(text));
+}
+
+void tst_DeckSimulator::warnsOfABrokenRecording()
+{
+    QFile recording(path("machine.json"));
+    QVERIFY(recording.open(QIODevice::WriteOnly));
+    recording.write("{\"getCPUInfo\": ");
+    recording.close();
+    qputenv("SYSTEM_MONITOR_RECORDING", recording.fileName().toUtf8());
+    run("draw", {QStringLiteral("--seconds=0.1")});
+    qunsetenv("SYSTEM_MONITOR_RECORDING");
+    QCOMPARE(m_process.exitCode(), 0);
+    const QString text = errors();
+    QVERIFY2(text.contains(QLatin1String("machine.json cannot be used")), qPrintable(text));
 }
 
 void tst_DeckSimulator::endsByItself()

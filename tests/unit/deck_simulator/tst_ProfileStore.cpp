@@ -18,6 +18,7 @@ private Q_SLOTS:
     void keepsADeckWithoutKeys();
     void makesItsFolder();
     void writesOnlyChanges();
+    void startsWithADeckThatCanBeRead();
     void setsABrokenFileAside_data();
     void setsABrokenFileAside();
     void keepsWhatIsGoodOfAFile();
@@ -112,6 +113,18 @@ void tst_ProfileStore::makesItsFolder()
     ProfileStore store(m_file);
     QVERIFY(store.save(firstProfile()));
     QVERIFY(QJsonDocument::fromJson(content()).isObject());
+}
+
+void tst_ProfileStore::startsWithADeckThatCanBeRead()
+{
+    const StoredProfile profile = firstProfile();
+    for (const DeckEntry &entry : profile.entries) {
+        // Its text is too long for a key.
+        const bool isDrive = entry.action.endsWith(QLatin1String("system.PhysicalDisk"));
+        QCOMPARE(entry.place.dial, isDrive);
+        QCOMPARE(entry.settings.showTitle, !isDrive);
+        QCOMPARE(entry.settings.text.isEmpty(), isDrive);
+    }
 }
 
 void tst_ProfileStore::writesOnlyChanges()

@@ -49,8 +49,8 @@ QString uuid(const char *name)
 
 void tst_SettingsLists::readsFonts()
 {
-    const SettingsLists lists = listsFrom(
-        parse(R"({"titleParameters": {"FontList": [{"name": "Roboto Bold", "value": "Roboto|Bold"},
+    const SettingsLists lists = listsFrom(parse(
+        R"({"titleParameters": {"FontList": [{"name": "Roboto-Black Bold", "value": "Roboto|Bold"},
                   {"value": "Nameless"}, {"name": "Valueless"}, 7]}})"));
     QCOMPARE(lists.fonts.size(), 2);
     QCOMPARE(lists.fonts.at(0).value, QStringLiteral("Roboto|Bold"));

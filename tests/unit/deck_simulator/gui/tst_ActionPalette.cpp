@@ -19,6 +19,8 @@ private Q_SLOTS:
     void choosesWithTheMouse();
     void choosesFromTheKeyboard();
     void choosesNothing();
+    void choosesNothingWithAClick();
+    void isLeftWithEscape();
     void carriesTheActionInADrag();
     void drawsIconsThatCanBeSeen();
 };
@@ -106,12 +108,42 @@ void tst_ActionPalette::choosesFromTheKeyboard()
     QTest::keyClick(palette.searchField(), Qt::Key_Return);
     QCOMPARE(chosen.at(0).at(0).toString(),
              QStringLiteral("com.quellor.stream.system.Cpu_Voltage"));
+    QCOMPARE(chosen.count(), 1);
+    QCOMPARE(palette.searchField()->text(), QString()); // for the next search
+    QTest::keyClicks(palette.searchField(), QStringLiteral("voltage"));
     QTest::keyClick(palette.searchField(), Qt::Key_Down);
     QTest::keyClick(palette.searchField(), Qt::Key_Down);
     QTest::keyClick(palette.searchField(), Qt::Key_Return);
     QCOMPARE(chosen.count(), 2);
     QCOMPARE(chosen.at(1).at(0).toString(),
              QStringLiteral("com.quellor.stream.system.Gpu_Voltage"));
+    QTest::keyClick(palette.view(), Qt::Key_Enter);
+    QCOMPARE(chosen.count(), 3);
+}
+
+void tst_ActionPalette::choosesNothingWithAClick()
+{
+    ActionPalette palette;
+    palette.resize(300, 600);
+    palette.show();
+    QSignalSpy chosen(&palette, &ActionPalette::actionChosen);
+    // As on a desktop on which one click activates.
+    Q_EMIT palette.view()->activated(
+        palette.view()->model()->index(1, 0, palette.view()->model()->index(0, 0)));
+    QCOMPARE(chosen.count(), 0);
+}
+
+void tst_ActionPalette::isLeftWithEscape()
+{
+    ActionPalette palette;
+    palette.show();
+    QSignalSpy left(&palette, &ActionPalette::left);
+    QTest::keyClicks(palette.searchField(), QStringLiteral("voltage"));
+    QTest::keyClick(palette.searchField(), Qt::Key_Escape);
+    QCOMPARE(left.count(), 1);
+    QCOMPARE(shownActions(palette).size(), 32);
+    QTest::keyClick(palette.view(), Qt::Key_Escape);
+    QCOMPARE(left.count(), 2);
 }
 
 void tst_ActionPalette::choosesNothing()

@@ -4,6 +4,7 @@
 #include "deck_simulator/gui/DeckStatusBar.h"
 #include "deck_simulator/gui/DeckWindow.h"
 #include "deck_simulator/gui/LogView.h"
+#include "deck_simulator/gui/MessageBar.h"
 #include "deck_simulator/gui/PluginBar.h"
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
@@ -22,9 +23,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTemporaryDir>
+#include <QToolButton>
 #include <QTreeView>
 #include <QWebSocket>
 #include <QWebSocketServer>
@@ -44,6 +47,7 @@ private Q_SLOTS:
     void setsABrokenProfileAside();
     void showsLivePictures();
     void putsAnActionFromTheList();
+    void returnsToTheDeck();
     void putsOnTheFirstFreeKey();
     void editsTheSelectedKey();
     void sendsKeysAndDials();
@@ -58,6 +62,13 @@ private Q_SLOTS:
     void tellsWhenThePluginCannotStart();
     void endsThePluginWhenItIsClosed();
     void takesAScreenshot();
+    void givesUpAScreenshotWithoutAPlugin();
+    void tellsWhenAScreenshotCannotBeWritten();
+    void bringsUpClosedDocks();
+    void showsMessagesInFull();
+    void forgetsWhatItToldOfAnEarlierRun();
+    void fitsOnTheScreen();
+    void warnsOfAMissingRecording();
     void takesALanguageInPlaceOfTheProfiles();
     void hasColoursThatCanBeRead_data();
     void hasColoursThatCanBeRead();
@@ -175,7 +186,7 @@ void tst_DeckWindow::setsABrokenProfileAside()
     reopen();
     QVERIFY(m_window->grid()->cell({0, 0})->isOccupied());
     QCOMPARE(content(m_settings.profileFile + QStringLiteral(".broken")), QByteArray("{broken"));
-    QVERIFY(m_window->deckStatus()->currentMessage().contains(QLatin1String("deck.json.broken")));
+    QVERIFY(m_window->messages()->message().contains(QLatin1String("deck.json.broken")));
     QVERIFY(m_window->logView()->view()->toPlainText().contains(QLatin1String("deck.json.broken")));
 }
 
@@ -207,6 +218,28 @@ void tst_DeckWindow::putsAnActionFromTheList()
     QCOMPARE(m_window->panel()->context(), context(6, 2));
 }
 
+void tst_DeckWindow::returnsToTheDeck()
+{
+    reopen();
+    m_window->activateWindow();
+    DeckGrid *grid = m_window->grid();
+    auto *title = m_window->panel()->findChild<QLineEdit *>(QStringLiteral("title"));
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+        press(Qt::Key_F2);
+        QTRY_VERIFY(title->hasFocus());
+        QTest::keyClick(title, key);
+        QTRY_VERIFY(grid->hasFocus());
+    }
+    grid->setCurrent({7, 3});
+    press(Qt::Key_F2);
+    QLineEdit *search = m_window->actionList()->searchField();
+    QTRY_VERIFY(search->hasFocus());
+    QTest::keyClicks(search, QStringLiteral("pump"));
+    QTest::keyClick(search, Qt::Key_Escape);
+    QTRY_VERIFY(grid->hasFocus());
+    QCOMPARE(m_window->model()->at({7, 3}), nullptr);
+}
+
 void tst_DeckWindow::putsOnTheFirstFreeKey()
 {
     reopen();
@@ -218,7 +251,7 @@ void tst_DeckWindow::putsOnTheFirstFreeKey()
     const int keys = m_window->model()->entries().size();
     Q_EMIT m_window->actionList()->actionChosen(QStringLiteral("com.quellor.stream.AllDATA"));
     QCOMPARE(m_window->model()->entries().size(), keys);
-    QVERIFY(m_window->deckStatus()->currentMessage().contains(QLatin1String("No key is free")));
+    QVERIFY(m_window->messages()->message().contains(QLatin1String("No key is free")));
 }
 
 void tst_DeckWindow::editsTheSelectedKey()
@@ -288,7 +321,7 @@ void tst_DeckWindow::changesTheServicePort()
     open();
     m_window->pluginBar()->portAction()->trigger();
     QTRY_VERIFY(received().contains("hwInfoPort"));
-    QVERIFY(m_window->deckStatus()->currentMessage().contains(QLatin1String("port")));
+    QVERIFY(m_window->messages()->message().contains(QLatin1String("port")));
 }
 
 void tst_DeckWindow::showsTheLog()
@@ -363,6 +396,11 @@ void tst_DeckWindow::resizesTheDeck()
     QVERIFY(m_window->grid()->cell({6, 4}) != nullptr);
     m_window->model()->setGrid({2, 2});
     QCOMPARE(bar->rowsField()->value(), 2);
+    bar->columnsField()->selectAll();
+    QTest::keyClicks(bar->columnsField(), QStringLiteral("12"));
+    QCOMPARE(m_window->model()->grid().width(), 2); // half typed
+    QTest::keyClick(bar->columnsField(), Qt::Key_Return);
+    QCOMPARE(m_window->model()->grid().width(), 12);
 }
 
 void tst_DeckWindow::showsPreviews()
@@ -394,7 +432,7 @@ void tst_DeckWindow::tellsWhenThePluginCannotStart()
     reopen();
     m_window->start();
     QTRY_VERIFY(!m_window->runner()->isRunning());
-    QVERIFY(m_window->deckStatus()->currentMessage().contains(QLatin1String("/no/such/plugin")));
+    QVERIFY(m_window->messages()->message().contains(QLatin1String("/no/such/plugin")));
     QVERIFY(m_window->pluginBar()->startAction()->isEnabled());
 }
 
@@ -421,8 +459,131 @@ void tst_DeckWindow::takesAScreenshot()
     const QSize size = m_window->size();
     m_window->start();
     QTRY_VERIFY(!m_window->isVisible());
-    QVERIFY(m_window->isWell());
+    QCOMPARE(m_window->failure(), QString());
     QCOMPARE(QImage(file).size(), size * m_window->devicePixelRatioF());
+}
+
+void tst_DeckWindow::givesUpAScreenshotWithoutAPlugin()
+{
+    qputenv("SCRIPT", "refuse");
+    reopen();
+    m_window->takeScreenshot(m_folder->filePath(QStringLiteral("window.png")),
+                             std::chrono::milliseconds(0));
+    m_window->start();
+    QTRY_VERIFY(!m_window->isVisible());
+    QVERIFY2(m_window->failure().contains(QLatin1String("exit status 3")),
+             qPrintable(m_window->failure()));
+
+    m_settings.session.program = QStringLiteral("/no/such/plugin");
+    reopen();
+    m_window->takeScreenshot(m_folder->filePath(QStringLiteral("window.png")),
+                             std::chrono::milliseconds(0));
+    m_window->start();
+    QTRY_VERIFY(!m_window->isVisible());
+    QVERIFY(m_window->failure().contains(QLatin1String("/no/such/plugin")));
+}
+
+void tst_DeckWindow::tellsWhenAScreenshotCannotBeWritten()
+{
+    qputenv("SCRIPT", "panel");
+    reopen();
+    const QString file = m_folder->filePath(QStringLiteral("missing/window.png"));
+    m_window->takeScreenshot(file, std::chrono::milliseconds(0));
+    m_window->start();
+    QTRY_VERIFY(!m_window->isVisible());
+    QVERIFY2(m_window->failure().contains(QDir::toNativeSeparators(file)),
+             qPrintable(m_window->failure()));
+}
+
+void tst_DeckWindow::bringsUpClosedDocks()
+{
+    reopen();
+    m_window->activateWindow();
+    const QList<QDockWidget *> docks = m_window->findChildren<QDockWidget *>();
+    const auto closeDocks = [&docks] {
+        for (QDockWidget *dock : docks)
+            dock->close();
+    };
+    closeDocks();
+    m_window->grid()->setCurrent({0, 0});
+    press(Qt::Key_F2);
+    const auto *title = m_window->panel()->findChild<QLineEdit *>(QStringLiteral("title"));
+    QVERIFY(title->isVisible());
+    QTRY_VERIFY(title->hasFocus());
+    closeDocks();
+    m_window->grid()->setCurrent({7, 3});
+    press(Qt::Key_F2);
+    QVERIFY(m_window->actionList()->isVisible());
+    QTRY_VERIFY(m_window->actionList()->searchField()->hasFocus());
+    closeDocks();
+    QTest::mouseDClick(m_window->grid()->cell({6, 3}), Qt::LeftButton);
+    QVERIFY(m_window->actionList()->isVisible());
+}
+
+void tst_DeckWindow::showsMessagesInFull()
+{
+    const QString folder = m_folder->filePath(QString(120, QLatin1Char('x')));
+    m_settings.profileFile = folder + QStringLiteral("/deck.json");
+    QVERIFY(QDir().mkpath(folder));
+    QFile file(m_settings.profileFile);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("{broken");
+    file.close();
+    reopen();
+    const int narrowest = m_window->minimumSizeHint().width();
+    m_window->resize(m_window->minimumSizeHint());
+    QCoreApplication::processEvents();
+    const auto *label = m_window->messages()->findChild<QLabel *>(QStringLiteral("message"));
+    QVERIFY(label->isVisible());
+    QVERIFY(label->height() > 2 * label->fontMetrics().height());
+    QVERIFY(label->height() >= label->heightForWidth(label->width()));
+    QVERIFY(m_window->messages()->message().endsWith(QLatin1String("deck.json.broken.")));
+    QTest::mouseClick(m_window->messages()->closeButton(), Qt::LeftButton);
+    QVERIFY(!m_window->messages()->isVisible());
+    QCOMPARE(m_window->minimumSizeHint().width(), narrowest); // a long text does not widen it
+}
+
+void tst_DeckWindow::forgetsWhatItToldOfAnEarlierRun()
+{
+    open();
+    m_window->runner()->stop();
+    QTRY_VERIFY(m_window->messages()->message().contains(QLatin1String("has ended")));
+    m_window->start();
+    QCOMPARE(m_window->messages()->message(), QString());
+    QTRY_VERIFY(m_window->runner()->isLinked());
+
+    // What has nothing to do with the plugin stays.
+    m_window->runner()->stop();
+    QTRY_VERIFY(!m_window->runner()->isRunning());
+    m_window->model()->setGrid({1, 1});
+    Q_EMIT m_window->actionList()->actionChosen(QStringLiteral("com.quellor.stream.AllDATA"));
+    m_window->start();
+    QVERIFY(m_window->messages()->message().contains(QLatin1String("No key is free")));
+}
+
+void tst_DeckWindow::fitsOnTheScreen()
+{
+    reopen();
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    const QSize least = m_window->minimumSizeHint();
+    QVERIFY(m_window->frameGeometry().height() <= screen.height());
+    QVERIFY(m_window->width() <= qMax(least.width(), screen.width()));
+    // Half of a usual screen, as where everything is drawn twice as large.
+    QVERIFY2(least.width() <= 940 && least.height() <= 500,
+             qPrintable(QStringLiteral("%1 x %2").arg(least.width()).arg(least.height())));
+}
+
+void tst_DeckWindow::warnsOfAMissingRecording()
+{
+    open();
+    QSignalSpy linked(m_window->runner(), &DeckRunner::linked);
+    m_window->pluginBar()->useRecording(m_folder->filePath(QStringLiteral("missing.json")));
+    QTRY_COMPARE(linked.count(), 1);
+    QVERIFY2(m_window->messages()->message().contains(QLatin1String("missing.json")),
+             qPrintable(m_window->messages()->message()));
+    m_window->pluginBar()->useRecording({});
+    QTRY_COMPARE(linked.count(), 2);
+    QVERIFY(!m_window->messages()->isVisible());
 }
 
 void tst_DeckWindow::takesALanguageInPlaceOfTheProfiles()
@@ -481,6 +642,8 @@ void tst_DeckWindow::cutsNoTextOffInLargeLetters()
     const QFont usual = QApplication::font();
     applyTextSize(125);
     reopen();
+    m_window->messages()->showMessage(QString(40, QLatin1Char('w')) +
+                                      QStringLiteral(" and so on").repeated(20));
     QCoreApplication::processEvents();
     const QList<QWidget *> widgets = m_window->findChildren<QWidget *>();
     int texts = 0;
@@ -489,6 +652,9 @@ void tst_DeckWindow::cutsNoTextOffInLargeLetters()
         const auto *label = qobject_cast<const QLabel *>(widget);
         const bool hasText = (button != nullptr && !button->text().isEmpty()) ||
                              (label != nullptr && !label->text().isEmpty() && !label->wordWrap());
+        if (label != nullptr && label->wordWrap() && label->isVisible())
+            QVERIFY2(label->height() >= label->heightForWidth(label->width()),
+                     qPrintable(label->text()));
         if (!hasText || !widget->isVisible())
             continue;
         ++texts;

@@ -19,6 +19,8 @@ private Q_SLOTS:
     void filters();
     void clears();
     void staysWhereTheUserReads();
+    void followsWhateverItsSize();
+    void staysWhileTextIsMarked();
 
 private:
     [[nodiscard]] QStringList shown() const
@@ -87,9 +89,59 @@ void tst_LogView::staysWhereTheUserReads()
     QCOMPARE(bar->value(), bar->maximum());
     m_log->tell(QStringLiteral("followed"));
     QCOMPARE(bar->value(), bar->maximum());
-    bar->setValue(10);
+    QTest::keyClick(m_view->view(), Qt::Key_PageUp);
+    const int read = bar->value();
+    QVERIFY(read < bar->maximum());
     m_log->tell(QStringLiteral("later"));
-    QCOMPARE(bar->value(), 10);
+    m_view->resize(500, 150);
+    QCoreApplication::processEvents();
+    QCOMPARE(bar->value(), read);
+    QTest::keyClick(m_view->view(), Qt::Key_End);
+    m_log->tell(QStringLiteral("followed again"));
+    QCOMPARE(bar->value(), bar->maximum());
+}
+
+void tst_LogView::followsWhateverItsSize()
+{
+    const QScrollBar *bar = m_view->view()->verticalScrollBar();
+    for (int line = 0; line < 200; ++line)
+        m_log->tell(QString::number(line));
+    for (const int height : {120, 400, 90}) {
+        m_view->resize(500, height);
+        QCoreApplication::processEvents();
+        QCOMPARE(bar->value(), bar->maximum());
+        m_log->tell(QStringLiteral("another"));
+        QCOMPARE(bar->value(), bar->maximum());
+    }
+    // The bar below takes a line's place.
+    m_log->tell(QString(300, QLatin1Char('x')));
+    QCoreApplication::processEvents();
+    QVERIFY(m_view->view()->horizontalScrollBar()->isVisible());
+    QCOMPARE(bar->value(), bar->maximum());
+    QCOMPARE(m_view->view()->horizontalScrollBar()->value(), 0);
+    m_view->hide();
+    m_log->tell(QStringLiteral("unseen"));
+    m_view->resize(500, 150);
+    m_view->show();
+    QCoreApplication::processEvents();
+    QCOMPARE(bar->value(), bar->maximum());
+}
+
+void tst_LogView::staysWhileTextIsMarked()
+{
+    for (int line = 0; line < 200; ++line)
+        m_log->tell(QString::number(line));
+    const QScrollBar *bar = m_view->view()->verticalScrollBar();
+    const int before = bar->value();
+    const QWidget *viewport = m_view->view()->viewport();
+    QTest::mouseDClick(m_view->view()->viewport(), Qt::LeftButton, {}, QPoint(10, 10));
+    QVERIFY(m_view->view()->textCursor().hasSelection());
+    m_log->tell(QStringLiteral("later"));
+    QCOMPARE(bar->value(), before);
+    QTest::mouseClick(m_view->view()->viewport(), Qt::LeftButton, {},
+                      QPoint(viewport->width() - 5, 5));
+    m_log->tell(QStringLiteral("followed"));
+    QCOMPARE(bar->value(), bar->maximum());
 }
 
 QTEST_MAIN(tst_LogView)

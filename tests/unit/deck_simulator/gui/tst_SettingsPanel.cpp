@@ -41,6 +41,9 @@ private Q_SLOTS:
     void choosesUnits();
     void searchesSensors();
     void renewsReadingsInPlace();
+    void saysWhenAListIsEmpty();
+    void leavesFieldsToTheWheelOnlyWhenTheyAreUsed();
+    void isLeftWithEnterAndEscape();
     void forgetsListsOfAnotherKey();
     void showsPreviewsAsPlainText();
     void cutsNoTextOff_data();
@@ -216,10 +219,13 @@ void tst_SettingsPanel::editsTheLook()
     show("system.cpu");
     auto *size = control<QSpinBox>("fontSize");
     size->selectAll();
-    QTest::keyClicks(size, QStringLiteral("4"));
-    QCOMPARE(last().fontSize, 4);
+    QTest::keyClicks(size, QStringLiteral("120"));
+    QCOMPARE(m_edits->count(), 0); // half typed
+    QTest::keyClick(size, Qt::Key_Return);
+    QCOMPARE(m_edits->count(), 1);
+    QCOMPARE(last().fontSize, 120);
     QTest::keyClick(size, Qt::Key_Up);
-    QCOMPARE(last().fontSize, 5);
+    QCOMPARE(last().fontSize, 121);
     auto *opacity = control<QSlider>("opacity");
     QTest::keyClick(opacity, Qt::Key_End);
     QCOMPARE(last().opacity, 1.0);
@@ -349,6 +355,12 @@ void tst_SettingsPanel::searchesSensors()
     QTest::mouseClick(picker->view()->viewport(), Qt::LeftButton, {},
                       picker->view()->visualRect(found).center());
     QCOMPARE(last().selectValue, QStringLiteral("Core 1"));
+    QCOMPARE(picker->searchField()->text(), QString());
+    QCOMPARE(model.rowCount(), 2);
+    QCOMPARE(picker->view()->currentIndex().data().toString(), QStringLiteral("Core 1"));
+    QTest::keyClicks(picker->searchField(), QStringLiteral("load"));
+    QTest::keyClick(picker->searchField(), Qt::Key_Return);
+    QCOMPARE(last().selectValue, QStringLiteral("Load"));
     // A click on a group chooses nothing.
     const int edits = m_edits->count();
     QTest::mouseClick(picker->view()->viewport(), Qt::LeftButton, {},
@@ -370,6 +382,60 @@ void tst_SettingsPanel::renewsReadingsInPlace()
     QCOMPARE(current.siblingAtColumn(1).data().toString(), QStringLiteral("77%"));
     m_panel->form()->setSensors({});
     QCOMPARE(picker->view()->model()->rowCount(), 0);
+}
+
+void tst_SettingsPanel::saysWhenAListIsEmpty()
+{
+    show("CPUFan");
+    m_panel->form()->setLists({});
+    for (const char *name : {"fan", "drive", "physicalDisk", "audioDevice"})
+        QCOMPARE(control<QComboBox>(name)->currentText(), QStringLiteral("none found"));
+    m_panel->form()->focusFirst();
+    QTest::keyClicks(control<QLineEdit>("title"), QStringLiteral("x"));
+    QCOMPARE(last().selectCpuFan, QString());
+    QCOMPARE(last().volumeNameItem, QStringLiteral("0"));
+}
+
+void tst_SettingsPanel::leavesFieldsToTheWheelOnlyWhenTheyAreUsed()
+{
+    KeySettings settings;
+    settings.opacity = 0.5;
+    show("system.NetWork", settings);
+    m_panel->activateWindow();
+    const auto turn = [](QWidget *field) {
+        const QPointF point = field->rect().center();
+        QWheelEvent event(point, field->mapToGlobal(point.toPoint()), {}, {0, -120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(field, &event);
+    };
+    m_panel->form()->focusFirst();
+    const QList<QWidget *> fields{control<QWidget>("font"), control<QWidget>("fontSize"),
+                                  control<QWidget>("opacity"), control<QWidget>("titleLines")};
+    for (QWidget *field : fields) {
+        QVERIFY(field->focusPolicy() == Qt::StrongFocus);
+        turn(field);
+    }
+    QCOMPARE(m_edits->count(), 0);
+    for (QWidget *field : fields) {
+        field->setFocus();
+        QTRY_VERIFY(field->hasFocus());
+        const int edits = m_edits->count();
+        turn(field);
+        QCOMPARE(m_edits->count(), edits + 1);
+    }
+}
+
+void tst_SettingsPanel::isLeftWithEnterAndEscape()
+{
+    show("system.NetWork");
+    QSignalSpy left(m_panel->form(), &SettingsForm::left);
+    int times = 0;
+    for (const char *name : {"title", "showTitle", "font", "fontSize", "opacity", "titleLines"}) {
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+            QTest::keyClick(control<QWidget>(name), key);
+            QVERIFY2(left.count() == ++times, name);
+        }
+    }
 }
 
 void tst_SettingsPanel::forgetsListsOfAnotherKey()
@@ -412,6 +478,10 @@ void tst_SettingsPanel::cutsNoTextOff()
     for (const QLabel *label : labels) {
         if (label->isVisible() && !label->text().isEmpty() && !label->wordWrap())
             QVERIFY2(label->width() >= label->sizeHint().width(), qPrintable(label->text()));
+        // A last letter may reach a pixel beyond its width.
+        const int text = label->fontMetrics().size(Qt::TextShowMnemonic, label->text()).width();
+        if (label->buddy() != nullptr && label->isVisible())
+            QVERIFY2(label->contentsRect().width() > text + 1, qPrintable(label->text()));
     }
     const QList<QCheckBox *> checks = m_panel->findChildren<QCheckBox *>();
     for (const QCheckBox *check : checks) {

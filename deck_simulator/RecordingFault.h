@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QString>
+
+/// Why a file is no recording of sensors; empty when it is one.
+QString recordingFault(const QString &fileName);
