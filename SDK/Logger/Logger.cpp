@@ -1,6 +1,5 @@
 #include "SDK/Logger/Logger.h"
 
-#include <QDateTime>
 #include <QDebug>
 #include <QFile>
 #include <QMutex>
@@ -9,15 +8,6 @@
 namespace {
 
 QMutex fileLogMutex;
-
-QByteArray fileLogLine(const QString &message)
-{
-    const QString stamp =
-        QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
-    return QStringLiteral("%1 %2 %3\r\n")
-        .arg(QStringLiteral("[%1]").arg(stamp), QStringLiteral("SDK/Logger"), message)
-        .toUtf8();
-}
 
 } // namespace
 
@@ -28,10 +18,18 @@ void Logger(QString message) // NOLINT(performance-unnecessary-value-param)
     const QMutexLocker lock(&fileLogMutex);
     QFile file(QStringLiteral("log.txt"));
     if (file.open(QIODevice::ReadWrite | QIODevice::Append)) {
-        file.write(fileLogLine(message));
+        file.write(fileLogLine(QDateTime::currentDateTime(), message));
         file.flush();
     }
     file.close();
+}
+
+QByteArray fileLogLine(const QDateTime &time, const QString &message)
+{
+    const QString stamp = time.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
+    return QStringLiteral("%1 %2 %3\r\n")
+        .arg(QStringLiteral("[%1]").arg(stamp), QStringLiteral("SDK/Logger"), message)
+        .toUtf8();
 }
 
 void LogDebug(const QString &message)

@@ -20,6 +20,25 @@ private Q_SLOTS:
     void runsOnWhenItsPortIsTaken();
 };
 
+namespace {
+
+/// The framework's platforms that the process has loaded.
+QStringList platformsOf(const PluginProcess &process)
+{
+    static const QRegularExpression library(QStringLiteral("/platforms/libq(\\w+)\\.so"));
+    QFile maps(QStringLiteral("/proc/%1/maps").arg(process.processId()));
+    QStringList platforms;
+    if (!maps.open(QIODevice::ReadOnly))
+        return platforms;
+    auto found = library.globalMatch(QString::fromUtf8(maps.readAll()));
+    while (found.hasNext())
+        platforms.append(found.next().captured(1));
+    platforms.removeDuplicates();
+    return platforms;
+}
+
+} // namespace
+
 void tst_Registration::registersAndWritesTheFileLog()
 {
     const QDateTime before = QDateTime::currentDateTime();
@@ -95,21 +114,25 @@ void tst_Registration::choosesItsPlatform_data()
 {
     QTest::addColumn<QString>("variable");
     QTest::addColumn<QString>("value");
-    QTest::newRow("no display") << QString() << QString();
-    QTest::newRow("an empty display") << QStringLiteral("DISPLAY") << QString();
-    QTest::newRow("the tester's choice")
-        << QStringLiteral("QT_QPA_PLATFORM") << QStringLiteral("minimal");
+    QTest::addColumn<QString>("platform");
+    QTest::newRow("no display") << QString() << QString() << QStringLiteral("offscreen");
+    QTest::newRow("an empty display")
+        << QStringLiteral("DISPLAY") << QString() << QStringLiteral("offscreen");
+    QTest::newRow("the tester's choice") << QStringLiteral("QT_QPA_PLATFORM")
+                                         << QStringLiteral("minimal") << QStringLiteral("minimal");
 }
 
 void tst_Registration::choosesItsPlatform()
 {
     QFETCH(QString, variable);
     QFETCH(QString, value);
+    QFETCH(QString, platform);
 
     RunningPlugin plugin;
     if (!variable.isEmpty())
         plugin.process.setVariable(variable, value);
     QVERIFY(plugin.start());
+    QCOMPARE(platformsOf(plugin.process), QStringList(platform));
     plugin.host.appear(QStringLiteral("com.quellor.stream.system.cpu"), QStringLiteral("key"));
     QVERIFY(plugin.host.waitForUpdate(QStringLiteral("key")));
     QVERIFY(!FakeHost::picture(plugin.host.images(QStringLiteral("key")).constFirst()).isNull());

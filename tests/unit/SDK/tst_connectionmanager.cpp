@@ -72,6 +72,8 @@ private Q_SLOTS:
     void dropsSettingsWhileTheHostDoesNotRead();
     void handsEventsToThePlugin();
     void survivesAnEventThatThrows();
+    void ignoresWhatNamesNoEvent_data();
+    void ignoresWhatNamesNoEvent();
     void logsMessagesWithoutAPlugin();
 
 private:
@@ -319,6 +321,28 @@ void tst_ConnectionManager::survivesAnEventThatThrows()
     m_link->sendTextMessage(QStringLiteral(R"({"event":"keyDown"})"));
     QTRY_COMPARE(m_plugin->keyDowns, 1);
     QCOMPARE(m_plugin->wakeUps, 1);
+}
+
+void tst_ConnectionManager::ignoresWhatNamesNoEvent_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("unknown event") << QStringLiteral(R"({"event":"keydown","action":"a"})");
+    QTest::newRow("no event") << QStringLiteral(R"({"action":"a","context":"c"})");
+    QTest::newRow("appearing without action")
+        << QStringLiteral(R"({"event":"willAppear","context":"c"})");
+    QTest::newRow("audio devices") << QStringLiteral(R"({"event":"GetAudioDevList"})");
+    QTest::newRow("not JSON") << QStringLiteral("keyDown");
+    QTest::newRow("empty") << QString();
+}
+
+void tst_ConnectionManager::ignoresWhatNamesNoEvent()
+{
+    QFETCH(QString, text);
+    m_manager->OnMessage(text);
+    QCOMPARE(MessageCapture::messages(),
+             QStringList(MessageCapture::quoted(QStringLiteral("OnMessage: ") + text)));
+    QVERIFY(m_directory->content(QStringLiteral("log.txt")).isEmpty());
+    QCOMPARE(m_plugin->keyDowns + m_plugin->wakeUps, 0);
 }
 
 void tst_ConnectionManager::logsMessagesWithoutAPlugin()

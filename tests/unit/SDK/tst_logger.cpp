@@ -19,6 +19,7 @@ private Q_SLOTS:
     void cleanup();
 
     void writesStampTagAndMessage();
+    void stampsWithLeadingZeros();
     void stampIsTheLocalTimeOfTheCall();
     void writesUtf8WithCarriageReturnAndLineFeed();
     void keepsLineBreaksOfTheMessage();
@@ -55,6 +56,15 @@ void tst_Logger::writesStampTagAndMessage()
         QStringLiteral("^\\[\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\] SDK/Logger "
                        "ws://127\\.0\\.0\\.1:5000\r\n$"));
     QVERIFY2(line.match(QString::fromUtf8(log())).hasMatch(), log().constData());
+}
+
+void tst_Logger::stampsWithLeadingZeros()
+{
+    const QDateTime time(QDate(2025, 3, 2), QTime(9, 5, 3));
+    QCOMPARE(fileLogLine(time, QStringLiteral("x")),
+             QByteArray("[2025-03-02 09:05:03] SDK/Logger x\r\n"));
+    const QDateTime evening(QDate(2025, 12, 31), QTime(21, 45, 53));
+    QCOMPARE(fileLogLine(evening, QString()), QByteArray("[2025-12-31 21:45:53] SDK/Logger \r\n"));
 }
 
 void tst_Logger::stampIsTheLocalTimeOfTheCall()
