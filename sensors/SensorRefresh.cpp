@@ -97,8 +97,9 @@ void refreshCpuAndGpu(VqSystemMonitorLib &library)
 {
     store(cpuReadings(library.getCPUInfo()));
     const QJsonObject dtsTree = library.getCPUDTSInfo();
+    const QJsonObject tctlTree = dtsTree.isEmpty() ? library.getCPUEnhancedInfo() : QJsonObject();
     const QJsonObject enhancedTree = library.getCPUEnhancedInfo();
-    store(cpuHeat(dtsTree, enhancedTree));
+    store(cpuHeat(dtsTree, tctlTree, enhancedTree));
     const QJsonObject gpuTrees = library.getGPUInfo();
     store(gpuReadings(gpuTrees.value(chosenGpu(gpuTrees)).toObject(), enhancedTree));
 }
