@@ -30,6 +30,7 @@ private Q_SLOTS:
     void storesDrivesAndAudio();
     void replacesTheListsOfDrives();
     void refreshOfNothingHoldsZeros();
+    void refreshWithoutALibraryHoldsZeros();
     void storesModelNames();
 
 private:
@@ -48,7 +49,7 @@ void tst_SensorRefresh::init()
 
 void tst_SensorRefresh::refresh(int audioDevice)
 {
-    refreshSystemInfor(m_library, audioDevice);
+    refreshSystemInfor(&m_library, audioDevice);
 }
 
 void tst_SensorRefresh::asksInOrder_data()
@@ -283,13 +284,30 @@ void tst_SensorRefresh::refreshOfNothingHoldsZeros()
     QCOMPARE(Info::AllSensorsData.keys(), QStringList(QStringLiteral("FPS")));
 }
 
+void tst_SensorRefresh::refreshWithoutALibraryHoldsZeros()
+{
+    fillSnapshot();
+    InMemoryMachine::drives = {{QStringLiteral("/"), QString(), InMemoryMachine::gigabytes(1, 2)}};
+    refreshSystemInfor(nullptr, 0);
+    QCOMPARE(Info::CpuUsage, 0U);
+    QCOMPARE(Info::GpuTemperatureUnits, QStringLiteral("°C"));
+    QCOMPARE(Info::AIOPump, QStringLiteral("nodata"));
+    QVERIFY(Info::SensorList.isEmpty());
+    QCOMPARE(Info::DriveRoots, QStringList(QStringLiteral("/")));
+    Info::CpuModel.clear();
+    Info::GpuModel.clear();
+    refreshModelNames(nullptr);
+    QCOMPARE(Info::CpuModel, QString());
+    QCOMPARE(Info::GpuModel, QStringLiteral("integrated GPU"));
+}
+
 void tst_SensorRefresh::storesModelNames()
 {
     InMemoryLibrary::allSensors =
         json(R"({"CPU [#0]: AMD Ryzen 9 5900X":{},"GPU [#0]: NVIDIA GeForce RTX 3080: Asus":{}})");
     Info::CpuModel.clear();
     Info::GpuModel.clear();
-    refreshModelNames(m_library);
+    refreshModelNames(&m_library);
     QCOMPARE(Info::CpuModel, QStringLiteral("AMD Ryzen 9 5900X"));
     QCOMPARE(Info::GpuModel, QStringLiteral("NVIDIA GeForce RTX 3080"));
 }
