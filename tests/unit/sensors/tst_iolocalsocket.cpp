@@ -181,13 +181,16 @@ void tst_IoLocalSocket::reportsAServiceThatDies()
     QVERIFY(client.fetch().isEmpty());
     QVERIFY(timer.elapsed() < 2800);
     const QStringList messages = MessageCapture::messages();
-    QCOMPARE(messages.mid(2, 3),
-             (QStringList{
-                 quoted(QStringLiteral("等待响应超时")),
-                 quoted(QStringLiteral("socket 状态:%1").arg(int(QLocalSocket::UnconnectedState))),
-                 quoted(socketErrorLabel(QLocalSocket::PeerClosedError))}));
-    QVERIFY(messages.constLast().startsWith(QStringLiteral("\"socket 错误描述:")));
     QCOMPARE(messages.size(), 6);
+    QCOMPARE(messages.at(2), quoted(QStringLiteral("等待响应超时")));
+    QCOMPARE(messages.at(3),
+             quoted(QStringLiteral("socket 状态:%1").arg(int(QLocalSocket::UnconnectedState))));
+    // A named pipe of Windows may end without an error of the socket.
+    const bool isPipe = QSysInfo::kernelType() == QLatin1String("winnt");
+    const QString unknown = quoted(socketErrorLabel(QLocalSocket::UnknownSocketError));
+    QVERIFY(messages.at(4) == quoted(socketErrorLabel(QLocalSocket::PeerClosedError)) ||
+            (isPipe && messages.at(4) == unknown));
+    QVERIFY(messages.constLast().startsWith(QStringLiteral("\"socket 错误描述:")));
 }
 
 void tst_IoLocalSocket::triesAgainWhenNobodyListens()
