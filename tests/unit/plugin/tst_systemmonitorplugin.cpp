@@ -64,6 +64,7 @@ private Q_SLOTS:
     void startsWithoutALibrary();
     void tellsTheWindowsVersion_data();
     void tellsTheWindowsVersion();
+    void tellsTheLibraryTheWindowsVersion();
     void keepsOneKeyForEachUuidAndContext();
     void removesOnlyTheKeyThatIsNamed();
     void appearingTwiceKeepsTheKey();
@@ -182,8 +183,15 @@ void tst_SystemMonitorPlugin::tellsTheWindowsVersion()
 {
     QFETCH(int, version);
     QTEST(isNewerThanWindows7(version), "newer");
-    m_plugin = std::make_unique<SystemMonitorPlugin>(nullptr, version);
-    QTEST(InMemoryLibrary::lastInitFlag, "newer");
+}
+
+void tst_SystemMonitorPlugin::tellsTheLibraryTheWindowsVersion()
+{
+    for (const int version : {144, 145}) {
+        InMemoryLibrary::lastInitFlag = version == 144;
+        m_plugin = std::make_unique<SystemMonitorPlugin>(nullptr, version);
+        QCOMPARE(InMemoryLibrary::lastInitFlag, version == 145);
+    }
 }
 
 void tst_SystemMonitorPlugin::keepsOneKeyForEachUuidAndContext()
