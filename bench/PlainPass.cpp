@@ -14,7 +14,7 @@ PlainPass::PlainPass(VqSystemMonitorLib *library, QWebSocket *link, QVector<Text
 
 void PlainPass::run(int step)
 {
-    refreshSystemInfor(*m_library, 0);
+    refreshSystemInfor(m_library, 0);
     LogDebug(QStringLiteral("updateImages"));
     for (const TextsOfKey &each : qAsConst(m_keys)) {
         const QString &text = each.texts.at(step % each.texts.size());

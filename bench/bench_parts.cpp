@@ -76,7 +76,7 @@ void refresh(benchmark::State &state)
 {
     VqSystemMonitorLib library(false, nullptr);
     for (auto _ : state)
-        refreshSystemInfor(library, 0);
+        refreshSystemInfor(&library, 0);
 }
 BENCHMARK(refresh)->Unit(benchmark::kMicrosecond);
 
@@ -171,7 +171,7 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     writeReadings(1);
     VqSystemMonitorLib library(false, nullptr);
-    refreshSystemInfor(library, 0);
+    refreshSystemInfor(&library, 0);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return EXIT_SUCCESS;

@@ -37,7 +37,7 @@ void refresh(benchmark::State &state)
     library.initSystemMonitorLib(true);
     for (auto _ : state) {
         stepOneSecond();
-        refreshSystemInfor(library, 0);
+        refreshSystemInfor(&library, 0);
     }
 }
 BENCHMARK(refresh)->Unit(benchmark::kMicrosecond);
@@ -48,7 +48,7 @@ void mapping(benchmark::State &state)
     VqSystemMonitorLib library(false, nullptr);
     library.initSystemMonitorLib(true);
     for (auto _ : state)
-        refreshSystemInfor(library, 0);
+        refreshSystemInfor(&library, 0);
 }
 BENCHMARK(mapping)->Unit(benchmark::kMicrosecond);
 

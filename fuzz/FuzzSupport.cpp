@@ -139,8 +139,8 @@ void takeDesktopReadings()
                                {QStringLiteral("/home"), QString(), {}}};
     InMemoryMachine::devices = {{QStringLiteral("Speakers"), 45.0F}};
     VqSystemMonitorLib library(false, nullptr);
-    refreshSystemInfor(library, 0);
-    refreshModelNames(library);
+    refreshSystemInfor(&library, 0);
+    refreshModelNames(&library);
 }
 
 ScratchFile::ScratchFile(const QString &name)

@@ -37,8 +37,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     VqSystemMonitorLib library(false, nullptr);
     systemInfor::CpuModel.clear();
     systemInfor::GpuModel.clear();
-    refreshSystemInfor(library, 0);
-    refreshModelNames(library);
+    refreshSystemInfor(&library, 0);
+    refreshModelNames(&library);
     checkReadings();
     pairsToTree(systemInfor::CpuFanList);
     pairsToTree(systemInfor::SensorList);

@@ -33,7 +33,7 @@ void answer(normalAction &key, const QJsonObject &payload, SettingsOccasion occa
     key.driveIndex = diskkey::chosenDrive(key);
     fuzz::require(diskkey::switchInterval(key.switchFrequency).count() > 0);
     paint(key);
-    const QJsonObject reply = settingsReply(settings, key, occasion, library);
+    const QJsonObject reply = settingsReply(settings, key, occasion, &library);
     fuzz::require(reply.value(QLatin1String("titleParameters")).isObject());
     fuzz::require(!QJsonDocument(reply).toJson(QJsonDocument::Compact).isEmpty());
     key.driveIndex = diskkey::nextDrive(key.driveIndex);

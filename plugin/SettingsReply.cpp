@@ -90,7 +90,7 @@ void insertFans(QJsonObject &parameters, const normalAction &key)
 
 /// What only one kind of key offers.
 void insertLists(QJsonObject &parameters, const normalAction &key, SettingsOccasion occasion,
-                 VqSystemMonitorLib &library)
+                 VqSystemMonitorLib *library)
 {
     const QString uuid = key.GetAction();
     if (uuid == actionuuid::physicalDisk) {
@@ -102,7 +102,8 @@ void insertLists(QJsonObject &parameters, const normalAction &key, SettingsOccas
         insertSensors(parameters, key, occasion);
     } else if (uuid == actionuuid::diskTemperature) {
         parameters.insert(QStringLiteral("SelectPhysicalDisk"), key.SelectPhysicalDisk);
-        parameters.insert(QStringLiteral("PhysicalDiskTemperatureList"), library.getSMARTInfo());
+        parameters.insert(QStringLiteral("PhysicalDiskTemperatureList"),
+                          library ? library->getSMARTInfo() : QJsonObject());
     } else if (uuid == actionuuid::pumpSpeed) {
         insertPump(parameters);
     } else if (uuid == actionuuid::cpuFan) {
@@ -113,7 +114,7 @@ void insertLists(QJsonObject &parameters, const normalAction &key, SettingsOccas
 } // namespace
 
 QJsonObject settingsReply(const QJsonObject &settings, const normalAction &key,
-                          SettingsOccasion occasion, VqSystemMonitorLib &library)
+                          SettingsOccasion occasion, VqSystemMonitorLib *library)
 {
     const bool appearing = occasion == SettingsOccasion::WillAppear;
     QJsonObject parameters = displaySettings(key);

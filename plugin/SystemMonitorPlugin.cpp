@@ -29,6 +29,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
 using namespace std::chrono_literals;
 
@@ -53,13 +54,15 @@ QString currentErrorText()
     return QString::fromLocal8Bit(std::strerror(errno)); // NOLINT(concurrency-mt-unsafe)
 }
 
-QT_WARNING_PUSH
-QT_WARNING_DISABLE_DEPRECATED
-int windowsVersion()
+/// Null when it cannot be made, whatever a library throws.
+VqSystemMonitorLib *createLibrary()
 {
-    return QSysInfo::windowsVersion();
+    try {
+        return new (std::nothrow) VqSystemMonitorLib(false, nullptr);
+    } catch (...) {
+        return nullptr;
+    }
 }
-QT_WARNING_POP
 
 void logKeyEvent(const QString &event, const QString &action, const QString &context)
 {
@@ -70,16 +73,24 @@ void logKeyEvent(const QString &event, const QString &action, const QString &con
 
 } // namespace
 
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_DEPRECATED
+int windowsVersion()
+{
+    return QSysInfo::windowsVersion();
+}
+QT_WARNING_POP
+
 bool isNewerThanWindows7(int version)
 {
     constexpr int windows7 = 0x90;
     return version > windows7;
 }
 
-SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent)
+SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent, int version)
     : Plugin(parent)
-    , m_library(new VqSystemMonitorLib(false, nullptr))
-    , m_unusedLibrary(new VqSystemMonitorLib(false, nullptr))
+    , m_library(createLibrary())
+    , m_unusedLibrary(createLibrary())
     , m_perfDataSource(new PerfDataSource)
     , m_hardwareMonitorLib(new LibreHardwareMonitorLib)
     , m_ioLocalSocket(new IoLocalSocket(false))
@@ -94,20 +105,23 @@ SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent)
     }
     machineAudio(); // Finds the sound server during the wait.
     waitBusily(startUpWait);
-    initSystemMonitorLib();
+    initSystemMonitorLib(isNewerThanWindows7(version));
     LogDebug(QStringLiteral("初始化系统信息"));
     refresh();
     LogDebug(QStringLiteral("更新CPU型号&GPU型号"));
-    refreshModelNames(*m_library);
+    refreshModelNames(m_library);
 
     connect(m_updateTimer, &QTimer::timeout, this, &SystemMonitorPlugin::updateImages);
     m_updateTimer->setTimerType(Qt::PreciseTimer);
     m_updateTimer->start(updateInterval());
 }
 
-void SystemMonitorPlugin::initSystemMonitorLib()
+void SystemMonitorPlugin::initSystemMonitorLib(bool newerThanWindows7)
 {
-    if (m_library->initSystemMonitorLib(isNewerThanWindows7(windowsVersion()))) {
+    if (!m_library) {
+        LogDebug(labelled("thisSystemMonitorLib obj create failed: ", currentErrorText()));
+        LogDebug(QStringLiteral("初始化性能监视器模块失败"));
+    } else if (m_library->initSystemMonitorLib(newerThanWindows7)) {
         LogDebug(QStringLiteral("initSystemMonitorLib success"));
         m_library->getNumberOfDetectedSensors();
         LogDebug(QStringLiteral("初始化性能监视器模块成功"));
@@ -119,12 +133,14 @@ void SystemMonitorPlugin::initSystemMonitorLib()
 
 void SystemMonitorPlugin::refresh()
 {
-    refreshSystemInfor(*m_library, audioDevice);
+    refreshSystemInfor(m_library, audioDevice);
 }
 
 void SystemMonitorPlugin::onCommitData()
 {
     LogDebug(QStringLiteral("Commit data request."));
+    if (!m_library)
+        return;
     m_library->deinitSystemMonitorLib();
     std::exit(0); // NOLINT(concurrency-mt-unsafe)
 }
@@ -184,7 +200,7 @@ void SystemMonitorPlugin::answerSettings(normalAction &key, const QJsonObject &p
     applySelections(key, settings, occasion);
     if (key.GetAction() == actionuuid::physicalDisk)
         chooseDrive(key);
-    const QJsonObject reply = settingsReply(settings, key, occasion, *m_library);
+    const QJsonObject reply = settingsReply(settings, key, occasion, m_library);
     if (mConnectionManager)
         mConnectionManager->SetSettings(reply, key.GetContext());
 }

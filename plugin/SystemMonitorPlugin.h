@@ -15,6 +15,9 @@ class QTimer;
 enum class SettingsOccasion;
 struct KeyPass;
 
+/// What QSysInfo::windowsVersion() says; 0 on other systems.
+int windowsVersion();
+
 /// The plugin: it owns the data sources and the visible keys, and paints and sends every key once a
 /// second. Everything runs on the main thread. It goes only with the process, and so deletes
 /// neither its keys nor its data sources.
@@ -25,8 +28,9 @@ class SystemMonitorPlugin : public Plugin, public SystemMonitorLibOwner
 
 public:
     /// Opens the data sources, waits one second for them, takes the first readings and starts the
-    /// update timer. Without a hardware-information service this takes some 12 seconds more.
-    explicit SystemMonitorPlugin(QObject *parent = nullptr);
+    /// update timer. Without a hardware-information service this takes some 12 seconds more. The
+    /// library is told whether \a version is newer than Windows 7.
+    explicit SystemMonitorPlugin(QObject *parent = nullptr, int version = windowsVersion());
 
     VqSystemMonitorLib *systemMonitorLib() const override { return m_library; }
 
@@ -66,7 +70,7 @@ public Q_SLOTS:
     void updateImages();
 
 private:
-    void initSystemMonitorLib();
+    void initSystemMonitorLib(bool newerThanWindows7);
     void refresh();
     void updateKeys();
     void updateKey(normalAction &key, KeyPass &pass);
@@ -76,9 +80,9 @@ private:
     void answerSettings(normalAction &key, const QJsonObject &payload, SettingsOccasion occasion);
     normalAction *getOrCreateKey(const QString &action, const QString &context);
 
-    QMutex m_listLock;               ///< Held during a pass, on insertion and on removal.
-    QList<normalAction *> m_actions; ///< In the order in which the keys first appeared.
-    VqSystemMonitorLib *m_library;
+    QMutex m_listLock;                   ///< Held during a pass, on insertion and on removal.
+    QList<normalAction *> m_actions;     ///< In the order in which the keys first appeared.
+    VqSystemMonitorLib *m_library;       ///< Null when it could not be created.
     VqSystemMonitorLib *m_unusedLibrary; ///< Kept beside the first, never initialised nor read.
     PerfDataSource *m_perfDataSource;
     LibreHardwareMonitorLib *m_hardwareMonitorLib;
@@ -87,6 +91,5 @@ private:
     QTimer *m_updateTimer;
 };
 
-/// Whether \a version, as QSysInfo::windowsVersion() gives it, is newer than Windows 7. It is 0 on
-/// other systems.
+/// Whether \a version, as windowsVersion() gives it, is newer than Windows 7.
 bool isNewerThanWindows7(int version);

@@ -13,10 +13,11 @@ constexpr double highestPower = 100000.0;
 
 } // namespace
 
-CpuHeat cpuHeat(const QJsonObject &dtsTree, const QJsonObject &enhancedTree)
+CpuHeat cpuHeat(const QJsonObject &dtsTree, const QJsonObject &tctlTree,
+                const QJsonObject &enhancedTree)
 {
     const QJsonObject temperature = dtsTree.isEmpty()
-                                        ? readingOf(enhancedTree, QStringLiteral("CPU (Tctl/Tdie)"))
+                                        ? readingOf(tctlTree, QStringLiteral("CPU (Tctl/Tdie)"))
                                         : readingOf(dtsTree, QStringLiteral("CPU Package"));
     const QJsonObject power = readingOf(enhancedTree, QStringLiteral("CPU Package Power"));
     return {capped(truncated(valueOf(temperature)), highestTemperature),

@@ -12,6 +12,7 @@ struct CpuHeat
     QString powerUnits; ///< The sensor's own, even when empty.
 };
 
-/// The temperature is "CPU Package" of \a dtsTree, or "CPU (Tctl/Tdie)" of \a enhancedTree when the
+/// The temperature is "CPU Package" of \a dtsTree, or "CPU (Tctl/Tdie)" of \a tctlTree when the
 /// former is empty; the power is "CPU Package Power" of \a enhancedTree.
-CpuHeat cpuHeat(const QJsonObject &dtsTree, const QJsonObject &enhancedTree);
+CpuHeat cpuHeat(const QJsonObject &dtsTree, const QJsonObject &tctlTree,
+                const QJsonObject &enhancedTree);

@@ -27,14 +27,17 @@ protected:
     /// or when what has come by then is no JSON.
     QJsonObject fetch();
 
-    int maximumAttempts = 100;
-    int retryInterval = 1000; ///< Milliseconds; the pause between attempts is a second in any case.
-
 private:
     void reportTimeout();
 
     QLocalSocket *socket;
     QString serverName = QStringLiteral("MyPersistentServiceSocket");
+
+protected:
+    int maximumAttempts = 100;
+    int retryInterval = 1000; ///< Milliseconds; the pause between attempts is a second in any case.
+
+private:
     bool connected = false;
 };
 

@@ -50,8 +50,6 @@ LibreHardwareWebSocket::LibreHardwareWebSocket(bool fetch, QObject *parent)
     usePort(configured == noPort ? port : configured);
     connect(&socket, &QWebSocket::connected, this, &LibreHardwareWebSocket::onConnected);
     connect(&socket, &QWebSocket::disconnected, this, &LibreHardwareWebSocket::onDisconnected);
-    connect(&socket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), this,
-            &LibreHardwareWebSocket::onError);
     connect(&socket, &QWebSocket::textMessageReceived, this,
             &LibreHardwareWebSocket::onTextMessage);
     connectAndFetch();

@@ -37,15 +37,18 @@ public:
 
     const QUrl &address() const { return url; }
 
+private Q_SLOTS:
+    void onConnected();
+    void onDisconnected();
+    /// Not connected: a failed attempt tells its error itself.
+    void onError(QAbstractSocket::SocketError error);
+    void onTextMessage(const QString &msg);
+
 private:
     void usePort(int newPort);
     void connectAndFetch();
     bool isConnected() const;
     void reportTimeout();
-    void onConnected();
-    void onDisconnected();
-    void onError(QAbstractSocket::SocketError error);
-    void onTextMessage(const QString &msg);
 
     QWebSocket socket;
     int port = 15501;

@@ -13,6 +13,17 @@ struct PlaybackDevice
     bool active = true;  ///< False when nothing is plugged into it.
 };
 
+/// What a sound server said last.
+struct PlaybackState
+{
+    bool connected = false;
+    bool listed = false;             ///< Whether `devices` is what this server has.
+    QVector<PlaybackDevice> devices; ///< The active ones, the default one first.
+};
+
+/// The volume of the device at \a index; -1 with a logged line when it is not known.
+float volumeAt(const PlaybackState &state, int index);
+
 /// The devices of \a all that are active and have a name, in their order but for the default one,
 /// which comes first.
 QVector<PlaybackDevice> activeDevices(const QVector<PlaybackDevice> &all,

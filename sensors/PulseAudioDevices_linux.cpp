@@ -1,6 +1,5 @@
 #include "sensors/PulseAudioDevices_linux.h"
 
-#include "SDK/Logger/Logger.h"
 #include "sensors/PulseAudioLink_linux.h"
 
 PulseAudioDevices::PulseAudioDevices()
@@ -13,7 +12,7 @@ PulseAudioDevices::~PulseAudioDevices() = default;
 QStringList PulseAudioDevices::deviceNames()
 {
     QStringList names;
-    const PulseAudioLink::State state = m_link->state();
+    const PlaybackState state = m_link->state();
     for (const PlaybackDevice &device : state.devices)
         names.append(device.name);
     return names;
@@ -21,22 +20,5 @@ QStringList PulseAudioDevices::deviceNames()
 
 float PulseAudioDevices::volume(int index)
 {
-    constexpr float unknown = -1.0F;
-    const PulseAudioLink::State state = m_link->state();
-    if (!state.connected) {
-        LogDebug(QStringLiteral("AudioERR: Unable to create audio device enumerator"));
-        return unknown;
-    }
-    if (!state.listed) {
-        LogDebug(QStringLiteral("AudioERR: Unable to get audio device collection"));
-        return unknown;
-    }
-    if (index < 0 || index >= state.devices.size()) {
-        LogDebug(QStringLiteral("AudioERR: Invalid device index"));
-        return unknown;
-    }
-    const float volume = state.devices.at(index).volume;
-    if (volume < 0)
-        LogDebug(QStringLiteral("AudioERR: Unable to retrieve the volume"));
-    return volume;
+    return volumeAt(m_link->state(), index);
 }

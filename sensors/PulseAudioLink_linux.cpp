@@ -53,13 +53,13 @@ PulseAudioLink::~PulseAudioLink()
     pa_threaded_mainloop_free(m_loop);
 }
 
-PulseAudioLink::State PulseAudioLink::state() const
+PlaybackState PulseAudioLink::state() const
 {
     const std::lock_guard lock(m_stateLock);
     return m_state;
 }
 
-void PulseAudioLink::publish(const State &state)
+void PulseAudioLink::publish(const PlaybackState &state)
 {
     const std::lock_guard lock(m_stateLock);
     m_state = state;

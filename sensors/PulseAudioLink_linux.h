@@ -14,19 +14,11 @@ struct pa_time_event;
 class PulseAudioLink
 {
 public:
-    /// What the server said last.
-    struct State
-    {
-        bool connected = false;
-        bool listed = false;             ///< Whether `devices` is what this server has.
-        QVector<PlaybackDevice> devices; ///< The active ones, the default one first.
-    };
-
     PulseAudioLink();
     ~PulseAudioLink();
     Q_DISABLE_COPY(PulseAudioLink)
 
-    State state() const;
+    PlaybackState state() const;
 
 private:
     void connectToServer();
@@ -36,7 +28,7 @@ private:
     void requestDevices();
     void requestSinks(const char *defaultSink);
     void onSink(const pa_sink_info *sink, int endOfList);
-    void publish(const State &state);
+    void publish(const PlaybackState &state);
 
     pa_threaded_mainloop *m_loop;
     pa_context *m_context = nullptr;
@@ -50,5 +42,5 @@ private:
     /// Guards m_state, the only member that the caller's thread reads. Of a kind that the thread
     /// sanitizer sees.
     mutable std::mutex m_stateLock;
-    State m_state;
+    PlaybackState m_state;
 };

@@ -93,26 +93,35 @@ void store(const AudioReadings &audio)
     systemInfor::AudioVolume = audio.selectedVolume;
 }
 
-void refreshCpuAndGpu(VqSystemMonitorLib &library)
+/// An empty tree without a library.
+QJsonObject ask(VqSystemMonitorLib *library, QJsonObject (VqSystemMonitorLib::*query)())
 {
-    store(cpuReadings(library.getCPUInfo()));
-    const QJsonObject dtsTree = library.getCPUDTSInfo();
-    const QJsonObject enhancedTree = library.getCPUEnhancedInfo();
-    store(cpuHeat(dtsTree, enhancedTree));
-    const QJsonObject gpuTrees = library.getGPUInfo();
+    return library ? (library->*query)() : QJsonObject();
+}
+
+void refreshCpuAndGpu(VqSystemMonitorLib *library)
+{
+    store(cpuReadings(ask(library, &VqSystemMonitorLib::getCPUInfo)));
+    const QJsonObject dtsTree = ask(library, &VqSystemMonitorLib::getCPUDTSInfo);
+    const QJsonObject tctlTree =
+        dtsTree.isEmpty() ? ask(library, &VqSystemMonitorLib::getCPUEnhancedInfo) : QJsonObject();
+    const QJsonObject enhancedTree = ask(library, &VqSystemMonitorLib::getCPUEnhancedInfo);
+    store(cpuHeat(dtsTree, tctlTree, enhancedTree));
+    const QJsonObject gpuTrees = ask(library, &VqSystemMonitorLib::getGPUInfo);
     store(gpuReadings(gpuTrees.value(chosenGpu(gpuTrees)).toObject(), enhancedTree));
 }
 
-void refreshDriveTemperatures(VqSystemMonitorLib &library)
+void refreshDriveTemperatures(VqSystemMonitorLib *library)
 {
-    systemInfor::SmartInfo = library.getSMARTInfo();
-    systemInfor::DriveTemperatureList = driveTemperatures(library.getSMARTInfo());
+    systemInfor::SmartInfo = ask(library, &VqSystemMonitorLib::getSMARTInfo);
+    systemInfor::DriveTemperatureList =
+        driveTemperatures(ask(library, &VqSystemMonitorLib::getSMARTInfo));
 }
 
-void refreshSensorLists(VqSystemMonitorLib &library)
+void refreshSensorLists(VqSystemMonitorLib *library)
 {
-    const QJsonObject frameRates = library.getPresentMon();
-    systemInfor::AllSensorsData = library.getAllSensorsData();
+    const QJsonObject frameRates = ask(library, &VqSystemMonitorLib::getPresentMon);
+    systemInfor::AllSensorsData = ask(library, &VqSystemMonitorLib::getAllSensorsData);
     systemInfor::AllSensorsData.insert(QStringLiteral("FPS"), frameRates);
 
     SensorWalk walk;
@@ -125,22 +134,22 @@ void refreshSensorLists(VqSystemMonitorLib &library)
 
 } // namespace
 
-void refreshSystemInfor(VqSystemMonitorLib &library, int audioDevice)
+void refreshSystemInfor(VqSystemMonitorLib *library, int audioDevice)
 {
     store(readDrives(machineDrives()));
     store(readAudio(machineAudio(), audioDevice));
-    store(memoryReadings(library.getSystemInfo()));
-    library.getMemoryTimingsInfo();
+    store(memoryReadings(ask(library, &VqSystemMonitorLib::getSystemInfo)));
+    ask(library, &VqSystemMonitorLib::getMemoryTimingsInfo);
     refreshCpuAndGpu(library);
-    store(networkReadings(library.getNetworkInfo()));
+    store(networkReadings(ask(library, &VqSystemMonitorLib::getNetworkInfo)));
     refreshDriveTemperatures(library);
     refreshSensorLists(library);
 }
 
-void refreshModelNames(VqSystemMonitorLib &library)
+void refreshModelNames(VqSystemMonitorLib *library)
 {
-    const ModelNames names =
-        modelNames(library.getAllSensorsData(), {systemInfor::CpuModel, systemInfor::GpuModel});
+    const ModelNames names = modelNames(ask(library, &VqSystemMonitorLib::getAllSensorsData),
+                                        {systemInfor::CpuModel, systemInfor::GpuModel});
     systemInfor::CpuModel = names.cpu;
     systemInfor::GpuModel = names.gpu;
 }

@@ -1,5 +1,6 @@
 #include "sensors/SensorWalk.h"
 
+#include "sensors/ReadingText.h"
 #include "sensors/SensorTree.h"
 
 #include <QJsonArray>
@@ -63,7 +64,7 @@ void SensorWalk::visit(const QJsonObject &tree)
 
 QString sensorText(const QJsonObject &reading)
 {
-    return QString::number(valueOf(reading), 'g', 6) + unitsOf(reading, QString());
+    return readingtext::general(valueOf(reading), unitsOf(reading, QString()));
 }
 
 QJsonObject pairsToTree(const systemInfor::SensorTexts &pairs)

@@ -18,7 +18,7 @@ class QObject;
 /// Every query returns a sensor tree: an object that maps a sensor label to an array whose first
 /// element holds "value" (number) and "units" (text). The queries marked per device have one level
 /// more, keyed by the name of the GPU, adapter or drive. A reading that the machine cannot give is
-/// a missing label. All calls are made from one thread.
+/// a missing label or an empty array. All calls are made from one thread.
 class SYSTEM_MONITOR_LIB_API VqSystemMonitorLib
 {
 public:

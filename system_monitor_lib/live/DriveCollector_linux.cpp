@@ -1,5 +1,6 @@
 #include "system_monitor_lib/live/DriveCollector.h"
 
+#include "system_monitor_lib/live/DistinctName.h"
 #include "system_monitor_lib/live/DriveTree.h"
 #include "system_monitor_lib/live/HwmonChip.h"
 
@@ -44,10 +45,7 @@ DriveCollector::DriveCollector(const MachineRoots &roots)
 
 QString DriveCollector::name(const Drive &drive) const
 {
-    const auto namesakes =
-        std::count_if(m_drives.begin(), m_drives.end(),
-                      [&drive](const Drive &other) { return other.model == drive.model; });
-    return namesakes > 1 ? QStringLiteral("%1 (%2)").arg(drive.model, drive.place) : drive.model;
+    return distinctName(drive, m_drives, &Drive::model);
 }
 
 void DriveCollector::look()

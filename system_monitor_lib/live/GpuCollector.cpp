@@ -1,18 +1,8 @@
 #include "system_monitor_lib/live/GpuCollector.h"
 
+#include "system_monitor_lib/live/DistinctName.h"
+
 #include <algorithm>
-
-namespace {
-
-/// Its name, and its place as well where several GPUs bear that name.
-QString distinctName(const GpuState &gpu, const std::vector<GpuState> &gpus)
-{
-    const auto namesakes = std::count_if(
-        gpus.begin(), gpus.end(), [&gpu](const GpuState &other) { return other.name == gpu.name; });
-    return namesakes > 1 ? QStringLiteral("%1 (%2)").arg(gpu.name, gpu.place) : gpu.name;
-}
-
-} // namespace
 
 GpuCollector::GpuCollector(std::vector<std::unique_ptr<GpuSource>> sources)
     : m_sources(std::move(sources))
@@ -32,7 +22,7 @@ bool GpuCollector::collect(qint64 nowNs, SensorTrees &trees)
     });
     int number = 0;
     for (const GpuState &gpu : gpus) {
-        const QString name = distinctName(gpu, gpus);
+        const QString name = distinctName(gpu, gpus, &GpuState::name);
         // Readers might choose a GPU that says nothing over one that does.
         if (!gpu.labels.isEmpty())
             trees.addDevice(Query::GpuInfo, name, gpu.labels);

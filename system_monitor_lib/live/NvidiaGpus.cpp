@@ -1,9 +1,9 @@
 #include "system_monitor_lib/live/NvidiaGpus.h"
 
 #include "system_monitor_lib/SensorTrees.h"
-#include "system_monitor_lib/live/NvidiaSleep.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -16,14 +16,15 @@ void addLabel(QJsonObject &labels, const QString &label, std::optional<unsigned>
 
 } // namespace
 
-GpuState nvidiaState(const QString &name, const NvidiaReadings &readings)
+GpuState nvidiaState(const NvidiaReadings &readings)
 {
     constexpr unsigned highestTemperature = 140;
     constexpr unsigned highestClock = 20'000;
     constexpr unsigned highestMilliwatts = 5'000'000;
     const QString megahertz = QStringLiteral("MHz");
     GpuState state;
-    state.name = name;
+    state.name = readings.name;
+    state.place = readings.place;
     QJsonObject &labels = state.labels;
     addLabel(labels, QStringLiteral("GPU Temperature"), readings.celsius, highestTemperature, 1,
              QStringLiteral("°C"));
@@ -41,48 +42,106 @@ GpuState nvidiaState(const QString &name, const NvidiaReadings &readings)
 }
 
 NvidiaGpus::NvidiaGpus(const MachineRoots &roots)
-    : m_roots(roots)
+    : m_fileName(roots.nvidiaLibrary)
+    , m_devices(roots)
 {
 }
 
-std::vector<GpuState> NvidiaGpus::states()
+void NvidiaGpus::look(qint64 nowNs)
+{
+    std::vector<Unit> units;
+    for (const NvidiaDevice &device : m_devices.look(nowNs)) {
+        const auto known =
+            std::find_if(m_units.begin(), m_units.end(), [&device](const Unit &unit) {
+                return unit.device.address == device.address;
+            });
+        units.push_back(known == m_units.end() ? Unit() : std::move(*known));
+        units.back().device = device;
+    }
+    m_units = std::move(units);
+}
+
+void NvidiaGpus::letGo()
+{
+    m_library.reset();
+    for (Unit &unit : m_units)
+        unit.isHeld = false;
+}
+
+void NvidiaGpus::prepare(qint64 nowNs)
+{
+    bool asks = false;
+    for (Unit &unit : m_units) {
+        const NvidiaRest::Turn before =
+            std::exchange(unit.turn, unit.rest.turn(unit.device, nowNs));
+        const bool isAsked = unit.turn == NvidiaRest::Turn::Ask;
+        asks = asks || isAsked;
+        if (isAsked == (before == NvidiaRest::Turn::Ask))
+            continue;
+        // The others go on at once.
+        m_retry.expire();
+        if (unit.isHeld)
+            letGo();
+    }
+    if (!asks)
+        letGo();
+    else if ((!m_library || m_lost) && m_retry.isDue(nowNs)) {
+        // Only a new start finds a GPU that came back.
+        letGo();
+        m_library = NvidiaLibrary::load(m_fileName);
+    }
+}
+
+std::vector<NvidiaReadings> NvidiaGpus::readings(const QString &address)
 {
     constexpr unsigned most = 64;
-    const unsigned count = m_library->count().value_or(0);
-    m_lost = count == 0;
-    std::vector<GpuState> states;
-    for (unsigned index = 0; index < std::min(count, most); ++index) {
-        const QString name = m_library->name(index);
-        const std::optional<NvidiaReadings> readings = m_library->read(index);
-        if (name.isEmpty() || !readings) {
-            m_lost = true;
-            continue;
+    const unsigned counted = address.isEmpty() ? m_library->count().value_or(0) : 1;
+    std::vector<NvidiaReadings> all;
+    for (unsigned index = 0; index < std::min(counted, most); ++index) {
+        if (auto one = address.isEmpty() ? m_library->read(index) : m_library->read(address)) {
+            one->place = address.isEmpty() ? QString::number(index) : address;
+            all.push_back(std::move(*one));
         }
-        states.push_back(nvidiaState(name, *readings));
-        states.back().place = QString::number(index);
     }
-    return states;
+    m_lost = m_lost || all.empty() || all.size() < counted;
+    return all;
+}
+
+void NvidiaGpus::ask(Unit &unit, qint64 nowNs)
+{
+    unit.isHeld = true;
+    unit.states.clear();
+    bool isIdle = true;
+    for (const NvidiaReadings &each : readings(unit.device.address)) {
+        unit.states.push_back(nvidiaState(each));
+        isIdle = isIdle && each.loadPercent == 0U;
+    }
+    unit.rest.setIdle(isIdle && !unit.states.empty(), nowNs);
 }
 
 std::vector<GpuState> NvidiaGpus::read(qint64 nowNs)
 {
-    if (m_roots.nvidiaLibrary.isEmpty())
+    if (m_fileName.isEmpty())
         return {};
-    const bool sleeps = allNvidiaGpusSleep(m_roots);
-    if (m_slept && !sleeps)
-        m_retry.expire();
-    m_slept = sleeps;
-    if (sleeps) {
-        m_library.reset();
-    } else if ((!m_library || m_lost) && m_retry.isDue(nowNs)) {
-        // Only a new start finds a GPU that came back.
-        m_library.reset();
-        m_library = NvidiaLibrary::load(m_roots.nvidiaLibrary);
+    look(nowNs);
+    prepare(nowNs);
+    m_lost = false;
+    bool answered = false;
+    std::vector<GpuState> found;
+    for (Unit &unit : m_units) {
+        if (unit.turn == NvidiaRest::Turn::Sleeps) {
+            for (GpuState &state : unit.states)
+                state.labels = {};
+        } else if (unit.turn == NvidiaRest::Turn::Ask) {
+            if (m_library)
+                ask(unit, nowNs);
+            else
+                unit.states.clear();
+            answered = answered || !unit.states.empty();
+        }
+        found.insert(found.end(), unit.states.begin(), unit.states.end());
     }
-    if (!m_library)
-        return {};
-    std::vector<GpuState> found = states();
-    if (found.empty())
-        m_library.reset();
+    if (!answered)
+        letGo();
     return found;
 }

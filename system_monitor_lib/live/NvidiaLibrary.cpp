@@ -80,14 +80,19 @@ public:
 
     [[nodiscard]] bool isComplete() const
     {
-        return init && shutdown && getCount && getHandle && getName;
+        return init && shutdown && getCount && getHandle && getHandleByAddress && getName;
     }
+    /// Empty when the GPU does not answer.
+    QString name(Device device) const;
+    /// Nothing when the GPU is lost.
+    std::optional<NvidiaReadings> read(Device device) const;
 
     QLibrary library;
     int (*init)() = nullptr;
     int (*shutdown)() = nullptr;
     int (*getCount)(unsigned *) = nullptr;
     int (*getHandle)(unsigned, Device *) = nullptr;
+    int (*getHandleByAddress)(const char *, Device *) = nullptr;
     int (*getName)(Device, char *, unsigned) = nullptr;
     int (*getTemperature)(Device, int, unsigned *) = nullptr;
     int (*getClock)(Device, int, unsigned *) = nullptr;
@@ -105,12 +110,41 @@ NvidiaLibrary::Private::Private(const QString &fileName)
     find(library, "nvmlShutdown", shutdown);
     find(library, "nvmlDeviceGetCount_v2", getCount);
     find(library, "nvmlDeviceGetHandleByIndex_v2", getHandle);
+    find(library, "nvmlDeviceGetHandleByPciBusId_v2", getHandleByAddress);
     find(library, "nvmlDeviceGetName", getName);
     find(library, "nvmlDeviceGetTemperature", getTemperature);
     find(library, "nvmlDeviceGetClockInfo", getClock);
     find(library, "nvmlDeviceGetUtilizationRates", getUtilization);
     find(library, "nvmlDeviceGetMemoryInfo", getMemory);
     find(library, "nvmlDeviceGetPowerUsage", getPower);
+}
+
+QString NvidiaLibrary::Private::name(Device device) const
+{
+    std::array<char, 96> text{};
+    if (getName(device, text.data(), static_cast<unsigned>(text.size() - 1)) != success)
+        return {};
+    return QString::fromUtf8(text.data()).simplified();
+}
+
+std::optional<NvidiaReadings> NvidiaLibrary::Private::read(Device device) const
+{
+    NvidiaReadings readings;
+    readings.name = name(device);
+    if (readings.name.isEmpty())
+        return std::nullopt;
+    Questions questions(device);
+    readings.celsius = questions.ask<unsigned>(getTemperature, coreTemperature);
+    readings.clockMhz = questions.ask<unsigned>(getClock, graphicsClock);
+    readings.memoryClockMhz = questions.ask<unsigned>(getClock, memoryClock);
+    readings.milliwatts = questions.ask<unsigned>(getPower);
+    if (const auto utilization = questions.ask<Utilization>(getUtilization))
+        readings.loadPercent = utilization->gpu;
+    if (const auto memory = questions.ask<Memory>(getMemory))
+        readings.memory = NvidiaReadings::Memory{memory->used, memory->total};
+    if (questions.isLost())
+        return std::nullopt;
+    return readings;
 }
 
 NvidiaLibrary::NvidiaLibrary(std::unique_ptr<Private> loaded)
@@ -137,32 +171,16 @@ std::optional<unsigned> NvidiaLibrary::count() const
     return d->getCount(&number) == success ? std::optional(number) : std::nullopt;
 }
 
-QString NvidiaLibrary::name(unsigned index) const
-{
-    std::array<char, 96> text{};
-    Device device = nullptr;
-    if (d->getHandle(index, &device) != success ||
-        d->getName(device, text.data(), static_cast<unsigned>(text.size() - 1)) != success)
-        return {};
-    return QString::fromUtf8(text.data()).simplified();
-}
-
 std::optional<NvidiaReadings> NvidiaLibrary::read(unsigned index) const
 {
     Device device = nullptr;
-    if (d->getHandle(index, &device) != success)
-        return std::nullopt;
-    Questions questions(device);
-    NvidiaReadings readings;
-    readings.celsius = questions.ask<unsigned>(d->getTemperature, coreTemperature);
-    readings.clockMhz = questions.ask<unsigned>(d->getClock, graphicsClock);
-    readings.memoryClockMhz = questions.ask<unsigned>(d->getClock, memoryClock);
-    readings.milliwatts = questions.ask<unsigned>(d->getPower);
-    if (const auto utilization = questions.ask<Utilization>(d->getUtilization))
-        readings.loadPercent = utilization->gpu;
-    if (const auto memory = questions.ask<Memory>(d->getMemory))
-        readings.memory = NvidiaReadings::Memory{memory->used, memory->total};
-    if (questions.isLost())
-        return std::nullopt;
-    return readings;
+    return d->getHandle(index, &device) == success ? d->read(device) : std::nullopt;
+}
+
+std::optional<NvidiaReadings> NvidiaLibrary::read(const QString &address) const
+{
+    Device device = nullptr;
+    return d->getHandleByAddress(address.toLatin1().constData(), &device) == success
+               ? d->read(device)
+               : std::nullopt;
 }

@@ -8,6 +8,8 @@
 /// What one NVIDIA GPU tells. What its driver does not support is absent.
 struct NvidiaReadings
 {
+    QString name;
+    QString place;
     std::optional<unsigned> celsius;
     std::optional<unsigned> clockMhz;
     std::optional<unsigned> memoryClockMhz;
@@ -34,10 +36,10 @@ public:
 
     /// The number of GPUs; nothing when the driver has gone.
     [[nodiscard]] std::optional<unsigned> count() const;
-    /// Empty when there is no such GPU.
-    [[nodiscard]] QString name(unsigned index) const;
-    /// Nothing when the GPU is lost.
+    /// Nothing when there is no such GPU or it is lost. It is held from then on.
     [[nodiscard]] std::optional<NvidiaReadings> read(unsigned index) const;
+    /// The same by its place on the bus.
+    [[nodiscard]] std::optional<NvidiaReadings> read(const QString &address) const;
 
 private:
     class Private;

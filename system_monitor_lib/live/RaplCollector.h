@@ -10,7 +10,8 @@
 
 /// "CPU Package Power" (W, all packages together) of the processor's energy counters
 /// (Documentation/power/powercap in the kernel), for the enhanced query and the processor's group.
-/// Current kernels let only root read them.
+/// Current kernels let only root read them. Readers match labels by their parts and would take the
+/// power for a temperature that is missing: then the enhanced query has an empty "CPU Package".
 class RaplCollector : public Collector
 {
 public:

@@ -1,8 +1,7 @@
 #include "system_monitor_lib/live/StorageCollector.h"
 
+#include "system_monitor_lib/live/DistinctName.h"
 #include "system_monitor_lib/live/DriveTree.h"
-
-#include <algorithm>
 
 StorageCollector::StorageCollector(Drives drives)
     : m_list(std::move(drives))
@@ -22,8 +21,5 @@ QString StorageCollector::name(const StorageDrive &drive) const
 {
     if (drive.model.isEmpty())
         return drive.place;
-    const auto namesakes =
-        std::count_if(m_drives.begin(), m_drives.end(),
-                      [&drive](const StorageDrive &other) { return other.model == drive.model; });
-    return namesakes > 1 ? QStringLiteral("%1 (%2)").arg(drive.model, drive.place) : drive.model;
+    return distinctName(drive, m_drives, &StorageDrive::model);
 }

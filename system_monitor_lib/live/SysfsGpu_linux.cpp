@@ -158,10 +158,7 @@ void SysfsGpu::open(const QString &driver)
 
 bool SysfsGpu::isAwake(qint64 nowNs)
 {
-    const QString status = m_runtimeStatus.word();
-    const bool sleeps = status == QLatin1String("suspended") ||
-                        status == QLatin1String("suspending") ||
-                        status == QLatin1String("resuming");
+    const bool sleeps = meansAsleep(m_runtimeStatus.word());
     if (!sleeps && m_slept)
         m_wokeNs = nowNs;
     const bool wakes = m_wokeNs != 0 && nowNs >= m_wokeNs && nowNs - m_wokeNs < wakingTime.count();

@@ -35,6 +35,13 @@ QString parseWord(std::string_view text)
     return QString::fromUtf8(word.data(), static_cast<int>(word.size())).simplified();
 }
 
+bool meansAsleep(const QString &runtimeStatus)
+{
+    return runtimeStatus == QLatin1String("suspended") ||
+           runtimeStatus == QLatin1String("suspending") ||
+           runtimeStatus == QLatin1String("resuming");
+}
+
 std::optional<double> parseCelsius(std::string_view text)
 {
     const std::optional<qint64> thousandths = parseInteger(text);

@@ -4,6 +4,8 @@
 
 #include <QJsonArray>
 
+#include <new>
+
 void InMemoryLibrary::reset()
 {
     systemInfo = {};
@@ -15,6 +17,7 @@ void InMemoryLibrary::reset()
     smartInfo = {};
     presentMon = {};
     allSensors = {};
+    canBeCreated = true;
     initSucceeds = true;
     instances = 0;
     initCalls = 0;
@@ -37,6 +40,8 @@ class VqSystemMonitorLib::Private
 
 VqSystemMonitorLib::VqSystemMonitorLib(bool /*flag*/, QObject * /*parent*/)
 {
+    if (!InMemoryLibrary::canBeCreated)
+        throw std::bad_alloc();
     ++InMemoryLibrary::instances;
 }
 

@@ -17,6 +17,8 @@ struct InMemoryLibrary
     static inline QJsonObject presentMon;
     static inline QJsonObject allSensors;
 
+    /// Otherwise its constructor throws.
+    static inline bool canBeCreated = true;
     static inline bool initSucceeds = true;
     static inline int instances = 0;
     static inline int initCalls = 0;

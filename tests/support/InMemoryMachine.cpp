@@ -1,6 +1,5 @@
 #include "tests/support/InMemoryMachine.h"
 
-#include "SDK/Logger/Logger.h"
 #include "sensors/audio.h"
 #include "tests/support/InMemoryLibrary.h"
 
@@ -62,7 +61,6 @@ public:
         note(QStringLiteral("volume"), QString::number(index));
         if (index >= 0 && index < InMemoryMachine::devices.size())
             return InMemoryMachine::devices.at(index).volume;
-        LogDebug(QStringLiteral("AudioERR: Invalid device index"));
         return -1.0F;
     }
 };

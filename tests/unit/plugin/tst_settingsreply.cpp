@@ -37,7 +37,8 @@ private Q_SLOTS:
     void choosesTheSensorByOccasion();
 
 private:
-    VqSystemMonitorLib m_library{false, nullptr};
+    VqSystemMonitorLib m_instance{false, nullptr};
+    VqSystemMonitorLib *const m_library = &m_instance;
 
     static QJsonObject parametersOf(const QJsonObject &reply)
     {

@@ -1,5 +1,6 @@
 #include "plugin/SystemMonitorPlugin.h"
 
+#include "render/ActionCatalogue.h"
 #include "render/normalAction.h"
 #include "sensors/PerfDataSource.h"
 #include "sensors/systemInfor.h"
@@ -22,25 +23,27 @@
 namespace {
 
 const char *const endTheSession = "end-the-session";
+const char *const endTheSessionWithoutALibrary = "end-the-session-without-a-library";
 
 void reportDeinit()
 {
     std::printf("deinit calls: %d\n", InMemoryLibrary::deinitCalls);
 }
 
-/// The process in which the session ends: it must end itself.
-int runUntilSessionEnds()
+/// The process in which the session ends: with a library it must end itself.
+int runUntilSessionEnds(bool withLibrary)
 {
     const FakeHardwareService service;
     std::atexit(reportDeinit);
+    InMemoryLibrary::canBeCreated = withLibrary;
     const SystemMonitorPlugin plugin;
     QTimer::singleShot(0, qApp, [] {
         // A session manager cannot be made here; its argument is not looked at.
         char placeholder = 0;
         Q_EMIT qApp->commitDataRequest(*reinterpret_cast<QSessionManager *>(&placeholder));
+        QCoreApplication::exit(EXIT_FAILURE);
     });
-    QApplication::exec();
-    return EXIT_FAILURE;
+    return QApplication::exec();
 }
 
 QString quoted(const char *text)
@@ -60,8 +63,10 @@ private Q_SLOTS:
 
     void startsInOrder();
     void startsWithALibraryThatFails();
+    void startsWithoutALibrary();
     void tellsTheWindowsVersion_data();
     void tellsTheWindowsVersion();
+    void tellsTheLibraryTheWindowsVersion();
     void keepsOneKeyForEachUuidAndContext();
     void removesOnlyTheKeyThatIsNamed();
     void appearingTwiceKeepsTheKey();
@@ -76,6 +81,7 @@ private Q_SLOTS:
     void endsTheLoopInAnotherMode();
     void passWithoutAHostOnlyRefreshes();
     void passesRunEverySecond();
+    void sessionEndStopsTheLibraryAndTheProcess_data();
     void sessionEndStopsTheLibraryAndTheProcess();
 
 private:
@@ -151,6 +157,22 @@ void tst_SystemMonitorPlugin::startsWithALibraryThatFails()
     QCOMPARE(InMemoryLibrary::detectedSensorsCalls, 0);
 }
 
+void tst_SystemMonitorPlugin::startsWithoutALibrary()
+{
+    InMemoryLibrary::canBeCreated = false;
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    const QStringList messages = MessageCapture::messages();
+    QVERIFY(messages.at(5).startsWith(QLatin1String("\"thisSystemMonitorLib obj create failed: ")));
+    QCOMPARE(messages.mid(6),
+             (QStringList{quoted("初始化性能监视器模块失败"), quoted("初始化系统信息"),
+                          quoted("更新CPU型号&GPU型号")}));
+    QVERIFY(!plugin().systemMonitorLib());
+    QCOMPARE(systemInfor::AudioDeviceNames, QStringList(QStringLiteral("Speakers")));
+    plugin().WillAppearForAction(actionuuid::diskTemperature, context, {}, QString());
+    plugin().updateImages();
+    QCOMPARE(InMemoryLibrary::initCalls, 0);
+}
+
 void tst_SystemMonitorPlugin::tellsTheWindowsVersion_data()
 {
     QTest::addColumn<int>("version");
@@ -165,6 +187,15 @@ void tst_SystemMonitorPlugin::tellsTheWindowsVersion()
 {
     QFETCH(int, version);
     QTEST(isNewerThanWindows7(version), "newer");
+}
+
+void tst_SystemMonitorPlugin::tellsTheLibraryTheWindowsVersion()
+{
+    for (const int version : {144, 145}) {
+        InMemoryLibrary::lastInitFlag = version == 144;
+        m_plugin = std::make_unique<SystemMonitorPlugin>(nullptr, version);
+        QCOMPARE(InMemoryLibrary::lastInitFlag, version == 145);
+    }
 }
 
 void tst_SystemMonitorPlugin::keepsOneKeyForEachUuidAndContext()
@@ -391,14 +422,26 @@ void tst_SystemMonitorPlugin::passesRunEverySecond()
     QVERIFY(timer.elapsed() >= 1900);
 }
 
+void tst_SystemMonitorPlugin::sessionEndStopsTheLibraryAndTheProcess_data()
+{
+    QTest::addColumn<QString>("argument");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QByteArray>("output");
+    QTest::newRow("library") << QString::fromLatin1(endTheSession) << EXIT_SUCCESS
+                             << QByteArray("deinit calls: 1\n");
+    QTest::newRow("none: the process goes on") << QString::fromLatin1(endTheSessionWithoutALibrary)
+                                               << EXIT_FAILURE << QByteArray("deinit calls: 0\n");
+}
+
 void tst_SystemMonitorPlugin::sessionEndStopsTheLibraryAndTheProcess()
 {
+    QFETCH(QString, argument);
     QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(endTheSession)});
+    process.start(QCoreApplication::applicationFilePath(), {argument});
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(process.exitCode(), 0);
-    QCOMPARE(process.readAllStandardOutput(), QByteArray("deinit calls: 1\n"));
+    QTEST(process.exitCode(), "status");
+    QTEST(process.readAllStandardOutput(), "output");
     QVERIFY(process.readAllStandardError().contains("\"Commit data request.\"\n"));
 }
 
@@ -406,7 +449,9 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     if (argc == 2 && qstrcmp(argv[1], endTheSession) == 0)
-        return runUntilSessionEnds();
+        return runUntilSessionEnds(true);
+    if (argc == 2 && qstrcmp(argv[1], endTheSessionWithoutALibrary) == 0)
+        return runUntilSessionEnds(false);
     tst_SystemMonitorPlugin test;
     return QTest::qExec(&test, argc, argv);
 }

@@ -3,7 +3,6 @@
 #include "sensors/audio.h"
 #include "tests/support/InMemoryLibrary.h"
 #include "tests/support/InMemoryMachine.h"
-#include "tests/support/MessageCapture.h"
 
 #include <QtTest>
 
@@ -16,8 +15,7 @@ private Q_SLOTS:
 
     void readsEveryDevice();
     void truncatesTheSelectedVolume();
-    void indexPastTheLastDevice_data();
-    void indexPastTheLastDevice();
+    void selectedVolumeThatCannotBeRead();
 };
 
 void tst_AudioReadings::init()
@@ -50,23 +48,17 @@ void tst_AudioReadings::truncatesTheSelectedVolume()
     QCOMPARE(readings.selectedVolume, 35);
 }
 
-void tst_AudioReadings::indexPastTheLastDevice_data()
+void tst_AudioReadings::selectedVolumeThatCannotBeRead()
 {
-    QTest::addColumn<int>("index");
-    QTest::newRow("one past") << 1;
-    QTest::newRow("negative") << -1;
-}
-
-void tst_AudioReadings::indexPastTheLastDevice()
-{
-    QFETCH(int, index);
-    InMemoryMachine::devices = {{QStringLiteral("Speakers"), 50.0F}};
-    const MessageCapture capture;
-    const AudioReadings readings = readAudio(machineAudio(), index);
-    QCOMPARE(readings.volumes, QList<float>{50.0F});
+    InMemoryMachine::devices = {{QStringLiteral("Speakers"), 50.0F},
+                                {QStringLiteral("Headset"), -1.0F}};
+    const AudioReadings readings = readAudio(machineAudio(), 1);
+    QCOMPARE(readings.volumes, (QList<float>{50.0F, -1.0F}));
     QCOMPARE(readings.selectedVolume, -1);
-    QCOMPARE(MessageCapture::messages(),
-             QStringList{QStringLiteral("\"AudioERR: Invalid device index\"")});
+    // What is selected is asked for even where the list is shorter.
+    InMemoryLibrary::queries.clear();
+    QCOMPARE(readAudio(machineAudio(), 2).selectedVolume, -1);
+    QCOMPARE(InMemoryLibrary::queries.constLast(), QStringLiteral("volume 2"));
 }
 
 QTEST_APPLESS_MAIN(tst_AudioReadings)

@@ -57,7 +57,7 @@ void tst_CpuAndDrives::readsCpuTemperature()
 {
     QFETCH(QByteArray, dts);
     QFETCH(QByteArray, enhanced);
-    const CpuHeat heat = cpuHeat(object(dts), object(enhanced));
+    const CpuHeat heat = cpuHeat(object(dts), object(enhanced), {});
     QTEST(heat.temperature, "temperature");
     QTEST(heat.temperatureUnits, "units");
 }
@@ -81,7 +81,7 @@ void tst_CpuAndDrives::readsCpuPower_data()
 void tst_CpuAndDrives::readsCpuPower()
 {
     QFETCH(QByteArray, enhanced);
-    const CpuHeat heat = cpuHeat({}, object(enhanced));
+    const CpuHeat heat = cpuHeat({}, {}, object(enhanced));
     QTEST(heat.power, "power");
     QTEST(heat.powerUnits, "units");
 }

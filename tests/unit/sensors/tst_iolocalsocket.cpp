@@ -4,11 +4,11 @@
 #include <QElapsedTimer>
 #include <QLocalServer>
 #include <QLocalSocket>
+#include <QSemaphore>
+#include <QThread>
 #include <QtTest>
 
-#include <atomic>
 #include <memory>
-#include <thread>
 
 namespace {
 
@@ -18,47 +18,58 @@ QString quoted(const QString &text)
 }
 
 /// The service, on a thread of its own because the client blocks its caller.
-class Service
+class Service : public QThread
 {
 public:
-    /// Answers the first request of one connection with \a reply; an empty one is no answer.
-    explicit Service(const QByteArray &reply)
-        : m_thread([this, reply] { serve(reply); })
+    enum class Answer { Reply, Silence, HangUp };
+
+    /// Answers the first request of one connection.
+    explicit Service(Answer answer, const QByteArray &reply = QByteArray())
+        : m_answer(answer)
+        , m_reply(reply)
     {
-        while (!m_listening)
-            std::this_thread::yield();
+        start();
+        m_listening.acquire();
     }
-    ~Service()
+    ~Service() override
     {
-        m_done = true;
-        m_thread.join();
+        m_done.release();
+        wait();
     }
     Q_DISABLE_COPY(Service)
 
     QByteArray request;
 
 private:
-    void serve(const QByteArray &reply)
+    void run() override
     {
         QLocalServer::removeServer(QStringLiteral("MyPersistentServiceSocket"));
         QLocalServer server;
         if (!server.listen(QStringLiteral("MyPersistentServiceSocket")))
             qFatal("The local socket is taken");
-        m_listening = true;
+        m_listening.release();
         server.waitForNewConnection(10000);
         const std::unique_ptr<QLocalSocket> client(server.nextPendingConnection());
-        if (client && client->waitForReadyRead(10000)) {
-            request = client->readAll();
-            client->write(reply);
-            client->waitForBytesWritten(1000);
-        }
-        while (!m_done)
-            std::this_thread::yield();
+        if (client && client->waitForReadyRead(10000))
+            answer(*client);
+        m_done.acquire();
     }
 
-    std::atomic<bool> m_listening = false;
-    std::atomic<bool> m_done = false;
-    std::thread m_thread;
+    void answer(QLocalSocket &client)
+    {
+        request = client.readAll();
+        if (m_answer == Answer::HangUp)
+            client.abort();
+        if (m_answer != Answer::Reply)
+            return;
+        client.write(m_reply);
+        client.waitForBytesWritten(1000);
+    }
+
+    const Answer m_answer;
+    const QByteArray m_reply;
+    QSemaphore m_listening;
+    QSemaphore m_done;
 };
 
 class ImpatientClient : public IoLocalSocket
@@ -85,6 +96,7 @@ private Q_SLOTS:
     void readsWhatHasCome_data();
     void readsWhatHasCome();
     void reportsASilentService();
+    void reportsAServiceThatDies();
     void triesAgainWhenNobodyListens();
     void skipsBytesOfTheErrorLabel_data();
     void skipsBytesOfTheErrorLabel();
@@ -101,7 +113,7 @@ void tst_IoLocalSocket::doesNothingWithoutTheSwitch()
 void tst_IoLocalSocket::fetchesWithTheSwitch()
 {
     const QString reply = QStringLiteral(R"({"code":0,"result":{"a":1}})");
-    Service service(reply.toUtf8());
+    const Service service(Service::Answer::Reply, reply.toUtf8());
     const MessageCapture capture;
     const IoLocalSocket client(true);
     QVERIFY(client.isConnected());
@@ -128,7 +140,7 @@ void tst_IoLocalSocket::readsWhatHasCome()
 {
     QFETCH(QByteArray, reply);
     QFETCH(QString, error);
-    const Service service(reply);
+    const Service service(Service::Answer::Reply, reply);
     const MessageCapture capture;
     ImpatientClient client(1);
     client.connectToService();
@@ -139,7 +151,7 @@ void tst_IoLocalSocket::readsWhatHasCome()
 
 void tst_IoLocalSocket::reportsASilentService()
 {
-    const Service service("");
+    const Service service(Service::Answer::Silence);
     const MessageCapture capture;
     ImpatientClient client(1);
     client.connectToService();
@@ -155,6 +167,29 @@ void tst_IoLocalSocket::reportsASilentService()
     const QStringList labels{quoted(socketErrorLabel(QLocalSocket::SocketTimeoutError)),
                              quoted(socketErrorLabel(QLocalSocket::UnknownSocketError))};
     QVERIFY(labels.contains(messages.at(messages.size() - 2)));
+    QVERIFY(messages.constLast().startsWith(QStringLiteral("\"socket 错误描述:")));
+}
+
+void tst_IoLocalSocket::reportsAServiceThatDies()
+{
+    const Service service(Service::Answer::HangUp);
+    const MessageCapture capture;
+    ImpatientClient client(1);
+    client.connectToService();
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(client.fetch().isEmpty());
+    QVERIFY(timer.elapsed() < 2800);
+    const QStringList messages = MessageCapture::messages();
+    QCOMPARE(messages.size(), 6);
+    QCOMPARE(messages.at(2), quoted(QStringLiteral("等待响应超时")));
+    QCOMPARE(messages.at(3),
+             quoted(QStringLiteral("socket 状态:%1").arg(int(QLocalSocket::UnconnectedState))));
+    // A named pipe of Windows may end without an error of the socket.
+    const bool isPipe = QSysInfo::kernelType() == QLatin1String("winnt");
+    const QString unknown = quoted(socketErrorLabel(QLocalSocket::UnknownSocketError));
+    QVERIFY(messages.at(4) == quoted(socketErrorLabel(QLocalSocket::PeerClosedError)) ||
+            (isPipe && messages.at(4) == unknown));
     QVERIFY(messages.constLast().startsWith(QStringLiteral("\"socket 错误描述:")));
 }
 

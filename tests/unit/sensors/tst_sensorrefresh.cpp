@@ -17,16 +17,20 @@ class tst_SensorRefresh : public QObject
 private Q_SLOTS:
     void init();
 
+    void asksInOrder_data();
     void asksInOrder();
     void storesMemory();
     void storesCpu();
+    void takesTheTemperatureOfTheEnhancedTree();
     void storesGpu();
+    void takesGraphicsOfTheEnhancedTree();
     void storesNetwork();
     void storesDriveTemperatures();
     void storesSensorLists();
     void storesDrivesAndAudio();
     void replacesTheListsOfDrives();
     void refreshOfNothingHoldsZeros();
+    void refreshWithoutALibraryHoldsZeros();
     void storesModelNames();
 
 private:
@@ -45,19 +49,34 @@ void tst_SensorRefresh::init()
 
 void tst_SensorRefresh::refresh(int audioDevice)
 {
-    refreshSystemInfor(m_library, audioDevice);
+    refreshSystemInfor(&m_library, audioDevice);
+}
+
+void tst_SensorRefresh::asksInOrder_data()
+{
+    QTest::addColumn<QByteArray>("dts");
+    QTest::addColumn<QString>("heat");
+    QTest::newRow("with a temperature tree") << QByteArray(R"({"CPU Package":[]})")
+                                             << QStringLiteral("getCPUDTSInfo, getCPUEnhancedInfo");
+    QTest::newRow("without") << QByteArray("{}")
+                             << QStringLiteral(
+                                    "getCPUDTSInfo, getCPUEnhancedInfo, getCPUEnhancedInfo");
 }
 
 void tst_SensorRefresh::asksInOrder()
 {
+    QFETCH(QByteArray, dts);
+    QFETCH(QString, heat);
+    InMemoryLibrary::cpuDtsInfo = json(dts);
     InMemoryMachine::drives = {{QStringLiteral("/"), QString(), InMemoryMachine::gigabytes(1, 2)}};
     InMemoryMachine::devices = {{QStringLiteral("Speakers"), 1.0F}};
     refresh();
     QCOMPARE(InMemoryLibrary::queries.join(QStringLiteral(", ")),
              QStringLiteral("drives, volume name /, space /, devices, volume 0, volume 0, "
-                            "getSystemInfo, getMemoryTimingsInfo, getCPUInfo, getCPUDTSInfo, "
-                            "getCPUEnhancedInfo, getGPUInfo, getNetworkInfo, getSMARTInfo, "
-                            "getSMARTInfo, getPresentMon, getAllSensorsData"));
+                            "getSystemInfo, getMemoryTimingsInfo, getCPUInfo, %1, getGPUInfo, "
+                            "getNetworkInfo, getSMARTInfo, getSMARTInfo, getPresentMon, "
+                            "getAllSensorsData")
+                 .arg(heat));
 }
 
 void tst_SensorRefresh::storesMemory()
@@ -96,6 +115,16 @@ void tst_SensorRefresh::storesCpu()
     QCOMPARE(Info::CpuPowerUnits, QStringLiteral("W"));
 }
 
+void tst_SensorRefresh::takesTheTemperatureOfTheEnhancedTree()
+{
+    InMemoryLibrary::cpuEnhancedInfo = json(R"json({"CPU (Tctl/Tdie)":[{"value":61.5,"units":"C"}],
+        "CPU Package Power":[{"value":88,"units":"W"}]})json");
+    refresh();
+    QCOMPARE(Info::CpuTemperature, 61);
+    QCOMPARE(Info::CpuTemperatureUnits, QStringLiteral("°C"));
+    QCOMPARE(Info::CpuPower, 88.0);
+}
+
 void tst_SensorRefresh::storesGpu()
 {
     InMemoryLibrary::gpuInfo = json(R"({"small":{"GPU Memory Total":[{"value":1}]},
@@ -123,6 +152,25 @@ void tst_SensorRefresh::storesGpu()
     QCOMPARE(Info::GpuPowerUnits, QStringLiteral("W"));
     QCOMPARE(Info::GpuVoltage, 0.9);
     QCOMPARE(Info::GpuVoltageUnits, QStringLiteral("V"));
+}
+
+void tst_SensorRefresh::takesGraphicsOfTheEnhancedTree()
+{
+    InMemoryLibrary::cpuEnhancedInfo = json(R"json({"CPU Package":[{"value":57,"units":"C"}],
+        "GPU Clock":[{"value":1150,"units":"MHz"}],"GPU D3D Usage":[{"value":12,"units":"%"}],
+        "Imaging Unit (IMGU) Clock":[{"value":400,"units":"MHz"}],
+        "GPU D3D Memory Dynamic":[{"value":512,"units":"MB"}],
+        "GT Cores Power":[{"value":3.5,"units":"W"}],"iGPU VID":[{"value":0.75,"units":"V"}]})json");
+    refresh();
+    QCOMPARE(Info::GpuTemperature, 57);
+    QCOMPARE(Info::GpuTemperatureUnits, QStringLiteral("°C"));
+    QCOMPARE(Info::GpuClock, 1150);
+    QCOMPARE(Info::GpuLoad, 12);
+    QCOMPARE(Info::GpuMemoryClock, 400);
+    QCOMPARE(Info::GpuMemoryUsage, 0.0);
+    QCOMPARE(Info::GpuMemoryAllocated, 512.0);
+    QCOMPARE(Info::GpuPower, 3.5);
+    QCOMPARE(Info::GpuVoltage, 0.75);
 }
 
 void tst_SensorRefresh::storesNetwork()
@@ -203,21 +251,54 @@ void tst_SensorRefresh::refreshOfNothingHoldsZeros()
 {
     fillSnapshot();
     refresh();
-    QCOMPARE(Info::CpuUsage, 0U);
-    QCOMPARE(Info::CpuTemperature, 0);
-    QCOMPARE(Info::CpuClock, 0);
-    QCOMPARE(Info::CpuClockUnits, QStringLiteral("MHz"));
-    QCOMPARE(Info::MemoryLoad, 0U);
-    QCOMPARE(Info::MemoryTotalMB, 0);
-    QCOMPARE(Info::NetUpRate, 0.0);
-    QCOMPARE(Info::NetUpRateUnits, QStringLiteral("Kb/s"));
-    QCOMPARE(Info::GpuTemperature, 0);
-    QCOMPARE(Info::GpuMemoryUsage, 0.0);
+    const auto numbers = [](auto... each) { return QList<double>{static_cast<double>(each)...}; };
+    QCOMPARE(numbers(Info::CpuUsage, Info::CpuTemperature, Info::CpuClock, Info::CpuPower,
+                     Info::CpuVoltage),
+             numbers(0, 0, 0, 0, 0));
+    QCOMPARE(numbers(Info::MemoryLoad, Info::MemoryUsedMB, Info::MemoryAvailableMB,
+                     Info::MemoryTotalMB, Info::MemoryUsedGB, Info::MemoryAvailableGB,
+                     Info::MemoryTotalGB, Info::MemoryTotalGBRounded),
+             numbers(0, 0, 0, 0, 0, 0, 0, 0));
+    QCOMPARE(numbers(Info::NetUpRate, Info::NetDownRate), numbers(0, 0));
+    QCOMPARE(numbers(Info::GpuTemperature, Info::GpuClock, Info::GpuLoad, Info::GpuMemoryClock,
+                     Info::GpuMemoryUsage, Info::GpuMemoryAllocated, Info::GpuPower,
+                     Info::GpuVoltage),
+             numbers(0, 0, 0, 0, 0, 0, 0, 0));
+    QCOMPARE((QStringList{Info::CpuUsageUnits, Info::CpuTemperatureUnits, Info::CpuClockUnits,
+                          Info::CpuPowerUnits, Info::CpuVoltageUnits, Info::MemoryLoadUnits})
+                 .join(QLatin1Char(' ')),
+             QStringLiteral("% °C MHz  V %"));
+    QCOMPARE((QStringList{Info::NetUpRateUnits, Info::NetDownRateUnits}).join(QLatin1Char(' ')),
+             QStringLiteral("Kb/s Kb/s"));
+    QCOMPARE(
+        (QStringList{Info::GpuTemperatureUnits, Info::GpuClockUnits, Info::GpuLoadUnits,
+                     Info::GpuMemoryClockUnits, Info::GpuMemoryUsageUnits,
+                     Info::GpuMemoryAllocatedUnits, Info::GpuPowerUnits, Info::GpuVoltageUnits})
+            .join(QLatin1Char(' ')),
+        QStringLiteral("°C MHz % MHz % MB W V"));
     QCOMPARE(Info::AIOPump, QStringLiteral("nodata"));
     QVERIFY(Info::CpuFanList.isEmpty());
     QVERIFY(Info::SensorList.isEmpty());
+    QVERIFY(Info::SmartInfo.isEmpty());
     QVERIFY(Info::DriveTemperatureList.isEmpty());
     QCOMPARE(Info::AllSensorsData.keys(), QStringList(QStringLiteral("FPS")));
+}
+
+void tst_SensorRefresh::refreshWithoutALibraryHoldsZeros()
+{
+    fillSnapshot();
+    InMemoryMachine::drives = {{QStringLiteral("/"), QString(), InMemoryMachine::gigabytes(1, 2)}};
+    refreshSystemInfor(nullptr, 0);
+    QCOMPARE(Info::CpuUsage, 0U);
+    QCOMPARE(Info::GpuTemperatureUnits, QStringLiteral("°C"));
+    QCOMPARE(Info::AIOPump, QStringLiteral("nodata"));
+    QVERIFY(Info::SensorList.isEmpty());
+    QCOMPARE(Info::DriveRoots, QStringList(QStringLiteral("/")));
+    Info::CpuModel.clear();
+    Info::GpuModel.clear();
+    refreshModelNames(nullptr);
+    QCOMPARE(Info::CpuModel, QString());
+    QCOMPARE(Info::GpuModel, QStringLiteral("integrated GPU"));
 }
 
 void tst_SensorRefresh::storesModelNames()
@@ -226,7 +307,7 @@ void tst_SensorRefresh::storesModelNames()
         json(R"({"CPU [#0]: AMD Ryzen 9 5900X":{},"GPU [#0]: NVIDIA GeForce RTX 3080: Asus":{}})");
     Info::CpuModel.clear();
     Info::GpuModel.clear();
-    refreshModelNames(m_library);
+    refreshModelNames(&m_library);
     QCOMPARE(Info::CpuModel, QStringLiteral("AMD Ryzen 9 5900X"));
     QCOMPARE(Info::GpuModel, QStringLiteral("NVIDIA GeForce RTX 3080"));
 }

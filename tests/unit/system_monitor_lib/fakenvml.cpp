@@ -1,6 +1,7 @@
 // Stands in for NVIDIA's management library. Its behaviour is steered by environment variables of
 // the process: FAKE_NVML_FAIL holds names of functions that answer FAKE_NVML_CODE, FAKE_NVML_LOST
-// the number of a GPU that is lost. FakeNvmlInits counts how often it is in use.
+// the number of a GPU that is lost. fakeNvmlInUse counts its users, fakeNvmlHeld has a bit for each
+// GPU that is held.
 
 #include <QtGlobal>
 
@@ -14,8 +15,11 @@ namespace {
 constexpr int success = 0;
 constexpr int gpuIsLost = 15;
 constexpr unsigned gpus = 2;
+/// One more than are counted can be reached by its address.
+const char *const addresses[] = {"0000:07:00.0", "0000:09:00.0", "0000:0a:00.0"};
 
 int inUse = 0;
+int held = 0;
 
 // The tests set these before they call, from the same thread.
 std::string variable(const char *name)
@@ -52,11 +56,30 @@ struct FakeMemory
     unsigned long long used;
 };
 
+namespace {
+
+int handle(unsigned index, FakeGpu **device)
+{
+    static FakeGpu known[] = {{0}, {1}, {2}};
+    if (variable("FAKE_NVML_LOST") == std::to_string(index))
+        return gpuIsLost;
+    *device = &known[index];
+    held |= 1 << index;
+    return answer("Handle");
+}
+
+} // namespace
+
 #define EXPORTED extern "C" Q_DECL_EXPORT
 
 EXPORTED int fakeNvmlInUse()
 {
     return inUse;
+}
+
+EXPORTED int fakeNvmlHeld()
+{
+    return held;
 }
 
 EXPORTED int nvmlInit_v2()
@@ -71,6 +94,7 @@ EXPORTED int nvmlInit_v2()
 EXPORTED int nvmlShutdown()
 {
     --inUse;
+    held = 0;
     return success;
 }
 
@@ -82,13 +106,18 @@ EXPORTED int nvmlDeviceGetCount_v2(unsigned *count)
 
 EXPORTED int nvmlDeviceGetHandleByIndex_v2(unsigned index, FakeGpu **device)
 {
-    static FakeGpu known[gpus] = {{0}, {1}};
-    if (index >= gpus)
-        return 2;
-    if (variable("FAKE_NVML_LOST") == std::to_string(index))
-        return gpuIsLost;
-    *device = &known[index];
-    return answer("Handle");
+    return index < gpus ? handle(index, device) : 2;
+}
+
+EXPORTED int nvmlDeviceGetHandleByPciBusId_v2(const char *address, FakeGpu **device)
+{
+    unsigned index = 0;
+    for (const char *const known : addresses) {
+        if (std::strcmp(known, address) == 0)
+            return handle(index, device);
+        ++index;
+    }
+    return 6;
 }
 
 EXPORTED int nvmlDeviceGetName(FakeGpu *device, char *name, unsigned length)

@@ -2,6 +2,7 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QStringList>
 
 /// The first reading under a label; empty when the label is absent.
 inline QJsonObject firstReading(const QJsonObject &tree, const QString &label)
@@ -18,4 +19,21 @@ inline double value(const QJsonObject &tree, const QString &label)
 inline QString units(const QJsonObject &tree, const QString &label)
 {
     return firstReading(tree, label).value(QStringLiteral("units")).toString();
+}
+
+/// Adds one line per reading and per device without readings.
+inline void describe(const QString &path, const QJsonObject &tree, QStringList &lines)
+{
+    if (tree.isEmpty())
+        lines += path;
+    for (auto member = tree.begin(); member != tree.end(); ++member) {
+        const QString name = QStringLiteral("%1 | %2").arg(path, member.key());
+        if (member.value().isObject())
+            describe(name, member.value().toObject(), lines);
+        else
+            lines += QStringLiteral("%1 = %2 %3")
+                         .arg(name)
+                         .arg(value(tree, member.key()), 0, 'g', 9)
+                         .arg(units(tree, member.key()));
+    }
 }

@@ -42,3 +42,17 @@ inline bool unpackMachine(const QString &machine, const QString &part, const QSt
     }
     return good;
 }
+
+/// The readings that a captured machine must give, those of its board or the others.
+inline QStringList readingsOf(const QString &machine, bool ofBoard)
+{
+    const QString board = QStringLiteral("board ");
+    QStringList readings;
+    for (const QString &line :
+         QString::fromUtf8(fixture(QStringLiteral("machines/%1.readings").arg(machine)))
+             .split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        if (line.startsWith(board) == ofBoard)
+            readings += ofBoard ? line.mid(board.size()) : line;
+    }
+    return readings;
+}

@@ -1,6 +1,6 @@
 #include "system_monitor_lib/live/BoardCollector.h"
-#include "tests/unit/system_monitor_lib/files.h"
 #include "tests/unit/system_monitor_lib/labels.h"
+#include "tests/unit/system_monitor_lib/machine.h"
 
 #include <QJsonDocument>
 #include <QProcess>
@@ -14,14 +14,14 @@ namespace {
 constexpr qint64 second = 1'000'000'000;
 constexpr qint64 millisecond = 1'000'000;
 
-/// Runs its arguments with $1/class and $1/devices laid over /sys and $1/etc in the place of the
-/// configuration. Nothing of it outlives the command.
+/// Runs its arguments with the captured machine in $1 laid over /sys, and with its configuration of
+/// libsensors. Nothing of it outlives the command.
 const QString layOver = QStringLiteral(R"(
 tree=$1; shift
 for part in class devices; do
-    mount -t overlay fake -o "lowerdir=$tree/$part:/sys/$part" "/sys/$part" || exit 77
+    mount -t overlay fake -o "lowerdir=$tree/sys/$part:/sys/$part" "/sys/$part" || exit 77
 done
-mount --bind "$tree/etc" /etc/sensors.d || exit 77
+mount --bind "$tree/etc/sensors.d" /etc/sensors.d || exit 77
 exec "$@"
 )");
 
@@ -38,10 +38,6 @@ private Q_SLOTS:
     void coreVoltageIsFoundByLabel();
     void keepsTheLocale();
     void readsARealChip();
-
-private:
-    /// Whether \a tree holds a board's chip, as libsensors wants it.
-    static bool makeChip(const QString &tree);
 };
 
 void BoardCollectorTest::rests_data()
@@ -96,41 +92,12 @@ void BoardCollectorTest::keepsTheLocale()
     QCOMPARE(QByteArray(std::setlocale(LC_ALL, nullptr)), QByteArray("C.UTF-8"));
 }
 
-bool BoardCollectorTest::makeChip(const QString &tree)
-{
-    const QString device = tree + QStringLiteral("/devices/platform/nct6775.656");
-    const QString chip = device + QStringLiteral("/hwmon/hwmon7/");
-    const QList<QPair<const char *, QByteArray>> files{
-        {"name", "nct6798"},       {"in0_input", "1216"},     {"fan1_input", "812"},
-        {"fan2_input", "1240"},    {"fan7_input", "2710"},    {"fan3_input", "0"},
-        {"temp1_input", "31000"},  {"temp1_label", "SYSTIN"}, {"temp2_input", "45000"},
-        {"temp2_label", "CPUTIN"}, {"temp2_fault", "1"},      {"temp3_input", "-62000"},
-        {"temp4_input", "junk"},
-    };
-    bool good = true;
-    for (const auto &file : files)
-        good = writeFile(chip + QString::fromLatin1(file.first), file.second + '\n') && good;
-    good = writeFile(tree + QStringLiteral("/etc/test.conf"), "chip \"nct6798-*\"\n"
-                                                              "  label in0 \"Vcore\"\n"
-                                                              "  compute in0 @/2, @*2\n"
-                                                              "  label fan2 \"CPU Fan\"\n"
-                                                              "  label fan7 \"AIO Pump\"\n"
-                                                              "  ignore fan3\n") &&
-           good;
-    return good && QDir().mkpath(tree + QStringLiteral("/devices/bus/platform")) &&
-           QDir().mkpath(tree + QStringLiteral("/class/hwmon")) &&
-           QFile::link(QStringLiteral("../../devices/bus/platform"),
-                       device + QStringLiteral("/subsystem")) &&
-           QFile::link(QStringLiteral("../../../nct6775.656"), chip + QStringLiteral("device")) &&
-           QFile::link(QStringLiteral("/sys/devices/platform/nct6775.656/hwmon/hwmon7"),
-                       tree + QStringLiteral("/class/hwmon/hwmon7"));
-}
-
 void BoardCollectorTest::readsARealChip()
 {
+    const QString machine = QStringLiteral("amd-desktop");
     const QTemporaryDir directory;
     QVERIFY(directory.isValid());
-    QVERIFY(makeChip(directory.path()));
+    QVERIFY(unpackMachine(machine, QString(), directory.path()));
     const QString recording = directory.filePath(QStringLiteral("recording.json"));
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
@@ -149,23 +116,15 @@ void BoardCollectorTest::readsARealChip()
     QFile file(recording);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QJsonObject root = QJsonDocument::fromJson(file.readAll()).object();
-    const QJsonObject chip = root.value(QStringLiteral("getAllSensorsData"))
-                                 .toObject()
-                                 .value(QStringLiteral("nct6798-isa-0290"))
-                                 .toObject();
-    const QStringList expected{QStringLiteral("AIO Pump"), QStringLiteral("CPU Fan"),
-                               QStringLiteral("SYSTIN"), QStringLiteral("Vcore"),
-                               QStringLiteral("fan1")};
-    QCOMPARE(chip.keys(), expected);
-    QCOMPARE(value(chip, QStringLiteral("AIO Pump")), 2710.0);
-    QCOMPARE(units(chip, QStringLiteral("AIO Pump")), QStringLiteral("RPM"));
-    QCOMPARE(value(chip, QStringLiteral("CPU Fan")), 1240.0);
-    QCOMPARE(value(chip, QStringLiteral("fan1")), 812.0);
-    QCOMPARE(value(chip, QStringLiteral("SYSTIN")), 31.0);
-    QCOMPARE(units(chip, QStringLiteral("SYSTIN")), QStringLiteral("°C"));
-    QCOMPARE(value(chip, QStringLiteral("Vcore")), 0.608);
-    const QJsonObject cpu = root.value(QStringLiteral("getCPUInfo")).toObject();
-    QCOMPARE(value(cpu, QStringLiteral("Core VID")), 0.608);
+    const QString chip = QStringLiteral("nct6799-isa-0290");
+    const QJsonObject groups = root.value(QStringLiteral("getAllSensorsData")).toObject();
+    const QString query = QStringLiteral("getCPUInfo");
+    const QString voltage = QStringLiteral("Core VID");
+    const QJsonObject cpu = root.value(query).toObject();
+    QStringList readings;
+    describe(chip, groups.value(chip).toObject(), readings);
+    describe(query, {{voltage, cpu.value(voltage)}}, readings);
+    QCOMPARE(readings, readingsOf(machine, true));
 }
 
 QTEST_GUILESS_MAIN(BoardCollectorTest)

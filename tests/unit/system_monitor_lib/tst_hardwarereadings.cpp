@@ -1,3 +1,4 @@
+#include "sensors/GpuReadings.h"
 #include "system_monitor_lib/live/CpuClockCollector.h"
 #include "system_monitor_lib/live/LiveSource.h"
 #include "tests/unit/system_monitor_lib/labels.h"
@@ -43,6 +44,7 @@ private Q_SLOTS:
     void brokenPackagePowerIsAbsent();
     void packagesAreSummedUp();
     void counterThatWasSetAnewGivesNoPower();
+    void powerIsNotTakenForATemperature();
 
     void slowClocksAreAskedRarely();
     void coreThatGoesOffLineIsLeftOut();
@@ -167,7 +169,7 @@ void HardwareReadingsTest::brokenCpuTemperatureIsAbsent()
     QCOMPARE(value(after(0, Query::CpuDtsInfo), package), 47.0);
     QVERIFY(put(coretemp, content));
     QVERIFY(after(second, Query::CpuDtsInfo).isEmpty());
-    QVERIFY(!m_source->tree(Query::CpuEnhancedInfo).contains(package));
+    QCOMPARE(value(m_source->tree(Query::CpuEnhancedInfo), package), -1.0);
     QVERIFY(put(coretemp, "48000\n"));
     QCOMPARE(value(after(second, Query::CpuDtsInfo), package), 48.0);
 }
@@ -243,6 +245,20 @@ void HardwareReadingsTest::counterThatWasSetAnewGivesNoPower()
     QVERIFY(!after(second, Query::CpuEnhancedInfo).contains(packagePower));
     QVERIFY(put(energy, "3001000\n"));
     QCOMPARE(value(after(second, Query::CpuEnhancedInfo), packagePower), 3.0);
+}
+
+void HardwareReadingsTest::powerIsNotTakenForATemperature()
+{
+    QVERIFY(load(QStringLiteral("intel-desktop")));
+    const QJsonObject before = after(second, Query::CpuEnhancedInfo);
+    QCOMPARE(gpuReadings({}, before).temperature, 47);
+    QVERIFY(QFile::remove(path(coretemp)));
+    QVERIFY(put(energy, "262223000000\n"));
+    const QJsonObject tree = after(second, Query::CpuEnhancedInfo);
+    QCOMPARE(value(tree, packagePower), 80.0);
+    QVERIFY(tree.value(package).isArray());
+    QCOMPARE(gpuReadings({}, tree).temperature, 0);
+    QVERIFY(after(0, Query::CpuDtsInfo).isEmpty());
 }
 
 void HardwareReadingsTest::slowClocksAreAskedRarely()

@@ -1,7 +1,7 @@
 #include "system_monitor_lib/live/CoreClockCollector.h"
 #include "system_monitor_lib/live/CpuModel.h"
 #include "system_monitor_lib/live/LiveSource.h"
-#include "system_monitor_lib/live/NvidiaSleep.h"
+#include "system_monitor_lib/live/NvidiaDevices.h"
 #include "system_monitor_lib/live/StorageDrives.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 
@@ -84,7 +84,10 @@ void LiveMachineTest::nothingSleepsThatIsNotThere()
 {
     if (QFileInfo::exists(thisMachine().nvidiaLibrary))
         QSKIP("This machine may have an NVIDIA GPU");
-    QVERIFY(!allNvidiaGpusSleep({}));
+    const std::vector<NvidiaDevice> devices = NvidiaDevices({}).look(0);
+    QCOMPARE(devices.size(), std::size_t{1});
+    QVERIFY(devices.front().address.isEmpty());
+    QVERIFY(!devices.front().sleeps);
 }
 
 QTEST_GUILESS_MAIN(LiveMachineTest)

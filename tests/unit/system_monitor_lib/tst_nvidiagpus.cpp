@@ -112,7 +112,8 @@ void NvidiaGpusTest::absurdValuesAreLeftOut()
     readings.loadPercent = 101;
     readings.milliwatts = 5'000'001;
     readings.memory = NvidiaReadings::Memory{1, 0};
-    const GpuState state = nvidiaState(QStringLiteral("GPU"), readings);
+    readings.name = QStringLiteral("GPU");
+    const GpuState state = nvidiaState(readings);
     QVERIFY(state.labels.isEmpty());
     QCOMPARE(state.memory, 0.0);
     QCOMPARE(state.name, QStringLiteral("GPU"));

@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/NvidiaSleep.h"
+#include "system_monitor_lib/live/NvidiaDevices.h"
 
 #include <array>
 #include <memory>
@@ -44,9 +44,8 @@ bool sleeps(HDEVINFO list, SP_DEVINFO_DATA &device)
     return known && power.PD_MostRecentPowerState == PowerDeviceD3;
 }
 
-} // namespace
-
-bool allNvidiaGpusSleep(const MachineRoots & /*roots*/)
+/// Whether there are such devices and all of them sleep.
+bool allSleep()
 {
     const DeviceList list = displayAdapters();
     if (!list)
@@ -62,4 +61,20 @@ bool allNvidiaGpusSleep(const MachineRoots & /*roots*/)
         found = true;
     }
     return found;
+}
+
+} // namespace
+
+class NvidiaDevices::Private
+{
+};
+
+NvidiaDevices::NvidiaDevices(const MachineRoots & /*roots*/) {}
+
+NvidiaDevices::~NvidiaDevices() = default;
+
+// The system does not tell whether a device waits for its last user to go.
+std::vector<NvidiaDevice> NvidiaDevices::look(qint64 /*nowNs*/)
+{
+    return {{QString(), allSleep(), std::nullopt}};
 }
