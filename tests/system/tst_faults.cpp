@@ -135,7 +135,9 @@ void tst_Faults::outlivesAHostThatIsStopped()
     const int passes = plugin.timesLogged(passEnd);
     QTRY_PATIENTLY(plugin.timesLogged(passEnd) >= passes + 5);
     const qint64 meanwhile = plugin.residentMemory();
-    QVERIFY2(meanwhile < before + 3 * backlog, qPrintable(QString::number(meanwhile - before)));
+    // The sanitizers keep what is freed for a while.
+    constexpr int most = isSanitized ? 12 : 3;
+    QVERIFY2(meanwhile < before + most * backlog, qPrintable(QString::number(meanwhile - before)));
 
     host.goOn();
     const int read = host.pictures();

@@ -1,3 +1,5 @@
+#include "sensors/drives.h"
+
 #include <QColor>
 #include <QDir>
 #include <QImage>
@@ -203,6 +205,8 @@ void tst_Simulator::playsScripts_data()
 void tst_Simulator::playsScripts()
 {
     QFETCH(const QString, script);
+    if (script.endsWith(QLatin1String("/drives.jsonl")) && machineDrives().fixedRoots().isEmpty())
+        QSKIP("this machine has no fixed drive");
     run({QStringLiteral("--deck=empty"), QStringLiteral("--quiet"), QStringLiteral("--script"),
          script});
     QFile log(path("work/log.txt"));
