@@ -1,5 +1,7 @@
 #include "shell/heap.h"
 
+#include <cstddef>
+
 #include <malloc.h>
 
 void returnLargeBlocksWhenFreed()
@@ -10,4 +12,11 @@ void returnLargeBlocksWhenFreed()
     constexpr int mostKept = 1024 * 1024;
     mallopt(M_MMAP_THRESHOLD, largeBlock);
     mallopt(M_TRIM_THRESHOLD, mostKept);
+}
+
+void returnFreedMemory()
+{
+    constexpr std::size_t kept = 4 * 1024 * 1024;
+    if (mallinfo2().fordblks > kept)
+        malloc_trim(0);
 }

@@ -4,3 +4,5 @@ void returnLargeBlocksWhenFreed()
 {
     // The system's heap does so.
 }
+
+void returnFreedMemory() {}

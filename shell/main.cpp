@@ -8,6 +8,15 @@
 
 #include <QApplication>
 #include <QThread>
+#include <QTimer>
+
+#include <chrono>
+
+namespace {
+
+constexpr std::chrono::seconds heapInterval{5};
+
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -30,5 +39,8 @@ int main(int argc, char **argv)
         return 1;
     }
     window.hide();
+    QTimer heapTimer;
+    QObject::connect(&heapTimer, &QTimer::timeout, &window, returnFreedMemory);
+    heapTimer.start(heapInterval);
     return QApplication::exec();
 }
