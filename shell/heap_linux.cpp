@@ -16,7 +16,7 @@ void returnLargeBlocksWhenFreed()
 
 void returnFreedMemory()
 {
-    constexpr std::size_t kept = 4 * 1024 * 1024;
+    constexpr std::size_t kept = std::size_t{4} * 1024 * 1024;
     if (mallinfo2().fordblks > kept)
         malloc_trim(0);
 }
