@@ -2,6 +2,7 @@
 #include "tests/support/Json.h"
 #include "tests/support/MountFolder.h"
 #include "tests/support/RunningPlugin.h"
+#include "tests/support/Sanitizers.h"
 #include "tests/support/TestFonts.h"
 #include "tests/support/Waits.h"
 
@@ -40,12 +41,6 @@ namespace {
 const QString cpu = QStringLiteral("com.quellor.stream.system.cpu");
 const QString key = QStringLiteral("key");
 const QString passEnd = QStringLiteral("-------------------updateImages over---------------------");
-
-#ifdef __SANITIZE_ADDRESS__
-constexpr bool isSanitized = true;
-#else
-constexpr bool isSanitized = false;
-#endif
 
 /// Whether the key gets its next picture and title, \a times times.
 bool updates(const FakeHost &host, int times = 2)

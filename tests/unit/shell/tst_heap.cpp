@@ -1,4 +1,5 @@
 #include "shell/heap.h"
+#include "tests/support/Sanitizers.h"
 
 #include <QFile>
 #include <QtTest>
@@ -16,12 +17,6 @@ private Q_SLOTS:
 };
 
 namespace {
-
-#ifdef __SANITIZE_ADDRESS__
-constexpr bool isSanitized = true;
-#else
-constexpr bool isSanitized = false;
-#endif
 
 qint64 residentMemory()
 {
