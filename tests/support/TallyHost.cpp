@@ -29,7 +29,6 @@ void TallyHost::takeLink()
 void TallyHost::count(const QString &text)
 {
     ++m_messages;
-    m_bytes += text.size();
     m_pictures += text.contains(QLatin1String("\"event\":\"setImage\"")) ? 1 : 0;
 }
 

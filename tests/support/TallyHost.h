@@ -21,7 +21,6 @@ public:
     bool hasLost() const { return m_hasLost; }
 
     qint64 pictures() const { return m_pictures; }
-    qint64 bytes() const { return m_bytes; }
 
     void send(const QString &event, const QString &action, const QString &context,
               const QJsonObject &settings = {});
@@ -35,5 +34,4 @@ private:
     bool m_hasLost = false;
     qint64 m_messages = 0;
     qint64 m_pictures = 0;
-    qint64 m_bytes = 0;
 };
