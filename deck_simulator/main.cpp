@@ -1,14 +1,14 @@
-#include "deck_simulator/DeckProfile.h"
-#include "deck_simulator/DeckSession.h"
-#include "deck_simulator/DisplayPlatform.h"
-#include "deck_simulator/FontFiles.h"
-#include "deck_simulator/HeadlessRun.h"
-#include "deck_simulator/InterruptWatcher.h"
-#include "deck_simulator/RunMode.h"
-#include "deck_simulator/SimulatorOptions.h"
+#include "deck_simulator/deck/DeckProfile.h"
 #include "deck_simulator/gui/DeckGrid.h"
 #include "deck_simulator/gui/DeckWindow.h"
 #include "deck_simulator/gui/WindowStyle.h"
+#include "deck_simulator/host/DeckSession.h"
+#include "deck_simulator/options/DisplayPlatform.h"
+#include "deck_simulator/options/RunMode.h"
+#include "deck_simulator/options/SimulatorOptions.h"
+#include "deck_simulator/process/FontFiles.h"
+#include "deck_simulator/terminal/HeadlessRun.h"
+#include "deck_simulator/terminal/InterruptWatcher.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,5 +1,5 @@
-#include "deck_simulator/DeckModel.h"
-#include "deck_simulator/StoredProfile.h"
+#include "deck_simulator/deck/DeckModel.h"
+#include "deck_simulator/deck/StoredProfile.h"
 #include "fuzz/FuzzSupport.h"
 
 // The file in which the simulator's window keeps its deck. What is read from one, written again,

@@ -1,4 +1,4 @@
-#include "deck_simulator/Script.h"
+#include "deck_simulator/script/Script.h"
 #include "fuzz/FuzzSupport.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "deck_simulator/gui/ActionPalette.h"
 
-#include "deck_simulator/ActionList.h"
+#include "deck_simulator/deck/ActionList.h"
 #include "deck_simulator/gui/ActionTreeModel.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "deck_simulator/DeckModel.h"
+#include "deck_simulator/deck/DeckModel.h"
 
 #include <QWidget>
 

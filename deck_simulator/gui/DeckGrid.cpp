@@ -1,6 +1,6 @@
 #include "deck_simulator/gui/DeckGrid.h"
 
-#include "deck_simulator/ActionList.h"
+#include "deck_simulator/deck/ActionList.h"
 #include "deck_simulator/gui/ActionIcons.h"
 
 #include <QKeyEvent>

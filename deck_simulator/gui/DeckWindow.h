@@ -1,10 +1,10 @@
 #pragma once
 
-#include "deck_simulator/DeckModel.h"
-#include "deck_simulator/DeckRunner.h"
-#include "deck_simulator/InspectorClient.h"
-#include "deck_simulator/PluginLog.h"
-#include "deck_simulator/ProfileStore.h"
+#include "deck_simulator/deck/DeckModel.h"
+#include "deck_simulator/deck/ProfileStore.h"
+#include "deck_simulator/host/DeckRunner.h"
+#include "deck_simulator/panel/InspectorClient.h"
+#include "deck_simulator/process/PluginLog.h"
 
 #include <QMainWindow>
 #include <QTimer>

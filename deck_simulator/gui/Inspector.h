@@ -1,8 +1,8 @@
 #pragma once
 
-#include "deck_simulator/DeckRunner.h"
-#include "deck_simulator/InspectorClient.h"
-#include "deck_simulator/InspectorRequests.h"
+#include "deck_simulator/host/DeckRunner.h"
+#include "deck_simulator/panel/InspectorClient.h"
+#include "deck_simulator/panel/InspectorRequests.h"
 
 #include <QHash>
 #include <QJsonObject>

@@ -1,6 +1,6 @@
 #include "deck_simulator/gui/KeyCell.h"
 
-#include "deck_simulator/ContactSheet.h"
+#include "deck_simulator/deck/ContactSheet.h"
 #include "deck_simulator/gui/DeckMime.h"
 
 #include <QApplication>

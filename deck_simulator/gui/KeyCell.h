@@ -1,6 +1,6 @@
 #pragma once
 
-#include "deck_simulator/DeckPlace.h"
+#include "deck_simulator/deck/DeckPlace.h"
 #include "deck_simulator/gui/KeyFace.h"
 
 #include <QPoint>

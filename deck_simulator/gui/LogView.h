@@ -1,6 +1,6 @@
 #pragma once
 
-#include "deck_simulator/PluginLog.h"
+#include "deck_simulator/process/PluginLog.h"
 
 #include <QWidget>
 

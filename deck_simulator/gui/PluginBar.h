@@ -1,6 +1,6 @@
 #pragma once
 
-#include "deck_simulator/DeckRunner.h"
+#include "deck_simulator/host/DeckRunner.h"
 
 #include <QToolBar>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "deck_simulator/SettingsLists.h"
+#include "deck_simulator/panel/SettingsLists.h"
 
 #include <QVector>
 #include <QWidget>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "deck_simulator/KeySettings.h"
-#include "deck_simulator/PanelFields.h"
-#include "deck_simulator/SettingsLists.h"
+#include "deck_simulator/deck/KeySettings.h"
+#include "deck_simulator/panel/PanelFields.h"
+#include "deck_simulator/panel/SettingsLists.h"
 
 #include <QWidget>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "deck_simulator/DeckModel.h"
-#include "deck_simulator/SettingsLists.h"
+#include "deck_simulator/deck/DeckModel.h"
+#include "deck_simulator/panel/SettingsLists.h"
 
 #include <QWidget>
 

@@ -1,4 +1,4 @@
-#include "deck_simulator/ContactSheet.h"
+#include "deck_simulator/deck/ContactSheet.h"
 
 #include <QDir>
 #include <QImage>

@@ -1,4 +1,4 @@
-#include "deck_simulator/ActionList.h"
+#include "deck_simulator/deck/ActionList.h"
 #include "deck_simulator/gui/ActionPalette.h"
 #include "deck_simulator/gui/ActionTreeModel.h"
 #include "deck_simulator/gui/DeckMime.h"

@@ -1,6 +1,0 @@
-#include "deck_simulator/RunMode.h"
-
-bool opensWindow(const SimulatorOptions &options, bool hasDisplay)
-{
-    return !options.headless && (options.window || hasDisplay);
-}

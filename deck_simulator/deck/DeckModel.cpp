@@ -1,0 +1,175 @@
+#include "deck_simulator/deck/DeckModel.h"
+
+#include "deck_simulator/deck/ActionList.h"
+
+#include <QUuid>
+
+#include <algorithm>
+
+DeckModel::DeckModel(QObject *parent)
+    : QObject(parent)
+{
+}
+
+void DeckModel::setGrid(const QSize &grid)
+{
+    const QSize bounded(qBound(1, grid.width(), mostColumns), qBound(1, grid.height(), mostRows));
+    if (bounded == m_grid)
+        return;
+    m_grid = bounded;
+    announceLayout();
+}
+
+void DeckModel::setDials(int dials)
+{
+    const int bounded = qBound(0, dials, mostDials);
+    if (bounded == m_dials)
+        return;
+    m_dials = bounded;
+    announceLayout();
+}
+
+bool DeckModel::contains(const DeckPlace &place) const
+{
+    if (place.column < 0 || place.row < 0)
+        return false;
+    if (place.dial)
+        return place.column < m_dials && place.row == 0;
+    return place.column < m_grid.width() && place.row < m_grid.height();
+}
+
+int DeckModel::indexAt(const DeckPlace &place) const
+{
+    const auto found =
+        std::find_if(m_entries.begin(), m_entries.end(),
+                     [&place](const DeckEntry &entry) { return entry.place == place; });
+    return found == m_entries.end() ? -1 : int(found - m_entries.begin());
+}
+
+int DeckModel::indexOf(const QString &context) const
+{
+    const auto found =
+        std::find_if(m_entries.begin(), m_entries.end(),
+                     [&context](const DeckEntry &entry) { return entry.context == context; });
+    return found == m_entries.end() ? -1 : int(found - m_entries.begin());
+}
+
+const DeckEntry *DeckModel::at(const DeckPlace &place) const
+{
+    const int index = indexAt(place);
+    return index < 0 ? nullptr : &m_entries.at(index);
+}
+
+const DeckEntry *DeckModel::find(const QString &context) const
+{
+    const int index = indexOf(context);
+    return index < 0 ? nullptr : &m_entries.at(index);
+}
+
+DeckPlace DeckModel::firstEmptyKey() const
+{
+    for (int row = 0; row < m_grid.height(); ++row) {
+        for (int column = 0; column < m_grid.width(); ++column) {
+            if (at({column, row}) == nullptr)
+                return {column, row};
+        }
+    }
+    return {-1, -1};
+}
+
+bool DeckModel::put(const DeckPlace &place, const QString &action)
+{
+    KeySettings settings;
+    if (const DeckAction *known = findAction(action))
+        settings.text = known->title;
+    settings.showTitle = !settings.text.isEmpty();
+    return put(place, action, settings);
+}
+
+bool DeckModel::put(const DeckPlace &place, const QString &action, const KeySettings &settings)
+{
+    if (!contains(place) || action.isEmpty() || indexAt(place) >= 0)
+        return false;
+    m_entries.append({QUuid::createUuid().toString(QUuid::WithoutBraces), action, place, settings});
+    announceLayout();
+    return true;
+}
+
+bool DeckModel::remove(const DeckPlace &place)
+{
+    const int index = indexAt(place);
+    if (index < 0)
+        return false;
+    m_entries.removeAt(index);
+    announceLayout();
+    return true;
+}
+
+bool DeckModel::move(const DeckPlace &from, const DeckPlace &to)
+{
+    if (from == to || !contains(to) || indexAt(from) < 0)
+        return false;
+    for (DeckEntry &entry : m_entries) {
+        if (entry.place == from)
+            entry.place = to;
+        else if (entry.place == to)
+            entry.place = from;
+    }
+    announceLayout();
+    return true;
+}
+
+bool DeckModel::replaceSettings(const QString &context, const KeySettings &settings)
+{
+    const int index = indexOf(context);
+    if (index < 0 || m_entries.at(index).settings == settings)
+        return false;
+    m_entries[index].settings = settings;
+    return true;
+}
+
+bool DeckModel::changeSettings(const QString &context, const KeySettings &settings)
+{
+    if (replaceSettings(context, settings)) {
+        Q_EMIT settingsChanged(context);
+        Q_EMIT changed();
+    }
+    return indexOf(context) >= 0;
+}
+
+bool DeckModel::adoptSettings(const QString &context, const KeySettings &settings)
+{
+    if (replaceSettings(context, settings)) {
+        Q_EMIT settingsAdopted(context);
+        Q_EMIT changed();
+    }
+    return indexOf(context) >= 0;
+}
+
+void DeckModel::clear()
+{
+    if (m_entries.isEmpty())
+        return;
+    m_entries.clear();
+    announceLayout();
+}
+
+void DeckModel::restore(const QSize &grid, int dials, const QVector<DeckEntry> &entries)
+{
+    m_entries.clear();
+    m_grid = {mostColumns, mostRows};
+    m_dials = mostDials;
+    for (const DeckEntry &entry : entries) {
+        if (contains(entry.place) && indexAt(entry.place) < 0 && !entry.action.isEmpty())
+            m_entries.append(entry);
+    }
+    m_grid = {qBound(1, grid.width(), mostColumns), qBound(1, grid.height(), mostRows)};
+    m_dials = qBound(0, dials, mostDials);
+    announceLayout();
+}
+
+void DeckModel::announceLayout()
+{
+    Q_EMIT layoutChanged();
+    Q_EMIT changed();
+}

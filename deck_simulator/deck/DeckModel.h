@@ -1,0 +1,81 @@
+#pragma once
+
+#include "deck_simulator/deck/DeckPlace.h"
+#include "deck_simulator/deck/KeySettings.h"
+
+#include <QObject>
+#include <QSize>
+#include <QString>
+#include <QVector>
+
+/// An action on a place of the deck.
+struct DeckEntry
+{
+    QString context; ///< Identifies it on the link.
+    QString action;
+    DeckPlace place;
+    KeySettings settings;
+};
+
+/// What is on which key and dial, with its settings. Keys that lie outside of a grid made smaller
+/// stay in the model and come back when it grows.
+class DeckModel : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr int mostColumns = 16;
+    static constexpr int mostRows = 16;
+    static constexpr int mostDials = 8;
+
+    explicit DeckModel(QObject *parent = nullptr);
+
+    [[nodiscard]] QSize grid() const { return m_grid; }
+    [[nodiscard]] int dials() const { return m_dials; }
+    /// Out of range is brought into it.
+    void setGrid(const QSize &grid);
+    void setDials(int dials);
+    /// Whether the deck has that place.
+    [[nodiscard]] bool contains(const DeckPlace &place) const;
+
+    [[nodiscard]] const QVector<DeckEntry> &entries() const { return m_entries; }
+    /// Null for an empty place, or an unknown context.
+    [[nodiscard]] const DeckEntry *at(const DeckPlace &place) const;
+    [[nodiscard]] const DeckEntry *find(const QString &context) const;
+    /// The first key without an action, row by row; nothing on a full deck: column -1.
+    [[nodiscard]] DeckPlace firstEmptyKey() const;
+
+    /// Puts an action on an empty place; false elsewhere.
+    bool put(const DeckPlace &place, const QString &action);
+    bool put(const DeckPlace &place, const QString &action, const KeySettings &settings);
+    bool remove(const DeckPlace &place);
+    /// What lies on \a to comes to \a from.
+    bool move(const DeckPlace &from, const DeckPlace &to);
+    /// False when there is no such key.
+    bool changeSettings(const QString &context, const KeySettings &settings);
+    /// As changeSettings, for values that come from the plugin: settingsAdopted instead of
+    /// settingsChanged.
+    bool adoptSettings(const QString &context, const KeySettings &settings);
+    void clear();
+    /// Takes over a whole deck. Entries that share a place with one before are left out, and so are
+    /// those on places that no deck has.
+    void restore(const QSize &grid, int dials, const QVector<DeckEntry> &entries);
+
+Q_SIGNALS:
+    /// Keys came, went or moved, or the deck has another size.
+    void layoutChanged();
+    void settingsChanged(const QString &context);
+    void settingsAdopted(const QString &context);
+    /// Anything of the above.
+    void changed();
+
+private:
+    [[nodiscard]] int indexAt(const DeckPlace &place) const;
+    [[nodiscard]] int indexOf(const QString &context) const;
+    bool replaceSettings(const QString &context, const KeySettings &settings);
+    void announceLayout();
+
+    QSize m_grid{8, 4};
+    int m_dials = 4;
+    QVector<DeckEntry> m_entries;
+};

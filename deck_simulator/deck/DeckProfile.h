@@ -1,0 +1,38 @@
+#pragma once
+
+#include "deck_simulator/deck/DeckKey.h"
+
+#include <QJsonObject>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+/// Width and height of a key in pixels, as the host tells the plugin.
+constexpr int deckKeyPixels = 144;
+
+/// A deck: its name, its grid and the keys on it, filled row by row. The grid may have room for
+/// more keys than there are.
+struct DeckProfile
+{
+    QString name;
+    QSize grid;
+    QVector<DeckKey> keys;
+};
+
+/// Complete settings of a key with the title \a title; \a titleLines is "单行显示" or "双行显示".
+QJsonObject keySettings(const QString &title, const QString &titleLines);
+
+/// The deck that the simulator starts with, \a columns keys wide: the metrics that every machine
+/// has.
+DeckProfile defaultDeck(int columns);
+
+/// A deck with one key for every action of the plugin, \a columns keys wide.
+DeckProfile kindsDeck(int columns);
+
+/// A deck without keys, \a columns keys wide.
+DeckProfile emptyDeck(int columns);
+
+/// A deck that shows what settings do, \a columns keys wide: titles, lines, sizes, colours and
+/// transparency, and one key for each of \a fontSpecs ("FAMILY|STYLE").
+DeckProfile settingsDeck(int columns, const QStringList &fontSpecs);

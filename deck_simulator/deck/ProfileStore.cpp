@@ -1,0 +1,81 @@
+#include "deck_simulator/deck/ProfileStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace {
+
+QString freeName(const QString &path)
+{
+    QString name = path + QStringLiteral(".broken");
+    for (int number = 2; QFileInfo::exists(name); ++number)
+        name = path + QStringLiteral(".broken-%1").arg(number);
+    return name;
+}
+
+} // namespace
+
+ProfileStore::ProfileStore(const QString &path)
+    : m_path(QFileInfo(path).absoluteFilePath())
+{
+}
+
+StoredProfile ProfileStore::load()
+{
+    m_message.clear();
+    QFile file(m_path);
+    if (!file.exists())
+        return firstProfile();
+    if (!file.open(QIODevice::ReadOnly)) {
+        setAside(file.errorString());
+        return firstProfile();
+    }
+    const QByteArray text = file.read(maximumSize + 1);
+    file.close();
+    QStringList faults;
+    if (text.size() > maximumSize) {
+        setAside(QStringLiteral("it is too large"));
+        return firstProfile();
+    }
+    StoredProfile profile = readProfile(text, &faults);
+    if (faults.isEmpty())
+        return profile;
+    setAside(faults.join(QStringLiteral("; ")));
+    return profile.entries.isEmpty() ? firstProfile() : profile;
+}
+
+void ProfileStore::setAside(const QString &reason)
+{
+    const QString aside = freeName(m_path);
+    m_locked = !QFile::rename(m_path, aside);
+    const QString native = QDir::toNativeSeparators(m_path);
+    m_message =
+        m_locked
+            ? QStringLiteral("The profile %1 is broken: %2. It cannot be set aside, so nothing "
+                             "will be saved.")
+                  .arg(native, reason)
+            : QStringLiteral("The profile %1 was broken: %2. It has been set aside as %3.")
+                  .arg(native, reason, QFileInfo(aside).fileName());
+}
+
+bool ProfileStore::save(const StoredProfile &profile)
+{
+    if (m_locked)
+        return false;
+    const QByteArray text = profileText(profile);
+    if (text == m_written && QFileInfo::exists(m_path))
+        return true;
+    m_message.clear();
+    QSaveFile file(m_path);
+    const bool well = QDir().mkpath(QFileInfo(m_path).absolutePath()) &&
+                      file.open(QIODevice::WriteOnly) && file.write(text) == text.size() &&
+                      file.commit();
+    if (well)
+        m_written = text;
+    else
+        m_message = QStringLiteral("The profile %1 cannot be saved: %2.")
+                        .arg(QDir::toNativeSeparators(m_path), file.errorString());
+    return well;
+}

@@ -1,0 +1,176 @@
+#include "deck_simulator/deck/StoredProfile.h"
+
+#include "deck_simulator/deck/DeckProfile.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QUuid>
+
+namespace {
+
+QJsonObject placeObject(const DeckPlace &place)
+{
+    if (place.dial)
+        return {{QStringLiteral("dial"), place.column}};
+    return {{QStringLiteral("column"), place.column}, {QStringLiteral("row"), place.row}};
+}
+
+DeckPlace placeFrom(const QJsonObject &object)
+{
+    const int dial = object.value(QLatin1String("dial")).toInt(-1);
+    if (dial >= 0)
+        return {dial, 0, true};
+    return {object.value(QLatin1String("column")).toInt(-1),
+            object.value(QLatin1String("row")).toInt(-1)};
+}
+
+bool isPossible(const DeckPlace &place)
+{
+    if (place.dial)
+        return place.column < DeckModel::mostDials;
+    return place.column >= 0 && place.column < DeckModel::mostColumns && place.row >= 0 &&
+           place.row < DeckModel::mostRows;
+}
+
+QJsonObject entryObject(const DeckEntry &entry)
+{
+    QJsonObject object = placeObject(entry.place);
+    object.insert(QStringLiteral("action"), entry.action);
+    object.insert(QStringLiteral("settings"),
+                  settingsMessage(entry.settings, {deckKeyPixels, deckKeyPixels}));
+    object.insert(QStringLiteral("fillsKey"), entry.settings.fillsKey);
+    return object;
+}
+
+DeckEntry entryFrom(const QJsonObject &object)
+{
+    DeckEntry entry;
+    entry.context = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    entry.action = object.value(QLatin1String("action")).toString();
+    entry.place = placeFrom(object);
+    entry.settings = settingsFrom(object.value(QLatin1String("settings")).toObject(), {});
+    entry.settings.fillsKey = object.value(QLatin1String("fillsKey")).toBool();
+    return entry;
+}
+
+QByteArray bytesOf(const QJsonValue &base64)
+{
+    return QByteArray::fromBase64(base64.toString().toLatin1());
+}
+
+LaunchChoices launchFrom(const QJsonObject &object)
+{
+    LaunchChoices launch;
+    launch.language = object.value(QLatin1String("language")).toString(launch.language);
+    launch.quoteStripped = object.value(QLatin1String("quoteStripped")).toBool();
+    launch.recording = object.value(QLatin1String("recording")).toString();
+    return launch;
+}
+
+void readEntries(const QJsonArray &keys, StoredProfile &profile, QStringList *faults)
+{
+    int number = 0;
+    for (const QJsonValue &key : keys) {
+        ++number;
+        const DeckEntry entry = entryFrom(key.toObject());
+        if (entry.action.isEmpty() || !isPossible(entry.place))
+            faults->append(QStringLiteral("key %1 has no action or no place").arg(number));
+        else
+            profile.entries.append(entry);
+    }
+}
+
+DeckEntry entryOf(const char *action, const char *title, int column, int row)
+{
+    DeckEntry entry;
+    entry.context = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    entry.action = QStringLiteral("com.quellor.stream.") + QLatin1String(action);
+    entry.place = {column, row};
+    entry.settings.text = QLatin1String(title);
+    entry.settings.showTitle = !entry.settings.text.isEmpty();
+    return entry;
+}
+
+} // namespace
+
+bool operator==(const LaunchChoices &left, const LaunchChoices &right)
+{
+    return left.language == right.language && left.quoteStripped == right.quoteStripped &&
+           left.recording == right.recording;
+}
+
+QByteArray profileText(const StoredProfile &profile)
+{
+    QJsonArray keys;
+    for (const DeckEntry &entry : profile.entries)
+        keys.append(entryObject(entry));
+    const QJsonObject root{
+        {QStringLiteral("grid"), QJsonObject{{QStringLiteral("columns"), profile.grid.width()},
+                                             {QStringLiteral("rows"), profile.grid.height()},
+                                             {QStringLiteral("dials"), profile.dials}}},
+        {QStringLiteral("keys"), keys},
+        {QStringLiteral("plugin"),
+         QJsonObject{{QStringLiteral("language"), profile.launch.language},
+                     {QStringLiteral("quoteStripped"), profile.launch.quoteStripped},
+                     {QStringLiteral("recording"), profile.launch.recording}}},
+        {QStringLiteral("window"),
+         QJsonObject{
+             {QStringLiteral("geometry"), QString::fromLatin1(profile.windowGeometry.toBase64())},
+             {QStringLiteral("state"), QString::fromLatin1(profile.windowState.toBase64())}}},
+    };
+    return QJsonDocument(root).toJson();
+}
+
+StoredProfile readProfile(const QByteArray &text, QStringList *faults)
+{
+    StoredProfile profile;
+    QJsonParseError error{};
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    const QJsonObject root = document.object();
+    if (!document.isObject()) {
+        faults->append(
+            error.error == QJsonParseError::NoError
+                ? QStringLiteral("it is no JSON object")
+                : QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset));
+        return profile;
+    }
+    if (!root.value(QLatin1String("keys")).isArray()) {
+        faults->append(QStringLiteral("it has no list of keys"));
+        return profile;
+    }
+    const QJsonObject grid = root.value(QLatin1String("grid")).toObject();
+    profile.grid = {grid.value(QLatin1String("columns")).toInt(profile.grid.width()),
+                    grid.value(QLatin1String("rows")).toInt(profile.grid.height())};
+    profile.dials = grid.value(QLatin1String("dials")).toInt(profile.dials);
+    readEntries(root.value(QLatin1String("keys")).toArray(), profile, faults);
+    profile.launch = launchFrom(root.value(QLatin1String("plugin")).toObject());
+    const QJsonObject window = root.value(QLatin1String("window")).toObject();
+    profile.windowGeometry = bytesOf(window.value(QLatin1String("geometry")));
+    profile.windowState = bytesOf(window.value(QLatin1String("state")));
+    return profile;
+}
+
+StoredProfile firstProfile()
+{
+    StoredProfile profile;
+    profile.entries = {
+        entryOf("system.cpu", "CPU", 0, 0),
+        entryOf("system.cpu.temperature", "CPU", 1, 0),
+        entryOf("system.Cpu_Clock", "Clock", 2, 0),
+        entryOf("system.memory", "Mem", 3, 0),
+        entryOf("system.Memory_Used_GB", "Used", 4, 0),
+        entryOf("system.Memory_Free_GB", "Free", 5, 0),
+        entryOf("system.NetWork", "Up/Down", 0, 1),
+        entryOf("system.NetWork.Upload", "Up", 1, 1),
+        entryOf("system.NetWork.Download", "Down", 2, 1),
+        entryOf("AllDATA", "Sensor", 3, 1),
+        entryOf("system.volume", "Vol", 4, 1),
+    };
+    profile.entries[6].settings.titleLines = QStringLiteral("双行显示");
+    // A long text: only the wide screen of a dial shows it in letters that can be read.
+    DeckEntry drive = entryOf("system.PhysicalDisk", "", 0, 0);
+    drive.place.dial = true;
+    profile.entries.append(drive);
+    return profile;
+}

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "deck_simulator/deck/DeckProfile.h"
+
+#include <QElapsedTimer>
+#include <QJsonObject>
+#include <QObject>
+#include <QString>
+#include <QVector>
+
+class QWebSocket;
+class QWebSocketServer;
+
+/// What came over the link, and what of it was refused.
+struct LinkCounters
+{
+    quint64 frames = 0;
+    quint64 bytes = 0;     ///< Payload bytes of all frames.
+    quint64 malformed = 0; ///< Not JSON, not an object, or a member of the wrong type.
+    quint64 oversized = 0; ///< Longer than DeckHost::maximumMessage.
+    quint64 unknownEvents = 0;
+    quint64 unknownContexts = 0;
+    quint64 brokenPictures = 0;
+    quint64 refusedLinks = 0; ///< Connections while a plugin was registered, wrong registrations.
+};
+
+/// The host's end of the plugin link: a WebSocket server on a loopback port. It waits for a
+/// registration, puts the deck's keys on and takes titles, pictures and settings for them. Whatever
+/// else arrives is counted and dropped.
+class DeckHost : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Longer messages are dropped, bytes.
+    static constexpr int maximumMessage = 4 * 1024 * 1024;
+    /// A message longer than this closes the link while it is still being received, bytes.
+    static constexpr quint64 endingMessage = 16 * quint64(maximumMessage);
+
+    explicit DeckHost(const DeckProfile &deck, QObject *parent = nullptr);
+
+    /// Listens on a free loopback port. False when there is none; errorString says why.
+    bool listen();
+    [[nodiscard]] quint16 port() const;
+    [[nodiscard]] QString errorString() const;
+    /// What the plugin has to register with: {"event": registerEvent, "uuid": pluginUUID}.
+    [[nodiscard]] QString registerEvent() const;
+    [[nodiscard]] QString pluginUUID() const { return m_pluginUUID; }
+
+    [[nodiscard]] bool isRegistered() const { return m_link != nullptr; }
+    [[nodiscard]] const DeckProfile &deck() const { return m_deck; }
+    [[nodiscard]] const LinkCounters &counters() const { return m_counters; }
+    /// Milliseconds since this object was made; the clock of DeckKey::lastUpdate.
+    [[nodiscard]] qint64 now() const { return m_clock.elapsed(); }
+
+    /// Puts a key on the deck, in place of one with the same context.
+    void putKey(const DeckKey &key);
+    /// False when there is no such key, here and below.
+    bool removeKey(const QString &context);
+    /// Gives the plugin other settings for a key; its reply follows as settingsReplied.
+    bool changeSettings(const QString &context, const QJsonObject &settings);
+    /// Sends an event about a key, such as "keyDown"; \a extra is added to its payload. False also
+    /// when no plugin is registered.
+    bool sendKeyEvent(const QString &event, const QString &context, const QJsonObject &extra = {});
+    /// Sends any text to the plugin, as it stands. False when no plugin is registered.
+    bool sendText(const QString &text);
+    bool sendMessage(const QJsonObject &message);
+    /// -1 when there is no such key.
+    [[nodiscard]] int indexOf(const QString &context) const;
+
+    /// Where the key \a index lies.
+    [[nodiscard]] DeckPlace placeOf(int index) const;
+
+    /// Takes the keys off, closes the link and listens no more; linkClosed follows when a plugin
+    /// was registered.
+    void close();
+    /// Breaks the link without a word and listens no more, as a host that dies does.
+    void die();
+
+Q_SIGNALS:
+    /// The plugin has registered and its keys have been put on.
+    void registered();
+    /// A connection sent something else than the registration first; it is being closed.
+    void registrationRefused(const QString &reason);
+    /// The link of the registered plugin is gone, whoever closed it.
+    void linkClosed();
+    void keyChanged(int index);
+    /// The plugin has sent settings for the key; keyChanged follows.
+    void settingsReplied(int index);
+
+private:
+    void acceptConnection();
+    void onText(QWebSocket *socket, const QString &text);
+    void onBinary(const QByteArray &bytes);
+    void onDisconnected(QWebSocket *socket);
+    void takeRegistration(QWebSocket *socket, const QJsonObject &message);
+    void takeMessage(const QJsonObject &message);
+    bool takeKeyMessage(const QString &event, DeckKey &key, const QJsonObject &payload);
+    void announceDeck();
+    void fixPlace(DeckKey &key, int index) const;
+    [[nodiscard]] QJsonObject keyEvent(const QString &event, int index) const;
+
+    DeckProfile m_deck;
+    QString m_pluginUUID;
+    QWebSocketServer *m_server;
+    QVector<QWebSocket *> m_candidates; // connected, not registered
+    QWebSocket *m_link = nullptr;
+    LinkCounters m_counters;
+    QElapsedTimer m_clock;
+};

@@ -1,0 +1,274 @@
+#include "deck_simulator/host/DeckRunner.h"
+
+#include "deck_simulator/deck/ActionList.h"
+
+namespace {
+
+constexpr int meterPeriod = 500; // milliseconds
+
+} // namespace
+
+DeckRunner::DeckRunner(const SessionSettings &settings, DeckModel *model, QObject *parent)
+    : QObject(parent)
+    , m_settings(settings)
+    , m_model(model)
+{
+    connect(m_model, &DeckModel::layoutChanged, this, &DeckRunner::onLayoutChanged);
+    connect(m_model, &DeckModel::settingsChanged, this, &DeckRunner::onSettingsChanged);
+    connect(&m_meterTimer, &QTimer::timeout, this, &DeckRunner::measure);
+}
+
+void DeckRunner::start()
+{
+    if (m_session != nullptr)
+        return;
+    Q_EMIT aboutToStart();
+    SessionSettings settings = m_settings;
+    settings.language = m_launch.language;
+    settings.quoteStripped = m_launch.quoteStripped;
+    settings.recording = m_launch.recording;
+    m_session = new DeckSession(settings, deck(), this);
+    connect(m_session, &DeckSession::keysAppeared, this, &DeckRunner::onRegistered);
+    connect(m_session, &DeckSession::ended, this, &DeckRunner::onSessionEnded);
+    connect(m_session, &DeckSession::notice, this, &DeckRunner::notice);
+    connect(m_session, &DeckSession::keyChanged, this, [this](int index) {
+        Q_EMIT keyChanged(m_session->host().deck().keys.at(index).context());
+    });
+    connect(&m_session->host(), &DeckHost::settingsReplied, this, &DeckRunner::onSettingsReplied);
+    m_meter = TrafficMeter();
+    m_meterTimer.start(meterPeriod);
+    m_session->start();
+    if (m_session == nullptr)
+        return; // it could not even begin
+    m_workFolder = m_session->workFolder();
+    Q_EMIT started(m_workFolder);
+    Q_EMIT stateChanged();
+}
+
+void DeckRunner::stop()
+{
+    m_startAgain = false;
+    if (m_session == nullptr)
+        return;
+    m_session->end();
+    Q_EMIT stateChanged();
+}
+
+void DeckRunner::restart()
+{
+    if (m_session == nullptr) {
+        start();
+        return;
+    }
+    stop();
+    m_startAgain = true;
+    if (m_session == nullptr)
+        start();
+}
+
+void DeckRunner::letHostDie()
+{
+    if (m_session == nullptr)
+        return;
+    m_session->letHostDie();
+    Q_EMIT stateChanged();
+}
+
+bool DeckRunner::changeServicePort()
+{
+    if (m_session == nullptr || !m_session->moveService())
+        return false;
+    Q_EMIT notice(QStringLiteral("The hardware-information service is on port %1 now.")
+                      .arg(m_session->service().port()));
+    return true;
+}
+
+bool DeckRunner::isLinked() const
+{
+    return m_session != nullptr && m_session->host().isRegistered();
+}
+
+QString DeckRunner::stateText() const
+{
+    return m_session != nullptr ? m_session->stateText() : QStringLiteral("stopped");
+}
+
+qint64 DeckRunner::pluginPid() const
+{
+    return m_session != nullptr ? m_session->pluginPid() : 0;
+}
+
+const DeckKey *DeckRunner::key(const QString &context) const
+{
+    if (m_session == nullptr)
+        return nullptr;
+    const DeckHost &host = m_session->host();
+    const int index = host.indexOf(context);
+    return index < 0 ? nullptr : &host.deck().keys.at(index);
+}
+
+bool DeckRunner::sendKeyEvent(const QString &event, const QString &context,
+                              const QJsonObject &extra)
+{
+    return m_session != nullptr && m_session->host().sendKeyEvent(event, context, extra);
+}
+
+void DeckRunner::press(const QString &context, bool down)
+{
+    sendKeyEvent(down ? QStringLiteral("keyDown") : QStringLiteral("keyUp"), context);
+}
+
+void DeckRunner::rotate(const QString &context, int ticks, bool pressed)
+{
+    sendKeyEvent(QStringLiteral("dialRotate"), context,
+                 {{QStringLiteral("ticks"), ticks}, {QStringLiteral("pressed"), pressed}});
+}
+
+void DeckRunner::pressDial(const QString &context, bool down)
+{
+    sendKeyEvent(QStringLiteral("dialPress"), context, {{QStringLiteral("pressed"), down}});
+}
+
+void DeckRunner::inspect(const QString &context)
+{
+    if (context == m_inspected)
+        return;
+    sendKeyEvent(QStringLiteral("propertyInspectorDidDisappear"), m_inspected);
+    m_inspected = context;
+    sendKeyEvent(QStringLiteral("propertyInspectorDidAppear"), m_inspected);
+}
+
+QJsonObject DeckRunner::message(const DeckEntry &entry) const
+{
+    const QSize keySize(deckKeyPixels, deckKeyPixels);
+    const DeckKey *shown = key(entry.context);
+    // The plugin takes the font size for the width that it is told, and the picture it drew last
+    // for the present one: the size of that picture leaves the font size as it is.
+    const bool tellsPicture =
+        !entry.settings.fillsKey && shown != nullptr && !shown->pictureSize().isEmpty();
+    return settingsMessage(entry.settings, tellsPicture ? shown->pictureSize() : keySize);
+}
+
+DeckKey DeckRunner::makeKey(const DeckEntry &entry) const
+{
+    DeckKey key(actionCaption(entry.action), entry.action, entry.context, message(entry));
+    key.setPlace(entry.place);
+    return key;
+}
+
+DeckProfile DeckRunner::deck() const
+{
+    DeckProfile deck;
+    deck.name = QStringLiteral("Simulated deck");
+    deck.grid = m_model->grid();
+    for (const DeckEntry &entry : m_model->entries()) {
+        if (m_model->contains(entry.place))
+            deck.keys.append(makeKey(entry));
+    }
+    return deck;
+}
+
+void DeckRunner::onRegistered()
+{
+    m_awaitedReplies.clear();
+    for (const DeckKey &key : m_session->host().deck().keys)
+        m_awaitedReplies.insert(key.context(), 1);
+    sendKeyEvent(QStringLiteral("propertyInspectorDidAppear"), m_inspected);
+    Q_EMIT linked();
+    Q_EMIT stateChanged();
+}
+
+void DeckRunner::onLayoutChanged()
+{
+    if (m_session == nullptr)
+        return;
+    takeOffMissing();
+    putOnNew();
+}
+
+void DeckRunner::takeOffMissing()
+{
+    QStringList missing;
+    for (const DeckKey &key : m_session->host().deck().keys) {
+        const DeckEntry *entry = m_model->find(key.context());
+        const bool stays =
+            entry != nullptr && m_model->contains(entry->place) && entry->place == key.place();
+        if (!stays)
+            missing.append(key.context());
+    }
+    for (const QString &context : qAsConst(missing)) {
+        m_session->host().removeKey(context);
+        m_awaitedReplies.remove(context);
+    }
+}
+
+void DeckRunner::putOnNew()
+{
+    for (const DeckEntry &entry : m_model->entries()) {
+        if (!m_model->contains(entry.place) || key(entry.context) != nullptr)
+            continue;
+        m_session->host().putKey(makeKey(entry));
+        m_awaitedReplies.insert(entry.context, 1);
+    }
+}
+
+void DeckRunner::onSettingsChanged(const QString &context)
+{
+    const DeckEntry *entry = m_model->find(context);
+    if (m_session == nullptr || entry == nullptr)
+        return;
+    if (m_session->host().changeSettings(context, message(*entry)))
+        ++m_awaitedReplies[context];
+}
+
+void DeckRunner::onSettingsReplied(int index)
+{
+    const DeckKey &key = m_session->host().deck().keys.at(index);
+    const QString context = key.context();
+    const QJsonObject reply = key.settings();
+    const DeckEntry *entry = m_model->find(context);
+    int &awaited = m_awaitedReplies[context];
+    awaited = qMax(0, awaited - 1);
+    // A reply to settings that have changed since would undo the change.
+    if (awaited == 0 && entry != nullptr) {
+        KeySettings settings = settingsFrom(reply, entry->settings);
+        // Only a key that fills itself is given its size by the plugin.
+        if (!settings.fillsKey)
+            settings.fontSize = entry->settings.fontSize;
+        m_model->adoptSettings(context, settings);
+    }
+    Q_EMIT settingsReplied(context, reply);
+}
+
+void DeckRunner::onSessionEnded()
+{
+    DeckSession *session = m_session;
+    m_session = nullptr;
+    m_meterTimer.stop();
+    m_meter = TrafficMeter();
+    m_awaitedReplies.clear();
+    m_lastExit = session->exitText();
+    if (!session->failure().isEmpty())
+        Q_EMIT notice(session->failure());
+    else if (!m_lastExit.isEmpty())
+        Q_EMIT notice(QStringLiteral("The plugin has ended with %1.").arg(m_lastExit));
+    const QString failure = session->failure();
+    session->deleteLater();
+    Q_EMIT stateChanged();
+    if (!m_startAgain) {
+        Q_EMIT ended(failure);
+        return;
+    }
+    m_startAgain = false;
+    // The old session's ports and folders are given back first.
+    connect(session, &QObject::destroyed, this, &DeckRunner::start);
+}
+
+void DeckRunner::measure()
+{
+    if (m_session == nullptr)
+        return;
+    const DeckHost &host = m_session->host();
+    m_meter.add(host.now(), host.counters().frames, host.counters().bytes);
+    Q_EMIT stateChanged();
+}

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "deck_simulator/deck/DeckModel.h"
+#include "deck_simulator/deck/StoredProfile.h"
+#include "deck_simulator/host/DeckSession.h"
+#include "deck_simulator/host/TrafficMeter.h"
+
+#include <QHash>
+#include <QImage>
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+
+/// Runs the plugin on the deck of a model, again and again: what changes in the model is told to
+/// the plugin at once, and what the plugin makes of settings comes back into the model.
+class DeckRunner : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \a settings gives the program, the fonts and the working folder; the rest comes from
+    /// setLaunch. \a model is not owned and outlives this object.
+    DeckRunner(const SessionSettings &settings, DeckModel *model, QObject *parent = nullptr);
+
+    /// For the next start.
+    void setLaunch(const LaunchChoices &launch) { m_launch = launch; }
+    [[nodiscard]] const LaunchChoices &launch() const { return m_launch; }
+
+    void start();
+    /// Called again, it does not wait for the plugin.
+    void stop();
+    void restart();
+    void letHostDie();
+    bool changeServicePort();
+
+    [[nodiscard]] bool isRunning() const { return m_session != nullptr; }
+    /// Whether a plugin is registered on the deck.
+    [[nodiscard]] bool isLinked() const;
+    [[nodiscard]] QString stateText() const;
+    /// How the plugin ended last; empty before.
+    [[nodiscard]] const QString &lastExit() const { return m_lastExit; }
+    /// Where the plugin runs, or ran last.
+    [[nodiscard]] const QString &workFolder() const { return m_workFolder; }
+    [[nodiscard]] double framesPerSecond() const { return m_meter.framesPerSecond(); }
+    [[nodiscard]] double bytesPerSecond() const { return m_meter.bytesPerSecond(); }
+    [[nodiscard]] qint64 pluginPid() const;
+
+    /// What the plugin has sent for a key last; null without a plugin.
+    [[nodiscard]] const DeckKey *key(const QString &context) const;
+
+    /// Sends an event about a key; false without a plugin or such a key.
+    bool sendKeyEvent(const QString &event, const QString &context, const QJsonObject &extra = {});
+    void press(const QString &context, bool down);
+    /// Clockwise for \a ticks above 0.
+    void rotate(const QString &context, int ticks, bool pressed);
+    void pressDial(const QString &context, bool down);
+    /// The settings panel shows this key now; empty: none.
+    void inspect(const QString &context);
+
+Q_SIGNALS:
+    void stateChanged();
+    /// What has been told of an earlier run holds no longer.
+    void aboutToStart();
+    /// The plugin has been started in this folder.
+    void started(const QString &workFolder);
+    /// The plugin has registered and its keys are on.
+    void linked();
+    /// The plugin has ended for good; \a failure is empty when all went well.
+    void ended(const QString &failure);
+    void keyChanged(const QString &context);
+    /// New lists for the settings panel.
+    void settingsReplied(const QString &context, const QJsonObject &reply);
+    void notice(const QString &text);
+
+private:
+    [[nodiscard]] DeckProfile deck() const;
+    [[nodiscard]] DeckKey makeKey(const DeckEntry &entry) const;
+    [[nodiscard]] QJsonObject message(const DeckEntry &entry) const;
+    void onRegistered();
+    void onLayoutChanged();
+    void onSettingsChanged(const QString &context);
+    void onSettingsReplied(int index);
+    void onSessionEnded();
+    void measure();
+    void takeOffMissing();
+    void putOnNew();
+
+    SessionSettings m_settings;
+    DeckModel *m_model;
+    LaunchChoices m_launch;
+    QPointer<DeckSession> m_session;
+    QHash<QString, int> m_awaitedReplies; // by context
+    QString m_inspected;
+    QString m_lastExit;
+    QString m_workFolder;
+    QTimer m_meterTimer;
+    TrafficMeter m_meter;
+    bool m_startAgain = false;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "deck_simulator/deck/KeySettings.h"
+
+#include <QString>
+
+/// Which settings apply to a key, beside title, font and colour, which apply to every one.
+struct PanelFields
+{
+    bool temperatureUnit = false;
+    bool titleLines = false;
+    bool sensor = false;
+    bool fan = false;
+    bool physicalDisk = false;
+    bool audioDevice = false;
+    bool pump = false;
+    bool diskMode = false;
+    bool volumeName = false;
+    bool drive = false;
+    bool switchTime = false;
+};
+
+PanelFields panelFields(const QString &action, const KeySettings &settings);

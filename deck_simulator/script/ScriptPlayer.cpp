@@ -1,0 +1,247 @@
+#include "deck_simulator/script/ScriptPlayer.h"
+
+#include "deck_simulator/deck/KeySettings.h"
+
+namespace {
+
+using Kind = ScriptStep::Kind;
+
+QString placeText(const DeckPlace &place)
+{
+    return place.dial ? QStringLiteral("dial %1").arg(place.column)
+                      : QStringLiteral("key [%1, %2]").arg(place.column).arg(place.row);
+}
+
+QJsonObject withChanges(const QJsonObject &settings, const QJsonObject &changes)
+{
+    QJsonObject parameters = settings.value(QLatin1String("titleParameters")).toObject();
+    for (auto member = changes.begin(); member != changes.end(); ++member)
+        parameters.insert(member.key(), member.value());
+    QJsonObject changed = settings;
+    changed.insert(QStringLiteral("titleParameters"), parameters);
+    return changed;
+}
+
+QJsonObject usualSettings()
+{
+    return settingsMessage({}, {deckKeyPixels, deckKeyPixels});
+}
+
+} // namespace
+
+ScriptPlayer::ScriptPlayer(const QVector<ScriptStep> &steps, DeckSession *session, QObject *parent)
+    : QObject(parent)
+    , m_steps(steps)
+    , m_session(session)
+{
+    m_stepTimer.setSingleShot(true);
+    m_stepTimer.setTimerType(Qt::PreciseTimer);
+    m_patience.setSingleShot(true);
+    connect(&m_stepTimer, &QTimer::timeout, this, &ScriptPlayer::playDue);
+    connect(&m_patience, &QTimer::timeout, this, &ScriptPlayer::onPatienceEnd);
+    connect(m_session, &DeckSession::keyChanged, this, &ScriptPlayer::checkExpectation);
+}
+
+void ScriptPlayer::start()
+{
+    m_clock.start();
+    playDue();
+}
+
+void ScriptPlayer::playDue()
+{
+    while (!m_ended && !m_waiting && m_next < m_steps.size()) {
+        const ScriptStep step = m_steps.at(m_next);
+        const qint64 rest = step.at.count() - m_clock.elapsed();
+        if (rest > 0) {
+            m_stepTimer.start(int(rest));
+            return;
+        }
+        const QString failure = play(step);
+        if (!failure.isEmpty()) {
+            end(QStringLiteral("Line %1 of the script: %2.").arg(step.line).arg(failure));
+            return;
+        }
+        // An expectation goes on by itself once it has come true.
+        if (step.kind == Kind::Expect)
+            return;
+        ++m_next;
+    }
+    if (!m_ended && !m_waiting && m_next == m_steps.size())
+        end({});
+}
+
+// What went wrong, or an empty text.
+QString ScriptPlayer::play(const ScriptStep &step)
+{
+    switch (step.kind) {
+    case Kind::Put:
+        put(step);
+        return {};
+    case Kind::Send:
+        return m_session->host().sendMessage(step.object) ? QString()
+                                                          : QStringLiteral("nobody is there");
+    case Kind::ServicePort:
+        return m_session->moveService() ? QString() : QStringLiteral("no other port is free");
+    case Kind::HostDies:
+        // The session's end is the script's as well.
+        m_ended = m_next + 1 == m_steps.size();
+        m_session->letHostDie();
+        if (m_ended)
+            Q_EMIT finished({});
+        return {};
+    case Kind::Snapshot:
+        Q_EMIT snapshotWanted(step.file);
+        return {};
+    case Kind::Expect:
+        beginToWait(step);
+        return {};
+    default:
+        return playOnKey(step);
+    }
+}
+
+QString ScriptPlayer::playOnKey(const ScriptStep &step)
+{
+    const int index = indexAt(step.place);
+    if (index < 0)
+        return QStringLiteral("nothing is on %1").arg(placeText(step.place));
+    DeckHost &host = m_session->host();
+    const QString context = host.deck().keys.at(index).context();
+    switch (step.kind) {
+    case Kind::Remove:
+        host.removeKey(context);
+        break;
+    case Kind::Move:
+        move(step);
+        break;
+    case Kind::Settings:
+        return change(step);
+    case Kind::Press:
+        press(step, context);
+        break;
+    default:
+        host.sendKeyEvent(
+            QStringLiteral("dialRotate"), context,
+            {{QStringLiteral("ticks"), step.ticks}, {QStringLiteral("pressed"), step.pressed}});
+        break;
+    }
+    return {};
+}
+
+void ScriptPlayer::put(const ScriptStep &step)
+{
+    DeckHost &host = m_session->host();
+    const int index = indexAt(step.place);
+    if (index >= 0)
+        host.removeKey(host.deck().keys.at(index).context());
+    DeckKey key(placeText(step.place), step.action, QStringLiteral("script-%1").arg(++m_made),
+                withChanges(usualSettings(), step.object));
+    key.setPlace(step.place);
+    host.putKey(key);
+}
+
+void ScriptPlayer::move(const ScriptStep &step)
+{
+    DeckHost &host = m_session->host();
+    const int displaced = indexAt(step.to);
+    if (displaced >= 0)
+        host.removeKey(host.deck().keys.at(displaced).context());
+    DeckKey key = host.deck().keys.at(indexAt(step.place));
+    host.removeKey(key.context());
+    key.setPlace(step.to);
+    host.putKey(key);
+}
+
+QString ScriptPlayer::change(const ScriptStep &step)
+{
+    DeckHost &host = m_session->host();
+    const DeckKey &key = host.deck().keys.at(indexAt(step.place));
+    // The whole set: what the plugin's reply left out is as it is on a new key.
+    QJsonObject settings = key.settings();
+    KeySettings known = settingsFrom(settings, {});
+    const QSize size =
+        key.pictureSize().isEmpty() ? QSize(deckKeyPixels, deckKeyPixels) : key.pictureSize();
+    settings = withChanges(settingsMessage(known, size), step.object);
+    return host.changeSettings(key.context(), settings) ? QString()
+                                                        : QStringLiteral("nobody is there");
+}
+
+void ScriptPlayer::press(const ScriptStep &step, const QString &context)
+{
+    DeckHost &host = m_session->host();
+    for (const bool down : {true, false}) {
+        if (step.place.dial)
+            host.sendKeyEvent(QStringLiteral("dialPress"), context,
+                              {{QStringLiteral("pressed"), down}});
+        else
+            host.sendKeyEvent(down ? QStringLiteral("keyDown") : QStringLiteral("keyUp"), context);
+    }
+}
+
+int ScriptPlayer::indexAt(const DeckPlace &place) const
+{
+    const DeckHost &host = m_session->host();
+    for (int index = 0; index < host.deck().keys.size(); ++index) {
+        if (host.placeOf(index) == place)
+            return index;
+    }
+    return -1;
+}
+
+void ScriptPlayer::beginToWait(const ScriptStep &step)
+{
+    m_waiting = true;
+    const int index = indexAt(step.place);
+    m_picturesBefore = index < 0 ? 0 : m_session->host().deck().keys.at(index).pictures();
+    m_patience.start(step.within);
+    // A title that is there already counts.
+    if (step.title)
+        checkExpectation();
+}
+
+bool ScriptPlayer::isFulfilled(const ScriptStep &step) const
+{
+    const int index = indexAt(step.place);
+    if (index < 0)
+        return false;
+    const DeckKey &key = m_session->host().deck().keys.at(index);
+    if (step.title)
+        return key.lastUpdate().has_value() && step.title->match(key.title()).hasMatch();
+    return key.pictures() > m_picturesBefore && !key.picture().isNull();
+}
+
+void ScriptPlayer::checkExpectation()
+{
+    if (!m_waiting || !isFulfilled(m_steps.at(m_next)))
+        return;
+    m_waiting = false;
+    m_patience.stop();
+    ++m_next;
+    // From the event loop, for a step may take a key off that is just being changed.
+    m_stepTimer.start(0);
+}
+
+void ScriptPlayer::onPatienceEnd()
+{
+    const ScriptStep &step = m_steps.at(m_next);
+    const int index = indexAt(step.place);
+    QString shown = QStringLiteral("nothing is on it");
+    if (index >= 0)
+        shown = QStringLiteral("its title is \"%1\"")
+                    .arg(m_session->host().deck().keys.at(index).title());
+    end(QStringLiteral("Line %1 of the script: %2 did not come to show %3 in time; %4.")
+            .arg(step.line)
+            .arg(placeText(step.place),
+                 step.title ? QStringLiteral("\"%1\"").arg(step.title->pattern())
+                            : QStringLiteral("a picture"),
+                 shown));
+}
+
+void ScriptPlayer::end(const QString &failure)
+{
+    m_ended = true;
+    m_stepTimer.stop();
+    m_patience.stop();
+    Q_EMIT finished(failure);
+}

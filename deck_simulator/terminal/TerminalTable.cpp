@@ -1,0 +1,167 @@
+#include "deck_simulator/terminal/TerminalTable.h"
+
+#include <QChar>
+
+#include <algorithm>
+#include <iterator>
+#include <numeric>
+
+namespace {
+
+constexpr int columnGap = 2;
+
+struct CodeRange
+{
+    uint first;
+    uint last;
+};
+
+// The blocks whose characters are "W" or "F" in the Unicode table EastAsianWidth.txt.
+const CodeRange wideRanges[] = {
+    {0x1100, 0x115f},   {0x231a, 0x231b},   {0x23e9, 0x23ec},   {0x25fd, 0x25fe},
+    {0x2614, 0x2615},   {0x2648, 0x2653},   {0x26a1, 0x26a1},   {0x26bd, 0x26be},
+    {0x2705, 0x2705},   {0x270a, 0x270b},   {0x274c, 0x274c},   {0x2753, 0x2755},
+    {0x2795, 0x2797},   {0x2b1b, 0x2b1c},   {0x2b50, 0x2b50},   {0x2e80, 0x303e},
+    {0x3041, 0x4dbf},   {0x4e00, 0xa4cf},   {0xa960, 0xa97f},   {0xac00, 0xd7a3},
+    {0xf900, 0xfaff},   {0xfe10, 0xfe19},   {0xfe30, 0xfe6f},   {0xff00, 0xff60},
+    {0xffe0, 0xffe6},   {0x16fe0, 0x18aff}, {0x1b000, 0x1b2ff}, {0x1f300, 0x1f64f},
+    {0x1f680, 0x1f6ff}, {0x1f7e0, 0x1f7eb}, {0x1f900, 0x1faff}, {0x20000, 0x3fffd},
+};
+
+int codePointWidth(uint code)
+{
+    const QChar::Category category = QChar::category(code);
+    if (category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing)
+        return 0;
+    const auto *const range =
+        std::find_if(std::begin(wideRanges), std::end(wideRanges),
+                     [code](const CodeRange &candidate) { return code <= candidate.last; });
+    return range != std::end(wideRanges) && code >= range->first ? 2 : 1;
+}
+
+QString printableCharacter(uint code)
+{
+    switch (QChar::category(code)) {
+    case QChar::Other_Format:
+        return {};
+    case QChar::Other_Control:
+    case QChar::Other_Surrogate:
+    case QChar::Other_NotAssigned:
+    case QChar::Other_PrivateUse:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return QString(QChar(QChar::ReplacementCharacter));
+    default:
+        return QString::fromUcs4(&code, 1);
+    }
+}
+
+QString leadingPart(const QString &text, int width)
+{
+    QString part;
+    int used = 0;
+    for (const uint code : text.toUcs4()) {
+        used += codePointWidth(code);
+        if (used > width)
+            break;
+        part += QString::fromUcs4(&code, 1);
+    }
+    return part;
+}
+
+QVector<int> naturalWidths(const QVector<TableColumn> &columns, const QVector<QStringList> &rows)
+{
+    QVector<int> widths;
+    for (int column = 0; column < columns.size(); ++column) {
+        int width = displayWidth(columns.at(column).header);
+        for (const QStringList &row : rows)
+            width = qMax(width, displayWidth(row.value(column)));
+        widths.append(width);
+    }
+    return widths;
+}
+
+int totalWidth(const QVector<int> &widths)
+{
+    return std::accumulate(widths.begin(), widths.end(), columnGap * (widths.size() - 1));
+}
+
+// Narrows the widest of the columns that may be narrowed by one. False when there is none left.
+bool narrowOne(const QVector<TableColumn> &columns, QVector<int> &widths)
+{
+    int widest = -1;
+    for (int column = 0; column < widths.size(); ++column) {
+        const int minimum = columns.at(column).minimum;
+        if (minimum > 0 && widths.at(column) > minimum &&
+            (widest < 0 || widths.at(column) > widths.at(widest)))
+            widest = column;
+    }
+    if (widest < 0)
+        return false;
+    --widths[widest];
+    return true;
+}
+
+QString tableLine(const QVector<TableColumn> &columns, const QVector<int> &widths,
+                  const QStringList &cells)
+{
+    QStringList parts;
+    for (int column = 0; column < widths.size(); ++column)
+        parts.append(
+            fitted(cells.value(column), widths.at(column), columns.at(column).rightAligned));
+    QString line = parts.join(QString(columnGap, QLatin1Char(' ')));
+    while (line.endsWith(QLatin1Char(' ')))
+        line.chop(1);
+    return line;
+}
+
+} // namespace
+
+QString printable(const QString &text)
+{
+    QString lines = text;
+    lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    lines.replace(QLatin1Char('\n'), QLatin1String(" / "));
+    lines.replace(QLatin1Char('\t'), QLatin1Char(' '));
+    QString result;
+    for (const uint code : lines.toUcs4())
+        result += printableCharacter(code);
+    return result;
+}
+
+int displayWidth(const QString &text)
+{
+    int width = 0;
+    for (const uint code : text.toUcs4())
+        width += codePointWidth(code);
+    return width;
+}
+
+QString fitted(const QString &text, int width, bool rightAligned)
+{
+    QString result = text;
+    if (displayWidth(text) > width)
+        result = width > 0 ? leadingPart(text, width - 1) + QStringLiteral("…") : QString();
+    const QString padding(qMax(0, width - displayWidth(result)), QLatin1Char(' '));
+    return rightAligned ? padding + result : result + padding;
+}
+
+QStringList tableLines(QVector<TableColumn> columns, const QVector<QStringList> &rows, int width)
+{
+    QVector<int> widths = naturalWidths(columns, rows);
+    while (totalWidth(widths) > width && widths.size() > 1) {
+        if (!narrowOne(columns, widths))
+            widths.removeLast();
+    }
+    if (widths.size() == 1)
+        widths[0] = qMin(widths.at(0), width);
+    columns.resize(widths.size());
+
+    QStringList headers;
+    for (const TableColumn &column : columns)
+        headers.append(column.header);
+    QStringList lines{tableLine(columns, widths, headers)};
+    for (const QStringList &row : rows)
+        lines.append(tableLine(columns, widths, row));
+    return lines;
+}

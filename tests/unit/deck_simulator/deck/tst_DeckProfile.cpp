@@ -1,0 +1,182 @@
+#include "deck_simulator/deck/DeckProfile.h"
+#include "deck_simulator/process/FontFiles.h"
+#include "deck_simulator/process/PluginArguments.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class tst_DeckProfile : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void givesEveryKeyCompleteSettings();
+    void showsEveryKind();
+    void showsSettingsAndFonts();
+    void hasBothNetworkLayouts();
+    void fillsTheGridByColumns_data();
+    void fillsTheGridByColumns();
+    void namesTheHostToThePlugin();
+    void ordersThePluginArguments();
+    void findsRobotoFilesBelowFolders();
+};
+
+namespace {
+
+QJsonObject titleParameters(const DeckKey &key)
+{
+    return key.settings().value(QLatin1String("titleParameters")).toObject();
+}
+
+void makeFile(const QDir &folder, const QString &path)
+{
+    QVERIFY(folder.mkpath(QFileInfo(path).path()));
+    QFile file(folder.filePath(path));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+}
+
+} // namespace
+
+void tst_DeckProfile::givesEveryKeyCompleteSettings()
+{
+    const DeckProfile deck = defaultDeck(5);
+    QCOMPARE(deck.keys.size(), 13);
+    QSet<QString> contexts;
+    for (const DeckKey &key : deck.keys) {
+        contexts.insert(key.context());
+        QVERIFY(key.action().startsWith(QLatin1String("com.quellor.stream.system.")));
+        const QJsonObject parameters = titleParameters(key);
+        QCOMPARE(parameters.size(), 12);
+        QVERIFY(!parameters.value(QLatin1String("text")).toString().isEmpty());
+        QCOMPARE(parameters.value(QLatin1String("showTitle")), QJsonValue(true));
+        QCOMPARE(parameters.value(QLatin1String("fontFamily")).toString(),
+                 QStringLiteral("Roboto|Bold"));
+        QVERIFY(parameters.value(QLatin1String("fontSize")).toInt() > 0);
+        QCOMPARE(parameters.value(QLatin1String("color")).toString(), QStringLiteral("#ffffff"));
+        QCOMPARE(parameters.value(QLatin1String("opacity")).toDouble(-1), 0.0);
+        QCOMPARE(parameters.value(QLatin1String("temperatureType")).toString(),
+                 QStringLiteral("摄氏度"));
+        const QJsonObject geometry =
+            key.settings().value(QLatin1String("ActionGeometry")).toObject();
+        QCOMPARE(geometry.value(QLatin1String("width")).toInt(), 144);
+        QCOMPARE(geometry.value(QLatin1String("height")).toInt(), 144);
+    }
+    QCOMPARE(contexts.size(), deck.keys.size());
+}
+
+void tst_DeckProfile::showsEveryKind()
+{
+    const DeckProfile deck = kindsDeck(8);
+    QCOMPARE(deck.grid, QSize(8, 4));
+    QSet<QString> actions;
+    QSet<QString> contexts;
+    for (const DeckKey &key : deck.keys) {
+        actions.insert(key.action());
+        contexts.insert(key.context());
+        QCOMPARE(titleParameters(key).size(), 12);
+    }
+    QCOMPARE(actions.size(), 32);
+    QCOMPARE(contexts.size(), 32);
+}
+
+void tst_DeckProfile::showsSettingsAndFonts()
+{
+    const QStringList specs{QStringLiteral("Foo|Bold"), QStringLiteral("Foo|Italic")};
+    const DeckProfile deck = settingsDeck(4, specs);
+    const int others = deck.keys.size() - specs.size();
+    QCOMPARE(deck.grid, QSize(4, (deck.keys.size() + 3) / 4));
+    QSet<QString> contexts;
+    QSet<QString> distinct;
+    for (const DeckKey &key : deck.keys) {
+        QCOMPARE(titleParameters(key).size(), 12);
+        contexts.insert(key.context());
+        distinct.insert(QString::fromUtf8(QJsonDocument(key.settings()).toJson()));
+    }
+    QCOMPARE(contexts.size(), deck.keys.size());
+    QCOMPARE(distinct.size(), deck.keys.size());
+    for (int i = 0; i < specs.size(); ++i) {
+        QCOMPARE(deck.keys.at(others + i).name(), specs.at(i));
+        QCOMPARE(
+            titleParameters(deck.keys.at(others + i)).value(QLatin1String("fontFamily")).toString(),
+            specs.at(i));
+    }
+}
+
+void tst_DeckProfile::hasBothNetworkLayouts()
+{
+    QStringList layouts;
+    for (const DeckKey &key : defaultDeck(5).keys) {
+        if (key.action() == QLatin1String("com.quellor.stream.system.NetWork"))
+            layouts.append(titleParameters(key).value(QLatin1String("titleLines")).toString());
+    }
+    const QStringList expected{QStringLiteral("单行显示"), QStringLiteral("双行显示")};
+    QCOMPARE(layouts, expected);
+}
+
+void tst_DeckProfile::fillsTheGridByColumns_data()
+{
+    QTest::addColumn<int>("columns");
+    QTest::addColumn<int>("rows");
+    QTest::newRow("usual") << 5 << 3;
+    QTest::newRow("one column") << 1 << 13;
+    QTest::newRow("one row") << 16 << 1;
+}
+
+void tst_DeckProfile::fillsTheGridByColumns()
+{
+    QFETCH(int, columns);
+    QFETCH(int, rows);
+    QCOMPARE(defaultDeck(columns).grid, QSize(columns, rows));
+}
+
+void tst_DeckProfile::namesTheHostToThePlugin()
+{
+    const QString text =
+        hostInfo(QStringLiteral("zh_CN"),
+                 {{QStringLiteral("Roboto-Bold"), QStringLiteral("/f/Bold.ttf")}}, QSize(5, 3));
+    const QJsonObject info = QJsonDocument::fromJson(text.toUtf8()).object();
+    QCOMPARE(info.value(QLatin1String("application"))
+                 .toObject()
+                 .value(QLatin1String("language"))
+                 .toString(),
+             QStringLiteral("zh_CN"));
+    const QJsonArray fonts = info.value(QLatin1String("fonts")).toArray();
+    QCOMPARE(fonts.size(), 1);
+    const QJsonObject font = fonts.at(0).toObject();
+    QCOMPARE(font.value(QLatin1String("name")).toString(), QStringLiteral("Roboto-Bold"));
+    QCOMPARE(font.value(QLatin1String("url")).toString(), QStringLiteral("/f/Bold.ttf"));
+}
+
+void tst_DeckProfile::ordersThePluginArguments()
+{
+    const QStringList expected{QStringLiteral("-port"),          QStringLiteral("4711"),
+                               QStringLiteral("-pluginUUID"),    QStringLiteral("id"),
+                               QStringLiteral("-registerEvent"), QStringLiteral("register"),
+                               QStringLiteral("-info"),          QStringLiteral("{}")};
+    QCOMPARE(pluginArguments(4711, QStringLiteral("id"), QStringLiteral("register"),
+                             QStringLiteral("{}")),
+             expected);
+}
+
+void tst_DeckProfile::findsRobotoFilesBelowFolders()
+{
+    const QTemporaryDir first;
+    const QTemporaryDir second;
+    makeFile(first.path(), QStringLiteral("deep/er/Roboto-Regular.ttf"));
+    makeFile(first.path(), QStringLiteral("Roboto-Bold.otf"));
+    makeFile(first.path(), QStringLiteral("RobotoMono-Bold.ttf"));
+    makeFile(first.path(), QStringLiteral("Roboto-Readme.txt"));
+    makeFile(second.path(), QStringLiteral("Roboto-Regular.ttf"));
+    const QVector<FontFile> fonts =
+        findRobotoFiles({first.path(), second.path(), QStringLiteral("/no/such/folder")});
+    QCOMPARE(fonts.size(), 2);
+    QCOMPARE(fonts.at(0).name, QStringLiteral("Roboto-Bold"));
+    QCOMPARE(fonts.at(1).name, QStringLiteral("Roboto-Regular"));
+    QCOMPARE(fonts.at(1).path, first.filePath(QStringLiteral("deep/er/Roboto-Regular.ttf")));
+}
+
+QTEST_GUILESS_MAIN(tst_DeckProfile)
+#include "tst_DeckProfile.moc"

@@ -1,0 +1,240 @@
+#include "deck_simulator/host/DeckSession.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace std::chrono_literals;
+
+class tst_DeckSession : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void runsAPluginFromStartToEnd();
+    void keepsAGivenWorkFolder();
+    void failsWithoutAPlugin();
+    void failsWithAnUnusableWorkFolder();
+    void reportsAPluginThatEndsAtOnce();
+    void reportsAWrongRegistration();
+    void reportsAPluginThatNeverRegisters();
+    void reportsAPluginThatDies();
+    void reportsAPluginThatLeaves();
+    void terminatesAPluginThatStays();
+    void doesNotWaitWhenToldTwice();
+    void endsBeforeTheRegistration();
+
+private:
+    SessionSettings m_settings;
+};
+
+namespace {
+
+void play(const char *script)
+{
+    qputenv("SCRIPT", script);
+}
+
+} // namespace
+
+void tst_DeckSession::init()
+{
+    m_settings = SessionSettings();
+    m_settings.program = QStringLiteral(SCRIPTED_PLUGIN);
+}
+
+void tst_DeckSession::runsAPluginFromStartToEnd()
+{
+    play("draw");
+    QString workFolder;
+    {
+        DeckSession session(m_settings, defaultDeck(5));
+        QSignalSpy appeared(&session, &DeckSession::keysAppeared);
+        QSignalSpy changed(&session, &DeckSession::keyChanged);
+        QSignalSpy ended(&session, &DeckSession::ended);
+        session.start();
+        QTRY_COMPARE(appeared.count(), 1);
+        QCOMPARE(session.stateText(), QStringLiteral("registered"));
+        QVERIFY(session.pluginPid() > 0);
+        const QVector<DeckKey> &keys = session.host().deck().keys;
+        QTRY_COMPARE(changed.count(), 3 * keys.size());
+        for (const DeckKey &key : keys) {
+            QCOMPARE(key.title(), QStringLiteral("drawn"));
+            QCOMPARE(key.picture().size(), QSize(60, 20));
+            QVERIFY(key.settings().value(QLatin1String("seen")).toBool());
+        }
+        workFolder = session.workFolder();
+        QVERIFY(QFile::exists(workFolder));
+
+        session.end();
+        QTRY_COMPARE(ended.count(), 1);
+        QCOMPARE(session.failure(), QString());
+        QCOMPARE(session.pluginPid(), qint64(0));
+        session.end();
+        QCOMPARE(ended.count(), 1);
+    }
+    QVERIFY(!QFile::exists(workFolder));
+}
+
+void tst_DeckSession::keepsAGivenWorkFolder()
+{
+    play("draw");
+    const QTemporaryDir folder;
+    m_settings.workFolder = folder.filePath(QStringLiteral("new/folder"));
+    {
+        DeckSession session(m_settings, defaultDeck(5));
+        QSignalSpy appeared(&session, &DeckSession::keysAppeared);
+        session.start();
+        QTRY_COMPARE(appeared.count(), 1);
+        QCOMPARE(session.workFolder(), m_settings.workFolder);
+    }
+    QVERIFY(QFile::exists(m_settings.workFolder + QStringLiteral("/plugin-stderr.txt")));
+}
+
+void tst_DeckSession::failsWithoutAPlugin()
+{
+    m_settings.program = QStringLiteral("/no/such/plugin");
+    DeckSession session(m_settings, defaultDeck(5));
+    QSignalSpy ended(&session, &DeckSession::ended);
+    session.start();
+    QTRY_COMPARE(ended.count(), 1);
+    QVERIFY2(session.failure().contains(QLatin1String("/no/such/plugin cannot be started")),
+             qPrintable(session.failure()));
+}
+
+void tst_DeckSession::failsWithAnUnusableWorkFolder()
+{
+    const QTemporaryDir folder;
+    QFile obstacle(folder.filePath(QStringLiteral("file")));
+    QVERIFY(obstacle.open(QIODevice::WriteOnly));
+    m_settings.workFolder = obstacle.fileName() + QStringLiteral("/below");
+    DeckSession session(m_settings, defaultDeck(5));
+    QSignalSpy ended(&session, &DeckSession::ended);
+    session.start();
+    QTRY_COMPARE(ended.count(), 1);
+    QVERIFY(session.failure().contains(QLatin1String("cannot be used")));
+}
+
+void tst_DeckSession::reportsAPluginThatEndsAtOnce()
+{
+    play("refuse");
+    QString workFolder;
+    {
+        DeckSession session(m_settings, defaultDeck(5));
+        QSignalSpy ended(&session, &DeckSession::ended);
+        session.start();
+        QTRY_COMPARE(ended.count(), 1);
+        const QString failure = session.failure();
+        QVERIFY2(failure.contains(QLatin1String("exit status 3 before it registered")),
+                 qPrintable(failure));
+        QVERIFY(failure.contains(QStringLiteral("this plugin \uFFFD[31mrefuses")));
+        workFolder = session.workFolder();
+        QVERIFY(failure.contains(workFolder));
+    }
+    // The folder that the message names is still there.
+    QVERIFY(QFile::exists(workFolder));
+    QVERIFY(QDir(workFolder).removeRecursively());
+}
+
+void tst_DeckSession::reportsAWrongRegistration()
+{
+    play("impostor");
+    DeckSession session(m_settings, defaultDeck(5));
+    QSignalSpy notices(&session, &DeckSession::notice);
+    QSignalSpy ended(&session, &DeckSession::ended);
+    session.start();
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(notices.count(), 1);
+    QVERIFY(notices.at(0).at(0).toString().contains(QLatin1String("somebody else")));
+    QVERIFY(session.failure().contains(QLatin1String("exit status 0 before it registered")));
+    QVERIFY(QDir(session.workFolder()).removeRecursively());
+}
+
+void tst_DeckSession::reportsAPluginThatNeverRegisters()
+{
+    play("mute");
+    m_settings.registrationLimit = 200ms;
+    m_settings.endingPatience = 100ms;
+    DeckSession session(m_settings, defaultDeck(5));
+    QSignalSpy ended(&session, &DeckSession::ended);
+    session.start();
+    QTRY_COMPARE(ended.count(), 1);
+    QVERIFY2(
+        session.failure().startsWith(QLatin1String("The plugin did not register within 0.2 s")),
+        qPrintable(session.failure()));
+    QVERIFY(QDir(session.workFolder()).removeRecursively());
+}
+
+void tst_DeckSession::reportsAPluginThatDies()
+{
+    play("die");
+    DeckSession session(m_settings, defaultDeck(5));
+    QSignalSpy ended(&session, &DeckSession::ended);
+    session.start();
+    QTRY_COMPARE(ended.count(), 1);
+    QVERIFY2(session.failure().startsWith(
+                 QLatin1String("The plugin ended with signal 6 (Aborted) while its keys")),
+             qPrintable(session.failure()));
+    QVERIFY(QDir(session.workFolder()).removeRecursively());
+}
+
+void tst_DeckSession::reportsAPluginThatLeaves()
+{
+    play("leave");
+    DeckSession session(m_settings, defaultDeck(5));
+    QSignalSpy ended(&session, &DeckSession::ended);
+    session.start();
+    QTRY_COMPARE(ended.count(), 1);
+    QVERIFY2(session.failure().startsWith(
+                 QLatin1String("The plugin ended with exit status 0 while its keys")),
+             qPrintable(session.failure()));
+    QVERIFY(QDir(session.workFolder()).removeRecursively());
+}
+
+void tst_DeckSession::terminatesAPluginThatStays()
+{
+    play("stubborn");
+    m_settings.endingPatience = 100ms;
+    DeckSession session(m_settings, defaultDeck(5));
+    QSignalSpy appeared(&session, &DeckSession::keysAppeared);
+    QSignalSpy ended(&session, &DeckSession::ended);
+    session.start();
+    QTRY_COMPARE(appeared.count(), 1);
+    session.end();
+    QTRY_COMPARE(ended.count(), 1);
+    QVERIFY2(session.failure().contains(QLatin1String("did not end within 0.1 s")),
+             qPrintable(session.failure()));
+    QVERIFY(QDir(session.workFolder()).removeRecursively());
+}
+
+void tst_DeckSession::doesNotWaitWhenToldTwice()
+{
+    play("stubborn");
+    m_settings.endingPatience = 10min;
+    DeckSession session(m_settings, defaultDeck(5));
+    QSignalSpy appeared(&session, &DeckSession::keysAppeared);
+    QSignalSpy ended(&session, &DeckSession::ended);
+    session.start();
+    QTRY_COMPARE(appeared.count(), 1);
+    session.end();
+    session.end();
+    QTRY_COMPARE(ended.count(), 1);
+    QVERIFY(QDir(session.workFolder()).removeRecursively());
+}
+
+void tst_DeckSession::endsBeforeTheRegistration()
+{
+    play("mute");
+    m_settings.endingPatience = 10min;
+    DeckSession session(m_settings, defaultDeck(5));
+    QSignalSpy ended(&session, &DeckSession::ended);
+    session.start();
+    QTRY_VERIFY(session.pluginPid() > 0);
+    session.end();
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(session.failure(), QString());
+}
+
+QTEST_GUILESS_MAIN(tst_DeckSession)
+#include "tst_DeckSession.moc"

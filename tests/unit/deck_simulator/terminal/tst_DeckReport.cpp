@@ -1,0 +1,127 @@
+#include "deck_simulator/terminal/DeckReport.h"
+#include "deck_simulator/terminal/HeadlessRun.h"
+
+#include <QtTest>
+
+class tst_DeckReport : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void namesBytes_data();
+    void namesBytes();
+    void namesAges_data();
+    void namesAges();
+    void showsOneLinePerKeyAndTheStatus();
+    void showsNoControlCharacters();
+    void namesRefusalsOnlyWhenThereAreAny();
+    void fitsNarrowTerminals();
+    void replacesTheFrameBefore();
+};
+
+namespace {
+
+DeckKey key(const QString &name)
+{
+    return {name, QStringLiteral("action"), name, {}};
+}
+
+DeckStatus runningStatus()
+{
+    DeckStatus status;
+    status.link = QStringLiteral("registered");
+    status.pluginPid = 4711;
+    status.framesPerSecond = 26;
+    status.bytesPerSecond = 2048;
+    return status;
+}
+
+} // namespace
+
+void tst_DeckReport::namesBytes_data()
+{
+    QTest::addColumn<double>("bytes");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("none") << 0.0 << "0 B";
+    QTest::newRow("bytes") << 1023.0 << "1023 B";
+    QTest::newRow("kilobytes") << 1536.0 << "1.5 KB";
+    QTest::newRow("megabytes") << 2.0 * 1024 * 1024 << "2.0 MB";
+}
+
+void tst_DeckReport::namesBytes()
+{
+    QFETCH(double, bytes);
+    QTEST(byteText(bytes), "text");
+}
+
+void tst_DeckReport::namesAges_data()
+{
+    QTest::addColumn<qint64>("age");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("new") << qint64(0) << "0.0 s";
+    QTest::newRow("tenths") << qint64(1440) << "1.4 s";
+    QTest::newRow("seconds") << qint64(61000) << "61 s";
+    QTest::newRow("minutes") << qint64(600000) << "10 min";
+    QTest::newRow("negative") << qint64(-5) << "0.0 s";
+}
+
+void tst_DeckReport::namesAges()
+{
+    QFETCH(qint64, age);
+    QTEST(ageText(age), "text");
+    QCOMPARE(ageText(std::nullopt), QStringLiteral("-"));
+}
+
+void tst_DeckReport::showsOneLinePerKeyAndTheStatus()
+{
+    QVector<DeckKey> keys{key(QStringLiteral("CPU usage")), key(QStringLiteral("Network"))};
+    keys[0].takeTitle(QStringLiteral("CPU: 5%"), 1000);
+    const QStringList lines = deckReport(keys, runningStatus(), 1500, 100);
+    QCOMPARE(lines.size(), 4);
+    QVERIFY(lines.at(0).startsWith(QLatin1String("Key")));
+    QVERIFY(lines.at(1).contains(QLatin1String("CPU: 5%")));
+    QVERIFY(lines.at(1).contains(QLatin1String("0.5 s")));
+    QVERIFY(lines.at(2).startsWith(QLatin1String("Network")));
+    QCOMPARE(lines.at(3), QStringLiteral("registered | plugin 4711 | 26.0 frames/s | 2.0 KB/s"));
+}
+
+void tst_DeckReport::showsNoControlCharacters()
+{
+    QVector<DeckKey> keys{key(QStringLiteral("CPU"))};
+    keys[0].takeTitle(QStringLiteral("\x1b[2J\nsecond"), 0);
+    const QString text = deckReport(keys, runningStatus(), 0, 100).join(QString());
+    QVERIFY(!text.contains(QChar(0x1b)));
+    QVERIFY(!text.contains(QLatin1Char('\n')));
+    QVERIFY(text.contains(QLatin1String(" / second")));
+}
+
+void tst_DeckReport::namesRefusalsOnlyWhenThereAreAny()
+{
+    DeckStatus status = runningStatus();
+    QVERIFY(!statusText(status).contains(QLatin1String("unknown")));
+    status.counters.unknownContexts = 3;
+    status.counters.brokenPictures = 1;
+    QVERIFY(
+        statusText(status).contains(QLatin1String("3 for unknown keys, 1 with broken pictures")));
+}
+
+void tst_DeckReport::fitsNarrowTerminals()
+{
+    QVector<DeckKey> keys{key(QStringLiteral("Memory available"))};
+    keys[0].takeTitle(QStringLiteral("可用内存(GB): 12.5GB"), 0);
+    for (int width = 1; width < 80; ++width) {
+        for (const QString &line : deckReport(keys, runningStatus(), 0, width))
+            QVERIFY(displayWidth(line) <= width);
+    }
+}
+
+void tst_DeckReport::replacesTheFrameBefore()
+{
+    const QStringList lines{QStringLiteral("a"), QStringLiteral("b")};
+    const QByteArray first = replacementFrame(lines, 0);
+    QCOMPARE(first, QByteArray("\x1b[?25l\ra\x1b[K\r\n\rb\x1b[K\r\n\x1b[J\x1b[?25h"));
+    QVERIFY(replacementFrame(lines, 2).startsWith("\x1b[?25l\x1b[2A\ra"));
+}
+
+QTEST_GUILESS_MAIN(tst_DeckReport)
+#include "tst_DeckReport.moc"
