@@ -1,6 +1,6 @@
 #include "sensors/GpuReadings.h"
-#include "system_monitor_lib/live/CpuClockCollector.h"
 #include "system_monitor_lib/live/LiveSource.h"
+#include "system_monitor_lib/live/processor/CpuClockCollector.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 #include "tests/unit/system_monitor_lib/machine.h"
 
