@@ -3,6 +3,7 @@
 #include "system_monitor_lib/live/DistinctName.h"
 #include "system_monitor_lib/live/drives/DriveTree.h"
 #include "system_monitor_lib/live/files/HwmonChip.h"
+#include "system_monitor_lib/live/files/SysfsText.h"
 
 #include <QDir>
 
@@ -95,7 +96,7 @@ void DriveCollector::read(Drive &drive, qint64 nowNs)
         if (served.isEmpty() || served == std::exchange(drive.lastServed, served))
             return;
     }
-    if (drive.runtimeStatus->word().startsWith(QLatin1String("suspend")))
+    if (meansAsleep(drive.runtimeStatus->word()))
         return;
     drive.celsius = drive.temperature->celsius();
     drive.readNs = nowNs;

@@ -61,9 +61,10 @@ CpuTemperatureCollector::Choice CpuTemperatureCollector::choose() const
                 return {input, true};
         }
     }
-    for (const HwmonChip &chip : named("cpu_thermal"))
-        return {chip.directory + QStringLiteral("/temp1_input"), false};
-    return {};
+    const std::vector<HwmonChip> zones = named("cpu_thermal");
+    if (zones.empty())
+        return {};
+    return {zones.front().directory + QStringLiteral("/temp1_input"), false};
 }
 
 void CpuTemperatureCollector::look()
