@@ -5,11 +5,11 @@
 #include "sensors/VqSystemMonitorLib.h"
 #include "sensors/audio.h"
 #include "sensors/drives.h"
-#include "system_monitor_lib/live/CpuLoadCollector.h"
 #include "system_monitor_lib/live/MachineRoots.h"
-#include "system_monitor_lib/live/MemoryCollector.h"
-#include "system_monitor_lib/live/NetworkCollector.h"
 #include "system_monitor_lib/live/PlatformCollectors.h"
+#include "system_monitor_lib/live/memory/MemoryCollector.h"
+#include "system_monitor_lib/live/network/NetworkCollector.h"
+#include "system_monitor_lib/live/processor/CpuLoadCollector.h"
 
 #include <QByteArray>
 #include <QCoreApplication>

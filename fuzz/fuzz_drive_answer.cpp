@@ -1,6 +1,6 @@
 #include "fuzz/FuzzSupport.h"
-#include "system_monitor_lib/live/StorageAnswers.h"
-#include "system_monitor_lib/live/SysfsText.h"
+#include "system_monitor_lib/live/drives/StorageAnswers.h"
+#include "system_monitor_lib/live/files/SysfsText.h"
 
 // What a drive answers on Windows.
 

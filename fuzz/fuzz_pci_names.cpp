@@ -1,5 +1,5 @@
 #include "fuzz/FuzzSupport.h"
-#include "system_monitor_lib/live/PciNames.h"
+#include "system_monitor_lib/live/graphics/PciNames.h"
 
 // The list of PCI devices. The first line is the number of the device looked up, "10de:2684".
 

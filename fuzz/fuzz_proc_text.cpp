@@ -1,8 +1,8 @@
 #include "fuzz/FuzzSupport.h"
-#include "system_monitor_lib/live/CpuInfoText.h"
-#include "system_monitor_lib/live/MeminfoText.h"
-#include "system_monitor_lib/live/ProcStatText.h"
-#include "system_monitor_lib/live/TextFields.h"
+#include "system_monitor_lib/live/files/TextFields.h"
+#include "system_monitor_lib/live/memory/MeminfoText.h"
+#include "system_monitor_lib/live/processor/CpuInfoText.h"
+#include "system_monitor_lib/live/processor/ProcStatText.h"
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
 #include "fuzz/FuzzSupport.h"
-#include "system_monitor_lib/live/NetworkText.h"
-#include "system_monitor_lib/live/SysfsText.h"
-#include "system_monitor_lib/live/TextFields.h"
+#include "system_monitor_lib/live/files/SysfsText.h"
+#include "system_monitor_lib/live/files/TextFields.h"
+#include "system_monitor_lib/live/network/NetworkText.h"
 
 #include <string_view>
 

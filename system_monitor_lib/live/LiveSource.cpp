@@ -1,10 +1,10 @@
 #include "system_monitor_lib/live/LiveSource.h"
 
-#include "system_monitor_lib/live/CpuLoadCollector.h"
-#include "system_monitor_lib/live/CpuModel.h"
-#include "system_monitor_lib/live/MemoryCollector.h"
-#include "system_monitor_lib/live/NetworkCollector.h"
 #include "system_monitor_lib/live/PlatformCollectors.h"
+#include "system_monitor_lib/live/memory/MemoryCollector.h"
+#include "system_monitor_lib/live/network/NetworkCollector.h"
+#include "system_monitor_lib/live/processor/CpuLoadCollector.h"
+#include "system_monitor_lib/live/processor/CpuModel.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 #include "system_monitor_lib/live/PlatformCollectors.h"
 
-#include "system_monitor_lib/live/BoardCollector.h"
-#include "system_monitor_lib/live/CpuClockCollector.h"
-#include "system_monitor_lib/live/CpuTemperatureCollector.h"
-#include "system_monitor_lib/live/DriveCollector.h"
-#include "system_monitor_lib/live/GpuCollector.h"
-#include "system_monitor_lib/live/NvidiaGpus.h"
-#include "system_monitor_lib/live/RaplCollector.h"
-#include "system_monitor_lib/live/SysfsGpus.h"
+#include "system_monitor_lib/live/board/BoardCollector.h"
+#include "system_monitor_lib/live/drives/DriveCollector.h"
+#include "system_monitor_lib/live/graphics/GpuCollector.h"
+#include "system_monitor_lib/live/graphics/NvidiaGpus.h"
+#include "system_monitor_lib/live/graphics/SysfsGpus.h"
+#include "system_monitor_lib/live/processor/CpuClockCollector.h"
+#include "system_monitor_lib/live/processor/CpuTemperatureCollector.h"
+#include "system_monitor_lib/live/processor/RaplCollector.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "system_monitor_lib/live/PlatformCollectors.h"
 
-#include "system_monitor_lib/live/CoreClockCollector.h"
-#include "system_monitor_lib/live/GpuCollector.h"
-#include "system_monitor_lib/live/NvidiaGpus.h"
-#include "system_monitor_lib/live/StorageCollector.h"
+#include "system_monitor_lib/live/drives/StorageCollector.h"
+#include "system_monitor_lib/live/graphics/GpuCollector.h"
+#include "system_monitor_lib/live/graphics/NvidiaGpus.h"
+#include "system_monitor_lib/live/processor/CoreClockCollector.h"
 
 std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &roots,
                                                            const QString &cpuGroup,

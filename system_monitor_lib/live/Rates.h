@@ -1,6 +1,6 @@
 #pragma once
 
-#include "system_monitor_lib/live/CpuTimes.h"
+#include "system_monitor_lib/live/processor/CpuTimes.h"
 
 #include <QtGlobal>
 

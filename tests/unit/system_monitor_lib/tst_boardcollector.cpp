@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/BoardCollector.h"
+#include "system_monitor_lib/live/board/BoardCollector.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 #include "tests/unit/system_monitor_lib/machine.h"
 

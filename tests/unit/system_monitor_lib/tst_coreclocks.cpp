@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/CoreClocks.h"
+#include "system_monitor_lib/live/processor/CoreClocks.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QtTest>

@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/CpuInfoText.h"
+#include "system_monitor_lib/live/processor/CpuInfoText.h"
 #include "tests/unit/system_monitor_lib/files.h"
 
 #include <QtTest>

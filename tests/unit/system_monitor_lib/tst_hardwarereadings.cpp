@@ -1,6 +1,6 @@
 #include "sensors/GpuReadings.h"
-#include "system_monitor_lib/live/CpuClockCollector.h"
 #include "system_monitor_lib/live/LiveSource.h"
+#include "system_monitor_lib/live/processor/CpuClockCollector.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 #include "tests/unit/system_monitor_lib/machine.h"
 
@@ -57,6 +57,7 @@ private Q_SLOTS:
     void equalGpusHaveDistinctNames();
 
     void idleDiskIsNotRead();
+    void suspendedDriveIsNotRead_data();
     void suspendedDriveIsNotRead();
     void driveThatIsAddedLaterIsFound();
 
@@ -413,12 +414,21 @@ void HardwareReadingsTest::idleDiskIsNotRead()
     QCOMPARE(driveTemperature(period), 36.0);
 }
 
+void HardwareReadingsTest::suspendedDriveIsNotRead_data()
+{
+    QTest::addColumn<QByteArray>("status");
+    QTest::newRow("suspended") << QByteArray("suspended\n");
+    QTest::newRow("suspending") << QByteArray("suspending\n");
+    QTest::newRow("resuming") << QByteArray("resuming\n");
+}
+
 void HardwareReadingsTest::suspendedDriveIsNotRead()
 {
+    QFETCH(const QByteArray, status);
     QVERIFY(put(diskFolder + QStringLiteral("block/sda/queue/rotational"), "0\n"));
     QVERIFY(unpackMachine(QStringLiteral("intel-desktop"), QString(), m_directory->path()));
     QVERIFY(put(diskFolder + QStringLiteral("block/sda/queue/rotational"), "0\n"));
-    QVERIFY(put(diskFolder + QStringLiteral("power/runtime_status"), "suspended\n"));
+    QVERIFY(put(diskFolder + QStringLiteral("power/runtime_status"), status));
     QVERIFY(m_source->open());
     QCOMPARE(driveTemperature(0), -1.0);
     QVERIFY(put(diskFolder + QStringLiteral("power/runtime_status"), "active\n"));

@@ -1,8 +1,8 @@
-#include "system_monitor_lib/live/CoreClockCollector.h"
-#include "system_monitor_lib/live/CpuModel.h"
 #include "system_monitor_lib/live/LiveSource.h"
-#include "system_monitor_lib/live/NvidiaDevices.h"
-#include "system_monitor_lib/live/StorageDrives.h"
+#include "system_monitor_lib/live/drives/StorageDrives.h"
+#include "system_monitor_lib/live/graphics/NvidiaDevices.h"
+#include "system_monitor_lib/live/processor/CoreClockCollector.h"
+#include "system_monitor_lib/live/processor/CpuModel.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QDir>

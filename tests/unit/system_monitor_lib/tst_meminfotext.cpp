@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/MeminfoText.h"
+#include "system_monitor_lib/live/memory/MeminfoText.h"
 #include "tests/unit/system_monitor_lib/files.h"
 
 #include <QtTest>

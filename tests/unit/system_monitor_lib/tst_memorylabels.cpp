@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/MemoryCollector.h"
+#include "system_monitor_lib/live/memory/MemoryCollector.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QtTest>

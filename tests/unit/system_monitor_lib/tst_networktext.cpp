@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/NetworkText.h"
+#include "system_monitor_lib/live/network/NetworkText.h"
 #include "tests/unit/system_monitor_lib/files.h"
 
 #include <QtTest>

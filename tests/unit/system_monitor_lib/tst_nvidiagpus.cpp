@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/NvidiaGpus.h"
+#include "system_monitor_lib/live/graphics/NvidiaGpus.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QLibrary>

@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/PolledFile.h"
+#include "system_monitor_lib/live/files/PolledFile.h"
 #include "tests/unit/system_monitor_lib/files.h"
 
 #include <QProcess>

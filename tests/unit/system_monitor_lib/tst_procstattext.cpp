@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/ProcStatText.h"
+#include "system_monitor_lib/live/processor/ProcStatText.h"
 #include "tests/unit/system_monitor_lib/files.h"
 
 #include <QtTest>

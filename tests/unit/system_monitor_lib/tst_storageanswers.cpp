@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/StorageAnswers.h"
+#include "system_monitor_lib/live/drives/StorageAnswers.h"
 
 #include <QtEndian>
 #include <QtTest>

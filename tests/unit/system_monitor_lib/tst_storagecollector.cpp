@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/StorageCollector.h"
+#include "system_monitor_lib/live/drives/StorageCollector.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QtTest>

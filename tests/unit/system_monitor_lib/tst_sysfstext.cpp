@@ -1,4 +1,4 @@
-#include "system_monitor_lib/live/SysfsText.h"
+#include "system_monitor_lib/live/files/SysfsText.h"
 #include "tests/unit/system_monitor_lib/files.h"
 
 #include <QtTest>

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "system_monitor_lib/live/Collector.h"
+#include "system_monitor_lib/live/MachineRoots.h"
+#include "system_monitor_lib/live/Pace.h"
+#include "system_monitor_lib/live/files/Attribute.h"
+
+#include <memory>
+#include <vector>
+
+/// "Drive Temperature" (whole °C) of each drive that the drivers nvme and drivetemp serve, for the
+/// drive query and the groups "Drive: NAME". A drive is called by its model, and by its place as
+/// well where several bear the same one. A turning disk is asked only after it served somebody
+/// else, because only then it is known to be awake.
+class DriveCollector : public Collector
+{
+public:
+    static constexpr std::chrono::nanoseconds readingPeriod = std::chrono::seconds(30);
+    /// How long the last temperature of a disk stands that nobody uses.
+    static constexpr std::chrono::nanoseconds idlePeriod = std::chrono::minutes(10);
+
+    explicit DriveCollector(const MachineRoots &roots);
+
+    bool collect(qint64 nowNs, SensorTrees &trees) override;
+
+private:
+    struct Drive
+    {
+        QString directory;
+        QString model;
+        QString place;
+        std::unique_ptr<Attribute> temperature;
+        /// "suspended" while its bus sleeps.
+        std::unique_ptr<Attribute> runtimeStatus;
+        /// What a turning disk has served so far; null when the drive has no moving parts.
+        std::unique_ptr<Attribute> served;
+        QString lastServed;
+        std::optional<double> celsius;
+        qint64 readNs = 0;
+    };
+
+    [[nodiscard]] QString name(const Drive &drive) const;
+    void look();
+    static void read(Drive &drive, qint64 nowNs);
+
+    const MachineRoots m_roots;
+    Pace m_reading{readingPeriod};
+    std::vector<Drive> m_drives;
+};

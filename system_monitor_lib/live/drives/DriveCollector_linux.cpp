@@ -1,0 +1,115 @@
+#include "system_monitor_lib/live/drives/DriveCollector.h"
+
+#include "system_monitor_lib/live/DistinctName.h"
+#include "system_monitor_lib/live/drives/DriveTree.h"
+#include "system_monitor_lib/live/files/HwmonChip.h"
+#include "system_monitor_lib/live/files/SysfsText.h"
+
+#include <QDir>
+
+#include <algorithm>
+
+namespace {
+
+/// The folder of the block device below a SCSI device; empty when there is none.
+QString blockDevice(const QString &device)
+{
+    const QDir blocks(device + QStringLiteral("/block"));
+    const QStringList names = blocks.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return names.isEmpty() ? QString() : blocks.filePath(names.first());
+}
+
+bool isNvme(const HwmonChip &chip)
+{
+    return chip.name == QLatin1String("nvme");
+}
+
+bool isDrive(const HwmonChip &chip)
+{
+    return isNvme(chip) || chip.name == QLatin1String("drivetemp");
+}
+
+/// The name of the folder, one above for NVMe, whose own number differs between boots.
+QString placeOf(const HwmonChip &chip, const QString &device)
+{
+    const QString link = isNvme(chip) ? device + QStringLiteral("/device") : device;
+    const QString place = QFileInfo(QFileInfo(link).canonicalFilePath()).fileName();
+    return place.isEmpty() ? QFileInfo(chip.directory).fileName() : place;
+}
+
+} // namespace
+
+DriveCollector::DriveCollector(const MachineRoots &roots)
+    : m_roots(roots)
+{
+}
+
+QString DriveCollector::name(const Drive &drive) const
+{
+    return distinctName(drive, m_drives, &Drive::model);
+}
+
+void DriveCollector::look()
+{
+    std::vector<Drive> drives;
+    for (const HwmonChip &chip : hwmonChips(m_roots)) {
+        if (!isDrive(chip))
+            continue;
+        const auto known =
+            std::find_if(m_drives.begin(), m_drives.end(),
+                         [&chip](const Drive &drive) { return drive.directory == chip.directory; });
+        if (known != m_drives.end()) {
+            drives.push_back(std::move(*known));
+            continue;
+        }
+        const QString device = chip.directory + QStringLiteral("/device");
+        const auto attribute = [](const QString &path) {
+            return std::make_unique<Attribute>(path);
+        };
+        Drive drive;
+        drive.directory = chip.directory;
+        drive.model = attributeWord(device + QStringLiteral("/model"));
+        drive.place = placeOf(chip, device);
+        if (drive.model.isEmpty())
+            drive.model = chip.name;
+        drive.temperature = attribute(chip.directory + QStringLiteral("/temp1_input"));
+        drive.runtimeStatus =
+            attribute(device + (isNvme(chip) ? QStringLiteral("/device/power/runtime_status")
+                                             : QStringLiteral("/power/runtime_status")));
+        const QString block = isNvme(chip) ? QString() : blockDevice(device);
+        if (!isNvme(chip) &&
+            attributeWord(block + QStringLiteral("/queue/rotational")) != QLatin1String("0")) {
+            drive.served = attribute(block + QStringLiteral("/stat"));
+            drive.lastServed = drive.served->word();
+        }
+        drives.push_back(std::move(drive));
+    }
+    m_drives = std::move(drives);
+}
+
+void DriveCollector::read(Drive &drive, qint64 nowNs)
+{
+    if (drive.celsius && (nowNs < drive.readNs || nowNs - drive.readNs > idlePeriod.count()))
+        drive.celsius.reset();
+    if (drive.served) {
+        const QString served = drive.served->word();
+        if (served.isEmpty() || served == std::exchange(drive.lastServed, served))
+            return;
+    }
+    if (meansAsleep(drive.runtimeStatus->word()))
+        return;
+    drive.celsius = drive.temperature->celsius();
+    drive.readNs = nowNs;
+}
+
+bool DriveCollector::collect(qint64 nowNs, SensorTrees &trees)
+{
+    if (m_reading.isDue(nowNs)) {
+        look();
+        for (Drive &drive : m_drives)
+            read(drive, nowNs);
+    }
+    for (const Drive &drive : m_drives)
+        addDrive(trees, name(drive), drive.celsius);
+    return !m_drives.empty();
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "system_monitor_lib/live/Collector.h"
+#include "system_monitor_lib/live/Pace.h"
+#include "system_monitor_lib/live/drives/StorageDrives.h"
+
+#include <functional>
+
+/// "Drive Temperature" (whole °C) of each drive that \a drives lists, for the drive query and the
+/// groups "Drive: NAME". A drive is called by its model, and by its place as well where several
+/// bear the same one.
+class StorageCollector : public Collector
+{
+public:
+    static constexpr std::chrono::nanoseconds readingPeriod = std::chrono::seconds(30);
+
+    using Drives = std::function<std::vector<StorageDrive>()>;
+
+    explicit StorageCollector(Drives drives);
+
+    bool collect(qint64 nowNs, SensorTrees &trees) override;
+
+private:
+    [[nodiscard]] QString name(const StorageDrive &drive) const;
+
+    const Drives m_list;
+    Pace m_reading{readingPeriod};
+    std::vector<StorageDrive> m_drives;
+};

@@ -1,0 +1,94 @@
+#include "system_monitor_lib/live/graphics/NvidiaDevices.h"
+
+#include "system_monitor_lib/live/Pace.h"
+#include "system_monitor_lib/live/files/Attribute.h"
+#include "system_monitor_lib/live/files/SysfsText.h"
+
+#include <QDir>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 longestDelayMs = 60'000;
+
+/// The files of one device (Documentation/ABI/testing/sysfs-devices-power in the kernel), which
+/// stay open.
+class Files
+{
+public:
+    Files(const QString &name, const QString &directory)
+        : address(name)
+        , m_status(directory + QStringLiteral("/power/runtime_status"))
+        , m_control(directory + QStringLiteral("/power/control"))
+        , m_delay(directory + QStringLiteral("/power/autosuspend_delay_ms"))
+    {
+    }
+
+    NvidiaDevice state()
+    {
+        NvidiaDevice device{address, meansAsleep(m_status.word()), std::nullopt};
+        // Without a delay of its own it goes to sleep at once.
+        const qint64 delay = m_delay.integer().value_or(0);
+        if (m_control.word() == QLatin1String("auto") && delay >= 0 && delay <= longestDelayMs)
+            device.sleepsAfter = std::chrono::milliseconds(delay);
+        return device;
+    }
+
+    const QString address;
+
+private:
+    Attribute m_status;
+    Attribute m_control;
+    Attribute m_delay;
+};
+
+} // namespace
+
+class NvidiaDevices::Private
+{
+public:
+    explicit Private(const MachineRoots &roots)
+        : driver(roots.sys + QStringLiteral("/bus/pci/drivers/nvidia"))
+    {
+    }
+
+    void list()
+    {
+        // Beside the devices, whose names are addresses, lie the driver's own files.
+        const QDir folder(driver);
+        const QStringList names =
+            folder.entryList({QStringLiteral("*:*:*.*")}, QDir::Dirs | QDir::NoDotAndDotDot);
+        const bool same = std::equal(
+            names.begin(), names.end(), devices.begin(), devices.end(),
+            [](const QString &name, const auto &known) { return name == known->address; });
+        if (same)
+            return;
+        devices.clear();
+        for (const QString &name : names)
+            devices.push_back(std::make_unique<Files>(name, folder.filePath(name)));
+    }
+
+    const QString driver;
+    Pace listing{listingPeriod};
+    std::vector<std::unique_ptr<Files>> devices;
+};
+
+NvidiaDevices::NvidiaDevices(const MachineRoots &roots)
+    : d(std::make_unique<Private>(roots))
+{
+}
+
+NvidiaDevices::~NvidiaDevices() = default;
+
+std::vector<NvidiaDevice> NvidiaDevices::look(qint64 nowNs)
+{
+    if (d->listing.isDue(nowNs))
+        d->list();
+    std::vector<NvidiaDevice> found;
+    for (const auto &device : d->devices)
+        found.push_back(device->state());
+    if (found.empty())
+        found.emplace_back();
+    return found;
+}

@@ -1,0 +1,147 @@
+#include "system_monitor_lib/live/graphics/NvidiaGpus.h"
+
+#include "system_monitor_lib/SensorTrees.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+void addLabel(QJsonObject &labels, const QString &label, std::optional<unsigned> value,
+              unsigned highest, double divisor, const QString &units)
+{
+    if (value && *value <= highest)
+        labels.insert(label, reading(*value / divisor, units));
+}
+
+} // namespace
+
+GpuState nvidiaState(const NvidiaReadings &readings)
+{
+    constexpr unsigned highestTemperature = 140;
+    constexpr unsigned highestClock = 20'000;
+    constexpr unsigned highestMilliwatts = 5'000'000;
+    const QString megahertz = QStringLiteral("MHz");
+    GpuState state;
+    state.name = readings.name;
+    state.place = readings.place;
+    QJsonObject &labels = state.labels;
+    addLabel(labels, QStringLiteral("GPU Temperature"), readings.celsius, highestTemperature, 1,
+             QStringLiteral("°C"));
+    addLabel(labels, QStringLiteral("GPU Clock"), readings.clockMhz, highestClock, 1, megahertz);
+    addLabel(labels, QStringLiteral("GPU Memory Clock"), readings.memoryClockMhz, highestClock, 1,
+             megahertz);
+    addLabel(labels, QStringLiteral("GPU Core Load"), readings.loadPercent, 100, 1,
+             QStringLiteral("%"));
+    addLabel(labels, QStringLiteral("GPU Power"), readings.milliwatts, highestMilliwatts, 1000,
+             QStringLiteral("W"));
+    if (readings.memory)
+        state.memory =
+            addMemoryLabels(labels, readings.memory->usedBytes, readings.memory->totalBytes);
+    return state;
+}
+
+NvidiaGpus::NvidiaGpus(const MachineRoots &roots)
+    : m_fileName(roots.nvidiaLibrary)
+    , m_devices(roots)
+{
+}
+
+void NvidiaGpus::look(qint64 nowNs)
+{
+    std::vector<Unit> units;
+    for (const NvidiaDevice &device : m_devices.look(nowNs)) {
+        const auto known =
+            std::find_if(m_units.begin(), m_units.end(), [&device](const Unit &unit) {
+                return unit.device.address == device.address;
+            });
+        units.push_back(known == m_units.end() ? Unit() : std::move(*known));
+        units.back().device = device;
+    }
+    m_units = std::move(units);
+}
+
+void NvidiaGpus::letGo()
+{
+    m_library.reset();
+    for (Unit &unit : m_units)
+        unit.isHeld = false;
+}
+
+void NvidiaGpus::prepare(qint64 nowNs)
+{
+    bool asks = false;
+    for (Unit &unit : m_units) {
+        const NvidiaRest::Turn before =
+            std::exchange(unit.turn, unit.rest.turn(unit.device, nowNs));
+        const bool isAsked = unit.turn == NvidiaRest::Turn::Ask;
+        asks = asks || isAsked;
+        if (isAsked == (before == NvidiaRest::Turn::Ask))
+            continue;
+        // The others go on at once.
+        m_retry.expire();
+        if (unit.isHeld)
+            letGo();
+    }
+    if (!asks)
+        letGo();
+    else if ((!m_library || m_lost) && m_retry.isDue(nowNs)) {
+        // Only a new start finds a GPU that came back.
+        letGo();
+        m_library = NvidiaLibrary::load(m_fileName);
+    }
+}
+
+std::vector<NvidiaReadings> NvidiaGpus::readings(const QString &address)
+{
+    constexpr unsigned most = 64;
+    const unsigned counted = address.isEmpty() ? m_library->count().value_or(0) : 1;
+    std::vector<NvidiaReadings> all;
+    for (unsigned index = 0; index < std::min(counted, most); ++index) {
+        if (auto one = address.isEmpty() ? m_library->read(index) : m_library->read(address)) {
+            one->place = address.isEmpty() ? QString::number(index) : address;
+            all.push_back(std::move(*one));
+        }
+    }
+    m_lost = m_lost || all.empty() || all.size() < counted;
+    return all;
+}
+
+void NvidiaGpus::ask(Unit &unit, qint64 nowNs)
+{
+    unit.isHeld = true;
+    unit.states.clear();
+    bool isIdle = true;
+    for (const NvidiaReadings &each : readings(unit.device.address)) {
+        unit.states.push_back(nvidiaState(each));
+        isIdle = isIdle && each.loadPercent == 0U;
+    }
+    unit.rest.setIdle(isIdle && !unit.states.empty(), nowNs);
+}
+
+std::vector<GpuState> NvidiaGpus::read(qint64 nowNs)
+{
+    if (m_fileName.isEmpty())
+        return {};
+    look(nowNs);
+    prepare(nowNs);
+    m_lost = false;
+    bool answered = false;
+    std::vector<GpuState> found;
+    for (Unit &unit : m_units) {
+        if (unit.turn == NvidiaRest::Turn::Sleeps) {
+            for (GpuState &state : unit.states)
+                state.labels = {};
+        } else if (unit.turn == NvidiaRest::Turn::Ask) {
+            if (m_library)
+                ask(unit, nowNs);
+            else
+                unit.states.clear();
+            answered = answered || !unit.states.empty();
+        }
+        found.insert(found.end(), unit.states.begin(), unit.states.end());
+    }
+    if (!answered)
+        letGo();
+    return found;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "system_monitor_lib/live/Collector.h"
+#include "system_monitor_lib/live/memory/MemoryReader.h"
+
+/// "Physical Memory Load" (%), "Physical Memory Used" and "Physical Memory Available" (whole MB of
+/// 1024 KiB, which together give the total).
+QJsonObject memoryLabels(const MemoryState &state);
+
+/// The labels of the memory for the system query and the group "System: memory".
+class MemoryCollector : public Collector
+{
+public:
+    explicit MemoryCollector(const MachineRoots &roots);
+
+    bool collect(qint64 nowNs, SensorTrees &trees) override;
+
+private:
+    MemoryReader m_reader;
+};

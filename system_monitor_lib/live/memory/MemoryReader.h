@@ -1,0 +1,23 @@
+#pragma once
+
+#include "system_monitor_lib/live/MachineRoots.h"
+#include "system_monitor_lib/live/memory/MemoryState.h"
+
+#include <memory>
+#include <optional>
+
+/// Reads the state of the memory: /proc/meminfo on Linux, GlobalMemoryStatusEx on Windows.
+class MemoryReader
+{
+public:
+    explicit MemoryReader(const MachineRoots &roots);
+    ~MemoryReader();
+    Q_DISABLE_COPY(MemoryReader)
+
+    /// Nothing when the system does not tell.
+    std::optional<MemoryState> read();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};

@@ -1,0 +1,150 @@
+#include "system_monitor_lib/live/network/AdapterReader.h"
+
+#include "system_monitor_lib/live/files/PolledFile.h"
+#include "system_monitor_lib/live/network/NetworkText.h"
+
+#include <QFile>
+
+#include <string>
+#include <unordered_map>
+
+#include <dirent.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+struct DirectoryCloser
+{
+    void operator()(DIR *directory) const { ::closedir(directory); }
+};
+
+using Directory = std::unique_ptr<DIR, DirectoryCloser>;
+
+/// False when the directory was removed; another one may bear its name by now.
+bool isInPlace(DIR &directory)
+{
+    struct stat status = {};
+    return ::fstat(::dirfd(&directory), &status) == 0 && status.st_nlink > 0;
+}
+
+/// The open files of a physical adapter.
+struct Files
+{
+    explicit Files(const QString &directory)
+        : received(directory + QStringLiteral("/statistics/rx_bytes"), length)
+        , sent(directory + QStringLiteral("/statistics/tx_bytes"), length)
+    {
+    }
+
+    static constexpr std::size_t length = 32;
+    PolledFile received;
+    PolledFile sent;
+};
+
+/// An entry of the listing. A virtual adapter is remembered too, without files, so that it is not
+/// looked at again.
+struct Entry
+{
+    quint64 inode = 0;
+    QString name;
+    std::unique_ptr<Files> files;
+    quint64 lastSeen = 0;
+};
+
+} // namespace
+
+class AdapterReader::Private
+{
+public:
+    explicit Private(const MachineRoots &roots)
+        : root(roots.sys + QStringLiteral("/class/net"))
+        , rootPath(QFile::encodeName(root).toStdString())
+    {
+    }
+
+    /// Brings the entries up to date. False when there is no listing.
+    bool list();
+    /// Stands at the start of the listing, kept open between reads. False when there is none.
+    bool rewind();
+    void see(const dirent &listed);
+
+    const QString root;
+    const std::string rootPath;
+    Directory directory;
+    std::unordered_map<std::string, Entry> entries;
+    quint64 pass = 0;
+};
+
+bool AdapterReader::Private::rewind()
+{
+    if (directory && !isInPlace(*directory))
+        directory.reset();
+    if (directory)
+        ::rewinddir(directory.get());
+    else
+        directory.reset(::opendir(rootPath.c_str()));
+    return directory != nullptr;
+}
+
+bool AdapterReader::Private::list()
+{
+    if (!rewind()) {
+        entries.clear();
+        return false;
+    }
+    ++pass;
+    // readdir is safe here: the stream is this function's own.
+    while (const dirent *listed = ::readdir(directory.get())) { // NOLINT(concurrency-mt-unsafe)
+        if (listed->d_name[0] != '.')
+            see(*listed);
+    }
+    for (auto entry = entries.begin(); entry != entries.end();)
+        entry = entry->second.lastSeen == pass ? std::next(entry) : entries.erase(entry);
+    return true;
+}
+
+void AdapterReader::Private::see(const dirent &listed)
+{
+    Entry &entry = entries[listed.d_name];
+    const bool isNew = entry.lastSeen == 0 || entry.inode != listed.d_ino;
+    entry.lastSeen = pass;
+    if (!isNew)
+        return;
+    entry.inode = listed.d_ino;
+    entry.name = QFile::decodeName(listed.d_name);
+    entry.files.reset();
+    const std::string device = rootPath + '/' + listed.d_name + "/device";
+    if (::access(device.c_str(), F_OK) == 0)
+        entry.files = std::make_unique<Files>(root + QLatin1Char('/') + entry.name);
+}
+
+AdapterReader::AdapterReader(const MachineRoots &roots)
+    : d(std::make_unique<Private>(roots))
+{
+}
+
+AdapterReader::~AdapterReader() = default;
+
+std::optional<std::vector<AdapterCounters>> AdapterReader::read()
+{
+    if (!d->list())
+        return std::nullopt;
+    std::vector<AdapterCounters> adapters;
+    for (const auto &[key, entry] : d->entries) {
+        if (!entry.files)
+            continue;
+        const std::optional<quint64> received = parseCounter(entry.files->received.read());
+        const std::optional<quint64> sent = parseCounter(entry.files->sent.read());
+        if (received && sent)
+            adapters.push_back({entry.name, entry.inode, *received, *sent});
+    }
+    return adapters;
+}
+
+double AdapterReader::linkBytesPerSecond(const QString &name) const
+{
+    constexpr std::size_t length = 32;
+    return parseLinkSpeed(
+        PolledFile(QStringLiteral("%1/%2/speed").arg(d->root, name), length).read());
+}

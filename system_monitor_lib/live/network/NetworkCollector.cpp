@@ -1,0 +1,68 @@
+#include "system_monitor_lib/live/network/NetworkCollector.h"
+
+#include "system_monitor_lib/live/Rates.h"
+
+namespace {
+
+/// Bytes per second below which every link is fast enough (10 Mbit/s), so that it is not asked.
+constexpr double slowestLink = 1'250'000;
+
+/// Some drivers bring their counters up to date every second or two only, so that one interval may
+/// carry what two have earned.
+constexpr double lateCounters = 2;
+
+QJsonArray rateReading(double bytesPerSecond)
+{
+    return reading(bytesPerSecond / 1024, QStringLiteral("KB/s"));
+}
+
+} // namespace
+
+NetworkCollector::NetworkCollector(const MachineRoots &roots)
+    : m_reader(roots)
+{
+}
+
+bool NetworkCollector::collect(qint64 nowNs, SensorTrees &trees)
+{
+    const std::optional<std::vector<AdapterCounters>> adapters = m_reader.read();
+    QHash<QString, State> states;
+    if (adapters) {
+        for (const AdapterCounters &counters : *adapters) {
+            State state{counters, nowNs, 0};
+            const auto previous = m_states.constFind(counters.name);
+            QJsonObject tree;
+            if (previous != m_states.cend() && previous->counters.identity == counters.identity)
+                tree = labels(*previous, state);
+            trees.addDevice(Query::NetworkInfo, counters.name, tree);
+            trees.addDevice(Query::AllSensorsData, QStringLiteral("Network: %1").arg(counters.name),
+                            tree);
+            states.insert(counters.name, state);
+        }
+    }
+    m_states = std::move(states);
+    return adapters.has_value();
+}
+
+QJsonObject NetworkCollector::labels(const State &previous, State &current) const
+{
+    current.linkSpeed = previous.linkSpeed;
+    const qint64 interval = current.timeNs - previous.timeNs;
+    const auto sent =
+        ratePerSecond(previous.counters.sentBytes, current.counters.sentBytes, interval);
+    const auto received =
+        ratePerSecond(previous.counters.receivedBytes, current.counters.receivedBytes, interval);
+    QJsonObject tree;
+    if (sent && isPossible(*sent, current))
+        tree.insert(QStringLiteral("Current UP rate"), rateReading(*sent));
+    if (received && isPossible(*received, current))
+        tree.insert(QStringLiteral("Current DL rate"), rateReading(*received));
+    return tree;
+}
+
+bool NetworkCollector::isPossible(double rate, State &state) const
+{
+    if (rate > qMax(state.linkSpeed, slowestLink))
+        state.linkSpeed = m_reader.linkBytesPerSecond(state.counters.name);
+    return state.linkSpeed <= 0 || rate <= state.linkSpeed * lateCounters;
+}

@@ -1,0 +1,14 @@
+#include "system_monitor_lib/live/processor/CpuModel.h"
+
+#include "system_monitor_lib/live/files/PolledFile.h"
+#include "system_monitor_lib/live/processor/CpuInfoText.h"
+
+QString cpuModel(const MachineRoots &roots)
+{
+    // The first processor's lines say enough on most machines; the whole file asks every core.
+    constexpr std::size_t firstProcessor = 4096;
+    constexpr std::size_t everything = std::size_t{1024} * 1024;
+    const QString path = roots.proc + QStringLiteral("/cpuinfo");
+    const QString model = parseCpuModel(PolledFile(path, firstProcessor).read());
+    return model.isEmpty() ? parseCpuModel(PolledFile(path, everything).read()) : model;
+}

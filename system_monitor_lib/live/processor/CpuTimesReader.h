@@ -1,0 +1,23 @@
+#pragma once
+
+#include "system_monitor_lib/live/MachineRoots.h"
+#include "system_monitor_lib/live/processor/CpuTimes.h"
+
+#include <memory>
+#include <optional>
+
+/// Reads the processors' times: /proc/stat on Linux, GetSystemTimes on Windows.
+class CpuTimesReader
+{
+public:
+    explicit CpuTimesReader(const MachineRoots &roots);
+    ~CpuTimesReader();
+    Q_DISABLE_COPY(CpuTimesReader)
+
+    /// Nothing when the system does not tell.
+    std::optional<CpuTimes> read();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};

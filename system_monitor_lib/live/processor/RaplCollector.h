@@ -1,0 +1,44 @@
+#pragma once
+
+#include "system_monitor_lib/live/Collector.h"
+#include "system_monitor_lib/live/MachineRoots.h"
+#include "system_monitor_lib/live/Pace.h"
+#include "system_monitor_lib/live/files/Attribute.h"
+
+#include <memory>
+#include <vector>
+
+/// "CPU Package Power" (W, all packages together) of the processor's energy counters
+/// (Documentation/power/powercap in the kernel), for the enhanced query and the processor's group.
+/// Current kernels let only root read them. Readers match labels by their parts and would take the
+/// power for a temperature that is missing: then the enhanced query has an empty "CPU Package".
+class RaplCollector : public Collector
+{
+public:
+    RaplCollector(const MachineRoots &roots, const QString &group);
+
+    bool collect(qint64 nowNs, SensorTrees &trees) override;
+
+private:
+    /// The counter of one package, and what it said last.
+    struct Zone
+    {
+        explicit Zone(const QString &path);
+
+        /// Watts since the last call.
+        std::optional<double> power(qint64 nowNs);
+
+        QString directory;
+        Attribute energy;
+        Attribute range;
+        std::optional<quint64> previous;
+        qint64 previousNs = 0;
+    };
+
+    void look();
+
+    const MachineRoots m_roots;
+    const QString m_group;
+    Pace m_listing{listingPeriod};
+    std::vector<std::unique_ptr<Zone>> m_zones;
+};
