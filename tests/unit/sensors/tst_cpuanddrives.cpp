@@ -1,6 +1,6 @@
-#include "sensors/CpuHeat.h"
-#include "sensors/DriveTemperatures.h"
-#include "sensors/ModelNames.h"
+#include "sensors/readings/CpuHeat.h"
+#include "sensors/readings/DriveTemperatures.h"
+#include "sensors/readings/ModelNames.h"
 
 #include <QJsonDocument>
 #include <QtTest>

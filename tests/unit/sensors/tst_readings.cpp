@@ -1,6 +1,6 @@
-#include "sensors/CpuReadings.h"
-#include "sensors/MemoryReadings.h"
-#include "sensors/NetworkReadings.h"
+#include "sensors/readings/CpuReadings.h"
+#include "sensors/readings/MemoryReadings.h"
+#include "sensors/readings/NetworkReadings.h"
 #include "tests/support/InMemoryLibrary.h"
 
 #include <QJsonDocument>
