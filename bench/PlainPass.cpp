@@ -1,7 +1,7 @@
 #include "bench/PlainPass.h"
 
 #include "SDK/Logger/Logger.h"
-#include "sensors/SensorRefresh.h"
+#include "sensors/readings/SensorRefresh.h"
 
 #include <QWebSocket>
 

@@ -8,8 +8,8 @@
 #include "render/PngEncoder.h"
 #include "render/ShapedLine.h"
 #include "render/normalAction.h"
-#include "sensors/SensorRefresh.h"
 #include "sensors/VqSystemMonitorLib.h"
+#include "sensors/readings/SensorRefresh.h"
 #include "tests/support/InMemoryLibrary.h"
 
 #include <QFontMetrics>

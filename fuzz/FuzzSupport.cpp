@@ -1,8 +1,8 @@
 #include "fuzz/FuzzSupport.h"
 
 #include "render/normalAction.h"
-#include "sensors/SensorRefresh.h"
 #include "sensors/VqSystemMonitorLib.h"
+#include "sensors/readings/SensorRefresh.h"
 #include "tests/support/InMemoryLibrary.h"
 #include "tests/support/InMemoryMachine.h"
 #include "tests/support/TestFonts.h"

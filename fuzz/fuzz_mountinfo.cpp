@@ -1,5 +1,5 @@
 #include "fuzz/FuzzSupport.h"
-#include "sensors/MountInfo.h"
+#include "sensors/machine/MountInfo.h"
 
 // The kernel's table of mounts.
 

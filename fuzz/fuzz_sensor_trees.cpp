@@ -1,8 +1,8 @@
 #include "fuzz/FuzzSupport.h"
 #include "inspector_server/RequestTable.h"
-#include "sensors/SensorRefresh.h"
-#include "sensors/SensorWalk.h"
 #include "sensors/VqSystemMonitorLib.h"
+#include "sensors/readings/SensorRefresh.h"
+#include "sensors/readings/SensorWalk.h"
 #include "sensors/systemInfor.h"
 #include "json/ParseJson.h"
 

@@ -1,5 +1,5 @@
 #include "fuzz/FuzzSupport.h"
-#include "sensors/ServeConfig.h"
+#include "sensors/services/ServeConfig.h"
 
 // The configuration file of the hardware-information service.
 

@@ -1,6 +1,6 @@
 #include "fuzz/FuzzSupport.h"
-#include "sensors/IoLocalSocket.h"
-#include "sensors/LibreHardwareWebSocket.h"
+#include "sensors/services/IoLocalSocket.h"
+#include "sensors/services/LibreHardwareWebSocket.h"
 
 // What the hardware-information services answer.
 

@@ -1,7 +1,7 @@
 #include "inspector_server/RequestTable.h"
 
-#include "sensors/ReadingText.h"
 #include "sensors/systemInfor.h"
+#include "values/ReadingText.h"
 
 #include <QJsonArray>
 #include <QJsonValue>

@@ -1,8 +1,8 @@
 #include "plugin/DiskKey.h"
 
 #include "render/normalAction.h"
-#include "sensors/ReadingText.h"
 #include "sensors/systemInfor.h"
+#include "values/ReadingText.h"
 
 #include <algorithm>
 #include <limits>

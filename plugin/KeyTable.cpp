@@ -3,9 +3,9 @@
 #include "SDK/Logger/Logger.h"
 #include "plugin/DiskKey.h"
 #include "render/normalAction.h"
-#include "sensors/ReadingText.h"
-#include "sensors/SensorTree.h"
 #include "sensors/systemInfor.h"
+#include "values/ReadingText.h"
+#include "values/WholeNumber.h"
 
 #include <algorithm>
 #include <iterator>
@@ -21,7 +21,7 @@ using Info = systemInfor;
 int inChosenUnit(int celsius, const normalAction &key)
 {
     return key.temperatureType == QStringLiteral("华氏度")
-               ? sensortree::truncated(celsius * 1.8 + 32)
+               ? wholenumber::truncated(celsius * 1.8 + 32)
                : celsius;
 }
 
@@ -128,7 +128,7 @@ const KeyRow keyTable[] = {
      paintOneLine},
     {"com.quellor.stream.system.Gpu_Memory_Utility",
      [](Key, Pass) {
-         return integer(sensortree::truncated(Info::GpuMemoryUsage), Info::GpuMemoryUsageUnits);
+         return integer(wholenumber::truncated(Info::GpuMemoryUsage), Info::GpuMemoryUsageUnits);
      },
      paintOneLine},
     {"com.quellor.stream.system.Memory_Free_MB",

@@ -3,9 +3,9 @@
 #include "SDK/Logger/Logger.h"
 #include "render/ActionCatalogue.h"
 #include "render/normalAction.h"
-#include "sensors/SensorWalk.h"
 #include "sensors/VqSystemMonitorLib.h"
-#include "sensors/audio.h"
+#include "sensors/machine/audio.h"
+#include "sensors/readings/SensorWalk.h"
 #include "sensors/systemInfor.h"
 
 #include <QJsonArray>

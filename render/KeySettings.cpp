@@ -1,6 +1,6 @@
 #include "render/KeySettings.h"
 
-#include "sensors/SensorTree.h"
+#include "values/WholeNumber.h"
 
 #include <QJsonValue>
 
@@ -13,8 +13,8 @@ constexpr double largestFont = 600.0;
 
 int lengthFrom(const QJsonValue &value)
 {
-    const int number = sensortree::truncated(value.toDouble());
-    return number != 0 ? number : sensortree::truncated(value.toString().toDouble());
+    const int number = wholenumber::truncated(value.toDouble());
+    return number != 0 ? number : wholenumber::truncated(value.toString().toDouble());
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "SDK/LanguageUtilities.h"
 #include "SDK/Logger/Logger.h"
-#include "sensors/BlockingWebSocketClient.h"
+#include "sensors/services/BlockingWebSocketClient.h"
 #include "shell/leftovers.h"
 
 #include <QUrl>

@@ -1,6 +1,6 @@
 #include "tests/support/InMemoryMachine.h"
 
-#include "sensors/audio.h"
+#include "sensors/machine/audio.h"
 #include "tests/support/InMemoryLibrary.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sensors/drives.h"
+#include "sensors/machine/drives.h"
 
 #include <QList>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "sensors/drives.h"
+#include "sensors/machine/drives.h"
 
 #include <QColor>
 #include <QDir>

@@ -2,7 +2,7 @@
 
 #include "render/ActionCatalogue.h"
 #include "render/normalAction.h"
-#include "sensors/PerfDataSource.h"
+#include "sensors/services/PerfDataSource.h"
 #include "sensors/systemInfor.h"
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/InMemoryLibrary.h"

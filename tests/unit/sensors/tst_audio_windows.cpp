@@ -1,5 +1,5 @@
-#include "sensors/CoreAudio_windows.h"
-#include "sensors/audio.h"
+#include "sensors/machine/CoreAudio_windows.h"
+#include "sensors/machine/audio.h"
 #include "tests/support/MessageCapture.h"
 
 #include <QtTest>

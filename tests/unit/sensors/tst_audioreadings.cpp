@@ -1,6 +1,6 @@
-#include "sensors/AudioReadings.h"
+#include "sensors/readings/AudioReadings.h"
 
-#include "sensors/audio.h"
+#include "sensors/machine/audio.h"
 #include "tests/support/InMemoryLibrary.h"
 #include "tests/support/InMemoryMachine.h"
 

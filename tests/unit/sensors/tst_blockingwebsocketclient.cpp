@@ -1,4 +1,4 @@
-#include "sensors/BlockingWebSocketClient.h"
+#include "sensors/services/BlockingWebSocketClient.h"
 #include "tests/support/MessageCapture.h"
 
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
-#include "sensors/DriveReadings.h"
+#include "sensors/readings/DriveReadings.h"
 
-#include "sensors/drives.h"
+#include "sensors/machine/drives.h"
 #include "tests/support/InMemoryLibrary.h"
 #include "tests/support/InMemoryMachine.h"
 #include "tests/support/MessageCapture.h"

@@ -1,5 +1,5 @@
-#include "sensors/DriveRoots.h"
-#include "sensors/drives.h"
+#include "sensors/machine/DriveRoots.h"
+#include "sensors/machine/drives.h"
 
 #include <QDir>
 #include <QStorageInfo>

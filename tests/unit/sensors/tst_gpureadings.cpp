@@ -1,4 +1,4 @@
-#include "sensors/GpuReadings.h"
+#include "sensors/readings/GpuReadings.h"
 #include "tests/support/InMemoryLibrary.h"
 
 #include <QJsonDocument>

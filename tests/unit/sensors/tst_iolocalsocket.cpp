@@ -1,4 +1,4 @@
-#include "sensors/IoLocalSocket.h"
+#include "sensors/services/IoLocalSocket.h"
 #include "tests/support/MessageCapture.h"
 
 #include <QElapsedTimer>

@@ -1,4 +1,4 @@
-#include "sensors/LibreHardwareWebSocket.h"
+#include "sensors/services/LibreHardwareWebSocket.h"
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/MessageCapture.h"
 

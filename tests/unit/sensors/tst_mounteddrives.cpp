@@ -1,4 +1,4 @@
-#include "sensors/MountedDrives_linux.h"
+#include "sensors/machine/MountedDrives_linux.h"
 #include "tests/support/FileTree.h"
 
 #include <QtTest>

@@ -1,4 +1,4 @@
-#include "sensors/MountInfo.h"
+#include "sensors/machine/MountInfo.h"
 
 #include <QtTest>
 

@@ -1,5 +1,5 @@
-#include "sensors/PerfDataSource.h"
-#include "sensors/httptcpGetMonitorData.h"
+#include "sensors/services/PerfDataSource.h"
+#include "sensors/services/httptcpGetMonitorData.h"
 
 #include "tests/support/MessageCapture.h"
 

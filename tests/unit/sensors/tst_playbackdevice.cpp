@@ -1,4 +1,4 @@
-#include "sensors/PlaybackDevice.h"
+#include "sensors/machine/PlaybackDevice.h"
 #include "tests/support/MessageCapture.h"
 
 #include <QtTest>

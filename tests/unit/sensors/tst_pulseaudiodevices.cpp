@@ -1,4 +1,4 @@
-#include "sensors/PulseAudioDevices_linux.h"
+#include "sensors/machine/PulseAudioDevices_linux.h"
 #include "tests/support/MessageCapture.h"
 #include "tests/support/SoundServer.h"
 #include "tests/support/Waits.h"

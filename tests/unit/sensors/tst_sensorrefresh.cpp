@@ -1,4 +1,4 @@
-#include "sensors/SensorRefresh.h"
+#include "sensors/readings/SensorRefresh.h"
 
 #include "sensors/VqSystemMonitorLib.h"
 #include "sensors/systemInfor.h"

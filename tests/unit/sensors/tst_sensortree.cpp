@@ -1,11 +1,8 @@
-#include "sensors/SensorTree.h"
+#include "sensors/readings/SensorTree.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QtTest>
-
-#include <climits>
-#include <cmath>
 
 using namespace sensortree;
 
@@ -21,10 +18,6 @@ private Q_SLOTS:
     void readsWholeValues_data();
     void readsWholeValues();
     void fallsBackToUnits();
-    void truncates_data();
-    void truncates();
-    void caps_data();
-    void caps();
 
 private:
     static QJsonObject object(const QByteArray &json)
@@ -111,44 +104,6 @@ void tst_SensorTree::fallsBackToUnits()
     QCOMPARE(unitsOf(object(R"({"units":""})"), fallback), fallback);
     QCOMPARE(unitsOf(object(R"({"units":5})"), fallback), fallback);
     QCOMPARE(unitsOf({}, fallback), fallback);
-}
-
-void tst_SensorTree::truncates_data()
-{
-    QTest::addColumn<double>("value");
-    QTest::addColumn<int>("integer");
-    QTest::newRow("down") << 99.99 << 99;
-    QTest::newRow("toward zero") << -3.9 << -3;
-    QTest::newRow("huge") << 1e300 << INT_MAX;
-    QTest::newRow("hugely negative") << -1e300 << INT_MIN;
-    QTest::newRow("largest") << 2147483647.0 << INT_MAX;
-    QTest::newRow("infinite") << HUGE_VAL << INT_MAX;
-    QTest::newRow("no number") << std::nan("") << 0;
-}
-
-void tst_SensorTree::truncates()
-{
-    QFETCH(double, value);
-    QFETCH(int, integer);
-    QCOMPARE(truncated(value), integer);
-}
-
-void tst_SensorTree::caps_data()
-{
-    QTest::addColumn<int>("value");
-    QTest::addColumn<int>("capped");
-    QTest::newRow("below") << 99 << 99;
-    QTest::newRow("at the cap") << 100 << 100;
-    QTest::newRow("above") << 101 << 100;
-    QTest::newRow("zero") << 0 << 0;
-    QTest::newRow("negative becomes the cap") << -1 << 100;
-    QTest::newRow("most negative") << INT_MIN << 100;
-}
-
-void tst_SensorTree::caps()
-{
-    QFETCH(int, value);
-    QTEST(sensortree::capped(value, 100), "capped");
 }
 
 QTEST_APPLESS_MAIN(tst_SensorTree)

@@ -1,4 +1,4 @@
-#include "sensors/SensorWalk.h"
+#include "sensors/readings/SensorWalk.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,4 +1,4 @@
-#include "sensors/ServeConfig.h"
+#include "sensors/services/ServeConfig.h"
 
 #include <QtTest>
 

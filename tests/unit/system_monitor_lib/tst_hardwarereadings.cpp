@@ -1,4 +1,4 @@
-#include "sensors/GpuReadings.h"
+#include "sensors/readings/GpuReadings.h"
 #include "system_monitor_lib/live/LiveSource.h"
 #include "system_monitor_lib/live/processor/CpuClockCollector.h"
 #include "tests/unit/system_monitor_lib/labels.h"

@@ -1,7 +1,0 @@
-#include "sensors/PulseAudioDevices_linux.h"
-
-AudioSource &machineAudio()
-{
-    static PulseAudioDevices devices;
-    return devices;
-}

@@ -1,8 +1,0 @@
-#include "sensors/MountedDrives_linux.h"
-
-DriveSource &machineDrives()
-{
-    static MountedDrives drives(QStringLiteral("/proc"), QStringLiteral("/sys"),
-                                QStringLiteral("/dev"));
-    return drives;
-}

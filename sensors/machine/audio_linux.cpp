@@ -1,0 +1,7 @@
+#include "sensors/machine/PulseAudioDevices_linux.h"
+
+AudioSource &machineAudio()
+{
+    static PulseAudioDevices devices;
+    return devices;
+}

@@ -1,0 +1,53 @@
+#include "sensors/readings/SensorTree.h"
+
+#include <QJsonArray>
+
+namespace sensortree {
+
+bool containsLabel(const QString &key, const QString &label)
+{
+    return key.contains(label, Qt::CaseInsensitive);
+}
+
+std::optional<QString> findLabel(const QJsonObject &sensors, const QString &label)
+{
+    for (auto sensor = sensors.begin(); sensor != sensors.end(); ++sensor) {
+        if (containsLabel(sensor.key(), label))
+            return sensor.key();
+    }
+    return std::nullopt;
+}
+
+QJsonObject firstReading(const QJsonValue &value)
+{
+    return value.toArray().at(0).toObject();
+}
+
+QJsonObject readingOf(const QJsonObject &sensors, const QString &label)
+{
+    const std::optional<QString> key = findLabel(sensors, label);
+    return key ? firstReading(sensors.value(*key)) : QJsonObject();
+}
+
+double valueOf(const QJsonObject &reading)
+{
+    return reading.value(QLatin1String("value")).toDouble();
+}
+
+int wholeValueOf(const QJsonObject &reading)
+{
+    return reading.value(QLatin1String("value")).toInt();
+}
+
+QString unitsOf(const QJsonObject &reading, const QString &fallback)
+{
+    const QString units = reading.value(QLatin1String("units")).toString();
+    return units.isEmpty() ? fallback : units;
+}
+
+QString withDegreeSign(const QString &units)
+{
+    return units == QLatin1String("C") ? QStringLiteral("°C") : units;
+}
+
+} // namespace sensortree

@@ -1,0 +1,11 @@
+#include "sensors/services/PerfDataSource.h"
+
+#include "sensors/services/httptcpGetMonitorData.h"
+
+PerfDataSource::PerfDataSource(QObject *parent)
+    : QObject(parent)
+    , m_fetcher(std::make_unique<httptcpGetMonitorData>())
+{
+}
+
+PerfDataSource::~PerfDataSource() = default;
