@@ -1,7 +1,7 @@
 #include "deck_simulator/gui/DeckStatusBar.h"
 
 #include "deck_simulator/host/DeckRunner.h"
-#include "deck_simulator/terminal/DeckReport.h"
+#include "deck_simulator/host/DeckStatus.h"
 
 #include <QLabel>
 

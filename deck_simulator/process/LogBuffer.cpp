@@ -1,6 +1,6 @@
 #include "deck_simulator/process/LogBuffer.h"
 
-#include "deck_simulator/terminal/TerminalTable.h"
+#include "deck_simulator/process/PrintableText.h"
 
 bool matches(const LogLine &line, const LogFilter &filter)
 {

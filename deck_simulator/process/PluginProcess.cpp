@@ -1,7 +1,7 @@
 #include "deck_simulator/process/PluginProcess.h"
 
+#include "deck_simulator/process/PrintableText.h"
 #include "deck_simulator/process/SessionProcess.h"
-#include "deck_simulator/terminal/TerminalTable.h"
 
 #include <QDir>
 #include <QFile>

@@ -13,10 +13,6 @@ struct TableColumn
     int minimum = 0;
 };
 
-/// \a text as one line that is safe to write to a terminal: line ends become " / ", control and
-/// formatting characters are replaced or left out.
-QString printable(const QString &text);
-
 /// Terminal columns that \a text takes: Chinese, Japanese and Korean characters and emoji take two,
 /// combining marks none.
 int displayWidth(const QString &text);
