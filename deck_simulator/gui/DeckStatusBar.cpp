@@ -5,6 +5,8 @@
 
 #include <QLabel>
 
+namespace deck {
+
 DeckStatusBar::DeckStatusBar(QWidget *parent)
     : QStatusBar(parent)
     , m_link(new QLabel)
@@ -35,3 +37,5 @@ QStringList DeckStatusBar::texts() const
 {
     return {m_link->text(), m_plugin->text(), m_frames->text(), m_bytes->text()};
 }
+
+} // namespace deck

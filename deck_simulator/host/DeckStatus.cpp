@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+namespace deck {
+
 namespace {
 
 QString refusalText(const LinkCounters &counters)
@@ -52,3 +54,5 @@ QString statusText(const DeckStatus &status)
         parts.append(QStringLiteral("%1 sensor requests").arg(status.sensorRequests));
     return parts.join(QStringLiteral(" | "));
 }
+
+} // namespace deck

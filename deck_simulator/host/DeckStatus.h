@@ -4,6 +4,8 @@
 
 #include <QString>
 
+namespace deck {
+
 /// How a run of the plugin goes.
 struct DeckStatus
 {
@@ -20,3 +22,5 @@ QString byteText(double bytes);
 
 /// The status as one line; refusals are named only when there were any.
 QString statusText(const DeckStatus &status);
+
+} // namespace deck

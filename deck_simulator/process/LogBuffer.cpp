@@ -2,6 +2,8 @@
 
 #include "deck_simulator/process/PrintableText.h"
 
+namespace deck {
+
 bool matches(const LogLine &line, const LogFilter &filter)
 {
     if ((line.source == LogSource::File && !filter.file) ||
@@ -30,3 +32,5 @@ QStringList LogBuffer::matching(const LogFilter &filter) const
     }
     return texts;
 }
+
+} // namespace deck

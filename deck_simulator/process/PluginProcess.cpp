@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QTimer>
 
+namespace deck {
+
 namespace {
 
 constexpr qint64 maximumTail = 1 << 14; // bytes
@@ -106,3 +108,5 @@ QStringList PluginProcess::standardErrorTail(int lines) const
         line = printable(line);
     return tail;
 }
+
+} // namespace deck

@@ -3,6 +3,8 @@
 #include <QChar>
 #include <QVector>
 
+namespace deck {
+
 namespace {
 
 QString printableCharacter(uint code)
@@ -35,3 +37,5 @@ QString printable(const QString &text)
         result += printableCharacter(code);
     return result;
 }
+
+} // namespace deck

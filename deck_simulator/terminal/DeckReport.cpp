@@ -3,6 +3,8 @@
 #include "deck_simulator/process/PrintableText.h"
 #include "deck_simulator/terminal/TerminalTable.h"
 
+namespace deck {
+
 namespace {
 
 QVector<TableColumn> deckColumns()
@@ -60,3 +62,5 @@ QStringList deckReport(const QVector<DeckKey> &keys, const DeckStatus &status, q
     lines.append(displayWidth(line) > width ? fitted(line, width) : line);
     return lines;
 }
+
+} // namespace deck

@@ -8,6 +8,8 @@
 
 #include <optional>
 
+namespace deck {
+
 /// "0.4 s", "12 s", "3 min"; "-" for nothing. \a milliseconds may be negative after a clock change.
 QString ageText(std::optional<qint64> milliseconds);
 
@@ -15,3 +17,5 @@ QString ageText(std::optional<qint64> milliseconds);
 /// status line. \a now is the clock of DeckKey::lastUpdate.
 QStringList deckReport(const QVector<DeckKey> &keys, const DeckStatus &status, qint64 now,
                        int width);
+
+} // namespace deck

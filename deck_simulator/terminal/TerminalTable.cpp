@@ -6,6 +6,8 @@
 #include <iterator>
 #include <numeric>
 
+namespace deck {
+
 namespace {
 
 constexpr int columnGap = 2;
@@ -136,3 +138,5 @@ QStringList tableLines(QVector<TableColumn> columns, const QVector<QStringList> 
         lines.append(tableLine(columns, widths, row));
     return lines;
 }
+
+} // namespace deck

@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <QVector>
 
+namespace deck {
+
 /// One column of a table.
 struct TableColumn
 {
@@ -23,3 +25,5 @@ QString fitted(const QString &text, int width, bool rightAligned = false);
 /// The table as lines, the headers first, none of them wider than \a width. Columns are narrowed as
 /// far as they allow and then left out from the right; the first one stays.
 QStringList tableLines(QVector<TableColumn> columns, const QVector<QStringList> &rows, int width);
+
+} // namespace deck

@@ -3,6 +3,8 @@
 #include <QSet>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_ActionList : public QObject
 {
     Q_OBJECT

@@ -4,6 +4,8 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+using namespace deck;
+
 namespace {
 
 QString cpuAction()
@@ -173,7 +175,7 @@ void tst_DeckModel::tellsSettingsApart()
     QSignalSpy changed(&model, &DeckModel::settingsChanged);
     QSignalSpy adopted(&model, &DeckModel::settingsAdopted);
     QSignalSpy any(&model, &DeckModel::changed);
-    KeySettings settings = model.at({0, 0})->settings;
+    EntrySettings settings = model.at({0, 0})->settings;
     QVERIFY(model.changeSettings(context, settings));
     QCOMPARE(any.count(), 0); // nothing is new
     settings.fontSize = 40;

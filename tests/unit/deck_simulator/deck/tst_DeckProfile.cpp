@@ -4,6 +4,8 @@
 #include <QSet>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_DeckProfile : public QObject
 {
     Q_OBJECT

@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+using namespace deck;
+
 class tst_InspectorRequests : public QObject
 {
     Q_OBJECT
@@ -100,7 +102,7 @@ void tst_InspectorRequests::previewsLists()
     QVERIFY(readings.take(R"({"event":"Disk Temperature","info":{
         "Disk A": {"Drive Temperature": [{"value": 38, "units": "°C"}]},
         "Disk B": {"Drive Temperature": [{"value": 41, "units": "°C"}]}}})"));
-    KeySettings settings;
+    EntrySettings settings;
     QCOMPARE(readings.previewText(uuid("system.PhysicalDisk.Temperature"), settings),
              QStringLiteral("Disk A: 38°C"));
     settings.selectPhysicalDisk = QStringLiteral("Disk B");
@@ -114,7 +116,7 @@ void tst_InspectorRequests::previewsTheChosenSensor()
     QVERIFY(readings.take(R"({"CPU":{"Core 0":[{"value":45,"units":"°C"}],
                                      "Core 1":[{"value":46,"units":"°C"}]}})"));
     QVERIFY(!readings.sensors().isEmpty());
-    KeySettings settings;
+    EntrySettings settings;
     settings.selectValue = QStringLiteral("Core 1");
     QCOMPARE(readings.previewText(uuid("AllDATA"), settings), QStringLiteral("Core 1: 46°C"));
     settings.selectValue = QStringLiteral("gone");

@@ -2,6 +2,8 @@
 
 #include <QtTest>
 
+using namespace deck;
+
 class tst_PanelFields : public QObject
 {
     Q_OBJECT
@@ -52,7 +54,7 @@ void tst_PanelFields::showsOnlyWhatApplies()
     QFETCH(const QString, action);
     QFETCH(const QString, diskMode);
     QFETCH(const QString, shown);
-    KeySettings settings;
+    EntrySettings settings;
     settings.diskMode = diskMode;
     const PanelFields fields = panelFields(action, settings);
     QStringList names;

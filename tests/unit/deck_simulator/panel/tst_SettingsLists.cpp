@@ -3,6 +3,8 @@
 #include <QJsonDocument>
 #include <QtTest>
 
+using namespace deck;
+
 // What a settings panel makes of the plugin's replies.
 class tst_SettingsLists : public QObject
 {

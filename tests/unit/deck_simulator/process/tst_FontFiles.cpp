@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_FontFiles : public QObject
 {
     Q_OBJECT

@@ -5,6 +5,8 @@
 #include <QJsonObject>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_PluginArguments : public QObject
 {
     Q_OBJECT

@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_PluginLog : public QObject
 {
     Q_OBJECT

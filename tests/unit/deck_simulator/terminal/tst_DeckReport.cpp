@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+using namespace deck;
+
 class tst_DeckReport : public QObject
 {
     Q_OBJECT
