@@ -23,9 +23,6 @@ constexpr qint64 mostUnread = 32LL * 1024 * 1024;
 /// Settings are not sent anew by themselves; but the host asks for them, and may ask for ever.
 constexpr qint64 mostUnreadWithSettings = 2 * mostUnread;
 
-/// Bytes that are no backlog: some pictures.
-constexpr qint64 somePictures = 64LL * 1024;
-
 } // namespace
 
 ConnectionManager::ConnectionManager(int hostPort, const QString &uuid, const QString &eventName,
@@ -36,6 +33,9 @@ ConnectionManager::ConnectionManager(int hostPort, const QString &uuid, const QS
     , pluginUUID(uuid)
     , registerEvent(eventName)
     , plugin(eventReceiver)
+    , updateBacklog(mostUnread, "The host does not read: pictures are dropped until it does")
+    , settingsBacklog(mostUnreadWithSettings,
+                      "The host does not read: settings are dropped until it does")
 {
     if (plugin) {
         plugin->SetConnectionManager(this);
@@ -65,21 +65,23 @@ void ConnectionManager::Run()
 void ConnectionManager::SetTitle(const QString &title, const QString &context, int target,
                                  int state)
 {
-    if (!hostIsBehindWithUpdates())
+    measure(updateBacklog);
+    if (!updateBacklog.isDropping())
         send(hostmessages::setTitle(title, context, target, state));
 }
 
 void ConnectionManager::SetImage(const QString &image, const QString &context, int target,
                                  int state)
 {
-    if (!hostIsBehindWithUpdates())
+    measure(updateBacklog);
+    if (!updateBacklog.isDropping())
         send(hostmessages::setImage(image, context, target, state));
 }
 
 void ConnectionManager::SetSettings(const QJsonObject &payload, const QString &context)
 {
-    if (!hostIsBehind(dropsSettings, mostUnreadWithSettings,
-                      "The host does not read: settings are dropped until it does"))
+    measure(settingsBacklog);
+    if (!settingsBacklog.isDropping())
         send(hostmessages::setSettings(payload, context));
 }
 
@@ -121,27 +123,15 @@ void ConnectionManager::send(const QString &message)
     if (!webSocket)
         return;
     webSocket->sendTextMessage(message);
-    // A message must not stay half sent while many others are made: hosts give up on it.
-    if (webSocket->bytesToWrite() > somePictures)
+    // What does not fit the system's buffer waits for the event loop, and that waits until all keys
+    // are painted. A receiver made with Qt closes the link when the rest of a frame takes longer
+    // than five seconds.
+    if (webSocket->bytesToWrite() > Backlog::caughtUp)
         webSocket->flush();
 }
 
-bool ConnectionManager::hostIsBehind(bool &drops, qint64 limit, const char *complaint)
+void ConnectionManager::measure(Backlog &backlog) const
 {
-    if (!webSocket)
-        return false;
-    const qint64 unread = webSocket->bytesToWrite();
-    if (!drops && unread >= limit) {
-        drops = true;
-        Logger(QString::fromLatin1(complaint));
-    } else if (drops && unread <= somePictures) {
-        drops = false;
-    }
-    return drops;
-}
-
-bool ConnectionManager::hostIsBehindWithUpdates()
-{
-    return hostIsBehind(dropsUpdates, mostUnread,
-                        "The host does not read: pictures are dropped until it does");
+    if (webSocket)
+        backlog.setUnread(webSocket->bytesToWrite());
 }

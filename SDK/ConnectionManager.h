@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SDK/Backlog.h"
+
 #include <QAbstractSocket>
 #include <QJsonObject>
 #include <QObject>
@@ -43,10 +45,7 @@ private:
     void OnDisconnected();
     void OnError(QAbstractSocket::SocketError error);
     void send(const QString &message);
-    /// Whether messages of a kind are to be dropped: with \a limit bytes unread, until the host has
-    /// read them. \a drops keeps that in mind; \a complaint is logged when it begins.
-    bool hostIsBehind(bool &drops, qint64 limit, const char *complaint);
-    bool hostIsBehindWithUpdates();
+    void measure(Backlog &backlog) const;
 
     int port;
     QString pluginUUID;
@@ -54,6 +53,6 @@ private:
     BasePlugin *plugin;
     QWebSocket *webSocket = nullptr;
     WebSocketServer *dataServer = nullptr;
-    bool dropsUpdates = false;
-    bool dropsSettings = false;
+    Backlog updateBacklog; ///< Of titles and pictures.
+    Backlog settingsBacklog;
 };

@@ -2,9 +2,8 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QStringView>
+#include <QStringBuilder>
 
-#include <initializer_list>
 #include <numeric>
 
 namespace {
@@ -44,19 +43,8 @@ QString escaped(const QString &text)
     return array.mid(bracketAndMark, array.size() - 2 * bracketAndMark);
 }
 
-QString joined(std::initializer_list<QStringView> parts)
-{
-    QString text;
-    text.reserve(std::accumulate(parts.begin(), parts.end(), 0, [](int length, QStringView part) {
-        return length + static_cast<int>(part.size());
-    }));
-    for (const QStringView part : parts)
-        text.append(part.data(), static_cast<int>(part.size()));
-    return text;
-}
-
-/// The members "state" and "target", in the order of their names.
-QString stateAndTarget(int state, int target)
+/// The members "state" and "target", which stand in the order of their names.
+QString targetAndState(int target, int state)
 {
     const QString written = QStringLiteral("\"target\":%1").arg(target);
     return state >= 0 ? QStringLiteral("\"state\":%1,").arg(state) + written : written;
@@ -78,20 +66,23 @@ QString registration(const QString &registerEvent, const QString &pluginUUID)
         {{QStringLiteral("event"), registerEvent}, {QStringLiteral("uuid"), pluginUUID}});
 }
 
-// Each key gets both of these once a second, and a picture has some thousand characters: they are
-// put together in one go.
+// Each key gets both of these once a second, and a picture has some thousand characters: the string
+// builder puts them together with one allocation.
 
 QString setTitle(const QString &title, const QString &context, int target, int state)
 {
-    return joined({u"{\"context\":\"", escaped(context), u"\",\"event\":\"setTitle\",\"payload\":{",
-                   stateAndTarget(state, target), u",\"title\":\"", escaped(title), u"\"}}"});
+    return QStringLiteral("{\"context\":\"") % escaped(context) %
+           QStringLiteral("\",\"event\":\"setTitle\",\"payload\":{") %
+           targetAndState(target, state) % QStringLiteral(",\"title\":\"") % escaped(title) %
+           QStringLiteral("\"}}");
 }
 
 QString setImage(const QString &image, const QString &context, int target, int state)
 {
-    return joined({u"{\"context\":\"", escaped(context),
-                   u"\",\"event\":\"setImage\",\"payload\":{\"image\":\"",
-                   escaped(withPrefix(image)), u"\",", stateAndTarget(state, target), u"}}"});
+    return QStringLiteral("{\"context\":\"") % escaped(context) %
+           QStringLiteral("\",\"event\":\"setImage\",\"payload\":{\"image\":\"") %
+           escaped(withPrefix(image)) % QStringLiteral("\",") % targetAndState(target, state) %
+           QStringLiteral("}}");
 }
 
 QString setSettings(const QJsonObject &payload, const QString &context)

@@ -20,6 +20,8 @@
 
 #include <cstdio>
 
+using namespace deck;
+
 namespace {
 
 QString defaultPlugin()

@@ -2,6 +2,8 @@
 #include "deck_simulator/deck/StoredProfile.h"
 #include "fuzz/FuzzSupport.h"
 
+using namespace deck;
+
 // The file in which the simulator's window keeps its deck. What is read from one, written again,
 // has no faults.
 

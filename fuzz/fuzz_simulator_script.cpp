@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+using namespace deck;
+
 // A script that the simulator plays.
 
 /// A script is read once, so it does not matter here that the framework never frees repeated

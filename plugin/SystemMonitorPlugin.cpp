@@ -199,13 +199,13 @@ void SystemMonitorPlugin::answerSettings(normalAction &key, const QJsonObject &p
     key.applySettings(payload);
     applySelections(key, settings, occasion);
     if (key.GetAction() == actionuuid::physicalDisk)
-        chooseDrive(key);
+        applyDiskMode(key);
     const QJsonObject reply = settingsReply(settings, key, occasion, m_library);
     if (mConnectionManager)
         mConnectionManager->SetSettings(reply, key.GetContext());
 }
 
-void SystemMonitorPlugin::chooseDrive(normalAction &key)
+void SystemMonitorPlugin::applyDiskMode(normalAction &key)
 {
     key.switchTimer.stop();
     key.switchTimer.disconnect(this);
@@ -213,12 +213,12 @@ void SystemMonitorPlugin::chooseDrive(normalAction &key)
         key.driveIndex = diskkey::chosenDrive(key);
         return;
     }
-    connect(&key.switchTimer, &QTimer::timeout, this, [this, &key] { showNextDrive(key); });
+    connect(&key.switchTimer, &QTimer::timeout, this, [this, &key] { showDriveAndMoveOn(key); });
     key.switchTimer.start(diskkey::switchInterval(key.switchFrequency));
 }
 
 /// Shows the drive whose turn it is at once, whatever the mode, and moves on to the next.
-void SystemMonitorPlugin::showNextDrive(normalAction &key)
+void SystemMonitorPlugin::showDriveAndMoveOn(normalAction &key)
 {
     const QString picture = key.normalPainting(diskkey::driveText(key));
     if (mConnectionManager) {

@@ -75,8 +75,8 @@ private:
     void updateKeys();
     void updateKey(normalAction &key, KeyPass &pass);
     void onCommitData();
-    void chooseDrive(normalAction &key);
-    void showNextDrive(normalAction &key);
+    void applyDiskMode(normalAction &key);
+    void showDriveAndMoveOn(normalAction &key);
     void answerSettings(normalAction &key, const QJsonObject &payload, SettingsOccasion occasion);
     normalAction *getOrCreateKey(const QString &action, const QString &context);
 

@@ -23,8 +23,6 @@ public:
     /// The console's hot key opens it; returns whether \a identifier was handled.
     bool handleHotKey(quint64 identifier);
 
-    SystemMonitorPlugin *startedPlugin() const { return plugin; }
-
 protected:
     bool nativeEvent(const QByteArray &eventType, void *message, long *result) override;
 

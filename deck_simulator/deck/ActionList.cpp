@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace deck {
+
 namespace {
 
 QVector<DeckAction> makeActions()
@@ -99,3 +101,5 @@ QString groupIcon(ActionGroup group)
 {
     return QStringLiteral(":/Type_%1.png").arg(int(group) + 1);
 }
+
+} // namespace deck

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QVector>
 
+namespace deck {
+
 /// The groups in which a list of actions shows them, in this order.
 enum class ActionGroup { Cpu, Gpu, Memory, Network, Drives, Other };
 
@@ -28,3 +30,5 @@ QString groupCaption(ActionGroup group);
 
 /// The compiled-in picture of a group's actions, such as ":/Type_1.png".
 QString groupIcon(ActionGroup group);
+
+} // namespace deck

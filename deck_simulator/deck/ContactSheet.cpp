@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QPen>
 
+namespace deck {
+
 namespace {
 
 const QColor deckColor(0x26, 0x27, 0x2b);
@@ -85,3 +87,5 @@ QImage paintContactSheet(const QVector<QImage> &pictures, const ContactSheetStyl
     }
     return sheet;
 }
+
+} // namespace deck

@@ -5,6 +5,8 @@
 #include <QSize>
 #include <QVector>
 
+namespace deck {
+
 /// How the sheet is laid out, in pixels.
 struct ContactSheetStyle
 {
@@ -26,3 +28,5 @@ QSize shownPictureSize(const QSize &picture, const ContactSheetStyle &style);
 /// The deck with one key per picture on a dark ground. A key with a null picture is dark, and so
 /// are the keys that fill the last row.
 QImage paintContactSheet(const QVector<QImage> &pictures, const ContactSheetStyle &style);
+
+} // namespace deck

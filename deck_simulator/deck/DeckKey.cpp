@@ -2,6 +2,8 @@
 
 #include "deck_simulator/deck/KeyPicture.h"
 
+namespace deck {
+
 DeckKey::DeckKey(const QString &name, const QString &action, const QString &context,
                  const QJsonObject &settings)
     : m_name(name)
@@ -38,3 +40,5 @@ void DeckKey::takeSettings(const QJsonObject &settings)
     m_settings = settings;
     ++m_settingsReplies;
 }
+
+} // namespace deck

@@ -9,6 +9,8 @@
 
 #include <optional>
 
+namespace deck {
+
 /// One key of the simulated deck: what was put on it, and what the plugin has sent for it. Times
 /// are milliseconds of the host's clock.
 class DeckKey
@@ -63,3 +65,5 @@ private:
     quint64 m_settingsReplies = 0;
     std::optional<qint64> m_lastUpdate;
 };
+
+} // namespace deck

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace deck {
+
 DeckModel::DeckModel(QObject *parent)
     : QObject(parent)
 {
@@ -79,14 +81,14 @@ DeckPlace DeckModel::firstEmptyKey() const
 
 bool DeckModel::put(const DeckPlace &place, const QString &action)
 {
-    KeySettings settings;
+    EntrySettings settings;
     if (const DeckAction *known = findAction(action))
         settings.text = known->title;
     settings.showTitle = !settings.text.isEmpty();
     return put(place, action, settings);
 }
 
-bool DeckModel::put(const DeckPlace &place, const QString &action, const KeySettings &settings)
+bool DeckModel::put(const DeckPlace &place, const QString &action, const EntrySettings &settings)
 {
     if (!contains(place) || action.isEmpty() || indexAt(place) >= 0)
         return false;
@@ -119,7 +121,7 @@ bool DeckModel::move(const DeckPlace &from, const DeckPlace &to)
     return true;
 }
 
-bool DeckModel::replaceSettings(const QString &context, const KeySettings &settings)
+bool DeckModel::replaceSettings(const QString &context, const EntrySettings &settings)
 {
     const int index = indexOf(context);
     if (index < 0 || m_entries.at(index).settings == settings)
@@ -128,7 +130,7 @@ bool DeckModel::replaceSettings(const QString &context, const KeySettings &setti
     return true;
 }
 
-bool DeckModel::changeSettings(const QString &context, const KeySettings &settings)
+bool DeckModel::changeSettings(const QString &context, const EntrySettings &settings)
 {
     if (replaceSettings(context, settings)) {
         Q_EMIT settingsChanged(context);
@@ -137,7 +139,7 @@ bool DeckModel::changeSettings(const QString &context, const KeySettings &settin
     return indexOf(context) >= 0;
 }
 
-bool DeckModel::adoptSettings(const QString &context, const KeySettings &settings)
+bool DeckModel::adoptSettings(const QString &context, const EntrySettings &settings)
 {
     if (replaceSettings(context, settings)) {
         Q_EMIT settingsAdopted(context);
@@ -173,3 +175,5 @@ void DeckModel::announceLayout()
     Q_EMIT layoutChanged();
     Q_EMIT changed();
 }
+
+} // namespace deck

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "deck_simulator/deck/DeckPlace.h"
-#include "deck_simulator/deck/KeySettings.h"
+#include "deck_simulator/deck/EntrySettings.h"
 
 #include <QObject>
 #include <QSize>
 #include <QString>
 #include <QVector>
+
+namespace deck {
 
 /// An action on a place of the deck.
 struct DeckEntry
@@ -14,7 +16,7 @@ struct DeckEntry
     QString context; ///< Identifies it on the link.
     QString action;
     DeckPlace place;
-    KeySettings settings;
+    EntrySettings settings;
 };
 
 /// What is on which key and dial, with its settings. Keys that lie outside of a grid made smaller
@@ -47,15 +49,15 @@ public:
 
     /// Puts an action on an empty place; false elsewhere.
     bool put(const DeckPlace &place, const QString &action);
-    bool put(const DeckPlace &place, const QString &action, const KeySettings &settings);
+    bool put(const DeckPlace &place, const QString &action, const EntrySettings &settings);
     bool remove(const DeckPlace &place);
     /// What lies on \a to comes to \a from.
     bool move(const DeckPlace &from, const DeckPlace &to);
     /// False when there is no such key.
-    bool changeSettings(const QString &context, const KeySettings &settings);
+    bool changeSettings(const QString &context, const EntrySettings &settings);
     /// As changeSettings, for values that come from the plugin: settingsAdopted instead of
     /// settingsChanged.
-    bool adoptSettings(const QString &context, const KeySettings &settings);
+    bool adoptSettings(const QString &context, const EntrySettings &settings);
     void clear();
     /// Takes over a whole deck. Entries that share a place with one before are left out, and so are
     /// those on places that no deck has.
@@ -72,10 +74,12 @@ Q_SIGNALS:
 private:
     [[nodiscard]] int indexAt(const DeckPlace &place) const;
     [[nodiscard]] int indexOf(const QString &context) const;
-    bool replaceSettings(const QString &context, const KeySettings &settings);
+    bool replaceSettings(const QString &context, const EntrySettings &settings);
     void announceLayout();
 
     QSize m_grid{8, 4};
     int m_dials = 4;
     QVector<DeckEntry> m_entries;
 };
+
+} // namespace deck

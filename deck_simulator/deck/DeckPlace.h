@@ -1,5 +1,7 @@
 #pragma once
 
+namespace deck {
+
 /// A key or a dial of a deck. Keys are counted from the upper left corner; dials have row 0.
 struct DeckPlace
 {
@@ -17,3 +19,5 @@ inline bool operator!=(const DeckPlace &left, const DeckPlace &right)
 {
     return !(left == right);
 }
+
+} // namespace deck

@@ -1,7 +1,9 @@
 #include "deck_simulator/deck/DeckProfile.h"
 
 #include "deck_simulator/deck/ActionList.h"
-#include "deck_simulator/deck/KeySettings.h"
+#include "deck_simulator/deck/EntrySettings.h"
+
+namespace deck {
 
 namespace {
 
@@ -79,7 +81,7 @@ QString contextOf(int index)
 
 QJsonObject keySettings(const QString &title, const QString &titleLines)
 {
-    KeySettings settings;
+    EntrySettings settings;
     settings.text = title;
     settings.titleLines = titleLines;
     return settingsMessage(settings, {deckKeyPixels, deckKeyPixels});
@@ -153,3 +155,5 @@ DeckProfile settingsDeck(int columns, const QStringList &fontSpecs)
     deck.grid = gridFor(deck.keys.size(), columns);
     return deck;
 }
+
+} // namespace deck

@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QVector>
 
+namespace deck {
+
 /// Width and height of a key in pixels, as the host tells the plugin.
 constexpr int deckKeyPixels = 144;
 
@@ -36,3 +38,5 @@ DeckProfile emptyDeck(int columns);
 /// A deck that shows what settings do, \a columns keys wide: titles, lines, sizes, colours and
 /// transparency, and one key for each of \a fontSpecs ("FAMILY|STYLE").
 DeckProfile settingsDeck(int columns, const QStringList &fontSpecs);
+
+} // namespace deck

@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QImageReader>
 
+namespace deck {
+
 QImage decodeKeyPicture(const QString &dataUrl)
 {
     const QLatin1String prefix("data:image/png;base64,");
@@ -23,3 +25,5 @@ QImage decodeKeyPicture(const QString &dataUrl)
         return {};
     return reader.read();
 }
+
+} // namespace deck

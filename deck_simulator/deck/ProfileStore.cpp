@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+namespace deck {
+
 namespace {
 
 QString freeName(const QString &path)
@@ -79,3 +81,5 @@ bool ProfileStore::save(const StoredProfile &profile)
                         .arg(QDir::toNativeSeparators(m_path), file.errorString());
     return well;
 }
+
+} // namespace deck

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+namespace deck {
+
 /// The file in which the window keeps its profile.
 class ProfileStore
 {
@@ -32,3 +34,5 @@ private:
     QByteArray m_written;
     bool m_locked = false;
 };
+
+} // namespace deck

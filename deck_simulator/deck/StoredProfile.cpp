@@ -7,6 +7,8 @@
 #include <QJsonObject>
 #include <QUuid>
 
+namespace deck {
+
 namespace {
 
 QJsonObject placeObject(const DeckPlace &place)
@@ -174,3 +176,5 @@ StoredProfile firstProfile()
     profile.entries.append(drive);
     return profile;
 }
+
+} // namespace deck

@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QVector>
 
+namespace deck {
+
 /// What the plugin is started with, beside the deck.
 struct LaunchChoices
 {
@@ -39,3 +41,5 @@ StoredProfile readProfile(const QByteArray &text, QStringList *faults);
 
 /// The deck of the first start.
 StoredProfile firstProfile();
+
+} // namespace deck

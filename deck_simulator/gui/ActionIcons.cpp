@@ -6,6 +6,8 @@
 #include <QPixmap>
 #include <QPixmapCache>
 
+namespace deck {
+
 namespace {
 
 QPixmap tinted(const QString &file, const QColor &color)
@@ -32,3 +34,5 @@ QIcon actionIcon(const QString &action, const QColor &color)
     const DeckAction *known = findAction(action);
     return QIcon(tinted(groupIcon(known == nullptr ? ActionGroup::Other : known->group), color));
 }
+
+} // namespace deck

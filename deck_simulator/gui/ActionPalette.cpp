@@ -12,6 +12,8 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+namespace deck {
+
 namespace {
 
 constexpr int fewestLetters = 20; // across the list
@@ -132,3 +134,5 @@ bool ActionPalette::eventFilter(QObject *watched, QEvent *event)
     }
     return QWidget::eventFilter(watched, event);
 }
+
+} // namespace deck

@@ -2,10 +2,13 @@
 
 #include <QWidget>
 
-class ActionTreeModel;
 class QLineEdit;
 class QSortFilterProxyModel;
 class QTreeView;
+
+namespace deck {
+
+class ActionTreeModel;
 
 /// The searchable list of all actions. An action is dragged to a key, or chosen with a double click
 /// or Enter.
@@ -44,3 +47,5 @@ private:
     QLineEdit *m_search;
     QTreeView *m_view;
 };
+
+} // namespace deck

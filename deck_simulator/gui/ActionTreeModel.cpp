@@ -6,6 +6,8 @@
 
 #include <QMimeData>
 
+namespace deck {
+
 ActionTreeModel::ActionTreeModel(QObject *parent)
     : QStandardItemModel(parent)
 {
@@ -54,3 +56,5 @@ QMimeData *ActionTreeModel::mimeData(const QModelIndexList &indexes) const
     }
     return nullptr;
 }
+
+} // namespace deck

@@ -2,6 +2,8 @@
 
 #include <QStandardItemModel>
 
+namespace deck {
+
 /// All actions in their groups, for a tree view; actions can be dragged out.
 class ActionTreeModel : public QStandardItemModel
 {
@@ -22,3 +24,5 @@ public:
     [[nodiscard]] QStringList mimeTypes() const override;
     [[nodiscard]] QMimeData *mimeData(const QModelIndexList &indexes) const override;
 };
+
+} // namespace deck

@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QToolButton>
 
+namespace deck {
+
 namespace {
 
 QPixmap swatch(const QColor &color, int side, const QColor &edge)
@@ -84,3 +86,5 @@ void ColorField::openPicker()
     connect(picker, &QDialog::rejected, this, [this, before] { edit(before); });
     picker->open();
 }
+
+} // namespace deck

@@ -5,6 +5,8 @@
 class QLineEdit;
 class QToolButton;
 
+namespace deck {
+
 /// A colour as a text, with a button that shows it and opens a picker. Any text is taken, as the
 /// plugin may be tried with texts that are no colours.
 class ColorField : public QWidget
@@ -31,3 +33,5 @@ private:
     QToolButton *m_button;
     QLineEdit *m_text;
 };
+
+} // namespace deck

@@ -7,6 +7,8 @@
 #include <QSignalBlocker>
 #include <QSpinBox>
 
+namespace deck {
+
 namespace {
 
 QSpinBox *makeNumber(int least, int greatest, const QString &name)
@@ -60,3 +62,5 @@ void DeckBar::showSize()
     m_rows->setValue(m_model->grid().height());
     m_dials->setValue(m_model->dials());
 }
+
+} // namespace deck

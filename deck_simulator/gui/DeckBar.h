@@ -6,6 +6,8 @@
 
 class QSpinBox;
 
+namespace deck {
+
 /// The size of the deck.
 class DeckBar : public QWidget
 {
@@ -27,3 +29,5 @@ private:
     QSpinBox *m_rows;
     QSpinBox *m_dials;
 };
+
+} // namespace deck

@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QPainter>
 
+namespace deck {
+
 namespace {
 
 const QColor bodyColor(0x26, 0x27, 0x2b);
@@ -338,3 +340,5 @@ void DeckGrid::showMenu(KeyCell *cell, const QPoint &globalPosition)
     }
     menu->popup(globalPosition);
 }
+
+} // namespace deck

@@ -7,6 +7,8 @@
 #include <QVector>
 #include <QWidget>
 
+namespace deck {
+
 /// The deck on the screen: keys in rows, dials below them, one of them the current one. Arrows
 /// move, Enter and Space press, Delete removes, F2 asks for the settings, Page Up and Page Down
 /// turn a dial. Changes of the layout go into the model; presses and turns are reported.
@@ -74,3 +76,5 @@ private:
     DeckPlace m_current;
     QRect m_body;
 };
+
+} // namespace deck

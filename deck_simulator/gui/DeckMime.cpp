@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+namespace deck {
+
 namespace {
 
 QString placeMimeType()
@@ -50,3 +52,5 @@ std::optional<DeckPlace> placeFrom(const QMimeData &data)
         return std::nullopt;
     return place;
 }
+
+} // namespace deck

@@ -7,6 +7,8 @@
 
 #include <optional>
 
+namespace deck {
+
 /// What is dragged about the deck: an action from the list, or a key from another place. The caller
 /// owns the data.
 QMimeData *actionMime(const QString &action);
@@ -19,3 +21,5 @@ std::optional<DeckPlace> placeFrom(const QMimeData &data);
 
 /// The type of an action's data.
 QString actionMimeType();
+
+} // namespace deck

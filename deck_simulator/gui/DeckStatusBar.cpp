@@ -1,9 +1,11 @@
 #include "deck_simulator/gui/DeckStatusBar.h"
 
 #include "deck_simulator/host/DeckRunner.h"
-#include "deck_simulator/terminal/DeckReport.h"
+#include "deck_simulator/host/DeckStatus.h"
 
 #include <QLabel>
+
+namespace deck {
 
 DeckStatusBar::DeckStatusBar(QWidget *parent)
     : QStatusBar(parent)
@@ -35,3 +37,5 @@ QStringList DeckStatusBar::texts() const
 {
     return {m_link->text(), m_plugin->text(), m_frames->text(), m_bytes->text()};
 }
+
+} // namespace deck

@@ -2,8 +2,11 @@
 
 #include <QStatusBar>
 
-class DeckRunner;
 class QLabel;
+
+namespace deck {
+
+class DeckRunner;
 
 /// The link, its traffic and how the plugin ended last.
 class DeckStatusBar : public QStatusBar
@@ -23,3 +26,5 @@ private:
     QLabel *m_frames;
     QLabel *m_bytes;
 };
+
+} // namespace deck

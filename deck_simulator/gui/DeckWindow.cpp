@@ -22,6 +22,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+namespace deck {
+
 namespace {
 
 constexpr QSize usualSize(1320, 820);
@@ -278,3 +280,5 @@ void DeckWindow::closeEvent(QCloseEvent *event)
     m_closing = true;
     m_runner.stop();
 }
+
+} // namespace deck

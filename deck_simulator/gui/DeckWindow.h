@@ -11,6 +11,8 @@
 
 #include <chrono>
 
+namespace deck {
+
 class ActionPalette;
 class DeckBar;
 class DeckGrid;
@@ -99,3 +101,5 @@ private:
     bool m_awaitsScreenshot = false;
     bool m_tellsOfRun = false; // the message does
 };
+
+} // namespace deck

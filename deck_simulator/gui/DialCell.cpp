@@ -4,6 +4,8 @@
 #include <QWheelEvent>
 #include <QtMath>
 
+namespace deck {
+
 namespace {
 
 constexpr int wheelTick = 120;     // eighths of a degree
@@ -71,3 +73,5 @@ void DialCell::paintGround(QPainter &painter)
     painter.drawLine(knob.center() + direction * radius * 0.55,
                      knob.center() + direction * radius * 0.85);
 }
+
+} // namespace deck

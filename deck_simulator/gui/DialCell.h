@@ -2,6 +2,8 @@
 
 #include "deck_simulator/gui/KeyCell.h"
 
+namespace deck {
+
 /// One dial on the screen: a small screen above a knob. The wheel turns it, a press on the knob
 /// presses it.
 class DialCell : public KeyCell
@@ -28,3 +30,5 @@ private:
     int m_angle = 0;     // degrees
     int m_wheelRest = 0; // eighths of a degree that make no tick yet
 };
+
+} // namespace deck

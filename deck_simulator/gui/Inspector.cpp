@@ -3,6 +3,8 @@
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
 
+namespace deck {
+
 Inspector::Inspector(DeckModel *model, DeckRunner *runner, SettingsPanel *panel,
                      quint16 dataServerPort, QObject *parent)
     : QObject(parent)
@@ -87,3 +89,5 @@ void Inspector::takeReply(const QByteArray &reply)
     if (!m_readings.sensors().isEmpty())
         m_panel->form()->setSensors(sensorsFrom(m_readings.sensors()));
 }
+
+} // namespace deck

@@ -8,6 +8,8 @@
 #include <QJsonObject>
 #include <QObject>
 
+namespace deck {
+
 class SettingsPanel;
 
 /// What a host does around a settings panel: shows it the selected key, sends its changes through
@@ -42,3 +44,5 @@ private:
     DeckPlace m_place;
     QString m_askedFor;
 };
+
+} // namespace deck

@@ -9,6 +9,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+namespace deck {
+
 namespace {
 
 // A deck is dark in a light room too.
@@ -271,3 +273,5 @@ void KeyCell::dropEvent(QDropEvent *event)
     else if (const std::optional<DeckPlace> from = placeFrom(*event->mimeData()))
         Q_EMIT keyDropped(*from);
 }
+
+} // namespace deck

@@ -9,6 +9,8 @@
 
 class QMimeData;
 
+namespace deck {
+
 /// One LCD key on the screen. It shows its face and reports what the mouse does to it: a key that
 /// is dragged is not pressed, so a press is reported with its release, or once it lasts.
 class KeyCell : public QWidget
@@ -77,3 +79,5 @@ private:
     bool m_hovered = false;
     bool m_dropTarget = false;
 };
+
+} // namespace deck

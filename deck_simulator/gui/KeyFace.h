@@ -4,6 +4,8 @@
 #include <QImage>
 #include <QString>
 
+namespace deck {
+
 /// What one place of the deck shows.
 struct KeyFace
 {
@@ -12,3 +14,5 @@ struct KeyFace
     QString title;   ///< As the plugin sent it.
     QImage picture;  ///< Likewise; null before the first.
 };
+
+} // namespace deck

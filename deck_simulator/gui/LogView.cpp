@@ -10,6 +10,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+namespace deck {
+
 namespace {
 
 constexpr int fewestLines = 3;
@@ -121,3 +123,5 @@ void LogView::resizeEvent(QResizeEvent *event)
     QWidget::resizeEvent(event);
     follow();
 }
+
+} // namespace deck

@@ -9,6 +9,8 @@ class QLineEdit;
 class QPlainTextEdit;
 class QToolButton;
 
+namespace deck {
+
 /// The plugin's log and debug stream, with a filter. It follows the end unless the user has
 /// scrolled away from it or marks text.
 class LogView : public QWidget
@@ -42,3 +44,5 @@ private:
     QPlainTextEdit *m_view;
     bool m_follows = true;
 };
+
+} // namespace deck

@@ -8,6 +8,8 @@
 
 #include <chrono>
 
+namespace deck {
+
 namespace {
 
 constexpr std::chrono::seconds briefTime{15};
@@ -86,3 +88,5 @@ bool MessageBar::eventFilter(QObject *watched, QEvent *event)
         makeRoom();
     return QFrame::eventFilter(watched, event);
 }
+
+} // namespace deck

@@ -6,6 +6,8 @@
 class QLabel;
 class QToolButton;
 
+namespace deck {
+
 /// A message above the deck, in as many lines as it needs. It can be closed; without a message it
 /// takes no place.
 class MessageBar : public QFrame
@@ -35,3 +37,5 @@ private:
     QString m_message;
     QTimer m_timer;
 };
+
+} // namespace deck

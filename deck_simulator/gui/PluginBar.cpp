@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 
+namespace deck {
+
 namespace {
 
 enum Readings { liveReadings, recordedReadings, chooseRecording };
@@ -166,3 +168,5 @@ void PluginBar::chooseReadings(int index)
         dialog->open();
     }
 }
+
+} // namespace deck

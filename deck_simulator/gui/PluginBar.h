@@ -7,6 +7,8 @@
 class QCheckBox;
 class QComboBox;
 
+namespace deck {
+
 /// The life of the plugin: start and stop, mishaps of the host, and what it is started with. A
 /// change of the latter starts a running plugin again.
 class PluginBar : public QToolBar
@@ -50,3 +52,5 @@ private:
     QCheckBox *m_strip;
     QComboBox *m_readings;
 };
+
+} // namespace deck

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+namespace deck {
+
 namespace {
 
 constexpr int indexRole = Qt::UserRole + 1;
@@ -152,3 +154,5 @@ void SensorPicker::chooseFound()
     if (!m_search->text().isEmpty())
         choose(m_shown->index(0, 0, m_shown->index(0, 0)));
 }
+
+} // namespace deck

@@ -10,6 +10,8 @@ class QSortFilterProxyModel;
 class QStandardItemModel;
 class QTreeView;
 
+namespace deck {
+
 /// A searchable list of sensors in their groups, with what they read.
 class SensorPicker : public QWidget
 {
@@ -44,3 +46,5 @@ private:
     QVector<ListEntry> m_entries;
     QString m_current;
 };
+
+} // namespace deck

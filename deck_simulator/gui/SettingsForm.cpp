@@ -14,6 +14,8 @@
 #include <QSlider>
 #include <QSpinBox>
 
+namespace deck {
+
 namespace {
 
 constexpr int overhang = 2; // pixels that a last letter may reach beyond its width
@@ -266,7 +268,7 @@ void SettingsForm::showFields()
     layOut();
 }
 
-void SettingsForm::setSettings(const KeySettings &settings)
+void SettingsForm::setSettings(const EntrySettings &settings)
 {
     m_settings = settings;
     m_showing = true;
@@ -335,7 +337,7 @@ void SettingsForm::collect()
 {
     if (m_showing)
         return;
-    KeySettings settings = m_settings;
+    EntrySettings settings = m_settings;
     settings.text = m_title->text();
     settings.showTitle = m_showTitle->isChecked();
     settings.fontFamily = m_font->currentData().toString();
@@ -357,3 +359,5 @@ void SettingsForm::collect()
     showFields();
     Q_EMIT edited(settings);
 }
+
+} // namespace deck

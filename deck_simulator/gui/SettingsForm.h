@@ -1,12 +1,11 @@
 #pragma once
 
-#include "deck_simulator/deck/KeySettings.h"
+#include "deck_simulator/deck/EntrySettings.h"
 #include "deck_simulator/panel/PanelFields.h"
 #include "deck_simulator/panel/SettingsLists.h"
 
 #include <QWidget>
 
-class ColorField;
 class QCheckBox;
 class QComboBox;
 class QFormLayout;
@@ -14,6 +13,10 @@ class QLabel;
 class QLineEdit;
 class QSlider;
 class QSpinBox;
+
+namespace deck {
+
+class ColorField;
 class SensorPicker;
 
 /// The controls for the settings of one key. Only those that apply to its action are shown.
@@ -26,8 +29,8 @@ public:
 
     void setAction(const QString &action);
     /// Shows settings; nothing is reported.
-    void setSettings(const KeySettings &settings);
-    [[nodiscard]] const KeySettings &settings() const { return m_settings; }
+    void setSettings(const EntrySettings &settings);
+    [[nodiscard]] const EntrySettings &settings() const { return m_settings; }
     /// What there is to choose from.
     void setLists(const SettingsLists &lists);
     void setSensors(const QVector<ListEntry> &sensors);
@@ -35,7 +38,7 @@ public:
 
 Q_SIGNALS:
     /// The user has changed a setting.
-    void edited(const KeySettings &settings);
+    void edited(const EntrySettings &settings);
     /// The user is done: Enter or Escape.
     void left();
 
@@ -84,7 +87,9 @@ private:
     QLabel *m_pump = nullptr;
     SensorPicker *m_sensor = nullptr;
     QString m_action;
-    KeySettings m_settings;
+    EntrySettings m_settings;
     SettingsLists m_lists;
     bool m_showing = false;
 };
+
+} // namespace deck

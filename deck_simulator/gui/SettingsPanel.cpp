@@ -10,6 +10,8 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+namespace deck {
+
 namespace {
 
 // Across the panel.
@@ -70,7 +72,7 @@ SettingsPanel::SettingsPanel(QWidget *parent)
     layout->addWidget(m_scroll, 1);
     setMinimumWidth(fontMetrics().averageCharWidth() * fewestLetters);
     connect(m_form, &SettingsForm::edited, this,
-            [this](const KeySettings &settings) { Q_EMIT edited(m_context, settings); });
+            [this](const EntrySettings &settings) { Q_EMIT edited(m_context, settings); });
     setEntry(nullptr);
 }
 
@@ -129,3 +131,5 @@ void SettingsPanel::changeEvent(QEvent *event)
         showIcon();
     QWidget::changeEvent(event);
 }
+
+} // namespace deck

@@ -7,6 +7,9 @@
 
 class QLabel;
 class QScrollArea;
+
+namespace deck {
+
 class SettingsForm;
 
 /// The settings of the selected key: what it is, what it reads now, and the form.
@@ -28,7 +31,7 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
 Q_SIGNALS:
-    void edited(const QString &context, const KeySettings &settings);
+    void edited(const QString &context, const EntrySettings &settings);
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -46,3 +49,5 @@ private:
     QString m_context;
     QString m_action;
 };
+
+} // namespace deck

@@ -3,6 +3,8 @@
 #include <QEvent>
 #include <QWidget>
 
+namespace deck {
+
 WheelGuard::WheelGuard(QWidget *field)
     : QObject(field)
 {
@@ -17,3 +19,5 @@ bool WheelGuard::eventFilter(QObject *watched, QEvent *event)
     event->ignore();
     return true;
 }
+
+} // namespace deck

@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+namespace deck {
+
 /// Keeps the mouse wheel from changing a field that nobody has clicked: it scrolls what the field
 /// lies in.
 class WheelGuard : public QObject
@@ -14,3 +16,5 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 };
+
+} // namespace deck

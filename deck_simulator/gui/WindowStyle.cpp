@@ -5,6 +5,8 @@
 #include <QPalette>
 #include <QStyleFactory>
 
+namespace deck {
+
 namespace {
 
 struct Colors
@@ -64,3 +66,5 @@ void applyTextSize(int percent)
         font.setPixelSize(font.pixelSize() * percent / 100);
     QApplication::setFont(font);
 }
+
+} // namespace deck

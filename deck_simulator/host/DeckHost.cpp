@@ -6,6 +6,8 @@
 #include <QWebSocket>
 #include <QWebSocketServer>
 
+namespace deck {
+
 namespace {
 
 QString deviceId()
@@ -306,3 +308,5 @@ bool DeckHost::sendText(const QString &text)
     m_link->sendTextMessage(text);
     return true;
 }
+
+} // namespace deck

@@ -11,6 +11,8 @@
 class QWebSocket;
 class QWebSocketServer;
 
+namespace deck {
+
 /// What came over the link, and what of it was refused.
 struct LinkCounters
 {
@@ -108,3 +110,5 @@ private:
     LinkCounters m_counters;
     QElapsedTimer m_clock;
 };
+
+} // namespace deck

@@ -2,6 +2,8 @@
 
 #include "deck_simulator/deck/ActionList.h"
 
+namespace deck {
+
 namespace {
 
 constexpr int meterPeriod = 500; // milliseconds
@@ -231,7 +233,7 @@ void DeckRunner::onSettingsReplied(int index)
     awaited = qMax(0, awaited - 1);
     // A reply to settings that have changed since would undo the change.
     if (awaited == 0 && entry != nullptr) {
-        KeySettings settings = settingsFrom(reply, entry->settings);
+        EntrySettings settings = settingsFrom(reply, entry->settings);
         // Only a key that fills itself is given its size by the plugin.
         if (!settings.fillsKey)
             settings.fontSize = entry->settings.fontSize;
@@ -272,3 +274,5 @@ void DeckRunner::measure()
     m_meter.add(host.now(), host.counters().frames, host.counters().bytes);
     Q_EMIT stateChanged();
 }
+
+} // namespace deck

@@ -11,6 +11,8 @@
 #include <QPointer>
 #include <QTimer>
 
+namespace deck {
+
 /// Runs the plugin on the deck of a model, again and again: what changes in the model is told to
 /// the plugin at once, and what the plugin makes of settings comes back into the model.
 class DeckRunner : public QObject
@@ -97,3 +99,5 @@ private:
     TrafficMeter m_meter;
     bool m_startAgain = false;
 };
+
+} // namespace deck

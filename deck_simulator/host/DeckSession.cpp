@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+namespace deck {
+
 namespace {
 
 constexpr int tailLines = 10;
@@ -286,3 +288,5 @@ QString DeckSession::keptOutput()
                 tail.join(QStringLiteral("\n  "));
     return text;
 }
+
+} // namespace deck

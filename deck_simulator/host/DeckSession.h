@@ -15,6 +15,8 @@
 #include <memory>
 #include <optional>
 
+namespace deck {
+
 /// What a session is run with.
 struct SessionSettings
 {
@@ -115,3 +117,5 @@ private:
     State m_state = State::Idle;
     bool m_hadLink = false;
 };
+
+} // namespace deck

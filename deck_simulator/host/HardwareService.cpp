@@ -8,6 +8,8 @@
 #include <QWebSocket>
 #include <QWebSocketServer>
 
+namespace deck {
+
 namespace {
 
 constexpr quint64 maximumRequest = 1 << 20;
@@ -96,3 +98,5 @@ void HardwareService::answer(QWebSocket *client, const QString &text)
                             {QStringLiteral("result"), QJsonObject()}};
     client->sendTextMessage(QString::fromUtf8(QJsonDocument(reply).toJson(QJsonDocument::Compact)));
 }
+
+} // namespace deck

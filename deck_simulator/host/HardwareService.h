@@ -6,6 +6,8 @@
 class QWebSocket;
 class QWebSocketServer;
 
+namespace deck {
+
 /// A hardware-information service without sensors, so that a plugin finds its service at once. It
 /// answers {"method":"getAllSensorsData"} with an empty result and every other JSON request with
 /// code 1; what is not a JSON object, such as the client's greeting, is passed over.
@@ -37,3 +39,5 @@ private:
     int m_clients = 0;
     quint64 m_requests = 0;
 };
+
+} // namespace deck

@@ -1,5 +1,7 @@
 #include "deck_simulator/host/TrafficMeter.h"
 
+namespace deck {
+
 void TrafficMeter::add(qint64 now, quint64 frames, quint64 bytes)
 {
     if (!m_samples.isEmpty()) {
@@ -32,3 +34,5 @@ double TrafficMeter::perSecond(quint64 Sample::*total) const
     const Sample &last = m_samples.last();
     return double(last.*total - first.*total) * 1000.0 / double(last.time - first.time);
 }
+
+} // namespace deck

@@ -3,6 +3,8 @@
 #include <QVector>
 #include <QtGlobal>
 
+namespace deck {
+
 /// Frames and bytes per second over the last few seconds, from running totals.
 class TrafficMeter
 {
@@ -29,3 +31,5 @@ private:
 
     QVector<Sample> m_samples;
 };
+
+} // namespace deck

@@ -1,5 +1,7 @@
 #include "deck_simulator/options/DisplayPlatform.h"
 
+namespace deck {
+
 // A Windows session always has a desktop.
 
 bool hasDisplay()
@@ -8,3 +10,5 @@ bool hasDisplay()
 }
 
 void chooseDisplayPlatform() {}
+
+} // namespace deck

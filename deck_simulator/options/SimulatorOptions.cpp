@@ -10,6 +10,8 @@
 #include <optional>
 #include <utility>
 
+namespace deck {
+
 namespace {
 
 constexpr int usageError = 2;
@@ -390,3 +392,5 @@ ParsedOptions parseOptions(const QStringList &arguments, const QString &defaultP
                                                     QCoreApplication::applicationVersion()));
     return readOptions(parser, defaultPlugin);
 }
+
+} // namespace deck

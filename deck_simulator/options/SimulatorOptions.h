@@ -7,6 +7,8 @@
 #include <chrono>
 #include <optional>
 
+namespace deck {
+
 /// The deck that a run without a window begins with: the metrics that every machine has, every kind
 /// of key, what settings do, or no key.
 enum class Deck { Readings, Kinds, Settings, Empty };
@@ -52,3 +54,5 @@ struct ParsedOptions
 /// \a arguments begins with the program's name. \a defaultPlugin is used without "--plugin". Needs
 /// an application object for the answers to "--help" and "--version".
 ParsedOptions parseOptions(const QStringList &arguments, const QString &defaultPlugin);
+
+} // namespace deck

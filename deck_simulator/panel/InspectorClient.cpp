@@ -4,6 +4,8 @@
 #include <QUrl>
 #include <QWebSocket>
 
+namespace deck {
+
 namespace {
 
 constexpr quint64 largestReply = quint64(8) << 20; // bytes
@@ -56,3 +58,5 @@ void InspectorClient::ask()
             m_socket->sendTextMessage(request);
     }
 }
+
+} // namespace deck

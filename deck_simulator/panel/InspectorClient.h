@@ -6,6 +6,8 @@
 
 class QWebSocket;
 
+namespace deck {
+
 /// A settings panel's connection to the plugin's data server on this machine. It asks for what the
 /// panel shows once a second, and connects again when the server has gone.
 class InspectorClient : public QObject
@@ -38,3 +40,5 @@ private:
     QStringList m_requests;
     QTimer m_timer;
 };
+
+} // namespace deck

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace deck {
+
 namespace {
 
 constexpr int mostLines = 12;
@@ -145,7 +147,7 @@ QString InspectorReadings::deviceLines() const
     return lines.join(QLatin1Char('\n'));
 }
 
-QString InspectorReadings::previewText(const QString &action, const KeySettings &settings) const
+QString InspectorReadings::previewText(const QString &action, const EntrySettings &settings) const
 {
     const QStringList requests = inspectorRequests(action);
     if (requests.contains(QStringLiteral("drives")))
@@ -165,3 +167,5 @@ QString InspectorReadings::previewText(const QString &action, const KeySettings 
     }
     return lines.join(QLatin1Char('\n'));
 }
+
+} // namespace deck

@@ -1,11 +1,13 @@
 #pragma once
 
-#include "deck_simulator/deck/KeySettings.h"
+#include "deck_simulator/deck/EntrySettings.h"
 
 #include <QByteArray>
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
+
+namespace deck {
 
 /// What a settings panel asks the plugin's data server for, while it shows a key of \a action: bare
 /// names. Empty where the server knows nothing of that action.
@@ -20,7 +22,7 @@ public:
     void clear();
 
     /// What \a action reads now, in lines; empty before the replies.
-    [[nodiscard]] QString previewText(const QString &action, const KeySettings &settings) const;
+    [[nodiscard]] QString previewText(const QString &action, const EntrySettings &settings) const;
     /// The tree of all sensors; empty when it was not asked for.
     [[nodiscard]] const QJsonObject &sensors() const { return m_sensors; }
 
@@ -31,3 +33,5 @@ private:
     QJsonObject m_infos; // by request
     QJsonObject m_sensors;
 };
+
+} // namespace deck

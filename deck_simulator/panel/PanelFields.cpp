@@ -1,6 +1,8 @@
 #include "deck_simulator/panel/PanelFields.h"
 
-PanelFields panelFields(const QString &action, const KeySettings &settings)
+namespace deck {
+
+PanelFields panelFields(const QString &action, const EntrySettings &settings)
 {
     const QString prefix = QStringLiteral("com.quellor.stream.");
     const QString name = action.startsWith(prefix) ? action.mid(prefix.size()) : QString();
@@ -20,3 +22,5 @@ PanelFields panelFields(const QString &action, const KeySettings &settings)
     fields.switchTime = fields.diskMode && settings.diskMode == QLatin1String("Disk_Loop");
     return fields;
 }
+
+} // namespace deck

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "deck_simulator/deck/KeySettings.h"
+#include "deck_simulator/deck/EntrySettings.h"
 
 #include <QString>
+
+namespace deck {
 
 /// Which settings apply to a key, beside title, font and colour, which apply to every one.
 struct PanelFields
@@ -20,4 +22,6 @@ struct PanelFields
     bool switchTime = false;
 };
 
-PanelFields panelFields(const QString &action, const KeySettings &settings);
+PanelFields panelFields(const QString &action, const EntrySettings &settings);
+
+} // namespace deck

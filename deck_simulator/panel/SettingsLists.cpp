@@ -4,6 +4,8 @@
 
 #include <tuple>
 
+namespace deck {
+
 namespace {
 
 constexpr int deepestTree = 32;
@@ -128,3 +130,5 @@ SettingsLists listsFrom(const QJsonObject &reply)
     lists.pump = find(QLatin1String("PumpSpeed")).toString();
     return lists;
 }
+
+} // namespace deck

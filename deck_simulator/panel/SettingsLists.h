@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <QVector>
 
+namespace deck {
+
 /// One entry of a list that a settings panel offers.
 struct ListEntry
 {
@@ -39,3 +41,5 @@ QVector<ListEntry> sensorsFrom(const QJsonObject &tree);
 /// The drives in a tree of health records: {DRIVE: {LABEL: [{"value": ..., "units": ...}]}}, with
 /// their temperatures.
 QVector<ListEntry> disksFrom(const QJsonObject &tree);
+
+} // namespace deck

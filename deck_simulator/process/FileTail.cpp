@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+namespace deck {
+
 void FileTail::follow(const QString &path)
 {
     m_path = path;
@@ -49,3 +51,5 @@ QString FileTail::takeRest()
     m_rest.clear();
     return text;
 }
+
+} // namespace deck

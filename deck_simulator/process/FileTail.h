@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace deck {
+
 /// Reads what is appended to a file that another process writes.
 class FileTail
 {
@@ -26,3 +28,5 @@ private:
     qint64 m_position = 0;
     QByteArray m_rest;
 };
+
+} // namespace deck

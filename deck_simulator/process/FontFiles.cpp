@@ -6,6 +6,8 @@
 #include <QMap>
 #include <QStandardPaths>
 
+namespace deck {
+
 FontFile fontFile(const QString &path)
 {
     const QFileInfo file(path);
@@ -48,3 +50,5 @@ QStringList fontSpecs(const QVector<FontFile> &files)
     specs.removeDuplicates();
     return specs;
 }
+
+} // namespace deck

@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <QVector>
 
+namespace deck {
+
 /// A font file that the host offers to the plugin.
 struct FontFile
 {
@@ -22,3 +24,5 @@ QStringList fontSpecs(const QVector<FontFile> &files);
 
 /// The machine's font folders.
 QStringList fontFolders();
+
+} // namespace deck

@@ -1,6 +1,8 @@
 #include "deck_simulator/process/LogBuffer.h"
 
-#include "deck_simulator/terminal/TerminalTable.h"
+#include "deck_simulator/process/PrintableText.h"
+
+namespace deck {
 
 bool matches(const LogLine &line, const LogFilter &filter)
 {
@@ -30,3 +32,5 @@ QStringList LogBuffer::matching(const LogFilter &filter) const
     }
     return texts;
 }
+
+} // namespace deck

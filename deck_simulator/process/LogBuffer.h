@@ -6,6 +6,8 @@
 
 #include <deque>
 
+namespace deck {
+
 /// Where a line of the plugin's comes from.
 enum class LogSource {
     File,  ///< log.txt
@@ -47,3 +49,5 @@ public:
 private:
     std::deque<LogLine> m_lines;
 };
+
+} // namespace deck

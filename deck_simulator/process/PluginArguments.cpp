@@ -5,6 +5,8 @@
 #include <QJsonObject>
 #include <QSysInfo>
 
+namespace deck {
+
 QString hostInfo(const QString &language, const QVector<FontFile> &fonts, const QSize &grid)
 {
     const QJsonObject application{
@@ -34,3 +36,5 @@ QStringList pluginArguments(quint16 port, const QString &pluginUUID, const QStri
             QStringLiteral("-registerEvent"), registerEvent,
             QStringLiteral("-info"),          info};
 }
+
+} // namespace deck

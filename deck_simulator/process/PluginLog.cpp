@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QTime>
 
+namespace deck {
+
 PluginLog::PluginLog(QObject *parent)
     : QObject(parent)
 {
@@ -53,3 +55,5 @@ void PluginLog::add(LogSource source, const QStringList &lines)
     for (const QString &line : lines)
         Q_EMIT lineAdded(m_lines.add(source, line));
 }
+
+} // namespace deck

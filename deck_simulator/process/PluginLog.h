@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QTimer>
 
+namespace deck {
+
 /// Follows what a plugin writes in its working folder: log.txt and its standard error.
 class PluginLog : public QObject
 {
@@ -37,3 +39,5 @@ private:
     FileTail m_debug;
     QTimer m_timer;
 };
+
+} // namespace deck

@@ -1,11 +1,13 @@
 #include "deck_simulator/process/PluginProcess.h"
 
+#include "deck_simulator/process/PrintableText.h"
 #include "deck_simulator/process/SessionProcess.h"
-#include "deck_simulator/terminal/TerminalTable.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTimer>
+
+namespace deck {
 
 namespace {
 
@@ -106,3 +108,5 @@ QStringList PluginProcess::standardErrorTail(int lines) const
         line = printable(line);
     return tail;
 }
+
+} // namespace deck

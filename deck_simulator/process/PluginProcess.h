@@ -8,6 +8,8 @@
 
 #include <chrono>
 
+namespace deck {
+
 /// The plugin's process. Its standard output and standard error go to files in its working folder.
 class PluginProcess : public QObject
 {
@@ -56,3 +58,5 @@ private:
     bool m_stopping = false;
     bool m_forced = false;
 };
+
+} // namespace deck

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 
+namespace deck {
+
 QString recordingFault(const QString &fileName)
 {
     // Opening a pipe would wait for its writer.
@@ -18,3 +20,5 @@ QString recordingFault(const QString &fileName)
         return QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset);
     return document.isObject() ? QString() : QStringLiteral("it is no JSON object");
 }
+
+} // namespace deck

@@ -2,5 +2,9 @@
 
 #include <QString>
 
+namespace deck {
+
 /// Why a file is no recording of sensors; empty when it is one.
 QString recordingFault(const QString &fileName);
+
+} // namespace deck

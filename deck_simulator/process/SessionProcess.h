@@ -5,6 +5,8 @@
 class QObject;
 class QProcess;
 
+namespace deck {
+
 /// A process that has no part in the caller's terminal: it cannot write to it, and the terminal's
 /// interrupt key does not reach it. On Linux it also ends when the caller dies.
 QProcess *createSessionProcess(QObject *parent);
@@ -12,3 +14,5 @@ QProcess *createSessionProcess(QObject *parent);
 /// What ended a process that did not end by itself, from QProcess::exitCode: a signal's number and
 /// name, or an exception code.
 QString describeCrash(int code);
+
+} // namespace deck

@@ -8,6 +8,8 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 
+namespace deck {
+
 namespace {
 
 class SessionProcess : public QProcess
@@ -36,3 +38,5 @@ QString describeCrash(int code)
     const char *const name = strsignal(code);
     return QStringLiteral("signal %1 (%2)").arg(code).arg(QString::fromLocal8Bit(name));
 }
+
+} // namespace deck

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+namespace deck {
+
 QProcess *createSessionProcess(QObject *parent)
 {
     auto *const process = new QProcess(parent);
@@ -17,3 +19,5 @@ QString describeCrash(int code)
 {
     return QStringLiteral("exception 0x%1").arg(uint(code), 8, 16, QLatin1Char('0'));
 }
+
+} // namespace deck

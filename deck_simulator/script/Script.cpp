@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <optional>
 
+namespace deck {
+
 namespace {
 
 using Kind = ScriptStep::Kind;
@@ -219,3 +221,5 @@ ParsedScript parseScript(const QByteArray &text)
         script.error = QStringLiteral("it has no steps");
     return script;
 }
+
+} // namespace deck

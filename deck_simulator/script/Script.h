@@ -11,6 +11,8 @@
 #include <chrono>
 #include <optional>
 
+namespace deck {
+
 /// One step of a script. Which members count depends on what it does.
 struct ScriptStep
 {
@@ -58,3 +60,5 @@ struct ParsedScript
 /// Times are seconds; a step without "at" comes right after the one before. Keys are named by
 /// column and row from 0, dials by {"dial": NUMBER}.
 ParsedScript parseScript(const QByteArray &text);
+
+} // namespace deck

@@ -1,6 +1,8 @@
 #include "deck_simulator/script/ScriptPlayer.h"
 
-#include "deck_simulator/deck/KeySettings.h"
+#include "deck_simulator/deck/EntrySettings.h"
+
+namespace deck {
 
 namespace {
 
@@ -159,7 +161,7 @@ QString ScriptPlayer::change(const ScriptStep &step)
     const DeckKey &key = host.deck().keys.at(indexAt(step.place));
     // The whole set: what the plugin's reply left out is as it is on a new key.
     QJsonObject settings = key.settings();
-    KeySettings known = settingsFrom(settings, {});
+    EntrySettings known = settingsFrom(settings, {});
     const QSize size =
         key.pictureSize().isEmpty() ? QSize(deckKeyPixels, deckKeyPixels) : key.pictureSize();
     settings = withChanges(settingsMessage(known, size), step.object);
@@ -245,3 +247,5 @@ void ScriptPlayer::end(const QString &failure)
     m_patience.stop();
     Q_EMIT finished(failure);
 }
+
+} // namespace deck

@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QTimer>
 
+namespace deck {
+
 /// Plays a script on a session whose keys have appeared. Steps come at their times or, after an
 /// expectation that had to wait, as soon as they can.
 class ScriptPlayer : public QObject
@@ -51,3 +53,5 @@ private:
     bool m_waiting = false;
     bool m_ended = false;
 };
+
+} // namespace deck

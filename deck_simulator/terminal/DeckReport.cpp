@@ -1,5 +1,10 @@
 #include "deck_simulator/terminal/DeckReport.h"
 
+#include "deck_simulator/process/PrintableText.h"
+#include "deck_simulator/terminal/TerminalTable.h"
+
+namespace deck {
+
 namespace {
 
 QVector<TableColumn> deckColumns()
@@ -32,39 +37,7 @@ QStringList deckRow(const DeckKey &key, qint64 now)
             key.brokenPictures() == 0 ? QString() : QString::number(key.brokenPictures())};
 }
 
-QString refusalText(const LinkCounters &counters)
-{
-    const struct
-    {
-        const char *name;
-        quint64 count;
-    } refusals[] = {
-        {"malformed", counters.malformed},
-        {"too long", counters.oversized},
-        {"of unknown events", counters.unknownEvents},
-        {"for unknown keys", counters.unknownContexts},
-        {"with broken pictures", counters.brokenPictures},
-        {"refused links", counters.refusedLinks},
-    };
-    QStringList parts;
-    for (const auto &refusal : refusals) {
-        if (refusal.count > 0)
-            parts.append(
-                QStringLiteral("%1 %2").arg(refusal.count).arg(QLatin1String(refusal.name)));
-    }
-    return parts.join(QStringLiteral(", "));
-}
-
 } // namespace
-
-QString byteText(double bytes)
-{
-    if (bytes < 1024)
-        return QStringLiteral("%1 B").arg(bytes, 0, 'f', 0);
-    if (bytes < 1024 * 1024)
-        return QStringLiteral("%1 KB").arg(bytes / 1024, 0, 'f', 1);
-    return QStringLiteral("%1 MB").arg(bytes / (1024 * 1024), 0, 'f', 1);
-}
 
 QString ageText(std::optional<qint64> milliseconds)
 {
@@ -90,17 +63,4 @@ QStringList deckReport(const QVector<DeckKey> &keys, const DeckStatus &status, q
     return lines;
 }
 
-QString statusText(const DeckStatus &status)
-{
-    QStringList parts{status.link};
-    if (status.pluginPid > 0)
-        parts.append(QStringLiteral("plugin %1").arg(status.pluginPid));
-    parts.append(QStringLiteral("%1 frames/s").arg(status.framesPerSecond, 0, 'f', 1));
-    parts.append(QStringLiteral("%1/s").arg(byteText(status.bytesPerSecond)));
-    const QString refusals = refusalText(status.counters);
-    if (!refusals.isEmpty())
-        parts.append(refusals);
-    if (status.sensorRequests > 0)
-        parts.append(QStringLiteral("%1 sensor requests").arg(status.sensorRequests));
-    return parts.join(QStringLiteral(" | "));
-}
+} // namespace deck

@@ -9,6 +9,8 @@
 
 #include <cstdio>
 
+namespace deck {
+
 namespace {
 
 constexpr int meterPeriod = 500;    // milliseconds
@@ -186,3 +188,5 @@ void HeadlessRun::report(const QString &text)
     std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stderr);
     std::fflush(stderr);
 }
+
+} // namespace deck

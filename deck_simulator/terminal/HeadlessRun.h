@@ -12,6 +12,8 @@
 #include <QStringList>
 #include <QTimer>
 
+namespace deck {
+
 /// Bytes that put \a lines on a terminal in place of the \a previousLines lines written before. The
 /// cursor is hidden while they are written, and ends below the last line.
 QByteArray replacementFrame(const QStringList &lines, int previousLines);
@@ -64,3 +66,5 @@ private:
     QVector<ScriptStep> m_script;
     QString m_failure;
 };
+
+} // namespace deck

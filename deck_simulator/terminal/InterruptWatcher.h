@@ -4,6 +4,8 @@
 
 #include <memory>
 
+namespace deck {
+
 /// Reports, from the event loop, that the user wants the program to end: SIGINT, SIGTERM and SIGHUP
 /// on Linux, Ctrl+C, Ctrl+Break and the closing of the console on Windows. Only one object may
 /// exist at a time; what was in force before comes back with its end.
@@ -23,3 +25,5 @@ private:
     class Private;
     std::unique_ptr<Private> d;
 };
+
+} // namespace deck

@@ -11,6 +11,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace deck {
+
 namespace {
 
 constexpr std::array<int, 3> watchedSignals{SIGINT, SIGTERM, SIGHUP};
@@ -77,3 +79,5 @@ InterruptWatcher::~InterruptWatcher()
     close(d->pipe[0]);
     close(d->pipe[1]);
 }
+
+} // namespace deck

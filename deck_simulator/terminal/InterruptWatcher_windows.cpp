@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+namespace deck {
+
 namespace {
 
 std::atomic<InterruptWatcher *> theWatcher{nullptr};
@@ -42,3 +44,5 @@ InterruptWatcher::~InterruptWatcher()
     SetConsoleCtrlHandler(onConsoleEvent, FALSE);
     theWatcher = nullptr;
 }
+
+} // namespace deck

@@ -7,6 +7,8 @@
 
 #include <memory>
 
+namespace deck {
+
 /// Standard output, which may be a terminal. The terminal's modes that were changed are put back at
 /// the end; the cursor is hidden only within a single write.
 class Terminal
@@ -27,3 +29,5 @@ private:
     class Private;
     std::unique_ptr<Private> d;
 };
+
+} // namespace deck

@@ -6,6 +6,8 @@
 #include <iterator>
 #include <numeric>
 
+namespace deck {
+
 namespace {
 
 constexpr int columnGap = 2;
@@ -37,23 +39,6 @@ int codePointWidth(uint code)
         std::find_if(std::begin(wideRanges), std::end(wideRanges),
                      [code](const CodeRange &candidate) { return code <= candidate.last; });
     return range != std::end(wideRanges) && code >= range->first ? 2 : 1;
-}
-
-QString printableCharacter(uint code)
-{
-    switch (QChar::category(code)) {
-    case QChar::Other_Format:
-        return {};
-    case QChar::Other_Control:
-    case QChar::Other_Surrogate:
-    case QChar::Other_NotAssigned:
-    case QChar::Other_PrivateUse:
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return QString(QChar(QChar::ReplacementCharacter));
-    default:
-        return QString::fromUcs4(&code, 1);
-    }
 }
 
 QString leadingPart(const QString &text, int width)
@@ -117,18 +102,6 @@ QString tableLine(const QVector<TableColumn> &columns, const QVector<int> &width
 
 } // namespace
 
-QString printable(const QString &text)
-{
-    QString lines = text;
-    lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    lines.replace(QLatin1Char('\n'), QLatin1String(" / "));
-    lines.replace(QLatin1Char('\t'), QLatin1Char(' '));
-    QString result;
-    for (const uint code : lines.toUcs4())
-        result += printableCharacter(code);
-    return result;
-}
-
 int displayWidth(const QString &text)
 {
     int width = 0;
@@ -165,3 +138,5 @@ QStringList tableLines(QVector<TableColumn> columns, const QVector<QStringList> 
         lines.append(tableLine(columns, widths, row));
     return lines;
 }
+
+} // namespace deck

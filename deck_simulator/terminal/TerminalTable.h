@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <QVector>
 
+namespace deck {
+
 /// One column of a table.
 struct TableColumn
 {
@@ -12,10 +14,6 @@ struct TableColumn
     /// The column may be narrowed down to this width; 0: it keeps its natural width.
     int minimum = 0;
 };
-
-/// \a text as one line that is safe to write to a terminal: line ends become " / ", control and
-/// formatting characters are replaced or left out.
-QString printable(const QString &text);
 
 /// Terminal columns that \a text takes: Chinese, Japanese and Korean characters and emoji take two,
 /// combining marks none.
@@ -27,3 +25,5 @@ QString fitted(const QString &text, int width, bool rightAligned = false);
 /// The table as lines, the headers first, none of them wider than \a width. Columns are narrowed as
 /// far as they allow and then left out from the right; the first one stays.
 QStringList tableLines(QVector<TableColumn> columns, const QVector<QStringList> &rows, int width);
+
+} // namespace deck

@@ -8,6 +8,8 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+namespace deck {
+
 class Terminal::Private
 {
 public:
@@ -54,3 +56,5 @@ bool Terminal::write(const QByteArray &text)
     }
     return true;
 }
+
+} // namespace deck

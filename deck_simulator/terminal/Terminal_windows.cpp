@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+namespace deck {
+
 class Terminal::Private
 {
 public:
@@ -56,3 +58,5 @@ bool Terminal::write(const QByteArray &text)
     }
     return true;
 }
+
+} // namespace deck

@@ -1,11 +1,15 @@
 #include "sensors/machine/DriveRoots.h"
 
-QStringList driveRoots(quint32 inUse, int most)
+QStringList driveRoots(const QByteArray &list)
 {
+    constexpr int seenCharacters = 100;
     QStringList roots;
-    for (char letter = 'A'; letter <= 'Z' && roots.size() < most; ++letter) {
-        if ((inUse >> static_cast<unsigned>(letter - 'A') & 1U) != 0)
-            roots.append(QLatin1Char(letter) + QStringLiteral(":\\"));
+    int begin = 0;
+    for (int end = list.indexOf('\0'); end >= 0 && end < seenCharacters;
+         end = list.indexOf('\0', begin)) {
+        if (end > begin)
+            roots.append(QString::fromLatin1(list.constData() + begin, end - begin));
+        begin = end + 1;
     }
     return roots;
 }

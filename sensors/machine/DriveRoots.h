@@ -1,7 +1,8 @@
 #pragma once
 
+#include <QByteArray>
 #include <QStringList>
 
-/// The roots "A:\" to "Z:\" of the drives whose bits are set in \a inUse, lowest bit first, but no
-/// more than \a most.
-QStringList driveRoots(quint32 inUse, int most);
+/// The roots, such as "C:\", in \a list, where each ends with a zero. Those that do not lie wholly
+/// within its first 100 characters are not seen.
+QStringList driveRoots(const QByteArray &list);

@@ -11,7 +11,8 @@ struct DriveSpace
     quint64 totalBytes = 0;
 };
 
-/// The fixed drives of a machine. A query costs no waiting for hardware or network.
+/// The fixed drives of a machine. The system answers queries from memory as a rule; where a drive
+/// hangs, or has to spin up first, they take as long as the drive does.
 class DriveSource
 {
 public:

@@ -10,28 +10,18 @@
 
 namespace {
 
-/// The texts of a list in which each ends with a zero.
-QStringList texts(const char *list, std::size_t length)
-{
-    QStringList found;
-    for (const QByteArray &text : QByteArray(list, static_cast<int>(length)).split('\0')) {
-        if (!text.isEmpty())
-            found.append(QString::fromLocal8Bit(text));
-    }
-    return found;
-}
-
 QStringList logicalDrives()
 {
-    constexpr DWORD most = 100;
-    constexpr int lengthOfRoot = 4;
-    // The function does not count the zero that ends the list.
-    std::array<char, most + 1> list{};
-    const DWORD length = GetLogicalDriveStringsA(most, list.data());
-    // Where not all fit it lists none.
-    if (length > most)
-        return driveRoots(GetLogicalDrives(), most / lengthOfRoot);
-    return texts(list.data(), length);
+    // "A:\" to "Z:\", each with a zero, and the zero that ends the list.
+    std::array<char, 26 * 4 + 1> list{};
+    // The zero at the end is not counted.
+    const DWORD length = GetLogicalDriveStringsA(static_cast<DWORD>(list.size()), list.data());
+    return driveRoots(QByteArray(list.data(), static_cast<int>(length)));
+}
+
+bool isFixed(const QString &root)
+{
+    return GetDriveTypeW(root.toStdWString().c_str()) == DRIVE_FIXED;
 }
 
 class LogicalDrives : public DriveSource
@@ -41,10 +31,7 @@ public:
     {
         QStringList roots = logicalDrives();
         roots.erase(std::remove_if(roots.begin(), roots.end(),
-                                   [](const QString &root) {
-                                       return GetDriveTypeA(root.toLocal8Bit().constData()) !=
-                                              DRIVE_FIXED;
-                                   }),
+                                   [](const QString &root) { return !isFixed(root); }),
                     roots.end());
         return roots;
     }
@@ -65,7 +52,7 @@ public:
         ULARGE_INTEGER freeToCaller = {};
         ULARGE_INTEGER total = {};
         ULARGE_INTEGER totalFree = {};
-        if (!GetDiskFreeSpaceExA(root.toLocal8Bit().constData(), &freeToCaller, &total, &totalFree))
+        if (!GetDiskFreeSpaceExW(root.toStdWString().c_str(), &freeToCaller, &total, &totalFree))
             return std::nullopt;
         return DriveSpace{freeToCaller.QuadPart, total.QuadPart};
     }

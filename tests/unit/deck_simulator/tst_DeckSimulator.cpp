@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace deck;
+
 // The built program with a scripted plugin, as a user runs it: no display, output to a file.
 class tst_DeckSimulator : public QObject
 {

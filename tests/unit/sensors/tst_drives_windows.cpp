@@ -1,4 +1,3 @@
-#include "sensors/machine/DriveRoots.h"
 #include "sensors/machine/drives.h"
 
 #include <QDir>
@@ -15,8 +14,6 @@ class tst_Drives_windows : public QObject
 private Q_SLOTS:
     void listsTheSystemDrive();
     void listsFixedDrivesAlone();
-    void listsNoMoreThanFit_data();
-    void listsNoMoreThanFit();
     void readsLabelAndSpace();
     void hasNothingOfAnAbsentDrive();
 };
@@ -52,30 +49,6 @@ void tst_Drives_windows::listsFixedDrivesAlone()
         QCOMPARE(rootsOfType(DRIVE_REMOTE), QStringList{QStringLiteral("N:\\")});
         QCOMPARE(rootsOfType(DRIVE_REMOVABLE), QStringList{QStringLiteral("R:\\")});
     }
-}
-
-void tst_Drives_windows::listsNoMoreThanFit_data()
-{
-    QTest::addColumn<quint32>("inUse");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("last");
-    const QString none;
-    QTest::newRow("none") << 0U << 0 << none << none;
-    QTest::newRow("C and Z") << (1U << 2U | 1U << 25U) << 2 << QStringLiteral("C:\\")
-                             << QStringLiteral("Z:\\");
-    QTest::newRow("all") << 0x3ffffffU << 25 << QStringLiteral("A:\\") << QStringLiteral("Y:\\");
-    QTest::newRow("no letters") << 0xfc000000U << 0 << none << none;
-}
-
-void tst_Drives_windows::listsNoMoreThanFit()
-{
-    QFETCH(quint32, inUse);
-    QFETCH(int, count);
-    const QStringList roots = driveRoots(inUse, 25);
-    QCOMPARE(roots.size(), count);
-    QTEST(roots.value(0), "first");
-    QTEST(roots.value(count - 1), "last");
 }
 
 void tst_Drives_windows::readsLabelAndSpace()

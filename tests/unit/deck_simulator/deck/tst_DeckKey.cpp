@@ -4,6 +4,8 @@
 #include <QBuffer>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_DeckKey : public QObject
 {
     Q_OBJECT

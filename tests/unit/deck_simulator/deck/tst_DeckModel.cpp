@@ -1,9 +1,10 @@
-#include "deck_simulator/deck/ActionList.h"
 #include "deck_simulator/deck/DeckModel.h"
 
 #include <QSet>
 #include <QSignalSpy>
 #include <QtTest>
+
+using namespace deck;
 
 namespace {
 
@@ -24,7 +25,6 @@ class tst_DeckModel : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void listsEveryActionOnce();
     void beginsEmpty();
     void putsOnEmptyPlacesOnly();
     void givesANewKeyItsTitle();
@@ -37,28 +37,6 @@ private Q_SLOTS:
     void tellsSettingsApart();
     void restores();
 };
-
-void tst_DeckModel::listsEveryActionOnce()
-{
-    QSet<QString> uuids;
-    ActionGroup last = ActionGroup::Cpu;
-    for (const DeckAction &action : deckActions()) {
-        uuids.insert(action.uuid);
-        QVERIFY2(action.uuid.startsWith(QLatin1String("com.quellor.stream.")),
-                 qPrintable(action.uuid));
-        QVERIFY(!action.caption.isEmpty());
-        QVERIFY(int(action.group) >= int(last)); // group by group
-        last = action.group;
-        QCOMPARE(findAction(action.uuid), &action);
-    }
-    QCOMPARE(uuids.size(), 32);
-    QCOMPARE(actionCaption(cpuAction()), QStringLiteral("CPU usage"));
-    QCOMPARE(actionCaption(QStringLiteral("no.such")), QStringLiteral("no.such"));
-    QCOMPARE(findAction(cpuAction().toUpper()), nullptr);
-    QCOMPARE(groupIcon(ActionGroup::Cpu), QStringLiteral(":/Type_1.png"));
-    QCOMPARE(groupIcon(ActionGroup::Other), QStringLiteral(":/Type_6.png"));
-    QCOMPARE(groupCaption(ActionGroup::Drives), QStringLiteral("Drives"));
-}
 
 void tst_DeckModel::beginsEmpty()
 {
@@ -197,7 +175,7 @@ void tst_DeckModel::tellsSettingsApart()
     QSignalSpy changed(&model, &DeckModel::settingsChanged);
     QSignalSpy adopted(&model, &DeckModel::settingsAdopted);
     QSignalSpy any(&model, &DeckModel::changed);
-    KeySettings settings = model.at({0, 0})->settings;
+    EntrySettings settings = model.at({0, 0})->settings;
     QVERIFY(model.changeSettings(context, settings));
     QCOMPARE(any.count(), 0); // nothing is new
     settings.fontSize = 40;

@@ -1,12 +1,10 @@
 #include "deck_simulator/deck/DeckProfile.h"
-#include "deck_simulator/process/FontFiles.h"
-#include "deck_simulator/process/PluginArguments.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QSet>
-#include <QTemporaryDir>
 #include <QtTest>
+
+using namespace deck;
 
 class tst_DeckProfile : public QObject
 {
@@ -19,9 +17,6 @@ private Q_SLOTS:
     void hasBothNetworkLayouts();
     void fillsTheGridByColumns_data();
     void fillsTheGridByColumns();
-    void namesTheHostToThePlugin();
-    void ordersThePluginArguments();
-    void findsRobotoFilesBelowFolders();
 };
 
 namespace {
@@ -29,13 +24,6 @@ namespace {
 QJsonObject titleParameters(const DeckKey &key)
 {
     return key.settings().value(QLatin1String("titleParameters")).toObject();
-}
-
-void makeFile(const QDir &folder, const QString &path)
-{
-    QVERIFY(folder.mkpath(QFileInfo(path).path()));
-    QFile file(folder.filePath(path));
-    QVERIFY(file.open(QIODevice::WriteOnly));
 }
 
 } // namespace
@@ -130,52 +118,6 @@ void tst_DeckProfile::fillsTheGridByColumns()
     QFETCH(int, columns);
     QFETCH(int, rows);
     QCOMPARE(defaultDeck(columns).grid, QSize(columns, rows));
-}
-
-void tst_DeckProfile::namesTheHostToThePlugin()
-{
-    const QString text =
-        hostInfo(QStringLiteral("zh_CN"),
-                 {{QStringLiteral("Roboto-Bold"), QStringLiteral("/f/Bold.ttf")}}, QSize(5, 3));
-    const QJsonObject info = QJsonDocument::fromJson(text.toUtf8()).object();
-    QCOMPARE(info.value(QLatin1String("application"))
-                 .toObject()
-                 .value(QLatin1String("language"))
-                 .toString(),
-             QStringLiteral("zh_CN"));
-    const QJsonArray fonts = info.value(QLatin1String("fonts")).toArray();
-    QCOMPARE(fonts.size(), 1);
-    const QJsonObject font = fonts.at(0).toObject();
-    QCOMPARE(font.value(QLatin1String("name")).toString(), QStringLiteral("Roboto-Bold"));
-    QCOMPARE(font.value(QLatin1String("url")).toString(), QStringLiteral("/f/Bold.ttf"));
-}
-
-void tst_DeckProfile::ordersThePluginArguments()
-{
-    const QStringList expected{QStringLiteral("-port"),          QStringLiteral("4711"),
-                               QStringLiteral("-pluginUUID"),    QStringLiteral("id"),
-                               QStringLiteral("-registerEvent"), QStringLiteral("register"),
-                               QStringLiteral("-info"),          QStringLiteral("{}")};
-    QCOMPARE(pluginArguments(4711, QStringLiteral("id"), QStringLiteral("register"),
-                             QStringLiteral("{}")),
-             expected);
-}
-
-void tst_DeckProfile::findsRobotoFilesBelowFolders()
-{
-    const QTemporaryDir first;
-    const QTemporaryDir second;
-    makeFile(first.path(), QStringLiteral("deep/er/Roboto-Regular.ttf"));
-    makeFile(first.path(), QStringLiteral("Roboto-Bold.otf"));
-    makeFile(first.path(), QStringLiteral("RobotoMono-Bold.ttf"));
-    makeFile(first.path(), QStringLiteral("Roboto-Readme.txt"));
-    makeFile(second.path(), QStringLiteral("Roboto-Regular.ttf"));
-    const QVector<FontFile> fonts =
-        findRobotoFiles({first.path(), second.path(), QStringLiteral("/no/such/folder")});
-    QCOMPARE(fonts.size(), 2);
-    QCOMPARE(fonts.at(0).name, QStringLiteral("Roboto-Bold"));
-    QCOMPARE(fonts.at(1).name, QStringLiteral("Roboto-Regular"));
-    QCOMPARE(fonts.at(1).path, first.filePath(QStringLiteral("deep/er/Roboto-Regular.ttf")));
 }
 
 QTEST_GUILESS_MAIN(tst_DeckProfile)

@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_ProfileStore : public QObject
 {
     Q_OBJECT
@@ -177,7 +179,7 @@ void tst_ProfileStore::keepsWhatIsGoodOfAFile()
     const StoredProfile profile = store.load();
     QCOMPARE(profile.entries.size(), 1);
     QCOMPARE(profile.entries.at(0).action, QStringLiteral("an.action"));
-    QVERIFY(profile.entries.at(0).settings == KeySettings());
+    QVERIFY(profile.entries.at(0).settings == EntrySettings());
     QCOMPARE(profile.grid, QSize(3, 4));
     QVERIFY(store.message().contains(QLatin1String("key 1")));
     QVERIFY(store.message().contains(QLatin1String("key 3")));

@@ -8,6 +8,8 @@
 #include <QTreeView>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_ActionPalette : public QObject
 {
     Q_OBJECT

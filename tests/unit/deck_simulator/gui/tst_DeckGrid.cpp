@@ -11,6 +11,8 @@
 #include <QWindow>
 #include <QtTest>
 
+using namespace deck;
+
 // A grid on the offscreen platform, driven by mouse, keyboard and drops.
 class tst_DeckGrid : public QObject
 {

@@ -33,6 +33,8 @@
 #include <QWebSocketServer>
 #include <QtTest>
 
+using namespace deck;
+
 // The whole window with the scripted plugin, used as by hand.
 class tst_DeckWindow : public QObject
 {
@@ -171,7 +173,7 @@ void tst_DeckWindow::savesEveryChangeAtOnce()
     press(Qt::Key_Delete);
     QTRY_VERIFY(!storedKeys().isEmpty());
     QCOMPARE(storedKeys().size(), m_window->model()->entries().size());
-    KeySettings settings = m_window->model()->at({1, 0})->settings;
+    EntrySettings settings = m_window->model()->at({1, 0})->settings;
     settings.text = QStringLiteral("kept");
     m_window->model()->changeSettings(context(1), settings);
     QTRY_VERIFY(content(m_settings.profileFile).contains("\"kept\""));

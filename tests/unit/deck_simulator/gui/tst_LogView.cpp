@@ -7,6 +7,8 @@
 #include <QToolButton>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_LogView : public QObject
 {
     Q_OBJECT

@@ -16,6 +16,8 @@
 #include <QTreeView>
 #include <QtTest>
 
+using namespace deck;
+
 // The panel with lists as the plugin gives them, used as by hand.
 class tst_SettingsPanel : public QObject
 {
@@ -50,15 +52,15 @@ private Q_SLOTS:
     void cutsNoTextOff();
 
 private:
-    void show(const char *action, const KeySettings &settings = {});
+    void show(const char *action, const EntrySettings &settings = {});
     template <typename Control>
     [[nodiscard]] Control *control(const char *name) const
     {
         return m_panel->findChild<Control *>(QString::fromLatin1(name));
     }
-    [[nodiscard]] KeySettings last() const
+    [[nodiscard]] EntrySettings last() const
     {
-        return m_edits->constLast().at(1).value<KeySettings>();
+        return m_edits->constLast().at(1).value<EntrySettings>();
     }
     void choose(const char *combo, const QString &label);
 
@@ -66,7 +68,7 @@ private:
     std::unique_ptr<QSignalSpy> m_edits;
 };
 
-Q_DECLARE_METATYPE(KeySettings)
+Q_DECLARE_METATYPE(EntrySettings)
 
 namespace {
 
@@ -103,14 +105,14 @@ QString uuid(const char *name)
 
 void tst_SettingsPanel::init()
 {
-    qRegisterMetaType<KeySettings>("KeySettings");
+    qRegisterMetaType<EntrySettings>("EntrySettings");
     m_panel = std::make_unique<SettingsPanel>();
     m_panel->resize(420, 700);
     m_panel->show();
     m_edits = std::make_unique<QSignalSpy>(m_panel.get(), &SettingsPanel::edited);
 }
 
-void tst_SettingsPanel::show(const char *action, const KeySettings &settings)
+void tst_SettingsPanel::show(const char *action, const EntrySettings &settings)
 {
     const DeckEntry entry{QStringLiteral("context"), uuid(action), {2, 1}, settings};
     m_panel->setEntry(&entry);
@@ -189,7 +191,7 @@ void tst_SettingsPanel::showsWhatApplies()
 
 void tst_SettingsPanel::reportsNothingByItself()
 {
-    KeySettings settings;
+    EntrySettings settings;
     settings.text = QStringLiteral("x");
     settings.fontSize = 50;
     settings.opacity = 0.5;
@@ -279,7 +281,7 @@ void tst_SettingsPanel::choosesFonts()
 
 void tst_SettingsPanel::keepsAFontThatIsNotInTheList()
 {
-    KeySettings settings;
+    EntrySettings settings;
     settings.fontFamily = QStringLiteral("Lost|Regular");
     show("system.cpu", settings);
     QCOMPARE(control<QComboBox>("font")->currentText(), QStringLiteral("Lost|Regular"));
@@ -370,7 +372,7 @@ void tst_SettingsPanel::searchesSensors()
 
 void tst_SettingsPanel::renewsReadingsInPlace()
 {
-    KeySettings settings;
+    EntrySettings settings;
     settings.selectValue = QStringLiteral("Load");
     show("AllDATA", settings);
     auto *picker = control<SensorPicker>("sensor");
@@ -398,7 +400,7 @@ void tst_SettingsPanel::saysWhenAListIsEmpty()
 
 void tst_SettingsPanel::leavesFieldsToTheWheelOnlyWhenTheyAreUsed()
 {
-    KeySettings settings;
+    EntrySettings settings;
     settings.opacity = 0.5;
     show("system.NetWork", settings);
     m_panel->activateWindow();

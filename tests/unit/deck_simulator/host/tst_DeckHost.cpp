@@ -7,6 +7,8 @@
 #include <QWebSocket>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_DeckHost : public QObject
 {
     Q_OBJECT

@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace deck;
+
 // A runner with the scripted plugin, which keeps what it receives in its working folder.
 class tst_DeckRunner : public QObject
 {
@@ -184,7 +186,7 @@ void tst_DeckRunner::sendsTheWholeSettings()
 {
     start();
     QTRY_VERIFY(!m_runner->key(context(0))->pictureSize().isEmpty());
-    KeySettings settings = m_model->at({0, 0})->settings;
+    EntrySettings settings = m_model->at({0, 0})->settings;
     settings.color = QStringLiteral("red");
     m_model->changeSettings(context(0), settings);
     QTRY_COMPARE(received(QStringLiteral("didReceiveSettings")).size(), 1);
@@ -216,7 +218,7 @@ void tst_DeckRunner::waitsForTheLastReply()
 {
     QSignalSpy replies(m_runner.get(), &DeckRunner::settingsReplied);
     start();
-    KeySettings settings = m_model->at({0, 0})->settings;
+    EntrySettings settings = m_model->at({0, 0})->settings;
     for (const char *text : {"a", "ab", "abc"}) {
         settings.text = QString::fromLatin1(text);
         m_model->changeSettings(context(0), settings);

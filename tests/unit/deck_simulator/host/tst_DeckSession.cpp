@@ -3,6 +3,8 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+using namespace deck;
+
 using namespace std::chrono_literals;
 
 class tst_DeckSession : public QObject

@@ -8,6 +8,8 @@
 #include <QWebSocket>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_HardwareService : public QObject
 {
     Q_OBJECT

@@ -2,6 +2,8 @@
 
 #include <QtTest>
 
+using namespace deck;
+
 class tst_RunMode : public QObject
 {
     Q_OBJECT

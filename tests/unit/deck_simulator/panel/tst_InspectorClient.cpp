@@ -6,6 +6,8 @@
 #include <QWebSocketServer>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_InspectorClient : public QObject
 {
     Q_OBJECT

@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace deck;
+
 using namespace std::chrono_literals;
 
 class tst_PluginProcess : public QObject

@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace deck;
+
 class tst_RecordingFault : public QObject
 {
     Q_OBJECT

@@ -2,6 +2,8 @@
 
 #include <QtTest>
 
+using namespace deck;
+
 class tst_Script : public QObject
 {
     Q_OBJECT

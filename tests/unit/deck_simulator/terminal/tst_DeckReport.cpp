@@ -1,20 +1,20 @@
 #include "deck_simulator/terminal/DeckReport.h"
 #include "deck_simulator/terminal/HeadlessRun.h"
+#include "deck_simulator/terminal/TerminalTable.h"
 
 #include <QtTest>
+
+using namespace deck;
 
 class tst_DeckReport : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void namesBytes_data();
-    void namesBytes();
     void namesAges_data();
     void namesAges();
     void showsOneLinePerKeyAndTheStatus();
     void showsNoControlCharacters();
-    void namesRefusalsOnlyWhenThereAreAny();
     void fitsNarrowTerminals();
     void replacesTheFrameBefore();
 };
@@ -37,22 +37,6 @@ DeckStatus runningStatus()
 }
 
 } // namespace
-
-void tst_DeckReport::namesBytes_data()
-{
-    QTest::addColumn<double>("bytes");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("none") << 0.0 << "0 B";
-    QTest::newRow("bytes") << 1023.0 << "1023 B";
-    QTest::newRow("kilobytes") << 1536.0 << "1.5 KB";
-    QTest::newRow("megabytes") << 2.0 * 1024 * 1024 << "2.0 MB";
-}
-
-void tst_DeckReport::namesBytes()
-{
-    QFETCH(double, bytes);
-    QTEST(byteText(bytes), "text");
-}
 
 void tst_DeckReport::namesAges_data()
 {
@@ -93,16 +77,6 @@ void tst_DeckReport::showsNoControlCharacters()
     QVERIFY(!text.contains(QChar(0x1b)));
     QVERIFY(!text.contains(QLatin1Char('\n')));
     QVERIFY(text.contains(QLatin1String(" / second")));
-}
-
-void tst_DeckReport::namesRefusalsOnlyWhenThereAreAny()
-{
-    DeckStatus status = runningStatus();
-    QVERIFY(!statusText(status).contains(QLatin1String("unknown")));
-    status.counters.unknownContexts = 3;
-    status.counters.brokenPictures = 1;
-    QVERIFY(
-        statusText(status).contains(QLatin1String("3 for unknown keys, 1 with broken pictures")));
 }
 
 void tst_DeckReport::fitsNarrowTerminals()

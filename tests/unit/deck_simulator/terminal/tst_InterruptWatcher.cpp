@@ -5,6 +5,8 @@
 
 #include <csignal>
 
+using namespace deck;
+
 class tst_InterruptWatcher : public QObject
 {
     Q_OBJECT

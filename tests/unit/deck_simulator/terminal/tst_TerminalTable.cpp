@@ -2,6 +2,8 @@
 
 #include <QtTest>
 
+using namespace deck;
+
 class tst_TerminalTable : public QObject
 {
     Q_OBJECT
@@ -11,8 +13,6 @@ private Q_SLOTS:
     void measuresText();
     void fitsText_data();
     void fitsText();
-    void makesTextPrintable_data();
-    void makesTextPrintable();
     void alignsColumns();
     void keepsColumnsStraightWithWideCharacters();
     void narrowsColumnsThenLeavesThemOut();
@@ -66,30 +66,6 @@ void tst_TerminalTable::fitsText()
     const QString result = fitted(text, width, rightAligned);
     QTEST(result, "result");
     QCOMPARE(displayWidth(result), width);
-}
-
-void tst_TerminalTable::makesTextPrintable_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("result");
-    QTest::newRow("plain") << "上传: 1.0KB/s"
-                           << "上传: 1.0KB/s";
-    QTest::newRow("two lines") << "Up: 1\nDown: 2"
-                               << "Up: 1 / Down: 2";
-    QTest::newRow("windows line end") << "a\r\nb"
-                                      << "a / b";
-    QTest::newRow("escape sequence") << "\x1b[2J"
-                                     << "\uFFFD[2J";
-    QTest::newRow("C1 control") << QString(QChar(0x9b)) << "\uFFFD";
-    QTest::newRow("direction override") << QStringLiteral("a\u202Eb") << "ab";
-    QTest::newRow("lone surrogate") << QString(QChar(0xd800)) << "\uFFFD";
-    QTest::newRow("null character") << QString(QChar(0)) << "\uFFFD";
-}
-
-void tst_TerminalTable::makesTextPrintable()
-{
-    QFETCH(QString, text);
-    QTEST(printable(text), "result");
 }
 
 void tst_TerminalTable::alignsColumns()

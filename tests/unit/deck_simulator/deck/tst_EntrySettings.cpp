@@ -1,8 +1,10 @@
-#include "deck_simulator/deck/KeySettings.h"
+#include "deck_simulator/deck/EntrySettings.h"
 
 #include <QtTest>
 
-class tst_KeySettings : public QObject
+using namespace deck;
+
+class tst_EntrySettings : public QObject
 {
     Q_OBJECT
 
@@ -22,9 +24,9 @@ QJsonObject parametersOf(const QJsonObject &message)
     return message.value(QLatin1String("titleParameters")).toObject();
 }
 
-KeySettings unusualSettings()
+EntrySettings unusualSettings()
 {
-    KeySettings settings;
+    EntrySettings settings;
     settings.text = QStringLiteral("网速/下载");
     settings.showTitle = false;
     settings.fontFamily = QStringLiteral("Roboto|Light");
@@ -46,7 +48,7 @@ KeySettings unusualSettings()
 
 } // namespace
 
-void tst_KeySettings::sendsTheWholeSet()
+void tst_EntrySettings::sendsTheWholeSet()
 {
     const QJsonObject message = settingsMessage({}, {120, 40});
     const QStringList members = parametersOf(message).keys();
@@ -64,7 +66,7 @@ void tst_KeySettings::sendsTheWholeSet()
     QCOMPARE(geometry.value(QLatin1String("height")).toInt(), 40);
 }
 
-void tst_KeySettings::sendsChoices()
+void tst_EntrySettings::sendsChoices()
 {
     const QJsonObject message = settingsMessage(unusualSettings(), {144, 144});
     const QJsonObject parameters = parametersOf(message);
@@ -79,16 +81,16 @@ void tst_KeySettings::sendsChoices()
     QCOMPARE(message.value(QLatin1String("select")), QJsonValue(QStringLiteral("Speakers")));
 }
 
-void tst_KeySettings::comesBackAsItWent()
+void tst_EntrySettings::comesBackAsItWent()
 {
-    const KeySettings settings = unusualSettings();
-    QVERIFY(settings != KeySettings());
+    const EntrySettings settings = unusualSettings();
+    QVERIFY(settings != EntrySettings());
     QVERIFY(settingsFrom(settingsMessage(settings, {1, 1}), {}) == settings);
 }
 
-void tst_KeySettings::keepsWhatAMessageLacks()
+void tst_EntrySettings::keepsWhatAMessageLacks()
 {
-    const KeySettings settings = unusualSettings();
+    const EntrySettings settings = unusualSettings();
     QVERIFY(settingsFrom({}, settings) == settings);
     QVERIFY(settingsFrom({{QStringLiteral("titleParameters"), 5}}, settings) == settings);
     // A plugin that has no sensor yet takes the choice away.
@@ -97,7 +99,7 @@ void tst_KeySettings::keepsWhatAMessageLacks()
                 .selectValue.isEmpty());
 }
 
-void tst_KeySettings::refusesWhatIsOutOfRange_data()
+void tst_EntrySettings::refusesWhatIsOutOfRange_data()
 {
     QTest::addColumn<QString>("member");
     QTest::addColumn<QJsonValue>("value");
@@ -114,7 +116,7 @@ void tst_KeySettings::refusesWhatIsOutOfRange_data()
     QTest::newRow("long switch time") << QStringLiteral("switchFrequency") << QJsonValue(86401);
 }
 
-void tst_KeySettings::refusesWhatIsOutOfRange()
+void tst_EntrySettings::refusesWhatIsOutOfRange()
 {
     QFETCH(const QString, member);
     QFETCH(const QJsonValue, value);
@@ -122,5 +124,5 @@ void tst_KeySettings::refusesWhatIsOutOfRange()
     QVERIFY(settingsFrom(message, unusualSettings()) == unusualSettings());
 }
 
-QTEST_GUILESS_MAIN(tst_KeySettings)
-#include "tst_KeySettings.moc"
+QTEST_GUILESS_MAIN(tst_EntrySettings)
+#include "tst_EntrySettings.moc"

@@ -4,8 +4,10 @@
 #include <QSize>
 #include <QString>
 
+namespace deck {
+
 /// The settings of a key, as a settings panel holds them. Texts are those that the plugin knows.
-struct KeySettings
+struct EntrySettings
 {
     QString text; ///< The title.
     bool showTitle = true;
@@ -30,13 +32,15 @@ struct KeySettings
     bool fillsKey = false;
 };
 
-bool operator==(const KeySettings &left, const KeySettings &right);
-bool operator!=(const KeySettings &left, const KeySettings &right);
+bool operator==(const EntrySettings &left, const EntrySettings &right);
+bool operator!=(const EntrySettings &left, const EntrySettings &right);
 
 /// The whole set as it travels: {"titleParameters": {...}, "ActionGeometry": {...}}. \a geometry is
 /// the size to tell.
-QJsonObject settingsMessage(const KeySettings &settings, const QSize &geometry);
+QJsonObject settingsMessage(const EntrySettings &settings, const QSize &geometry);
 
 /// \a settings with whatever \a message has of them. Members that are missing, of another type or
 /// out of range change nothing.
-KeySettings settingsFrom(const QJsonObject &message, const KeySettings &settings);
+EntrySettings settingsFrom(const QJsonObject &message, const EntrySettings &settings);
+
+} // namespace deck

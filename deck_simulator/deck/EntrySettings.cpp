@@ -1,12 +1,14 @@
-#include "deck_simulator/deck/KeySettings.h"
+#include "deck_simulator/deck/EntrySettings.h"
 
 #include <tuple>
+
+namespace deck {
 
 namespace {
 
 constexpr int longestText = 4096;
 
-auto members(const KeySettings &settings)
+auto members(const EntrySettings &settings)
 {
     return std::tie(settings.text, settings.showTitle, settings.fontFamily, settings.fontSize,
                     settings.color, settings.opacity, settings.temperatureType, settings.titleLines,
@@ -42,17 +44,17 @@ void insertChoice(QJsonObject &object, const char *name, const QString &choice)
 
 } // namespace
 
-bool operator==(const KeySettings &left, const KeySettings &right)
+bool operator==(const EntrySettings &left, const EntrySettings &right)
 {
     return members(left) == members(right);
 }
 
-bool operator!=(const KeySettings &left, const KeySettings &right)
+bool operator!=(const EntrySettings &left, const EntrySettings &right)
 {
     return !(left == right);
 }
 
-QJsonObject settingsMessage(const KeySettings &settings, const QSize &geometry)
+QJsonObject settingsMessage(const EntrySettings &settings, const QSize &geometry)
 {
     QJsonObject parameters{
         {QStringLiteral("text"), settings.text},
@@ -84,10 +86,10 @@ QJsonObject settingsMessage(const KeySettings &settings, const QSize &geometry)
     return message;
 }
 
-KeySettings settingsFrom(const QJsonObject &message, const KeySettings &settings)
+EntrySettings settingsFrom(const QJsonObject &message, const EntrySettings &settings)
 {
     const QJsonObject parameters = message.value(QLatin1String("titleParameters")).toObject();
-    KeySettings result = settings;
+    EntrySettings result = settings;
     take(parameters, "text", result.text);
     take(parameters, "showTitle", result.showTitle);
     take(parameters, "fontFamily", result.fontFamily);
@@ -108,3 +110,5 @@ KeySettings settingsFrom(const QJsonObject &message, const KeySettings &settings
     take(message, "select", result.audioDevice);
     return result;
 }
+
+} // namespace deck
