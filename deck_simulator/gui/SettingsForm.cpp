@@ -1,6 +1,7 @@
 #include "deck_simulator/gui/SettingsForm.h"
 
 #include "deck_simulator/gui/ColorField.h"
+#include "deck_simulator/gui/FormControls.h"
 #include "deck_simulator/gui/SensorPicker.h"
 #include "deck_simulator/gui/WheelGuard.h"
 
@@ -19,74 +20,6 @@ namespace deck {
 namespace {
 
 constexpr int overhang = 2; // pixels that a last letter may reach beyond its width
-
-template <typename Control>
-Control *named(Control *control, const char *name)
-{
-    control->setObjectName(QString::fromLatin1(name));
-    return control;
-}
-
-QComboBox *makeChoice(const char *name, const QVector<ListEntry> &entries = {})
-{
-    auto *combo = named(new QComboBox, name);
-    new WheelGuard(combo);
-    // A long entry must not widen the panel.
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(12);
-    for (const ListEntry &entry : entries)
-        combo->addItem(entry.label, entry.value);
-    return combo;
-}
-
-QSpinBox *makeNumber(const char *name, int least, int greatest, const QString &unit)
-{
-    auto *number = named(new QSpinBox, name);
-    number->setRange(least, greatest);
-    number->setSuffix(unit);
-    number->setKeyboardTracking(false); // a number that is half typed is none
-    new WheelGuard(number);
-    return number;
-}
-
-void select(QComboBox *combo, const QString &value)
-{
-    int index = combo->findData(value);
-    if (index < 0 && !value.isEmpty()) {
-        combo->addItem(value, value);
-        index = combo->count() - 1;
-    }
-    combo->setCurrentIndex(index);
-}
-
-void fill(QComboBox *combo, const QVector<ListEntry> &entries, const QString &value)
-{
-    QVector<ListEntry> present;
-    for (int index = 0; index < combo->count(); ++index)
-        present.append({combo->itemData(index).toString(), combo->itemText(index), {}, {}});
-    QVector<ListEntry> wanted;
-    for (const ListEntry &entry : entries) {
-        const QString label = entry.reading.isEmpty()
-                                  ? entry.label
-                                  : QStringLiteral("%1: %2").arg(entry.label, entry.reading);
-        wanted.append({entry.value, label, {}, {}});
-    }
-    // An open list must not be taken from under the user's hand for nothing.
-    if (present != wanted) {
-        combo->clear();
-        for (const ListEntry &entry : qAsConst(wanted))
-            combo->addItem(entry.label, entry.value);
-    }
-    select(combo, value);
-}
-
-// An empty list says so, and keeps what was chosen.
-QVector<ListEntry> orNone(const QVector<ListEntry> &entries, const QString &chosen)
-{
-    if (!entries.isEmpty())
-        return entries;
-    return {{chosen, SettingsForm::tr("none found"), {}, {}}};
-}
 
 QVector<ListEntry> temperatureUnits()
 {

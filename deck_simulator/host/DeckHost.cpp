@@ -6,6 +6,8 @@
 #include <QWebSocket>
 #include <QWebSocketServer>
 
+#include <algorithm>
+
 namespace deck {
 
 namespace {
@@ -19,6 +21,20 @@ bool isKeyEvent(const QString &event)
 {
     return event == QLatin1String("setTitle") || event == QLatin1String("setImage") ||
            event == QLatin1String("setSettings");
+}
+
+QJsonObject keyEvent(const QString &event, const DeckKey &key)
+{
+    const DeckPlace place = key.place().value_or(DeckPlace());
+    const QJsonObject coordinates{{QStringLiteral("column"), place.column},
+                                  {QStringLiteral("row"), place.row}};
+    const QJsonObject payload{{QStringLiteral("settings"), key.settings()},
+                              {QStringLiteral("coordinates"), coordinates}};
+    return {{QStringLiteral("event"), event},
+            {QStringLiteral("action"), key.action()},
+            {QStringLiteral("context"), key.context()},
+            {QStringLiteral("device"), deviceId()},
+            {QStringLiteral("payload"), payload}};
 }
 
 } // namespace
@@ -64,8 +80,8 @@ void DeckHost::close()
         candidate->close(QWebSocketProtocol::CloseCodeGoingAway);
     if (m_link == nullptr)
         return;
-    for (int index = 0; index < m_deck.keys.size(); ++index)
-        sendMessage(keyEvent(QStringLiteral("willDisappear"), index));
+    for (const DeckKey &key : qAsConst(m_deck.keys))
+        sendMessage(keyEvent(QStringLiteral("willDisappear"), key));
     m_link->close(QWebSocketProtocol::CloseCodeGoingAway);
 }
 
@@ -89,7 +105,7 @@ void DeckHost::putKey(const DeckKey &key)
         m_deck.keys.append(placed);
     else
         m_deck.keys.replace(index, placed);
-    sendMessage(keyEvent(QStringLiteral("willAppear"), index));
+    sendMessage(keyEvent(QStringLiteral("willAppear"), placed));
 }
 
 bool DeckHost::removeKey(const QString &context)
@@ -97,7 +113,7 @@ bool DeckHost::removeKey(const QString &context)
     const int index = indexOf(context);
     if (index < 0)
         return false;
-    sendMessage(keyEvent(QStringLiteral("willDisappear"), index));
+    sendMessage(keyEvent(QStringLiteral("willDisappear"), m_deck.keys.at(index)));
     m_deck.keys.removeAt(index);
     return true;
 }
@@ -107,16 +123,17 @@ bool DeckHost::changeSettings(const QString &context, const QJsonObject &setting
     const int index = indexOf(context);
     if (index < 0)
         return false;
-    m_deck.keys[index].changeSettings(settings);
-    return sendMessage(keyEvent(QStringLiteral("didReceiveSettings"), index));
+    DeckKey &key = m_deck.keys[index];
+    key.changeSettings(settings);
+    return sendMessage(keyEvent(QStringLiteral("didReceiveSettings"), key));
 }
 
 bool DeckHost::sendKeyEvent(const QString &event, const QString &context, const QJsonObject &extra)
 {
-    const int index = indexOf(context);
-    if (index < 0)
+    const DeckKey *present = key(context);
+    if (present == nullptr)
         return false;
-    QJsonObject message = keyEvent(event, index);
+    QJsonObject message = keyEvent(event, *present);
     QJsonObject payload = message.value(QLatin1String("payload")).toObject();
     for (auto member = extra.begin(); member != extra.end(); ++member)
         payload.insert(member.key(), member.value());
@@ -215,8 +232,8 @@ void DeckHost::announceDeck()
                  {QStringLiteral("deviceInfo"), QJsonObject{{QStringLiteral("name"), m_deck.name},
                                                             {QStringLiteral("type"), 0},
                                                             {QStringLiteral("size"), size}}}});
-    for (int index = 0; index < m_deck.keys.size(); ++index)
-        sendMessage(keyEvent(QStringLiteral("willAppear"), index));
+    for (const DeckKey &key : qAsConst(m_deck.keys))
+        sendMessage(keyEvent(QStringLiteral("willAppear"), key));
 }
 
 void DeckHost::takeMessage(const QJsonObject &message)
@@ -226,7 +243,8 @@ void DeckHost::takeMessage(const QJsonObject &message)
         ++m_counters.unknownEvents;
         return;
     }
-    const int index = indexOf(message.value(QLatin1String("context")).toString());
+    const QString context = message.value(QLatin1String("context")).toString();
+    const int index = indexOf(context);
     if (index < 0) {
         ++m_counters.unknownContexts;
         return;
@@ -237,8 +255,8 @@ void DeckHost::takeMessage(const QJsonObject &message)
         return;
     }
     if (event == QLatin1String("setSettings"))
-        Q_EMIT settingsReplied(index);
-    Q_EMIT keyChanged(index);
+        Q_EMIT settingsReplied(context);
+    Q_EMIT keyChanged(context);
 }
 
 bool DeckHost::takeKeyMessage(const QString &event, DeckKey &key, const QJsonObject &payload)
@@ -268,9 +286,17 @@ int DeckHost::indexOf(const QString &context) const
     return -1;
 }
 
-DeckPlace DeckHost::placeOf(int index) const
+const DeckKey *DeckHost::key(const QString &context) const
 {
-    return m_deck.keys.at(index).place().value_or(DeckPlace());
+    const int index = indexOf(context);
+    return index < 0 ? nullptr : &m_deck.keys.at(index);
+}
+
+const DeckKey *DeckHost::keyAt(const DeckPlace &place) const
+{
+    const auto found = std::find_if(m_deck.keys.begin(), m_deck.keys.end(),
+                                    [&place](const DeckKey &key) { return key.place() == place; });
+    return found == m_deck.keys.end() ? nullptr : &*found;
 }
 
 // A key stays where it lies when one before it goes.
@@ -279,21 +305,6 @@ void DeckHost::fixPlace(DeckKey &key, int index) const
     const int columns = qMax(1, m_deck.grid.width());
     if (!key.place())
         key.setPlace({index % columns, index / columns});
-}
-
-QJsonObject DeckHost::keyEvent(const QString &event, int index) const
-{
-    const DeckKey &key = m_deck.keys.at(index);
-    const DeckPlace place = placeOf(index);
-    const QJsonObject coordinates{{QStringLiteral("column"), place.column},
-                                  {QStringLiteral("row"), place.row}};
-    const QJsonObject payload{{QStringLiteral("settings"), key.settings()},
-                              {QStringLiteral("coordinates"), coordinates}};
-    return {{QStringLiteral("event"), event},
-            {QStringLiteral("action"), key.action()},
-            {QStringLiteral("context"), key.context()},
-            {QStringLiteral("device"), deviceId()},
-            {QStringLiteral("payload"), payload}};
 }
 
 bool DeckHost::sendMessage(const QJsonObject &message)

@@ -50,7 +50,12 @@ public:
     [[nodiscard]] QString pluginUUID() const { return m_pluginUUID; }
 
     [[nodiscard]] bool isRegistered() const { return m_link != nullptr; }
-    [[nodiscard]] const DeckProfile &deck() const { return m_deck; }
+    /// The keys in the order in which they came, and the size of the deck.
+    [[nodiscard]] const QVector<DeckKey> &keys() const { return m_deck.keys; }
+    [[nodiscard]] QSize grid() const { return m_deck.grid; }
+    /// Null when there is no such key, or nothing on that place; good until a key comes or goes.
+    [[nodiscard]] const DeckKey *key(const QString &context) const;
+    [[nodiscard]] const DeckKey *keyAt(const DeckPlace &place) const;
     [[nodiscard]] const LinkCounters &counters() const { return m_counters; }
     /// Milliseconds since this object was made; the clock of DeckKey::lastUpdate.
     [[nodiscard]] qint64 now() const { return m_clock.elapsed(); }
@@ -67,11 +72,6 @@ public:
     /// Sends any text to the plugin, as it stands. False when no plugin is registered.
     bool sendText(const QString &text);
     bool sendMessage(const QJsonObject &message);
-    /// -1 when there is no such key.
-    [[nodiscard]] int indexOf(const QString &context) const;
-
-    /// Where the key \a index lies.
-    [[nodiscard]] DeckPlace placeOf(int index) const;
 
     /// Takes the keys off, closes the link and listens no more; linkClosed follows when a plugin
     /// was registered.
@@ -86,9 +86,9 @@ Q_SIGNALS:
     void registrationRefused(const QString &reason);
     /// The link of the registered plugin is gone, whoever closed it.
     void linkClosed();
-    void keyChanged(int index);
+    void keyChanged(const QString &context);
     /// The plugin has sent settings for the key; keyChanged follows.
-    void settingsReplied(int index);
+    void settingsReplied(const QString &context);
 
 private:
     void acceptConnection();
@@ -100,7 +100,7 @@ private:
     bool takeKeyMessage(const QString &event, DeckKey &key, const QJsonObject &payload);
     void announceDeck();
     void fixPlace(DeckKey &key, int index) const;
-    [[nodiscard]] QJsonObject keyEvent(const QString &event, int index) const;
+    [[nodiscard]] int indexOf(const QString &context) const;
 
     DeckProfile m_deck;
     QString m_pluginUUID;

@@ -33,9 +33,7 @@ void DeckRunner::start()
     connect(m_session, &DeckSession::keysAppeared, this, &DeckRunner::onRegistered);
     connect(m_session, &DeckSession::ended, this, &DeckRunner::onSessionEnded);
     connect(m_session, &DeckSession::notice, this, &DeckRunner::notice);
-    connect(m_session, &DeckSession::keyChanged, this, [this](int index) {
-        Q_EMIT keyChanged(m_session->host().deck().keys.at(index).context());
-    });
+    connect(m_session, &DeckSession::keyChanged, this, &DeckRunner::keyChanged);
     connect(&m_session->host(), &DeckHost::settingsReplied, this, &DeckRunner::onSettingsReplied);
     m_meter = TrafficMeter();
     m_meterTimer.start(meterPeriod);
@@ -102,11 +100,7 @@ qint64 DeckRunner::pluginPid() const
 
 const DeckKey *DeckRunner::key(const QString &context) const
 {
-    if (m_session == nullptr)
-        return nullptr;
-    const DeckHost &host = m_session->host();
-    const int index = host.indexOf(context);
-    return index < 0 ? nullptr : &host.deck().keys.at(index);
+    return m_session != nullptr ? m_session->host().key(context) : nullptr;
 }
 
 bool DeckRunner::sendKeyEvent(const QString &event, const QString &context,
@@ -173,7 +167,7 @@ DeckProfile DeckRunner::deck() const
 void DeckRunner::onRegistered()
 {
     m_awaitedReplies.clear();
-    for (const DeckKey &key : m_session->host().deck().keys)
+    for (const DeckKey &key : m_session->host().keys())
         m_awaitedReplies.insert(key.context(), 1);
     sendKeyEvent(QStringLiteral("propertyInspectorDidAppear"), m_inspected);
     Q_EMIT linked();
@@ -191,7 +185,7 @@ void DeckRunner::onLayoutChanged()
 void DeckRunner::takeOffMissing()
 {
     QStringList missing;
-    for (const DeckKey &key : m_session->host().deck().keys) {
+    for (const DeckKey &key : m_session->host().keys()) {
         const DeckEntry *entry = m_model->find(key.context());
         const bool stays =
             entry != nullptr && m_model->contains(entry->place) && entry->place == key.place();
@@ -223,11 +217,12 @@ void DeckRunner::onSettingsChanged(const QString &context)
         ++m_awaitedReplies[context];
 }
 
-void DeckRunner::onSettingsReplied(int index)
+void DeckRunner::onSettingsReplied(const QString &context)
 {
-    const DeckKey &key = m_session->host().deck().keys.at(index);
-    const QString context = key.context();
-    const QJsonObject reply = key.settings();
+    const DeckKey *replied = key(context);
+    if (replied == nullptr)
+        return;
+    const QJsonObject reply = replied->settings();
     const DeckEntry *entry = m_model->find(context);
     int &awaited = m_awaitedReplies[context];
     awaited = qMax(0, awaited - 1);

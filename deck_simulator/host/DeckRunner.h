@@ -81,7 +81,7 @@ private:
     void onRegistered();
     void onLayoutChanged();
     void onSettingsChanged(const QString &context);
-    void onSettingsReplied(int index);
+    void onSettingsReplied(const QString &context);
     void onSessionEnded();
     void measure();
     void takeOffMissing();

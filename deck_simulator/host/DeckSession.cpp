@@ -113,7 +113,7 @@ void DeckSession::checkRecording()
 
 QString DeckSession::info() const
 {
-    QString text = hostInfo(m_settings.language, m_settings.fonts, m_host->deck().grid);
+    QString text = hostInfo(m_settings.language, m_settings.fonts, m_host->grid());
     if (m_settings.quoteStripped)
         text.remove(QLatin1Char('"'));
     return text;

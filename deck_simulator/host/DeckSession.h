@@ -77,7 +77,7 @@ public:
 
 Q_SIGNALS:
     void keysAppeared();
-    void keyChanged(int index);
+    void keyChanged(const QString &context);
     /// Something to tell the user that does not end the session.
     void notice(const QString &text);
     void ended();

@@ -1,8 +1,10 @@
 #include "deck_simulator/options/SimulatorOptions.h"
 
+#include "deck_simulator/options/CommandLineOptions.h"
+#include "deck_simulator/options/OptionReader.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QHash>
 
 #include <algorithm>
@@ -15,109 +17,6 @@ namespace deck {
 namespace {
 
 constexpr int usageError = 2;
-constexpr double longestRun = 24.0 * 60 * 60; // seconds
-
-const QCommandLineOption &pluginOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("plugin"),
-        QStringLiteral("The plugin's executable. Default: QtSystemMonitor beside this program."),
-        QStringLiteral("PATH"));
-    return option;
-}
-
-const QCommandLineOption &headlessOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("headless"),
-        QStringLiteral("Open no window: the deck is a table in the terminal. So it is without a "
-                       "display, and with the options below that are for the terminal."));
-    return option;
-}
-
-const QCommandLineOption &windowOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("window"),
-        QStringLiteral("Open the window although no display can be seen."));
-    return option;
-}
-
-const QCommandLineOption &profileOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("profile"),
-        QStringLiteral("The file in which the window keeps its keys and their settings. Default: "
-                       "deck.json in the user's configuration folder."),
-        QStringLiteral("FILE"));
-    return option;
-}
-
-const QCommandLineOption &screenshotOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("screenshot"),
-        QStringLiteral("Write a picture of the window to this file, then end."),
-        QStringLiteral("FILE.png"));
-    return option;
-}
-
-const QCommandLineOption &colorsOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("colors"),
-        QStringLiteral("The window's colours: \"light\" or \"dark\". Default: the desktop's."),
-        QStringLiteral("NAME"));
-    return option;
-}
-
-const QCommandLineOption &textSizeOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("text-size"),
-        QStringLiteral("The window's texts in percent of the usual size, 50 to 300. Default: 100."),
-        QStringLiteral("N"), QStringLiteral("100"));
-    return option;
-}
-
-const QCommandLineOption &selectOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("select"),
-        QStringLiteral("The key that the window begins with, both from 0. Default: 0,0."),
-        QStringLiteral("COLUMN,ROW"), QStringLiteral("0,0"));
-    return option;
-}
-
-const QCommandLineOption &languageOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("language"),
-        QStringLiteral("The host's language, such as en or zh_CN. Default: en."),
-        QStringLiteral("CODE"), QStringLiteral("en"));
-    return option;
-}
-
-const QCommandLineOption &fontOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("font"),
-        QStringLiteral("A font file to offer to the plugin; may be repeated. Default: the files of "
-                       "the Roboto family in this machine's font folders."),
-        QStringLiteral("FILE"));
-    return option;
-}
-
-const QCommandLineOption &deckOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("deck"),
-        QStringLiteral("What the keys show: \"readings\" for what every machine has, \"kinds\" "
-                       "for one key per action, \"settings\" for one key per setting and font, or "
-                       "\"empty\". Default: readings."),
-        QStringLiteral("NAME"), QStringLiteral("readings"));
-    return option;
-}
 
 std::optional<Deck> deckNamed(const QString &name)
 {
@@ -128,162 +27,6 @@ std::optional<Deck> deckNamed(const QString &name)
     const auto deck = decks.constFind(name);
     return deck == decks.constEnd() ? std::nullopt : std::make_optional(*deck);
 }
-
-const QCommandLineOption &workFolderOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("work-dir"),
-        QStringLiteral("The plugin's working folder, made when missing: it holds log.txt, "
-                       "plugin-stderr.txt and plugin-stdout.txt. Default: a temporary folder, "
-                       "removed at the end unless the plugin failed."),
-        QStringLiteral("DIR"));
-    return option;
-}
-
-const QCommandLineOption &snapshotOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("snapshot"),
-        QStringLiteral("Write a picture of the deck to this file, then end. The exit status is 1 "
-                       "when a key has no picture by then."),
-        QStringLiteral("FILE.png"));
-    return option;
-}
-
-const QCommandLineOption &scriptOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("script"),
-        QStringLiteral("Play the events in this file, one JSON object a line, then end. The exit "
-                       "status is 1 when an expectation in it fails. See docs/simulator.md."),
-        QStringLiteral("FILE"));
-    return option;
-}
-
-const QCommandLineOption &afterOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("after"),
-        QStringLiteral("When the snapshot or screenshot is taken, counted from the appearance of "
-                       "the keys. Default: 4."),
-        QStringLiteral("SECONDS"), QStringLiteral("4"));
-    return option;
-}
-
-const QCommandLineOption &secondsOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("seconds"),
-        QStringLiteral("End by itself, counted from the appearance of the keys. Default: run until "
-                       "interrupted."),
-        QStringLiteral("N"));
-    return option;
-}
-
-const QCommandLineOption &columnsOption()
-{
-    static const QCommandLineOption option(QStringLiteral("columns"),
-                                           QStringLiteral("Keys in a row, 1 to 16. Default: 5."),
-                                           QStringLiteral("N"), QStringLiteral("5"));
-    return option;
-}
-
-const QCommandLineOption &keySizeOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("key-size"),
-        QStringLiteral("Side of a key on the snapshot in pixels, 32 to 512. Default: 144."),
-        QStringLiteral("PX"), QStringLiteral("144"));
-    return option;
-}
-
-const QCommandLineOption &quietOption()
-{
-    static const QCommandLineOption option(
-        QStringLiteral("quiet"), QStringLiteral("Show no table; errors are still reported."));
-    return option;
-}
-
-// Reads option values and keeps the first complaint.
-class ValueReader
-{
-public:
-    explicit ValueReader(const QCommandLineParser &parser)
-        : m_parser(parser)
-    {
-    }
-
-    int integer(const QCommandLineOption &option, int least, int greatest)
-    {
-        bool ok = false;
-        const int value = m_parser.value(option).toInt(&ok);
-        if (!ok || value < least || value > greatest)
-            complain(
-                option,
-                QStringLiteral("must be a whole number from %1 to %2").arg(least).arg(greatest));
-        return value;
-    }
-
-    QPoint point(const QCommandLineOption &option)
-    {
-        const QStringList parts = m_parser.value(option).split(QLatin1Char(','));
-        bool columnOk = false;
-        bool rowOk = false;
-        const QPoint value(parts.value(0).toInt(&columnOk), parts.value(1).toInt(&rowOk));
-        if (parts.size() != 2 || !columnOk || !rowOk)
-            complain(option, QStringLiteral("must be two whole numbers with a comma between"));
-        return value;
-    }
-
-    std::chrono::milliseconds seconds(const QCommandLineOption &option)
-    {
-        bool ok = false;
-        const double value = m_parser.value(option).toDouble(&ok);
-        // Written so that "nan" is refused too.
-        if (!ok || !(value > 0 && value <= longestRun)) {
-            complain(option, QStringLiteral("must be a number of seconds above 0, at most %1")
-                                 .arg(longestRun, 0, 'f', 0));
-            return {};
-        }
-        return std::chrono::milliseconds(qRound64(value * 1000));
-    }
-
-    QStringList readableFiles(const QCommandLineOption &option)
-    {
-        QStringList files = m_parser.values(option);
-        for (const QString &file : qAsConst(files)) {
-            const QFileInfo info(file);
-            if (!info.isFile() || !info.isReadable())
-                complain(option, QStringLiteral("names no readable file: %1").arg(file));
-        }
-        return files;
-    }
-
-    QString text(const QCommandLineOption &option)
-    {
-        QString value = m_parser.value(option);
-        if (value.isEmpty() && m_parser.isSet(option))
-            complain(option, QStringLiteral("must not be empty"));
-        return value;
-    }
-
-    void complain(const QString &complaint)
-    {
-        if (m_error.isEmpty())
-            m_error = complaint;
-    }
-
-    [[nodiscard]] const QString &error() const { return m_error; }
-
-private:
-    void complain(const QCommandLineOption &option, const QString &complaint)
-    {
-        complain(QStringLiteral("--%1 %2.").arg(option.names().constFirst(), complaint));
-    }
-
-    const QCommandLineParser &m_parser;
-    QString m_error;
-};
 
 ParsedOptions answer(const QString &text)
 {
@@ -307,9 +50,8 @@ bool isHeadless(const QCommandLineParser &parser)
         [&parser](const QCommandLineOption *option) { return parser.isSet(*option); });
 }
 
-ParsedOptions readOptions(const QCommandLineParser &parser, const QString &defaultPlugin)
+void refuseCombinations(const QCommandLineParser &parser, OptionReader &reader)
 {
-    ValueReader reader(parser);
     if (!parser.positionalArguments().isEmpty())
         reader.complain(QStringLiteral("Unexpected argument: %1")
                             .arg(parser.positionalArguments().constFirst()));
@@ -321,11 +63,15 @@ ParsedOptions readOptions(const QCommandLineParser &parser, const QString &defau
         reader.complain(QStringLiteral("--after is used with --snapshot or --screenshot only."));
     if (parser.isSet(screenshotOption()) && isHeadless(parser))
         reader.complain(QStringLiteral("--screenshot needs the window."));
-
     if (parser.isSet(windowOption()) && isHeadless(parser))
         reader.complain(QStringLiteral("--window and an option for the terminal exclude each "
                                        "other."));
+}
 
+ParsedOptions readOptions(const QCommandLineParser &parser, const QString &defaultPlugin)
+{
+    OptionReader reader(parser);
+    refuseCombinations(parser, reader);
     SimulatorOptions options;
     options.headless = isHeadless(parser);
     options.window = parser.isSet(windowOption()) || parser.isSet(screenshotOption());

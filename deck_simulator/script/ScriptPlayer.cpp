@@ -105,20 +105,20 @@ QString ScriptPlayer::play(const ScriptStep &step)
 
 QString ScriptPlayer::playOnKey(const ScriptStep &step)
 {
-    const int index = indexAt(step.place);
-    if (index < 0)
+    const DeckKey *key = keyOf(step);
+    if (key == nullptr)
         return QStringLiteral("nothing is on %1").arg(placeText(step.place));
     DeckHost &host = m_session->host();
-    const QString context = host.deck().keys.at(index).context();
+    const QString context = key->context();
     switch (step.kind) {
     case Kind::Remove:
         host.removeKey(context);
         break;
     case Kind::Move:
-        move(step);
+        move(step, context);
         break;
     case Kind::Settings:
-        return change(step);
+        return change(step, *key);
     case Kind::Press:
         press(step, context);
         break;
@@ -134,39 +134,36 @@ QString ScriptPlayer::playOnKey(const ScriptStep &step)
 void ScriptPlayer::put(const ScriptStep &step)
 {
     DeckHost &host = m_session->host();
-    const int index = indexAt(step.place);
-    if (index >= 0)
-        host.removeKey(host.deck().keys.at(index).context());
+    if (const DeckKey *displaced = keyOf(step))
+        host.removeKey(displaced->context());
     DeckKey key(placeText(step.place), step.action, QStringLiteral("script-%1").arg(++m_made),
                 withChanges(usualSettings(), step.object));
     key.setPlace(step.place);
     host.putKey(key);
 }
 
-void ScriptPlayer::move(const ScriptStep &step)
+void ScriptPlayer::move(const ScriptStep &step, const QString &context)
 {
     DeckHost &host = m_session->host();
-    const int displaced = indexAt(step.to);
-    if (displaced >= 0)
-        host.removeKey(host.deck().keys.at(displaced).context());
-    DeckKey key = host.deck().keys.at(indexAt(step.place));
-    host.removeKey(key.context());
+    DeckKey key = *host.key(context);
+    if (const DeckKey *displaced = host.keyAt(step.to))
+        host.removeKey(displaced->context());
+    host.removeKey(context);
     key.setPlace(step.to);
     host.putKey(key);
 }
 
-QString ScriptPlayer::change(const ScriptStep &step)
+QString ScriptPlayer::change(const ScriptStep &step, const DeckKey &key)
 {
-    DeckHost &host = m_session->host();
-    const DeckKey &key = host.deck().keys.at(indexAt(step.place));
     // The whole set: what the plugin's reply left out is as it is on a new key.
     QJsonObject settings = key.settings();
     EntrySettings known = settingsFrom(settings, {});
     const QSize size =
         key.pictureSize().isEmpty() ? QSize(deckKeyPixels, deckKeyPixels) : key.pictureSize();
     settings = withChanges(settingsMessage(known, size), step.object);
-    return host.changeSettings(key.context(), settings) ? QString()
-                                                        : QStringLiteral("nobody is there");
+    return m_session->host().changeSettings(key.context(), settings)
+               ? QString()
+               : QStringLiteral("nobody is there");
 }
 
 void ScriptPlayer::press(const ScriptStep &step, const QString &context)
@@ -181,21 +178,17 @@ void ScriptPlayer::press(const ScriptStep &step, const QString &context)
     }
 }
 
-int ScriptPlayer::indexAt(const DeckPlace &place) const
+// The key on the place of the step, or null.
+const DeckKey *ScriptPlayer::keyOf(const ScriptStep &step) const
 {
-    const DeckHost &host = m_session->host();
-    for (int index = 0; index < host.deck().keys.size(); ++index) {
-        if (host.placeOf(index) == place)
-            return index;
-    }
-    return -1;
+    return m_session->host().keyAt(step.place);
 }
 
 void ScriptPlayer::beginToWait(const ScriptStep &step)
 {
     m_waiting = true;
-    const int index = indexAt(step.place);
-    m_picturesBefore = index < 0 ? 0 : m_session->host().deck().keys.at(index).pictures();
+    const DeckKey *key = keyOf(step);
+    m_picturesBefore = key == nullptr ? 0 : key->pictures();
     m_patience.start(step.within);
     // A title that is there already counts.
     if (step.title)
@@ -204,13 +197,12 @@ void ScriptPlayer::beginToWait(const ScriptStep &step)
 
 bool ScriptPlayer::isFulfilled(const ScriptStep &step) const
 {
-    const int index = indexAt(step.place);
-    if (index < 0)
+    const DeckKey *key = keyOf(step);
+    if (key == nullptr)
         return false;
-    const DeckKey &key = m_session->host().deck().keys.at(index);
     if (step.title)
-        return key.lastUpdate().has_value() && step.title->match(key.title()).hasMatch();
-    return key.pictures() > m_picturesBefore && !key.picture().isNull();
+        return key->lastUpdate().has_value() && step.title->match(key->title()).hasMatch();
+    return key->pictures() > m_picturesBefore && !key->picture().isNull();
 }
 
 void ScriptPlayer::checkExpectation()
@@ -227,11 +219,9 @@ void ScriptPlayer::checkExpectation()
 void ScriptPlayer::onPatienceEnd()
 {
     const ScriptStep &step = m_steps.at(m_next);
-    const int index = indexAt(step.place);
     QString shown = QStringLiteral("nothing is on it");
-    if (index >= 0)
-        shown = QStringLiteral("its title is \"%1\"")
-                    .arg(m_session->host().deck().keys.at(index).title());
+    if (const DeckKey *key = keyOf(step))
+        shown = QStringLiteral("its title is \"%1\"").arg(key->title());
     end(QStringLiteral("Line %1 of the script: %2 did not come to show %3 in time; %4.")
             .arg(step.line)
             .arg(placeText(step.place),

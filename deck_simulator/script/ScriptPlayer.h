@@ -31,16 +31,16 @@ private:
     void playDue();
     [[nodiscard]] QString play(const ScriptStep &step);
     [[nodiscard]] QString playOnKey(const ScriptStep &step);
-    [[nodiscard]] QString change(const ScriptStep &step);
+    [[nodiscard]] QString change(const ScriptStep &step, const DeckKey &key);
     void put(const ScriptStep &step);
     void press(const ScriptStep &step, const QString &context);
-    void move(const ScriptStep &step);
+    void move(const ScriptStep &step, const QString &context);
     void beginToWait(const ScriptStep &step);
     [[nodiscard]] bool isFulfilled(const ScriptStep &step) const;
     void checkExpectation();
     void onPatienceEnd();
     void end(const QString &failure);
-    [[nodiscard]] int indexAt(const DeckPlace &place) const;
+    [[nodiscard]] const DeckKey *keyOf(const ScriptStep &step) const;
 
     QVector<ScriptStep> m_steps;
     DeckSession *m_session;

@@ -102,7 +102,7 @@ QStringList HeadlessRun::writeSnapshot(const QString &file)
 {
     QVector<QImage> pictures;
     QStringList missing;
-    for (const DeckKey &key : m_session->host().deck().keys) {
+    for (const DeckKey &key : m_session->host().keys()) {
         pictures.append(key.picture());
         if (key.picture().isNull())
             missing.append(key.name());
@@ -177,7 +177,7 @@ QStringList HeadlessRun::tableText(int width) const
     status.bytesPerSecond = m_meter.bytesPerSecond();
     status.sensorRequests = m_session->service().requests();
     status.counters = host.counters();
-    return deckReport(host.deck().keys, status, host.now(), width);
+    return deckReport(host.keys(), status, host.now(), width);
 }
 
 void HeadlessRun::report(const QString &text)

@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QImage>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -27,6 +29,7 @@ private Q_SLOTS:
     void reportsAPluginThatEndsAtOnce();
     void refusesWrongUsage();
     void playsAScript();
+    void movesAKeyOntoAnother();
     void failsWhenAnExpectationFails();
     void failsWhenAStepCannotBePlayed();
     void failsWhenThePluginEndsBeforeTheScript();
@@ -233,6 +236,35 @@ void tst_DeckSimulator::playsAScript()
           "\"ticks\":2", "\"action\":\"a.third\"", "systemDidWakeUp", "hwInfoPort", "willDisappear",
           "\"column\":2,\"row\":3"})
         QVERIFY2(received().contains(part), part);
+}
+
+void tst_DeckSimulator::movesAKeyOntoAnother()
+{
+    writeScript(R"({"do": "put", "key": [0, 0], "action": "one"}
+{"do": "put", "key": [1, 0], "action": "two"}
+{"do": "move", "key": [0, 0], "to": [1, 0]}
+{"do": "move", "key": [1, 0], "to": [1, 0]}
+{"do": "expect", "key": [1, 0], "title": "^drawn$"}
+)");
+    run("panel",
+        {QStringLiteral("--deck=empty"), QStringLiteral("--script"), path("script.jsonl")});
+    QVERIFY2(m_process.exitCode() == 0, qPrintable(errors()));
+    QStringList events;
+    for (const QByteArray &line : received().split('\n')) {
+        const QJsonObject message = QJsonDocument::fromJson(line).object();
+        const QString action = message.value(QLatin1String("action")).toString();
+        if (!action.isEmpty())
+            events.append(message.value(QLatin1String("event")).toString() + QLatin1Char(' ') +
+                          action);
+    }
+    const QStringList expected{
+        QStringLiteral("willAppear one"),    QStringLiteral("willAppear two"),
+        QStringLiteral("willDisappear two"), QStringLiteral("willDisappear one"),
+        QStringLiteral("willAppear one"),                                      // on its new place
+        QStringLiteral("willDisappear one"), QStringLiteral("willAppear one"), // onto itself
+        QStringLiteral("willDisappear one"),                                   // the end
+    };
+    QCOMPARE(events, expected);
 }
 
 void tst_DeckSimulator::failsWhenAnExpectationFails()

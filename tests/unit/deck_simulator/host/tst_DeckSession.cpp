@@ -59,7 +59,7 @@ void tst_DeckSession::runsAPluginFromStartToEnd()
         QTRY_COMPARE(appeared.count(), 1);
         QCOMPARE(session.stateText(), QStringLiteral("registered"));
         QVERIFY(session.pluginPid() > 0);
-        const QVector<DeckKey> &keys = session.host().deck().keys;
+        const QVector<DeckKey> &keys = session.host().keys();
         QTRY_COMPARE(changed.count(), 3 * keys.size());
         for (const DeckKey &key : keys) {
             QCOMPARE(key.title(), QStringLiteral("drawn"));
