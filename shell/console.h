@@ -8,7 +8,7 @@
 ///
 /// On Windows it is a console window of the process's own. On Linux it is the terminal: standard
 /// error where that is one, else the controlling terminal, else the file "debug-console.txt" in the
-/// working directory.
+/// working directory, which must be a regular file or not exist yet.
 namespace console {
 
 /// Gets a console; false when none is to be had, on Windows also when one is attached already.
