@@ -7,6 +7,8 @@
 #include "shell/ConsoleLog.h"
 #include "shell/NativeHotKey.h"
 
+#include <QCloseEvent>
+
 namespace {
 
 /// By its place on the command line, whatever name stands before it.
@@ -70,4 +72,11 @@ bool QtSystemMonitor::nativeEvent(const QByteArray &eventType, void *message, lo
         return true;
     }
     return QWidget::nativeEvent(eventType, message, result);
+}
+
+void QtSystemMonitor::closeEvent(QCloseEvent *event)
+{
+    // It would end the program, or at least the native window. The end of a session does not come
+    // this way: that asks only windows that are shown.
+    event->ignore();
 }

@@ -5,7 +5,7 @@
 class SystemMonitorPlugin;
 
 /// The program's one top-level widget, never shown: it owns the plugin and receives native window
-/// messages.
+/// messages. It does not close when it is asked to.
 class QtSystemMonitor : public QWidget
 {
     Q_OBJECT
@@ -25,6 +25,7 @@ public:
 
 protected:
     bool nativeEvent(const QByteArray &eventType, void *message, long *result) override;
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     SystemMonitorPlugin *plugin = nullptr;

@@ -8,10 +8,11 @@
 ///
 /// On Windows it is a console window of the process's own. On Linux it is the terminal: standard
 /// error where that is one, else the controlling terminal, else the file "debug-console.txt" in the
-/// working directory.
+/// working directory, which must be a regular file or not exist yet.
 namespace console {
 
-/// Gets a console; false when none is to be had, on Windows also when one is attached already.
+/// Gets a console; false when none is to be had, on Windows also when one is attached already. The
+/// standard streams stay as they are.
 bool attach();
 
 /// The upper left corner of the console's window; nothing where the console has no window.
@@ -28,7 +29,8 @@ void redirectStandardStreams();
 /// The call may come on a thread of the system's.
 void onClosed(void (*handler)());
 
-/// Lets go of a console that the user has closed.
+/// Lets go of a console that the user has closed. What is printed from then on goes nowhere, until
+/// the standard streams are reopened on another.
 void detach();
 
 } // namespace console

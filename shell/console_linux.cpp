@@ -5,6 +5,7 @@
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -15,6 +16,20 @@ const char *const fallbackFile = "debug-console.txt";
 int attachedStream = -1;
 
 UnixSignal *hangUp = nullptr;
+
+/// The fallback file, opened to append; -1 when it is anything but a regular file. A pipe without a
+/// reader must not be waited for, nor one whose reader is slow be written to.
+int openFallbackFile()
+{
+    const int stream =
+        open(fallbackFile,
+             O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0600);
+    struct stat file = {};
+    if (stream < 0 || (fstat(stream, &file) == 0 && S_ISREG(file.st_mode)))
+        return stream;
+    close(stream);
+    return -1;
+}
 
 void putInPlaceOf(int stream, FILE *standardStream)
 {
@@ -32,10 +47,8 @@ bool attach()
     if (isatty(STDERR_FILENO) == 1)
         return true;
     attachedStream = open("/dev/tty", O_WRONLY | O_NOCTTY | O_CLOEXEC);
-    if (attachedStream < 0) {
-        attachedStream =
-            open(fallbackFile, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW | O_CLOEXEC, 0600);
-    }
+    if (attachedStream < 0)
+        attachedStream = openFallbackFile();
     return attachedStream >= 0;
 }
 

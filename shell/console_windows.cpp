@@ -12,6 +12,29 @@ namespace {
 /// Called on a thread of the system's.
 std::atomic<void (*)()> closedHandler = nullptr;
 
+/// Some C runtimes make their streams' handles the process's own standard ones. The system closes
+/// those with the console; their numbers would pass to other files and sockets then, into which the
+/// streams would print, and which reopening the streams would close.
+void keepStreamsFromTheConsolesEnd()
+{
+    for (const DWORD stream : {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE})
+        SetStdHandle(stream, nullptr);
+}
+
+/// Selecting text with the mouse would stop what is printed meanwhile, and with it the one thread.
+void switchQuickEditOff()
+{
+    HANDLE input =
+        CreateFileW(L"CONIN$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+    if (input == INVALID_HANDLE_VALUE)
+        return;
+    DWORD mode = 0;
+    if (GetConsoleMode(input, &mode))
+        SetConsoleMode(input, (mode & ~DWORD(ENABLE_QUICK_EDIT_MODE)) | ENABLE_EXTENDED_FLAGS);
+    CloseHandle(input);
+}
+
 BOOL WINAPI controlHandler(DWORD event)
 {
     return console::takesControlEvent(event) ? TRUE : FALSE;
@@ -23,7 +46,10 @@ namespace console {
 
 bool attach()
 {
-    return AllocConsole() != FALSE;
+    if (!AllocConsole())
+        return false;
+    switchQuickEditOff();
+    return true;
 }
 
 std::optional<QPoint> windowPosition()
@@ -50,6 +76,7 @@ void redirectStandardStreams()
     std::freopen("CONOUT$", "w", stdout);
     std::freopen("CONOUT$", "w", stderr);
     std::freopen("CONIN$", "r", stdin);
+    keepStreamsFromTheConsolesEnd();
 }
 
 void onClosed(void (*handler)())

@@ -34,18 +34,24 @@ QByteArray withoutDeletedMark(QByteArray target, const QByteArray &link)
     return target;
 }
 
-/// The file name behind /proc/PID/exe; empty, with the reason in errno, when it cannot be read.
-QString linkedName(qint64 id)
+struct LinkedName
+{
+    QString name; ///< Empty when the link cannot be read.
+    int error;    ///< Why it cannot; otherwise 0.
+};
+
+/// The file name behind /proc/PID/exe.
+LinkedName linkedName(qint64 id)
 {
     const QByteArray link = procPath(id, "exe");
     QByteArray target(4096, '\0');
     const ssize_t length =
         readlink(link.constData(), target.data(), static_cast<size_t>(target.size()));
     if (length < 0)
-        return {};
+        return {QString(), errno};
     target.truncate(static_cast<int>(length));
     const QByteArray path = withoutDeletedMark(target, link);
-    return QFile::decodeName(path.mid(path.lastIndexOf('/') + 1));
+    return {QFile::decodeName(path.mid(path.lastIndexOf('/') + 1)), 0};
 }
 
 /// The name that the kernel keeps beside the link and that anyone may read.
@@ -60,8 +66,14 @@ QString keptName(qint64 id)
 /// least known to be there.
 QString executableName(qint64 id)
 {
-    const QString name = linkedName(id);
-    return name.isEmpty() && (errno == EACCES || errno == EPERM) ? keptName(id) : name;
+    const auto [name, error] = linkedName(id);
+    return error == EACCES || error == EPERM ? keptName(id) : name;
+}
+
+bool bearsItsName(const processes::Process &process)
+{
+    return !process.executableName.isEmpty() &&
+           linkedName(process.id).name == process.executableName;
 }
 
 class Descriptor
@@ -84,13 +96,25 @@ private:
     int m_number;
 };
 
+/// Ends the process through a descriptor, which names the process itself, so that no other can be
+/// hit that gets its number. 0, or why it did not; ESRCH also when it bears another name.
+int endByDescriptor(const processes::Process &process)
+{
+    const Descriptor descriptor(pidfd_open(static_cast<pid_t>(process.id), 0));
+    if (descriptor.number() < 0)
+        return errno;
+    if (!bearsItsName(process))
+        return ESRCH;
+    return pidfd_send_signal(descriptor.number(), SIGKILL, nullptr, 0) == 0 ? 0 : errno;
+}
+
 } // namespace
 
 namespace processes {
 
 QString ownExecutableName()
 {
-    return linkedName(ownId());
+    return linkedName(ownId()).name;
 }
 
 qint64 ownId()
@@ -119,11 +143,11 @@ std::optional<QVector<Process>> snapshot()
 
 bool terminate(const Process &process)
 {
-    // The descriptor names the process itself, so that no other can be hit that gets its number.
-    const Descriptor descriptor(pidfd_open(static_cast<pid_t>(process.id), 0));
-    if (descriptor.number() < 0 || linkedName(process.id) != process.executableName)
-        return false;
-    return pidfd_send_signal(descriptor.number(), SIGKILL, nullptr, 0) == 0;
+    const int error = endByDescriptor(process);
+    if (error == 0 || error == ESRCH)
+        return error == 0;
+    // An old kernel and some sandboxes refuse descriptors of processes.
+    return bearsItsName(process) && kill(static_cast<pid_t>(process.id), SIGKILL) == 0;
 }
 
 } // namespace processes

@@ -2,6 +2,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+#include <limits>
 #include <sys/stat.h>
 
 namespace {
@@ -9,7 +11,8 @@ namespace {
 qint64 nanoseconds(const timespec &time)
 {
     constexpr qint64 perSecond = 1'000'000'000;
-    return qint64{time.tv_sec} * perSecond + time.tv_nsec;
+    constexpr qint64 mostSeconds = std::numeric_limits<qint64>::max() / perSecond - 1;
+    return std::clamp(qint64{time.tv_sec}, -mostSeconds, mostSeconds) * perSecond + time.tv_nsec;
 }
 
 } // namespace

@@ -1,8 +1,11 @@
-#include "system_monitor_lib/recorded/FileStamp.h"
+#include "system_monitor_lib/recorded/FileStamp_windows.h"
 
 #include <QDir>
 
 #include <windows.h>
+
+#include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -11,29 +14,49 @@ quint64 joined(DWORD high, DWORD low)
     return (quint64{high} << 32U) | low;
 }
 
-/// FILETIME counts 100 ns since 1601.
-qint64 nanosecondsSince1970(const FILETIME &time)
+qint64 nanoseconds(const FILETIME &time)
 {
-    constexpr qint64 ticksFrom1601To1970 = 116'444'736'000'000'000;
-    const auto ticks = static_cast<qint64>(joined(time.dwHighDateTime, time.dwLowDateTime));
-    return (ticks - ticksFrom1601To1970) * 100;
+    return nanosecondsSince1970(joined(time.dwHighDateTime, time.dwLowDateTime));
+}
+
+FileStamp stampOf(HANDLE file)
+{
+    FileStamp stamp;
+    stamp.kind = FileStamp::Kind::Other;
+    BY_HANDLE_FILE_INFORMATION data = {};
+    // Devices and pipes have no such information.
+    if (GetFileType(file) != FILE_TYPE_DISK || !GetFileInformationByHandle(file, &data))
+        return stamp;
+    if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+        stamp.kind = FileStamp::Kind::Regular;
+    stamp.size = static_cast<qint64>(joined(data.nFileSizeHigh, data.nFileSizeLow));
+    stamp.identity = joined(data.nFileIndexHigh, data.nFileIndexLow);
+    stamp.modifiedNs = nanoseconds(data.ftLastWriteTime);
+    stamp.changedNs = stamp.modifiedNs;
+    return stamp;
 }
 
 } // namespace
 
+qint64 nanosecondsSince1970(quint64 ticksSince1601)
+{
+    constexpr qint64 perTick = 100;
+    constexpr quint64 year1970 = 116'444'736'000'000'000;
+    constexpr quint64 mostTicks = std::numeric_limits<qint64>::max() / perTick;
+    const quint64 ticks = std::clamp(ticksSince1601, year1970 - mostTicks, year1970 + mostTicks);
+    return (static_cast<qint64>(ticks) - static_cast<qint64>(year1970)) * perTick;
+}
+
 FileStamp fileStamp(const QString &path)
 {
     const std::wstring nativePath = QDir::toNativeSeparators(path).toStdWString();
-    WIN32_FILE_ATTRIBUTE_DATA data = {};
-    if (GetFileAttributesExW(nativePath.c_str(), GetFileExInfoStandard, &data) == 0)
+    // A path by itself would tell of a link, an open file tells of its target.
+    constexpr DWORD everything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    HANDLE file = CreateFileW(nativePath.c_str(), FILE_READ_ATTRIBUTES, everything, nullptr,
+                              OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
         return {};
-    constexpr DWORD notRegular = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE;
-    FileStamp stamp;
-    stamp.kind = (data.dwFileAttributes & notRegular) == 0 ? FileStamp::Kind::Regular
-                                                           : FileStamp::Kind::Other;
-    stamp.size = static_cast<qint64>(joined(data.nFileSizeHigh, data.nFileSizeLow));
-    stamp.identity = joined(data.ftCreationTime.dwHighDateTime, data.ftCreationTime.dwLowDateTime);
-    stamp.modifiedNs = nanosecondsSince1970(data.ftLastWriteTime);
-    stamp.changedNs = stamp.modifiedNs;
+    const FileStamp stamp = stampOf(file);
+    CloseHandle(file);
     return stamp;
 }

@@ -17,8 +17,9 @@ bool isSettled(const FileStamp &stamp)
 {
     using namespace std::chrono;
     const nanoseconds now = system_clock::now().time_since_epoch();
-    const nanoseconds age = now - nanoseconds(stamp.changedNs);
-    return age > stampResolution || age < -stampResolution;
+    // Not the difference: the stamp may be as far from now as its type can be.
+    const nanoseconds changed(stamp.changedNs);
+    return changed < now - stampResolution || changed > now + stampResolution;
 }
 
 } // namespace

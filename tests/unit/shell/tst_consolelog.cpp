@@ -9,6 +9,10 @@
 #include <QtTest>
 
 #include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -60,6 +64,7 @@ class tst_ConsoleLog : public QObject
 private Q_SLOTS:
     void isOneObject();
     void printsEveryMessageUntilClosed();
+    void failedAttemptIsNotRepeated_data();
     void failedAttemptIsNotRepeated();
     void interruptKeepsItsDefaultCourse();
 
@@ -101,16 +106,36 @@ void tst_ConsoleLog::printsEveryMessageUntilClosed()
     QVERIFY(!QFile::exists(QStringLiteral("output.txt")));
 }
 
+void tst_ConsoleLog::failedAttemptIsNotRepeated_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<bool>("isRead");
+    QTest::newRow("folder") << QStringLiteral("mkdir debug-console.txt") << false;
+    QTest::newRow("link") << QStringLiteral("ln -s elsewhere debug-console.txt") << false;
+    const QString makePipe = QStringLiteral("mkfifo debug-console.txt");
+    QTest::newRow("pipe that nobody reads") << makePipe << false;
+    QTest::newRow("pipe") << makePipe << true;
+}
+
 void tst_ConsoleLog::failedAttemptIsNotRepeated()
 {
+    QFETCH(QString, command);
+    QFETCH(bool, isRead);
     const TemporaryWorkingDirectory directory;
-    QVERIFY(QDir().mkdir(QStringLiteral("debug-console.txt")));
+    QCOMPARE(std::system(qPrintable(command)), 0);
+    // Such an opening does not wait for a writer.
+    const int reader = isRead ? open("debug-console.txt", O_RDWR | O_CLOEXEC) : -1;
+    const auto closeReader = qScopeGuard([reader] { close(reader); });
     QProcess process;
     runDetached(process, "no-console");
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitCode(), 0);
     const QString errors = QString::fromUtf8(process.readAllStandardError());
     QVERIFY(errors.endsWith(QStringLiteral("\"尝试打开控制台...\"\n")));
+    QVERIFY(!QFile::exists(QStringLiteral("elsewhere")));
+    int written = 0;
+    QVERIFY(!isRead || ioctl(reader, FIONREAD, &written) == 0);
+    QCOMPARE(written, 0);
 }
 
 void tst_ConsoleLog::interruptKeepsItsDefaultCourse()

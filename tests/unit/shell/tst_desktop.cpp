@@ -23,9 +23,11 @@ void tst_Desktop::choosesThePlatform_data()
     QTest::newRow("no display") << unset << unset << unset << offscreen;
     QTest::newRow("empty displays") << empty << empty << unset << offscreen;
     QTest::newRow("nothing chosen") << unset << unset << empty << offscreen;
-    QTest::newRow("X") << QByteArray(":0") << unset << unset << unset;
-    QTest::newRow("Wayland") << unset << QByteArray("wayland-0") << unset << unset;
-    QTest::newRow("both") << QByteArray(":0") << QByteArray("wayland-0") << unset << unset;
+    QTest::newRow("X") << QByteArray(":0") << unset << unset << QByteArray("xcb;offscreen");
+    QTest::newRow("Wayland") << unset << QByteArray("wayland-0") << unset
+                             << QByteArray("wayland;offscreen");
+    QTest::newRow("both") << QByteArray(":0") << QByteArray("wayland-0") << empty
+                          << QByteArray("wayland;xcb;offscreen");
     QTest::newRow("chosen") << unset << unset << QByteArray("minimal") << QByteArray("minimal");
     QTest::newRow("chosen on a display")
         << QByteArray(":0") << unset << QByteArray("minimal") << QByteArray("minimal");
@@ -45,8 +47,6 @@ void tst_Desktop::choosesThePlatform()
 
     desktop::choosePlatform();
     QTEST(qgetenv("QT_QPA_PLATFORM"), "after");
-    QFETCH(QByteArray, after);
-    QCOMPARE(qEnvironmentVariableIsSet("QT_QPA_PLATFORM"), !after.isNull());
 }
 
 QTEST_APPLESS_MAIN(tst_Desktop)

@@ -8,16 +8,23 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <array>
+#include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace {
 
 const char *const hideYourself = "hide-yourself";
 const char *const endTheHidden = "end-the-hidden";
+const char *const endInASandbox = "end-in-a-sandbox";
 const char *const hiddenName = "a hidden one";
 
 QString nameInSnapshot(qint64 id)
@@ -65,8 +72,31 @@ bool becomeAnyone()
     if (!becomeAnyone())
         say("refused");
     const QString name = nameInSnapshot(id);
-    const bool ended = processes::terminate({id, name});
+    // A name that cannot be read is none, which is not the same as an empty one.
+    const bool ended = processes::terminate({id, name}) || processes::terminate({id, QString()});
     say(name.toUtf8() + (ended ? ": ended" : ": spared"));
+}
+
+/// Has the system refuse a call with an error from here on.
+bool forbid(unsigned call, unsigned error)
+{
+    std::array<sock_filter, 4> filter{{
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, call, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | error),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    }};
+    const sock_fprog program{filter.size(), filter.data()};
+    return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+           prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+}
+
+/// Where the system call \a call fails with \a error, ends the process \a id if it has this name.
+[[noreturn]] void endWithout(unsigned call, unsigned error, qint64 id, const QString &name)
+{
+    if (!forbid(call, error))
+        say("refused");
+    say(processes::terminate({id, name}) ? "ended" : "spared");
 }
 
 } // namespace
@@ -88,6 +118,8 @@ private Q_SLOTS:
     void sparesAProcessOfAnotherName();
     void sparesAProcessThatHidesItsExecutable();
     void cannotEndWhatHasEnded();
+    void endsWhereDescriptorsAreRefused_data();
+    void endsWhereDescriptorsAreRefused();
 
 private:
     void start(const QString &name);
@@ -200,6 +232,52 @@ void tst_Processes::cannotEndWhatHasEnded()
     QCOMPARE(nameInSnapshot(process.id), QString());
 }
 
+void tst_Processes::endsWhereDescriptorsAreRefused_data()
+{
+    QTest::addColumn<int>("call");
+    QTest::addColumn<int>("error");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("outcome");
+    const QString name = QStringLiteral("running");
+    const QByteArray ended("ended");
+    QTest::newRow("old kernel") << SYS_pidfd_open << ENOSYS << name << ended;
+    QTest::newRow("sandbox") << SYS_pidfd_open << EPERM << name << ended;
+    QTest::newRow("no descriptor free") << SYS_pidfd_open << EMFILE << name << ended;
+    QTest::newRow("sandbox that forbids the signal")
+        << SYS_pidfd_send_signal << EPERM << name << ended;
+    // What looks as if the process had ended is believed: another may have its number.
+    const QByteArray spared("spared");
+    QTest::newRow("gone") << SYS_pidfd_open << ESRCH << name << spared;
+    QTest::newRow("gone before the signal") << SYS_pidfd_send_signal << ESRCH << name << spared;
+    QTest::newRow("another name") << SYS_pidfd_open << EPERM << QStringLiteral("another") << spared;
+    QTest::newRow("no name") << SYS_pidfd_open << EPERM << QString() << spared;
+}
+
+void tst_Processes::endsWhereDescriptorsAreRefused()
+{
+    QFETCH(int, call);
+    QFETCH(int, error);
+    QFETCH(QString, name);
+    QFETCH(QByteArray, outcome);
+    const QString real = QStringLiteral("running");
+    start(real);
+    QTRY_COMPARE(nameInSnapshot(m_process.processId()), real);
+
+    QProcess other;
+    other.start(QCoreApplication::applicationFilePath(),
+                {QString::fromLatin1(endInASandbox), QString::number(call), QString::number(error),
+                 QString::number(m_process.processId()), name});
+    QVERIFY(other.waitForFinished());
+    const QByteArray answer = other.readAll();
+    if (answer == "refused")
+        QSKIP("This machine forbids to forbid system calls");
+    QCOMPARE(answer, outcome);
+    if (outcome == "ended")
+        QVERIFY(m_process.waitForFinished());
+    else
+        QCOMPARE(nameInSnapshot(m_process.processId()), real);
+}
+
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
@@ -208,6 +286,9 @@ int main(int argc, char **argv)
         hide();
     if (mode == endTheHidden)
         endHidden(QByteArray(argv[2]).toLongLong());
+    if (mode == endInASandbox)
+        endWithout(QByteArray(argv[2]).toUInt(), QByteArray(argv[3]).toUInt(),
+                   QByteArray(argv[4]).toLongLong(), QString::fromLocal8Bit(argv[5]));
     tst_Processes test;
     return QTest::qExec(&test, argc, argv);
 }

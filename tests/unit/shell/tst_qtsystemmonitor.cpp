@@ -3,24 +3,22 @@
 #include "SDK/ConnectionManager.h"
 #include "SDK/PluginLauncher.h"
 #include "sensors/systemInfor.h"
-#include "shell/ConsoleLog.h"
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/MessageCapture.h"
 #include "tests/support/TemporaryWorkingDirectory.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QElapsedTimer>
-#include <QProcess>
+#include <QTimer>
 #include <QWebSocketServer>
+#include <QWindow>
 #include <QtTest>
 
 #include <cstdlib>
-#include <memory>
 #include <vector>
 
 namespace {
-
-const char *const pressTheHotKey = "press-the-hot-key";
 
 /// Losing the host ends the process with status 0, which must not pass for a test that has passed.
 bool finished = false;
@@ -36,17 +34,6 @@ QString quoted(const char *text)
     return MessageCapture::quoted(QString::fromUtf8(text));
 }
 
-/// The hot key pressed in a process of its own that has no terminal.
-int pressHotKeys()
-{
-    QtSystemMonitor window;
-    const bool other = window.handleHotKey(2);
-    const bool openAfterOther = ConsoleLog::isOpen();
-    const bool first = window.handleHotKey(1);
-    const bool second = window.handleHotKey(1);
-    return !other && !openAfterOther && first && second && ConsoleLog::isOpen() ? 0 : 1;
-}
-
 } // namespace
 
 class tst_QtSystemMonitor : public QObject
@@ -59,7 +46,8 @@ private Q_SLOTS:
 
     void startsOnceAfterAFailedStart();
     void otherNativeMessagesGoToTheWidget();
-    void hotKeyOpensOneConsole();
+    void closingTheWindowEndsNothing();
+    void isNotAskedWhenASessionEnds();
 
 private:
     static bool start(QtSystemMonitor &window, QList<QByteArray> arguments);
@@ -143,30 +131,44 @@ void tst_QtSystemMonitor::otherNativeMessagesGoToTheWidget()
     QCOMPARE(MessageCapture::messages(), QStringList());
 }
 
-void tst_QtSystemMonitor::hotKeyOpensOneConsole()
+void tst_QtSystemMonitor::closingTheWindowEndsNothing()
 {
-    const TemporaryWorkingDirectory directory;
-    QProcess process;
-    process.start(QStringLiteral("setsid"),
-                  {QCoreApplication::applicationFilePath(), QString::fromLatin1(pressTheHotKey)});
-    QVERIFY(process.waitForFinished());
-    QCOMPARE(process.exitCode(), 0);
-    const QString before = QString::fromUtf8(process.readAllStandardError());
-    QVERIFY(before.endsWith(QStringLiteral("\"outPutName: output.txt\"\n"
-                                           "\"nativeEvent Ctrl+Backspace pressed!\"\n"
-                                           "\"尝试打开控制台...\"\n")));
-    QCOMPARE(QString::fromUtf8(directory.content(QStringLiteral("debug-console.txt"))),
-             QStringLiteral("\"child window open\"\n"
-                            "\"打开控制台完成\"\n"
-                            "\"nativeEvent Ctrl+Backspace pressed!\"\n"));
+    constexpr int endedByTest = 7;
+    QtSystemMonitor window;
+    window.hide();
+    QTimer::singleShot(0, &window, [&window] {
+        // As a window system asks for it.
+        QCloseEvent event;
+        QCoreApplication::sendEvent(window.windowHandle(), &event);
+        QTimer::singleShot(100, &window, [] { QCoreApplication::exit(endedByTest); });
+    });
+    QCOMPARE(QApplication::exec(), endedByTest);
+    // Its native window still takes messages.
+    QVERIFY(window.windowHandle()->handle());
 }
 
-int main(int argc, char **argv)
+void tst_QtSystemMonitor::isNotAskedWhenASessionEnds()
 {
-    QApplication application(argc, argv);
-    if (argc == 2 && qstrcmp(argv[1], pressTheHotKey) == 0)
-        return pressHotKeys();
-    tst_QtSystemMonitor test;
-    return QTest::qExec(&test, argc, argv);
+    class Window : public QtSystemMonitor
+    {
+    public:
+        int asked = 0;
+
+    protected:
+        void closeEvent(QCloseEvent *event) override
+        {
+            ++asked;
+            QtSystemMonitor::closeEvent(event);
+        }
+    };
+    Window window;
+    window.hide();
+    // A window that refuses would stop the end of the session.
+    QApplication::closeAllWindows();
+    QCOMPARE(window.asked, 0);
+    window.close();
+    QCOMPARE(window.asked, 1);
 }
+
+QTEST_MAIN(tst_QtSystemMonitor)
 #include "tst_qtsystemmonitor.moc"
