@@ -207,7 +207,7 @@ QJsonDocument parseJson(const QByteArray &text, QJsonParseError *error)
 {
     const QByteArray blanked = RepeatedMembers(text).blanked();
     QJsonParseError fault{};
-    const QJsonDocument document = QJsonDocument::fromJson(blanked, &fault);
+    QJsonDocument document = QJsonDocument::fromJson(blanked, &fault);
     if (error) {
         *error = fault;
         if (fault.error != QJsonParseError::NoError)
