@@ -1,9 +1,8 @@
 #include "SDK/LanguageUtilities.h"
 
-#include "json/ParseJson.h"
-
 #include <QDebug>
 #include <QFile>
+#include <QJsonDocument>
 #include <QJsonObject>
 
 namespace {
@@ -51,7 +50,7 @@ void LanguageUtilities::LoadLanguages()
                                .arg(file.fileName(), file.errorString());
             continue;
         }
-        m_translations.insert(code, textsOf(parseJson(file.readAll()).object()));
+        m_translations.insert(code, textsOf(QJsonDocument::fromJson(file.readAll()).object()));
     }
 }
 

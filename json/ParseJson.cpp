@@ -182,9 +182,36 @@ private:
     int m_at = 0;
 };
 
+bool isBlank(char character)
+{
+    return character == ' ' || character == '\t' || character == '\n' || character == '\r';
+}
+
+/// Where the fault at \a offset of \a blanked lies in \a text. The framework names the first letter
+/// behind a mark that is at fault, and goes over what is blank only there.
+int offsetIn(const QByteArray &text, const QByteArray &blanked, int offset)
+{
+    if (offset > text.size()) // A fault at the end may lie beyond it.
+        return offset;
+    int place = offset;
+    while (place > 0 && isBlank(blanked.at(place - 1)))
+        --place;
+    while (place < offset && isBlank(text.at(place)))
+        ++place;
+    return place;
+}
+
 } // namespace
 
 QJsonDocument parseJson(const QByteArray &text, QJsonParseError *error)
 {
-    return QJsonDocument::fromJson(RepeatedMembers(text).blanked(), error);
+    const QByteArray blanked = RepeatedMembers(text).blanked();
+    QJsonParseError fault{};
+    QJsonDocument document = QJsonDocument::fromJson(blanked, &fault);
+    if (error) {
+        *error = fault;
+        if (fault.error != QJsonParseError::NoError)
+            error->offset = offsetIn(text, blanked, fault.offset);
+    }
+    return document;
 }

@@ -1,6 +1,7 @@
 #include "sensors/services/BlockingWebSocketClient.h"
 
 #include "SDK/Logger/Logger.h"
+#include "sensors/services/BoundedWebSocket.h"
 
 #include <QEventLoop>
 #include <QTimer>
@@ -8,6 +9,13 @@
 #include <QWebSocket>
 
 #include <chrono>
+
+namespace {
+
+/// Bytes of what nobody reads.
+constexpr quint64 longestMessage = 64ULL * 1024;
+
+} // namespace
 
 BlockingWebSocketClient::BlockingWebSocketClient(const QUrl &url, unsigned timeoutMs,
                                                  QObject *parent)
@@ -40,7 +48,7 @@ void BlockingWebSocketClient::attempt(const QUrl &url)
     connect(socket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), &loop,
             &QEventLoop::quit, Qt::QueuedConnection);
     timer.start(std::chrono::milliseconds(timeout));
-    socket->open(url);
+    openBounded(*socket, url, longestMessage);
     loop.exec();
 
     connected = socket->state() == QAbstractSocket::ConnectedState;

@@ -8,7 +8,7 @@ class QWebSocket;
 
 /// One WebSocket connection whose outcome is known when the constructor returns. It sends nothing;
 /// an established connection is held until the object is destroyed, which closes it with the code
-/// for normal closure.
+/// for normal closure. A frame or message of more than 64 KiB ends it before.
 class BlockingWebSocketClient : public QObject
 {
     Q_OBJECT

@@ -71,7 +71,7 @@ QJsonObject IoLocalSocket::fetch()
         return {};
     }
     const QByteArray reply = socket->readAll();
-    LogDebug(labelled("收到响应: ", QString::fromUtf8(reply)));
+    LogDebug(labelled("收到响应: ", QString::fromUtf8(reply.constData(), reply.size())));
     return parseServiceReply(reply);
 }
 

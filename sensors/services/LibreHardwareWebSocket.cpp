@@ -1,6 +1,7 @@
 #include "sensors/services/LibreHardwareWebSocket.h"
 
 #include "SDK/Logger/Logger.h"
+#include "sensors/services/BoundedWebSocket.h"
 #include "sensors/services/ServeConfig.h"
 #include "json/ParseJson.h"
 
@@ -20,6 +21,9 @@ constexpr int noPort = -1;
 
 /// Far above any real configuration; what is longer is cut.
 constexpr qint64 longestFile = 1024LL * 1024;
+
+/// Bytes of a reply: some thirty times that of a machine of a thousand sensors.
+constexpr quint64 longestReply = 4ULL * 1024 * 1024;
 
 constexpr int attemptCount = 3;
 constexpr int attemptTimeoutMs = 3000;
@@ -99,7 +103,7 @@ bool LibreHardwareWebSocket::connectWithRetries(int attempts, int timeoutMs)
         QEventLoop loop;
         connect(&socket, &QWebSocket::connected, &loop, &QEventLoop::quit);
         QTimer::singleShot(timeoutMs, &loop, &QEventLoop::quit);
-        socket.open(url);
+        openBounded(socket, url, longestReply);
         loop.exec();
         if (isConnected()) {
             LogDebug(QStringLiteral("WebSocket 连接成功"));
@@ -120,7 +124,7 @@ QJsonObject LibreHardwareWebSocket::request(const QByteArray &text)
     waiting = true;
     lastMessage.clear();
     result = {};
-    socket.sendTextMessage(QString::fromUtf8(text));
+    socket.sendTextMessage(QString::fromUtf8(text.constData(), text.size()));
 
     QTimer timer;
     timer.setSingleShot(true);

@@ -9,7 +9,8 @@
 /// The client of the local hardware-information service: one WebSocket connection to 127.0.0.1 and
 /// blocking requests over it. Waits run nested event loops on the calling thread, so a request must
 /// not be started from a handler that runs inside one. There is no reconnection of its own: the
-/// next request or setPort connects again.
+/// next request or setPort connects again. A frame or message of more than 4 MiB ends the
+/// connection unread.
 class LibreHardwareWebSocket : public QObject
 {
     Q_OBJECT

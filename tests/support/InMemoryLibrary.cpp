@@ -15,6 +15,7 @@ void InMemoryLibrary::reset()
     gpuInfo = {};
     networkInfo = {};
     smartInfo = {};
+    laterSmartInfos.clear();
     presentMon = {};
     allSensors = {};
     canBeCreated = true;
@@ -109,7 +110,10 @@ QJsonObject VqSystemMonitorLib::getNetworkInfo()
 QJsonObject VqSystemMonitorLib::getSMARTInfo()
 {
     InMemoryLibrary::queries.append(QStringLiteral("getSMARTInfo"));
-    return InMemoryLibrary::smartInfo;
+    const QJsonObject answer = InMemoryLibrary::smartInfo;
+    if (!InMemoryLibrary::laterSmartInfos.isEmpty())
+        InMemoryLibrary::smartInfo = InMemoryLibrary::laterSmartInfos.takeFirst();
+    return answer;
 }
 
 QJsonObject VqSystemMonitorLib::getPresentMon()

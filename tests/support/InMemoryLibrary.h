@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QJsonObject>
+#include <QList>
 #include <QStringList>
 
 /// What the substitute for the system-monitor library answers and what was asked of it. Tests
@@ -14,6 +15,8 @@ struct InMemoryLibrary
     static inline QJsonObject gpuInfo;
     static inline QJsonObject networkInfo;
     static inline QJsonObject smartInfo;
+    /// Each replaces smartInfo when that has been asked for once more.
+    static inline QList<QJsonObject> laterSmartInfos;
     static inline QJsonObject presentMon;
     static inline QJsonObject allSensors;
 

@@ -67,6 +67,8 @@ void tst_LanguageUtilities::loadingTwiceAppendsTheCodesAgain()
     utilities.LoadLanguages();
     QCOMPARE(utilities.languages().size(), 26);
     QCOMPARE(utilities.languages().mid(13), utilities.languages().mid(0, 13));
+    // The second time it loads each of the 26 codes: 11 reports, then 22.
+    QCOMPARE(MessageCapture::criticalMessages().size(), 33);
     utilities.SetLanguage(QStringLiteral("zh_CN"));
     QCOMPARE(volumeIn(utilities), QStringLiteral("音量"));
 }

@@ -60,6 +60,9 @@ void tst_ParseJson::readsLikeTheFramework_data()
     row("fault between, third time", R"({"a":1,x"a":2,"a":3})");
     row("fault behind", R"({"a":1,"a":2 x})");
     row("no end, again", R"({"a":1,"a":2)");
+    row("object without a comma before it, again", R"(["x"{"a":1,"a":2}])");
+    row("the same, blanks and several", "[null { \n\"a\":1 , \"a\":2,\t\"a\":3}]");
+    row("object without a comma behind it, again", R"([{"a":1,"a":2}"x"])");
     row("comma at last, again", R"({"a":1,"a":2,})");
     row("invalid UTF-8, again", "{\"a\":\"\xff\",\"a\":1}");
     row("invalid UTF-8 as a name, again", "{\"\xff\":1,\"\xfe\":2}");

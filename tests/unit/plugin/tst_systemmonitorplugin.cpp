@@ -81,6 +81,7 @@ private Q_SLOTS:
     void endsTheLoopInAnotherMode();
     void passWithoutAHostOnlyRefreshes();
     void passesRunEverySecond();
+    void passesRunPrecisely();
     void sessionEndStopsTheLibraryAndTheProcess_data();
     void sessionEndStopsTheLibraryAndTheProcess();
 
@@ -373,7 +374,8 @@ void tst_SystemMonitorPlugin::loopsOverTheDrives()
 void tst_SystemMonitorPlugin::settingsStartTheLoopAnew()
 {
     m_plugin = std::make_unique<SystemMonitorPlugin>();
-    systemInfor::DriveRoots = QStringList{QStringLiteral("/"), QStringLiteral("/home")};
+    systemInfor::DriveRoots =
+        QStringList{QStringLiteral("/"), QStringLiteral("/home"), QStringLiteral("/data")};
     plugin().WillAppearForAction(diskUuid, context, diskSettings("Disk_Loop", 1), QString());
     plugin().DidReceiveSettings(diskUuid, context, diskSettings("Disk_Loop", 1), QString());
     plugin().DidReceiveSettings(diskUuid, context, diskSettings("Disk_Loop", 7), QString());
@@ -420,6 +422,16 @@ void tst_SystemMonitorPlugin::passesRunEverySecond()
     timer.start();
     QTRY_COMPARE(MessageCapture::count(quoted("updateImages")), 2);
     QVERIFY(timer.elapsed() >= 1900);
+}
+
+void tst_SystemMonitorPlugin::passesRunPrecisely()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    const auto timers = plugin().findChildren<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
+    QCOMPARE(timers.size(), 1);
+    QCOMPARE(timers.constFirst()->interval(), 1000);
+    QCOMPARE(timers.constFirst()->timerType(), Qt::PreciseTimer);
+    QVERIFY(timers.constFirst()->isActive());
 }
 
 void tst_SystemMonitorPlugin::sessionEndStopsTheLibraryAndTheProcess_data()

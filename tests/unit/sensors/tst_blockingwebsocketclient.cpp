@@ -1,5 +1,8 @@
 #include "sensors/services/BlockingWebSocketClient.h"
 #include "tests/support/MessageCapture.h"
+#include "tests/support/PeakMemory.h"
+#include "tests/support/RawWebSocketService.h"
+#include "tests/support/Sanitizers.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -18,11 +21,14 @@ class tst_BlockingWebSocketClient : public QObject
 
 private Q_SLOTS:
     void connectsAndClosesNormally();
+    void sendsNothingButACloseFrame();
     void returnsEarlyWhenRefused();
     void returnsEarlyForAnAddressThatIsNone();
     void givesUpOnASilentListener();
     void failsOnAListenerThatHangsUp();
     void deliversOtherEventsMeanwhile();
+    void takesLittleOfAFlood_data();
+    void takesLittleOfAFlood();
 
 private:
     static QUrl url(quint16 port) { return QUrl(QStringLiteral("ws://127.0.0.1:%1").arg(port)); }
@@ -54,6 +60,22 @@ void tst_BlockingWebSocketClient::connectsAndClosesNormally()
     QCOMPARE(peer->closeCode(), QWebSocketProtocol::CloseCodeNormal);
     QCOMPARE(peer->closeReason(), QString());
     QCOMPARE(messages.size(), 0);
+}
+
+void tst_BlockingWebSocketClient::sendsNothingButACloseFrame()
+{
+    const MessageCapture capture;
+    const RawWebSocketService service;
+    auto client = std::make_unique<BlockingWebSocketClient>(url(service.port()), 30000U);
+    QVERIFY(client->isConnected());
+    client.reset();
+    QTRY_VERIFY(service.isForsaken());
+    // A whole close frame, masked, of two bytes: a code without a reason.
+    const QByteArray frame = service.received();
+    QCOMPARE(frame.size(), 8);
+    QCOMPARE(frame.left(2), QByteArray("\x88\x82"));
+    const QByteArray code{1, static_cast<char>(frame.at(6) ^ frame.at(2))};
+    QCOMPARE(code + static_cast<char>(frame.at(7) ^ frame.at(3)), QByteArray("\x03\xe8")); // 1000
 }
 
 void tst_BlockingWebSocketClient::returnsEarlyWhenRefused()
@@ -119,6 +141,48 @@ void tst_BlockingWebSocketClient::deliversOtherEventsMeanwhile()
     const MessageCapture capture;
     const BlockingWebSocketClient client(url(silent.serverPort()), 100);
     QVERIFY(delivered);
+}
+
+void tst_BlockingWebSocketClient::takesLittleOfAFlood_data()
+{
+    QTest::addColumn<bool>("shakesHands");
+    QTest::addColumn<QByteArray>("begin");
+    QTest::addColumn<QByteArray>("part");
+    const QByteArray megabyte(1024 * 1024, 'x');
+    const QByteArray nothing;
+    QTest::newRow("one frame") << true << RawWebSocketService::header('\x81', 400 * megabyte.size())
+                               << megabyte;
+    const QByteArray fragment = megabyte.left(64 * 1024);
+    QTest::newRow("fragments without end")
+        << true << RawWebSocketService::header('\x01', fragment.size()) + fragment
+        << RawWebSocketService::header('\0', fragment.size()) + fragment;
+    QTest::newRow("a handshake without end") << false << nothing << megabyte;
+}
+
+void tst_BlockingWebSocketClient::takesLittleOfAFlood()
+{
+    QFETCH(bool, shakesHands);
+    QFETCH(QByteArray, begin);
+    QFETCH(QByteArray, part);
+    constexpr qint64 total = 400LL * 1024 * 1024;
+    constexpr qint64 little = 32LL * 1024 * 1024;
+    const int parts = static_cast<int>(total / part.size());
+    const MessageCapture capture;
+    RawWebSocketService service;
+    if (!shakesHands)
+        service.sendInsteadOfAHandshake(part, parts);
+    const qint64 before = peakMemory();
+    QVERIFY(before > 0);
+    const BlockingWebSocketClient client(url(service.port()), shakesHands ? 30000 : 1000);
+    QCOMPARE(client.isConnected(), shakesHands);
+    if (shakesHands) {
+        service.send(begin, part, parts);
+        QTRY_VERIFY(service.isForsaken());
+    }
+    QVERIFY2(service.taken() < little, qPrintable(QString::number(service.taken())));
+    const qint64 more = peakMemory() - before;
+    if (!isSanitized) // Else freed memory is held back.
+        QVERIFY2(more < little, qPrintable(QString::number(more)));
 }
 
 QTEST_GUILESS_MAIN(tst_BlockingWebSocketClient)

@@ -93,6 +93,7 @@ class tst_IoLocalSocket : public QObject
 private Q_SLOTS:
     void doesNothingWithoutTheSwitch();
     void fetchesWithTheSwitch();
+    void logsAReplyWhole();
     void readsWhatHasCome_data();
     void readsWhatHasCome();
     void reportsASilentService();
@@ -124,6 +125,18 @@ void tst_IoLocalSocket::fetchesWithTheSwitch()
                           quoted(QStringLiteral("收到响应: ") + reply),
                           quoted(QStringLiteral("alldatajson: {\n    \"code\": 0,\n    \"result\": "
                                                 "{\n        \"a\": 1\n    }\n}\n"))}));
+}
+
+void tst_IoLocalSocket::logsAReplyWhole()
+{
+    const QByteArray reply = QByteArrayLiteral("{\"a\0b\":1}");
+    const Service service(Service::Answer::Reply, reply);
+    const MessageCapture capture;
+    ImpatientClient client(1);
+    client.connectToService();
+    QCOMPARE(client.fetch().size(), 1);
+    const QString text = QString::fromLatin1(reply.constData(), reply.size());
+    QCOMPARE(MessageCapture::messages().constLast(), quoted(QStringLiteral("收到响应: ") + text));
 }
 
 void tst_IoLocalSocket::readsWhatHasCome_data()

@@ -1,6 +1,9 @@
 #include "sensors/services/LibreHardwareWebSocket.h"
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/MessageCapture.h"
+#include "tests/support/PeakMemory.h"
+#include "tests/support/RawWebSocketService.h"
+#include "tests/support/Sanitizers.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -15,6 +18,9 @@
 #include <memory>
 
 namespace {
+
+/// Bytes of the longest frame or message that the client takes.
+constexpr int longestReply = 4 * 1024 * 1024;
 
 const QByteArray request = R"({"method":"getAllSensorsData"})";
 
@@ -64,6 +70,9 @@ private Q_SLOTS:
     void reconnectsForARequest();
     void givesUpWhenTheServiceDies();
     void changesThePort();
+    void takesLittleOfAFlood_data();
+    void takesLittleOfAFlood();
+    void takesALongReply();
     void threeAttemptsWhenTheServiceIsDown();
     void errorIsAWarning();
 
@@ -289,6 +298,56 @@ void tst_LibreHardwareWebSocket::changesThePort()
     other.replies = QStringList{QStringLiteral(R"({"result":{"other":1}})")};
     QVERIFY(client.request(request).contains(QStringLiteral("other")));
     QCOMPARE(other.connections, 1);
+}
+
+void tst_LibreHardwareWebSocket::takesALongReply()
+{
+    LibreHardwareWebSocket client(false);
+    const QString frame = QStringLiteral(R"({"result":{"a":"%1"}})");
+    const int letters = longestReply - frame.size() + 2;
+    m_service->replies = QStringList{frame.arg(QString(letters, QLatin1Char('x')))};
+    QCOMPARE(m_service->replies.constFirst().size(), longestReply);
+    QCOMPARE(client.request(request).value(QLatin1String("a")).toString().size(), letters);
+}
+
+void tst_LibreHardwareWebSocket::takesLittleOfAFlood_data()
+{
+    QTest::addColumn<QByteArray>("begin");
+    QTest::addColumn<QByteArray>("part");
+    const QByteArray megabyte(1024 * 1024, 'x');
+    const auto header = RawWebSocketService::header;
+    QTest::newRow("one frame") << header('\x81', 400 * megabyte.size()) << megabyte;
+    QTest::newRow("one binary frame") << header('\x82', 400 * megabyte.size()) << megabyte;
+    QTest::newRow("one byte too much") << header('\x81', longestReply + 1) << megabyte;
+    QTest::newRow("fragments without end")
+        << header('\x01', megabyte.size()) + megabyte << header('\0', megabyte.size()) + megabyte;
+}
+
+void tst_LibreHardwareWebSocket::takesLittleOfAFlood()
+{
+    QFETCH(QByteArray, begin);
+    QFETCH(QByteArray, part);
+    constexpr qint64 little = 48LL * 1024 * 1024;
+    LibreHardwareWebSocket client(false);
+    RawWebSocketService service;
+    client.setPort(service.port());
+    const qint64 before = peakMemory();
+    QVERIFY(before > 0);
+    QElapsedTimer timer;
+    timer.start();
+    service.send(begin, part, 400);
+    QTRY_VERIFY(service.isForsaken());
+    // The framework would wait five seconds for the rest of a frame that is too long for its
+    // buffer.
+    QVERIFY2(timer.elapsed() < 4000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY2(service.taken() < little, qPrintable(QString::number(service.taken())));
+    const qint64 more = peakMemory() - before;
+    if (!isSanitized) // Else freed memory is held back.
+        QVERIFY2(more < little, qPrintable(QString::number(more)));
+
+    client.setPort(m_service->port());
+    m_service->replies = QStringList{QStringLiteral(R"({"result":{"n":1}})")};
+    QCOMPARE(client.request(request).size(), 1);
 }
 
 void tst_LibreHardwareWebSocket::threeAttemptsWhenTheServiceIsDown()

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void takesGraphicsOfTheEnhancedTree();
     void storesNetwork();
     void storesDriveTemperatures();
+    void takesDriveTemperaturesOfTheSecondAnswer();
     void storesSensorLists();
     void storesDrivesAndAudio();
     void replacesTheListsOfDrives();
@@ -194,6 +195,16 @@ void tst_SensorRefresh::storesDriveTemperatures()
              (QList<QPair<QString, int>>{{QStringLiteral("sda"), 40}, {QStringLiteral("sdb"), 0}}));
 }
 
+void tst_SensorRefresh::takesDriveTemperaturesOfTheSecondAnswer()
+{
+    const QJsonObject first = json(R"({"sda":{"Drive Temperature":[{"value":40}]}})");
+    InMemoryLibrary::smartInfo = first;
+    InMemoryLibrary::laterSmartInfos = {json(R"({"sda":{"Drive Temperature":[{"value":41}]}})")};
+    refresh();
+    QCOMPARE(Info::SmartInfo, first);
+    QCOMPARE(Info::DriveTemperatureList, (QList<QPair<QString, int>>{{QStringLiteral("sda"), 41}}));
+}
+
 void tst_SensorRefresh::storesSensorLists()
 {
     InMemoryLibrary::allSensors = json(R"({"Board":{"CPU Fan":[{"value":1200,"units":"RPM"}],
@@ -207,7 +218,12 @@ void tst_SensorRefresh::storesSensorLists()
     QCOMPARE(Info::AIOPump, QStringLiteral("1850RPM"));
     QCOMPARE(Info::CpuFanList,
              (Info::SensorTexts{{QStringLiteral("CPU Fan"), QStringLiteral("1200RPM")}}));
-    QVERIFY(Info::SensorList.contains({QStringLiteral("Framerate"), QStringLiteral("60FPS")}));
+    // The frame rates stand in the whole tree, and come once more behind it.
+    QCOMPARE(Info::SensorList,
+             (Info::SensorTexts{{QStringLiteral("Framerate"), QStringLiteral("60FPS")},
+                                {QStringLiteral("AIO Pump"), QStringLiteral("1850RPM")},
+                                {QStringLiteral("CPU Fan"), QStringLiteral("1200RPM")},
+                                {QStringLiteral("Framerate"), QStringLiteral("60FPS")}}));
 }
 
 void tst_SensorRefresh::storesDrivesAndAudio()

@@ -1,0 +1,43 @@
+#include "fuzz/FuzzSupport.h"
+#include "json/ParseJson.h"
+
+// Any JSON reads as the framework itself reads it, with the same faults at the same places. That
+// never frees what it passes over; leaks are the matter of the target json.
+
+namespace {
+
+/// So that what the framework leaks does not fill the memory of a long run.
+constexpr int longest = 128;
+
+void compare(const QByteArray &text)
+{
+    QJsonParseError error{};
+    QJsonParseError expected{};
+    const QJsonDocument document = parseJson(text, &error);
+    fuzz::require(document == QJsonDocument::fromJson(text, &expected));
+    fuzz::require(error.error == expected.error);
+    fuzz::require(error.offset == expected.offset);
+}
+
+} // namespace
+
+extern "C" const char *__asan_default_options() // NOLINT(bugprone-reserved-identifier)
+{
+    return "detect_leaks=0";
+}
+
+extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
+{
+    fuzz::silence();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const QByteArray input = fuzz::bytesOf(data, size).left(longest);
+    compare(input);
+    // A whole document would be leaked each time.
+    if (parseJson(input).isNull())
+        compare(R"({"a":)" + input + R"(,"a":[1]})");
+    return 0;
+}
