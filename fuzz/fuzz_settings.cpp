@@ -29,7 +29,7 @@ void answer(normalAction &key, const QJsonObject &payload, SettingsOccasion occa
     VqSystemMonitorLib library(false, nullptr);
     const QJsonObject settings = payload.value(QLatin1String("settings")).toObject();
     key.applySettings(payload);
-    applySelections(key, settings, occasion);
+    applySelections(key, occasion);
     key.driveIndex = diskkey::chosenDrive(key);
     fuzz::require(diskkey::switchInterval(key.switchFrequency).count() > 0);
     paint(key);

@@ -2,10 +2,8 @@
 
 #include "plugin/SettingsReply.h"
 
-#include <QJsonObject>
-
 class normalAction;
 
-/// Sets the sensor, fan or disk that \a key shows, as its kind has one: the one that \a settings
+/// Sets the sensor, fan or disk that \a key shows, as its kind has one: the one that its settings
 /// name, else the first of the list. Without either it is empty.
-void applySelections(normalAction &key, const QJsonObject &settings, SettingsOccasion occasion);
+void applySelections(normalAction &key, SettingsOccasion occasion);

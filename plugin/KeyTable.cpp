@@ -20,9 +20,7 @@ using Info = systemInfor;
 
 int inChosenUnit(int celsius, const normalAction &key)
 {
-    return key.temperatureType == QStringLiteral("华氏度")
-               ? wholenumber::truncated(celsius * 1.8 + 32)
-               : celsius;
+    return key.isFahrenheit() ? wholenumber::truncated(celsius * 1.8 + 32) : celsius;
 }
 
 /// The degree sign stands alone in both units.
@@ -88,9 +86,8 @@ QString paintOneLine(normalAction &key, const QString &text)
 /// One line on request; else the two-line painter decides, which knows only its own setting.
 QString paintNetwork(normalAction &key, const QString &text)
 {
-    return key.titleLines == QStringLiteral("单行显示")
-               ? key.normalPainting(text)
-               : key.paintingTwoLines(uploadRate(), downloadRate());
+    return key.isOneLine() ? key.normalPainting(text)
+                           : key.paintingTwoLines(uploadRate(), downloadRate());
 }
 
 using Key = const normalAction &;

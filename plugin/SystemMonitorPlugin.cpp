@@ -197,7 +197,7 @@ void SystemMonitorPlugin::answerSettings(normalAction &key, const QJsonObject &p
 {
     const QJsonObject settings = payload.value(QLatin1String("settings")).toObject();
     key.applySettings(payload);
-    applySelections(key, settings, occasion);
+    applySelections(key, occasion);
     if (key.GetAction() == actionuuid::physicalDisk)
         chooseDrive(key);
     const QJsonObject reply = settingsReply(settings, key, occasion, m_library);
@@ -209,7 +209,7 @@ void SystemMonitorPlugin::chooseDrive(normalAction &key)
 {
     key.switchTimer.stop();
     key.switchTimer.disconnect(this);
-    if (!diskkey::loopsOverDrives(key)) {
+    if (!key.loopsOverDrives()) {
         key.driveIndex = diskkey::chosenDrive(key);
         return;
     }
