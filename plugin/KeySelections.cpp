@@ -1,6 +1,6 @@
 #include "plugin/KeySelections.h"
 
-#include "render/ActionCatalogue.h"
+#include "plugin/KeyKinds.h"
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
 
@@ -12,21 +12,28 @@ QString orFirst(const QString &chosen, const List &list)
     return chosen.isEmpty() && !list.isEmpty() ? list.constFirst().first : chosen;
 }
 
-const QString &chosenSensor(const normalAction &key, SettingsOccasion occasion)
-{
-    const bool anew = occasion == SettingsOccasion::DidReceiveSettings;
-    return anew && !key.newlyChosenSensor.isEmpty() ? key.newlyChosenSensor : key.chosenSensor;
-}
-
 } // namespace
 
 void applySelections(normalAction &key, SettingsOccasion occasion)
 {
-    const QString uuid = key.GetAction();
-    if (uuid == actionuuid::allData)
-        key.SelectValue = orFirst(chosenSensor(key, occasion), systemInfor::SensorList);
-    else if (uuid == actionuuid::diskTemperature)
-        key.SelectPhysicalDisk = orFirst(key.chosenDisk, systemInfor::DriveTemperatureList);
-    else if (uuid == actionuuid::cpuFan)
-        key.SelectCPUFan = orFirst(key.chosenFan, systemInfor::CpuFanList);
+    if (const KeyKind *const kind = findKeyKind(key.GetAction()))
+        kind->select(key, occasion);
+}
+
+void keyselection::sensor(normalAction &key, SettingsOccasion occasion)
+{
+    const bool anew =
+        occasion == SettingsOccasion::DidReceiveSettings && !key.newlyChosenSensor.isEmpty();
+    key.SelectValue =
+        orFirst(anew ? key.newlyChosenSensor : key.chosenSensor, systemInfor::SensorList);
+}
+
+void keyselection::disk(normalAction &key, SettingsOccasion /*occasion*/)
+{
+    key.SelectPhysicalDisk = orFirst(key.chosenDisk, systemInfor::DriveTemperatureList);
+}
+
+void keyselection::fan(normalAction &key, SettingsOccasion /*occasion*/)
+{
+    key.SelectCPUFan = orFirst(key.chosenFan, systemInfor::CpuFanList);
 }

@@ -2,6 +2,7 @@
 
 #include "SDK/Logger/Logger.h"
 #include "render/ActionCatalogue.h"
+#include "render/ActionUuids.h"
 #include "render/FontRegistry.h"
 #include "render/KeyPicture.h"
 #include "render/ShapedLine.h"

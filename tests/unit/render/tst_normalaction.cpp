@@ -1,4 +1,4 @@
-#include "render/ActionCatalogue.h"
+#include "render/ActionUuids.h"
 #include "render/normalAction.h"
 #include "tests/support/MessageCapture.h"
 
