@@ -12,13 +12,12 @@ struct KeySettings
     bool showTitle = true;
     QString fontSpec; ///< "FAMILY|STYLE".
     int fontSize = 0; ///< As sent; what is drawn follows from the last picture, see fontPixelSize.
-    QString color =
-        QStringLiteral("#ffffff"); ///< Any text that QColor takes, or one that it does not.
-    double opacity = 0.0;          ///< In fact a transparency: 0 is opaque, 1 invisible.
-    QString temperatureType = QStringLiteral("摄氏度");
-    QString titleLines = QStringLiteral("单行显示");
-    QString diskMode = QStringLiteral("Single_Disk");
-    QString volumeNameItem = QStringLiteral("0"); ///< The drive's number from 0.
+    QString color = QStringLiteral("#ffffff");          ///< For QColor, which may not know it.
+    double opacity = 0.0;                               ///< In fact a transparency: 0 is opaque.
+    QString temperatureType = QStringLiteral("摄氏度"); ///< Celsius; see isFahrenheit.
+    QString titleLines = QStringLiteral("单行显示");    ///< One line; see isTwoLines.
+    QString diskMode = QStringLiteral("Single_Disk");   ///< See showsAllDrives, loopsOverDrives.
+    QString volumeNameItem = QStringLiteral("0");       ///< The drive's number from 0.
     bool showVolumeName = true;
     int switchFrequency = 3; ///< Seconds for which a looping key shows a drive.
     int keyWidth = 0;        ///< The key's own width in pixels; sent as a number or as text.

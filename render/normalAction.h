@@ -17,8 +17,8 @@ public:
     ~normalAction() override;
     Q_DISABLE_COPY(normalAction)
 
-    /// Replaces all settings by those of the event's payload. The font's pixel size follows
-    /// from the width of the last picture, and so from what the key showed before.
+    /// Replaces all settings by those of the event's payload. The font's pixel size follows from
+    /// the width of the last picture, and so from what the key showed before.
     void applySettings(const QJsonObject &payload);
 
     /// Sets `font` and `fontSpec`; see fontregistry::fontFromSpec.

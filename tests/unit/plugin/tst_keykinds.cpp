@@ -1,4 +1,7 @@
+#include "plugin/KeyKinds.h"
+
 #include "plugin/KeyPass.h"
+#include "render/ActionCatalogue.h"
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
 #include "tests/support/MessageCapture.h"
@@ -28,6 +31,7 @@ private Q_SLOTS:
     void networkOnOneLine();
     void networkOnTwoLines();
     void networkOnNeitherPaintsNothing();
+    void knowsEveryKindOfTheCatalogue();
     void unknownKindsAreNotPainted_data();
     void unknownKindsAreNotPainted();
 
@@ -246,6 +250,15 @@ void tst_KeyKinds::networkOnNeitherPaintsNothing()
     QVERIFY(picture.has_value());
     QCOMPARE(*picture, QString());
     QCOMPARE(key.displayedText, QStringLiteral("before"));
+}
+
+void tst_KeyKinds::knowsEveryKindOfTheCatalogue()
+{
+    for (const ActionCatalogueRow &row : actionCatalogue()) {
+        const KeyKind *const kind = findKeyKind(row.uuid);
+        QVERIFY2(kind, qPrintable(row.uuid));
+        QCOMPARE(kind->uuid(), row.uuid);
+    }
 }
 
 void tst_KeyKinds::unknownKindsAreNotPainted_data()
