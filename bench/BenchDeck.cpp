@@ -1,6 +1,7 @@
 #include "bench/BenchDeck.h"
 
 #include "render/ActionCatalogue.h"
+#include "render/ActionUuids.h"
 #include "tests/support/TestFonts.h"
 
 #include <cstdio>
@@ -18,8 +19,7 @@ QVector<Kind> kinds()
 {
     QVector<Kind> kinds;
     for (const ActionCatalogueRow &row : actionCatalogue()) {
-        if (row.uuid != QLatin1String("com.quellor.stream.system.PhysicalDisk") &&
-            row.uuid != QLatin1String("com.quellor.stream.system.volume"))
+        if (row.uuid != actionuuid::physicalDisk && row.uuid != actionuuid::volume)
             kinds.append({row.uuid, row.englishTitle});
     }
     kinds.append({actionuuid::pumpSpeed, QStringLiteral("Pump")});

@@ -2,8 +2,8 @@
 #include "bench/BenchDeck.h"
 #include "bench/BenchReadings.h"
 #include "bench/PlainQt.h"
-#include "plugin/KeyTable.h"
-#include "render/ActionCatalogue.h"
+#include "plugin/KeyPass.h"
+#include "render/ActionUuids.h"
 #include "render/KeyPicture.h"
 #include "render/PngEncoder.h"
 #include "render/ShapedLine.h"
@@ -41,7 +41,7 @@ Painted painted(const BenchKey &spec)
     normalAction action(nullptr, spec.action, spec.context);
     action.applySettings(spec.payload);
     KeyPass pass;
-    const QString url = paintKey(action, pass).value_or(QString());
+    const QString url = pass.paint(action).value_or(QString());
     const plainqt::Key key{spec.action, spec.context, action.font, action.color, action.opacity};
     return {key,
             action.displayedText,
@@ -88,7 +88,7 @@ void text(benchmark::State &state)
     KeyPass pass;
     for (auto _ : state) {
         for (int number = 0; number < largeDeck; ++number)
-            benchmark::DoNotOptimize(paintKey(key, pass));
+            benchmark::DoNotOptimize(pass.paint(key));
     }
     state.SetItemsProcessed(state.iterations() * largeDeck);
 }

@@ -1,7 +1,7 @@
 #include "fuzz/FuzzSupport.h"
 #include "plugin/DiskKey.h"
+#include "plugin/KeyPass.h"
 #include "plugin/KeySelections.h"
-#include "plugin/KeyTable.h"
 #include "plugin/SettingsReply.h"
 #include "render/normalAction.h"
 #include "sensors/VqSystemMonitorLib.h"
@@ -19,7 +19,7 @@ void paint(normalAction &key)
 {
     KeyPass pass;
     fuzz::keepSmall(key);
-    const std::optional<QString> picture = paintKey(key, pass);
+    const std::optional<QString> picture = pass.paint(key);
     const QLatin1String prefix("data:image/png;base64,");
     fuzz::require(!picture || picture->isEmpty() || picture->startsWith(prefix));
 }
@@ -29,7 +29,7 @@ void answer(normalAction &key, const QJsonObject &payload, SettingsOccasion occa
     VqSystemMonitorLib library(false, nullptr);
     const QJsonObject settings = payload.value(QLatin1String("settings")).toObject();
     key.applySettings(payload);
-    applySelections(key, settings, occasion);
+    applySelections(key, occasion);
     key.driveIndex = diskkey::chosenDrive(key);
     fuzz::require(diskkey::switchInterval(key.switchFrequency).count() > 0);
     paint(key);

@@ -43,12 +43,7 @@ QString diskkey::driveText(const normalAction &key)
 
 QString diskkey::text(const normalAction &key)
 {
-    return key.diskMode == QLatin1String("Total_Disks") ? allDrivesText(key) : driveText(key);
-}
-
-bool diskkey::loopsOverDrives(const normalAction &key)
-{
-    return key.diskMode == QLatin1String("Disk_Loop");
+    return key.showsAllDrives() ? allDrivesText(key) : driveText(key);
 }
 
 int diskkey::chosenDrive(const normalAction &key)

@@ -13,11 +13,8 @@ namespace diskkey {
 /// key shows names. A drive that is not there counts as 0.
 QString driveText(const normalAction &key);
 
-/// That, or the same of all drives together where the key is set to "Total_Disks".
+/// That, or the same of all drives together where the key is set to that.
 QString text(const normalAction &key);
-
-/// Whether the key steps through the drives by itself, "Disk_Loop".
-bool loopsOverDrives(const normalAction &key);
 
 /// The drive that a key names which does not loop; 0 when it names none.
 int chosenDrive(const normalAction &key);

@@ -1,6 +1,6 @@
 #include "plugin/KeySelections.h"
 
-#include "render/ActionCatalogue.h"
+#include "plugin/KeyKinds.h"
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
 
@@ -12,29 +12,28 @@ QString orFirst(const QString &chosen, const List &list)
     return chosen.isEmpty() && !list.isEmpty() ? list.constFirst().first : chosen;
 }
 
-/// A settings panel names the sensor anew under a member of its own.
-QString chosenSensor(const QJsonObject &parameters, SettingsOccasion occasion)
-{
-    const QString anew = occasion == SettingsOccasion::DidReceiveSettings
-                             ? parameters.value(QLatin1String("SystemDataSelect")).toString()
-                             : QString();
-    return anew.isEmpty() ? parameters.value(QLatin1String("SelectValue")).toString() : anew;
-}
-
 } // namespace
 
-void applySelections(normalAction &key, const QJsonObject &settings, SettingsOccasion occasion)
+void applySelections(normalAction &key, SettingsOccasion occasion)
 {
-    const QJsonObject parameters = settings.value(QLatin1String("titleParameters")).toObject();
-    const QString uuid = key.GetAction();
-    if (uuid == actionuuid::allData) {
-        key.SelectValue = orFirst(chosenSensor(parameters, occasion), systemInfor::SensorList);
-    } else if (uuid == actionuuid::diskTemperature) {
-        key.SelectPhysicalDisk =
-            orFirst(parameters.value(QLatin1String("SelectPhysicalDisk")).toString(),
-                    systemInfor::DriveTemperatureList);
-    } else if (uuid == actionuuid::cpuFan) {
-        key.SelectCPUFan = orFirst(parameters.value(QLatin1String("SelectCPUFan")).toString(),
-                                   systemInfor::CpuFanList);
-    }
+    if (const KeyKind *const kind = findKeyKind(key.GetAction()))
+        kind->select(key, occasion);
+}
+
+void keyselection::sensor(normalAction &key, SettingsOccasion occasion)
+{
+    const bool anew =
+        occasion == SettingsOccasion::DidReceiveSettings && !key.newlyChosenSensor.isEmpty();
+    key.SelectValue =
+        orFirst(anew ? key.newlyChosenSensor : key.chosenSensor, systemInfor::SensorList);
+}
+
+void keyselection::disk(normalAction &key, SettingsOccasion /*occasion*/)
+{
+    key.SelectPhysicalDisk = orFirst(key.chosenDisk, systemInfor::DriveTemperatureList);
+}
+
+void keyselection::fan(normalAction &key, SettingsOccasion /*occasion*/)
+{
+    key.SelectCPUFan = orFirst(key.chosenFan, systemInfor::CpuFanList);
 }

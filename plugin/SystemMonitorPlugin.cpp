@@ -3,11 +3,11 @@
 #include "SDK/ConnectionManager.h"
 #include "SDK/Logger/Logger.h"
 #include "plugin/DiskKey.h"
+#include "plugin/KeyKinds.h"
+#include "plugin/KeyPass.h"
 #include "plugin/KeySelections.h"
-#include "plugin/KeyTable.h"
 #include "plugin/SettingsReply.h"
 #include "plugin/UpdateInterval.h"
-#include "render/ActionCatalogue.h"
 #include "render/normalAction.h"
 #include "sensors/VqSystemMonitorLib.h"
 #include "sensors/machine/audio.h"
@@ -165,7 +165,7 @@ void SystemMonitorPlugin::updateKeys()
 void SystemMonitorPlugin::updateKey(normalAction &key, KeyPass &pass)
 {
     LogDebug(labelled("get_operator->GetAction(): ", key.GetAction()));
-    if (const std::optional<QString> picture = paintKey(key, pass))
+    if (const std::optional<QString> picture = pass.paint(key))
         mConnectionManager->SetImage(*picture, key.GetContext(), 0, -1);
     mConnectionManager->SetTitle(key.displayedText, key.GetContext(), 0, -1);
 }
@@ -197,8 +197,9 @@ void SystemMonitorPlugin::answerSettings(normalAction &key, const QJsonObject &p
 {
     const QJsonObject settings = payload.value(QLatin1String("settings")).toObject();
     key.applySettings(payload);
-    applySelections(key, settings, occasion);
-    if (key.GetAction() == actionuuid::physicalDisk)
+    applySelections(key, occasion);
+    const KeyKind *const kind = findKeyKind(key.GetAction());
+    if (kind && kind->stepsThroughDrives())
         applyDiskMode(key);
     const QJsonObject reply = settingsReply(settings, key, occasion, m_library);
     if (mConnectionManager)
@@ -209,7 +210,7 @@ void SystemMonitorPlugin::applyDiskMode(normalAction &key)
 {
     key.switchTimer.stop();
     key.switchTimer.disconnect(this);
-    if (!diskkey::loopsOverDrives(key)) {
+    if (!key.loopsOverDrives()) {
         key.driveIndex = diskkey::chosenDrive(key);
         return;
     }

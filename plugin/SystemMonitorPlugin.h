@@ -7,13 +7,13 @@
 #include <QMutex>
 
 class IoLocalSocket;
+class KeyPass;
 class LibreHardwareMonitorLib;
 class LibreHardwareWebSocket;
 class PerfDataSource;
 class normalAction;
 class QTimer;
 enum class SettingsOccasion;
-struct KeyPass;
 
 /// What QSysInfo::windowsVersion() says; 0 on other systems.
 int windowsVersion();

@@ -11,19 +11,6 @@ struct ActionCatalogueRow
     QString englishTitle;
 };
 
-/// UUIDs that other code names.
-namespace actionuuid {
-extern const QString netWork;
-extern const QString diskTemperature;
-extern const QString physicalDisk;
-extern const QString volume;
-
-// Kinds without a default title, and so without a row.
-extern const QString allData;
-extern const QString pumpSpeed;
-extern const QString cpuFan;
-} // namespace actionuuid
-
 /// Every kind of key that has a default title, in the order in which UUIDs are compared.
 const QVector<ActionCatalogueRow> &actionCatalogue();
 

@@ -19,6 +19,31 @@ int lengthFrom(const QJsonValue &value)
 
 } // namespace
 
+bool KeySettings::isFahrenheit() const
+{
+    return temperatureType == QStringLiteral("华氏度");
+}
+
+bool KeySettings::isOneLine() const
+{
+    return titleLines == QStringLiteral("单行显示");
+}
+
+bool KeySettings::isTwoLines() const
+{
+    return titleLines == QStringLiteral("双行显示");
+}
+
+bool KeySettings::showsAllDrives() const
+{
+    return diskMode == QLatin1String("Total_Disks");
+}
+
+bool KeySettings::loopsOverDrives() const
+{
+    return diskMode == QLatin1String("Disk_Loop");
+}
+
 KeySettings parseKeySettings(const QJsonObject &payload)
 {
     const QJsonObject settings = payload.value(QLatin1String("settings")).toObject();
@@ -29,9 +54,9 @@ KeySettings parseKeySettings(const QJsonObject &payload)
     };
 
     KeySettings result;
-    result.text = text("text");
+    result.titleText = text("text");
     result.showTitle = parameters.value(QLatin1String("showTitle")).toBool();
-    result.fontFamily = text("fontFamily");
+    result.fontSpec = text("fontFamily");
     result.fontSize = parameters.value(QLatin1String("fontSize")).toInt();
     result.color = text("color");
     result.opacity = parameters.value(QLatin1String("opacity")).toDouble();
@@ -41,6 +66,10 @@ KeySettings parseKeySettings(const QJsonObject &payload)
     result.volumeNameItem = text("volumeNameItem");
     result.switchFrequency = parameters.value(QLatin1String("switchFrequency")).toInt();
     result.showVolumeName = parameters.value(QLatin1String("showVolumeName")).toBool();
+    result.chosenDisk = text("SelectPhysicalDisk");
+    result.chosenFan = text("SelectCPUFan");
+    result.chosenSensor = text("SelectValue");
+    result.newlyChosenSensor = text("SystemDataSelect");
     result.keyWidth = lengthFrom(geometry.value(QLatin1String("width")));
     return result;
 }

@@ -3,26 +3,44 @@
 #include <QJsonObject>
 #include <QString>
 
-/// The settings of one key as the host sends them. A member that is missing or of another type is
-/// empty, 0 or false: the settings panel always sends the full set.
+/// The settings of one key. As made here they are those of a key that has not been told any; those
+/// that the host sends replace them all. The modes are kept as the texts that came, which the reply
+/// sends back; whoever acts on one asks the function for it.
 struct KeySettings
 {
-    QString text;
-    bool showTitle = false;
-    QString fontFamily; ///< "FAMILY|STYLE".
-    int fontSize = 0;
-    QString color;
-    double opacity = 0.0; ///< 0 is opaque, 1 invisible.
-    QString temperatureType;
-    QString titleLines;
-    QString diskMode;
-    QString volumeNameItem;
-    int switchFrequency = 0; ///< Seconds.
-    bool showVolumeName = false;
-    int keyWidth = 0; ///< The key's own width in pixels; sent as a number or as text.
+    QString titleText;
+    bool showTitle = true;
+    QString fontSpec; ///< "FAMILY|STYLE".
+    int fontSize = 0; ///< As sent; what is drawn follows from the last picture, see fontPixelSize.
+    QString color = QStringLiteral("#ffffff");          ///< For QColor, which may not know it.
+    double opacity = 0.0;                               ///< In fact a transparency: 0 is opaque.
+    QString temperatureType = QStringLiteral("摄氏度"); ///< Celsius; see isFahrenheit.
+    QString titleLines = QStringLiteral("单行显示");    ///< One line; see isTwoLines.
+    QString diskMode = QStringLiteral("Single_Disk");   ///< See showsAllDrives, loopsOverDrives.
+    QString volumeNameItem = QStringLiteral("0");       ///< The drive's number from 0.
+    bool showVolumeName = true;
+    int switchFrequency = 3; ///< Seconds for which a looping key shows a drive.
+    int keyWidth = 0;        ///< The key's own width in pixels; sent as a number or as text.
+
+    // What a key that offers a choice is to show; empty where nobody has chosen.
+    QString chosenDisk;
+    QString chosenFan;
+    QString chosenSensor;
+    QString newlyChosenSensor; ///< A settings panel names a sensor anew here.
+
+    bool isFahrenheit() const;
+    /// For one line and for two; a network key that is set to neither paints nothing.
+    bool isOneLine() const;
+    bool isTwoLines() const;
+    /// Whether a disk key shows all drives together.
+    bool showsAllDrives() const;
+    /// Whether a disk key steps through the drives by itself.
+    bool loopsOverDrives() const;
 };
 
-/// Reads "settings"."titleParameters" and "settings"."ActionGeometry" of an event's payload.
+/// Reads "settings"."titleParameters" and "settings"."ActionGeometry" of an event's payload. A
+/// member that is missing or of another type is empty, 0 or false: the settings panel always sends
+/// the full set.
 KeySettings parseKeySettings(const QJsonObject &payload);
 
 /// The pixel size for \a fontSize on a key \a keyWidth wide whose last picture was \a imageWidth

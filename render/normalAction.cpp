@@ -2,9 +2,9 @@
 
 #include "SDK/Logger/Logger.h"
 #include "render/ActionCatalogue.h"
+#include "render/ActionUuids.h"
 #include "render/FontRegistry.h"
 #include "render/KeyPicture.h"
-#include "render/KeySettings.h"
 #include "render/ShapedLine.h"
 
 #include <QFontMetrics>
@@ -51,23 +51,14 @@ normalAction::~normalAction()
 
 void normalAction::applySettings(const QJsonObject &payload)
 {
-    const KeySettings settings = parseKeySettings(payload);
-    LogDebug(labelled("我拿到的字体: ", settings.fontFamily));
+    KeySettings &settings = *this;
+    settings = parseKeySettings(payload);
+    LogDebug(labelled("我拿到的字体: ", fontSpec));
     LogDebug(labelled("我当前的字体大小: ", font.pixelSize()));
-    LogDebug(labelled("我拿到的字体大小: ",
-                      QString::number(static_cast<double>(settings.fontSize), 'g', 6)));
-    titleText = settings.text;
-    showTitle = settings.showTitle;
-    color = settings.color;
-    opacity = settings.opacity;
-    setFontFromSpec(settings.fontFamily);
-    temperatureType = settings.temperatureType;
-    titleLines = settings.titleLines;
-    diskMode = settings.diskMode;
-    volumeNameItem = settings.volumeNameItem;
-    switchFrequency = settings.switchFrequency;
-    showVolumeName = settings.showVolumeName;
-    updateFontPixelSize(settings.fontSize, settings.keyWidth);
+    LogDebug(
+        labelled("我拿到的字体大小: ", QString::number(static_cast<double>(fontSize), 'g', 6)));
+    setFontFromSpec(fontSpec);
+    updateFontPixelSize();
 }
 
 void normalAction::setFontFromSpec(const QString &spec)
@@ -77,7 +68,7 @@ void normalAction::setFontFromSpec(const QString &spec)
     font = chosen;
 }
 
-void normalAction::updateFontPixelSize(int fontSize, int keyWidth)
+void normalAction::updateFontPixelSize()
 {
     if (imageWidth == 0)
         LogDebug(QStringLiteral("发生错误，ActionW=0"));
@@ -100,7 +91,7 @@ QString normalAction::normalPainting(const QString &textToDraw)
 
 QString normalAction::paintingTwoLines(const QString &uploadText, const QString &downloadText)
 {
-    if (GetAction() != actionuuid::netWork || titleLines != QStringLiteral("双行显示"))
+    if (GetAction() != actionuuid::netWork || !isTwoLines())
         return {};
     QString upload = uploadText;
     QString download = downloadText;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SDK/Action.h"
+#include "render/KeySettings.h"
 
 #include <QFont>
 #include <QImage>
@@ -8,7 +9,7 @@
 
 /// One key of the deck: its settings, its selections and the picture it shows. Used on the main
 /// thread. The fields are open to the plugin, which reads the settings and writes the selections.
-class normalAction : public Action
+class normalAction : public Action, public KeySettings
 {
 public:
     normalAction(ConnectionManager *connectionManager, const QString &action,
@@ -16,8 +17,8 @@ public:
     ~normalAction() override;
     Q_DISABLE_COPY(normalAction)
 
-    /// Replaces all display settings by those of the event's payload. The font's pixel size follows
-    /// from the width of the last picture, and so from what the key showed before.
+    /// Replaces all settings by those of the event's payload. The font's pixel size follows from
+    /// the width of the last picture, and so from what the key showed before.
     void applySettings(const QJsonObject &payload);
 
     /// Sets `font` and `fontSpec`; see fontregistry::fontFromSpec.
@@ -33,27 +34,17 @@ public:
     QImage keyImage;                     ///< The last picture.
     int textAlignment = Qt::AlignCenter; ///< Of each line within its own rectangle.
     QString displayedText; ///< The last text drawn; two lines are joined by a line feed.
-    QString titleText;
-    bool showTitle = true;
     QFont font;
-    QString color = QStringLiteral("#ffffff");
-    double opacity = 0.0;                               ///< In fact a transparency: 0 is opaque.
-    QString temperatureType = QStringLiteral("摄氏度"); ///< Or "华氏度", Fahrenheit.
-    QString titleLines = QStringLiteral("单行显示");    ///< One line, or "双行显示", two.
     int imageWidth = 0;  ///< Of the last picture, in pixels; 0 before the first.
     int imageHeight = 0; ///< Likewise.
-    QString diskMode = QStringLiteral("Single_Disk");
-    QString volumeNameItem = QStringLiteral("0");
-    bool showVolumeName = true;
-    int switchFrequency = 3; ///< Seconds.
-    QTimer switchTimer;      ///< Steps a key that loops over the drives.
-    int driveIndex = 0;      ///< The drive that a disk key shows.
+    QTimer switchTimer;  ///< Steps a key that loops over the drives.
+    int driveIndex = 0;  ///< The drive that a disk key shows.
+    // What a key that offers a choice shows.
     QString SelectPhysicalDisk;
     QString SelectValue;
-    QString fontSpec; ///< The last font specification applied.
     QString SelectCPUFan;
 
 private:
-    void updateFontPixelSize(int fontSize, int keyWidth);
+    void updateFontPixelSize();
     bool drawsTitle() const { return showTitle && !titleText.isEmpty(); }
 };

@@ -1,15 +1,14 @@
 #pragma once
 
+#include "values/Reading.h"
+
 #include <QJsonObject>
-#include <QString>
 
 /// Temperature and package power of the CPU.
 struct CpuHeat
 {
-    int temperature = 0; ///< At most 150.
-    QString temperatureUnits;
-    double power = 0.0; ///< 0 to 100000.
-    QString powerUnits; ///< The sensor's own, even when empty.
+    Reading<int> temperature; ///< At most 150.
+    Reading<double> power;    ///< 0 to 100000, in the sensor's own units, even when empty.
 };
 
 /// The temperature is "CPU Package" of \a dtsTree, or "CPU (Tctl/Tdie)" of \a tctlTree when the

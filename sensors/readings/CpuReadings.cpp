@@ -1,14 +1,11 @@
 #include "sensors/readings/CpuReadings.h"
 
 #include "sensors/readings/SensorTree.h"
-#include "values/WholeNumber.h"
 
 using namespace sensortree;
-using namespace wholenumber;
 
 namespace {
 
-constexpr unsigned highestUsage = 100;
 constexpr unsigned highestClock = 100000;
 
 struct Mean
@@ -24,8 +21,10 @@ struct Mean
         ++count;
     }
 
-    double value() const { return count > 0 && sum > 0 ? sum / count : 0.0; }
-    QString unitsOr(const QString &fallback) const { return units.isEmpty() ? fallback : units; }
+    Reading<double> reading(const QString &defaultUnits) const
+    {
+        return {count > 0 && sum > 0 ? sum / count : 0.0, units.isEmpty() ? defaultUnits : units};
+    }
 };
 
 bool isTotalUsage(const QString &key)
@@ -62,10 +61,9 @@ CpuReadings cpuReadings(const QJsonObject &cpuTree)
         else if (isCoreVoltage(sensor.key()))
             voltage.add(reading);
     }
-    return {static_cast<unsigned>(capped(truncated(valueOf(usage)), highestUsage)),
-            unitsOf(usage, QStringLiteral("%")),
-            capped(truncated(clock.value()), highestClock),
-            clock.unitsOr(QStringLiteral("MHz")),
-            voltage.value(),
-            voltage.unitsOr(QStringLiteral("V"))};
+    CpuReadings cpu;
+    cpu.usage = shareOf(numberOf(usage, QStringLiteral("%")));
+    cpu.clock = wholeNumber(clock.reading(QStringLiteral("MHz")), highestClock);
+    cpu.voltage = voltage.reading(QStringLiteral("V"));
+    return cpu;
 }

@@ -1,15 +1,14 @@
 #include "sensors/readings/GpuReadings.h"
 
 #include "sensors/readings/SensorTree.h"
-#include "values/WholeNumber.h"
 
 #include <QStringList>
 
-#include <algorithm>
 #include <initializer_list>
+#include <limits>
+#include <optional>
 
 using namespace sensortree;
-using namespace wholenumber;
 
 namespace {
 
@@ -18,6 +17,7 @@ constexpr unsigned highestClock = 100000;
 constexpr unsigned highestLoad = 100;
 constexpr double highestUsage = 100.0;
 constexpr double highestPower = 100000.0;
+constexpr double unbounded = std::numeric_limits<double>::infinity();
 
 /// Where a metric is found: the labels in order of preference, and the label in the enhanced tree
 /// (null: none).
@@ -41,28 +41,32 @@ const Chain powerChain{
     {"GPU Power (Total)", "GPU ASIC Power", "GPU Power", "Total GPU Power"}, "GT Cores Power", "W"};
 const Chain voltageChain{{"GPU Core Voltage", "GPU Core Voltage (VDDCR_GFX)"}, "iGPU VID", "V"};
 
-struct Reading
-{
-    double value;
-    QString units;
-    bool enhanced; ///< Whether it comes from the enhanced tree.
-};
-
-Reading readingFrom(const QJsonObject &reading, const Chain &chain, bool enhanced)
-{
-    return {valueOf(reading), unitsOf(reading, QString::fromUtf8(chain.defaultUnits)), enhanced};
-}
-
-Reading readChain(const Chain &chain, const QJsonObject &gpuTree, const QJsonObject &enhancedTree)
+/// Of the first label that \a gpuTree has, if any.
+std::optional<Reading<double>> ownReading(const Chain &chain, const QJsonObject &gpuTree)
 {
     for (const char *const label : chain.labels) {
         if (const auto key = findLabel(gpuTree, QString::fromUtf8(label)))
-            return readingFrom(firstReading(gpuTree.value(*key)), chain, false);
+            return numberOf(firstReading(gpuTree.value(*key)),
+                            QString::fromUtf8(chain.defaultUnits));
     }
-    const QJsonObject fallback =
+    return std::nullopt;
+}
+
+Reading<double> enhancedReading(const Chain &chain, const QJsonObject &enhancedTree)
+{
+    const QJsonObject reading =
         chain.enhancedLabel ? readingOf(enhancedTree, QString::fromUtf8(chain.enhancedLabel))
                             : QJsonObject();
-    return readingFrom(fallback, chain, true);
+    return numberOf(reading, QString::fromUtf8(chain.defaultUnits));
+}
+
+Reading<double> temperatureReading(const QJsonObject &gpuTree, const QJsonObject &enhancedTree)
+{
+    if (const auto own = ownReading(temperatureChain, gpuTree))
+        return *own;
+    // The CPU's sensor names its units by the letter alone.
+    const Reading<double> enhanced = enhancedReading(temperatureChain, enhancedTree);
+    return {enhanced.value, withDegreeSign(enhanced.units)};
 }
 
 double memorySize(const QJsonObject &gpuTree)
@@ -94,24 +98,18 @@ QString chosenGpu(const QJsonObject &gpuTrees)
 
 GpuReadings gpuReadings(const QJsonObject &gpuTree, const QJsonObject &enhancedTree)
 {
-    const auto read = [&](const Chain &chain) { return readChain(chain, gpuTree, enhancedTree); };
-    const auto integer = [](const Reading &reading, unsigned cap) {
-        return capped(truncated(reading.value), cap);
+    const auto read = [&](const Chain &chain) {
+        const auto own = ownReading(chain, gpuTree);
+        return own ? *own : enhancedReading(chain, enhancedTree);
     };
-    const Reading temperature = read(temperatureChain);
-    const Reading clock = read(clockChain);
-    const Reading load = read(loadChain);
-    const Reading memoryClock = read(memoryClockChain);
-    const Reading memoryUsage = read(memoryUsageChain);
-    const Reading memoryAllocated = read(memoryAllocatedChain);
-    const Reading power = read(powerChain);
-    const Reading voltage = read(voltageChain);
-    return {integer(temperature, highestTemperature),
-            // The CPU's sensor names its units by the letter alone.
-            temperature.enhanced ? withDegreeSign(temperature.units) : temperature.units,
-            integer(clock, highestClock), clock.units, integer(load, highestLoad), load.units,
-            integer(memoryClock, highestClock), memoryClock.units,
-            std::clamp(memoryUsage.value, 0.0, highestUsage), memoryUsage.units,
-            std::max(memoryAllocated.value, 0.0), memoryAllocated.units,
-            std::clamp(power.value, 0.0, highestPower), power.units, voltage.value, voltage.units};
+    GpuReadings gpu;
+    gpu.temperature = wholeNumber(temperatureReading(gpuTree, enhancedTree), highestTemperature);
+    gpu.clock = wholeNumber(read(clockChain), highestClock);
+    gpu.load = wholeNumber(read(loadChain), highestLoad);
+    gpu.memoryClock = wholeNumber(read(memoryClockChain), highestClock);
+    gpu.memoryUsage = heldTo(read(memoryUsageChain), 0.0, highestUsage);
+    gpu.memoryAllocated = heldTo(read(memoryAllocatedChain), 0.0, unbounded);
+    gpu.power = heldTo(read(powerChain), 0.0, highestPower);
+    gpu.voltage = read(voltageChain);
+    return gpu;
 }

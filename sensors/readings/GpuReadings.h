@@ -1,27 +1,21 @@
 #pragma once
 
+#include "values/Reading.h"
+
 #include <QJsonObject>
 #include <QString>
 
 /// The readings of one GPU, held to the ranges that systemInfor names.
 struct GpuReadings
 {
-    int temperature = 0;
-    QString temperatureUnits;
-    int clock = 0;
-    QString clockUnits;
-    int load = 0;
-    QString loadUnits;
-    int memoryClock = 0;
-    QString memoryClockUnits;
-    double memoryUsage = 0.0;
-    QString memoryUsageUnits;
-    double memoryAllocated = 0.0;
-    QString memoryAllocatedUnits;
-    double power = 0.0;
-    QString powerUnits;
-    double voltage = 0.0;
-    QString voltageUnits;
+    Reading<int> temperature;
+    Reading<int> clock;
+    Reading<int> load;
+    Reading<int> memoryClock;
+    Reading<double> memoryUsage;
+    Reading<double> memoryAllocated;
+    Reading<double> power;
+    Reading<double> voltage;
 };
 
 /// The name of the GPU with the most memory, the earlier one of equals; "NustIN" when there is

@@ -10,7 +10,6 @@ using namespace wholenumber;
 
 namespace {
 
-constexpr unsigned highestLoad = 100;
 constexpr double gigabytesPerMegabyte = 0.0009765625;
 
 int roundedHalfUp(double value)
@@ -25,8 +24,7 @@ MemoryReadings memoryReadings(const QJsonObject &systemTree)
 {
     const QJsonObject load = readingOf(systemTree, QStringLiteral("Physical Memory Load"));
     MemoryReadings memory;
-    memory.load = static_cast<unsigned>(capped(truncated(valueOf(load)), highestLoad));
-    memory.loadUnits = unitsOf(load, QStringLiteral("%"));
+    memory.load = shareOf(numberOf(load, QStringLiteral("%")));
     memory.usedMB = wholeValueOf(readingOf(systemTree, QStringLiteral("Physical Memory Used")));
     memory.availableMB =
         wholeValueOf(readingOf(systemTree, QStringLiteral("Physical Memory Available")));

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "values/Reading.h"
+
 #include <QJsonObject>
-#include <QString>
 
 /// What the system tree holds about physical memory. Total is used and available together.
 struct MemoryReadings
 {
-    unsigned load = 0; ///< 0 to 100.
-    QString loadUnits;
+    Reading<unsigned> load; ///< 0 to 100.
     int usedMB = 0;
     int availableMB = 0;
     int totalMB = 0;

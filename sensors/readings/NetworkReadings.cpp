@@ -23,7 +23,7 @@ double kilobytesPerSecond(const QJsonObject &reading)
 
 } // namespace
 
-ScaledRate scaledRate(double kilobytesPerSecond)
+Reading<double> scaledRate(double kilobytesPerSecond)
 {
     if (!(kilobytesPerSecond > 0))
         return {0.0, QStringLiteral("Kb/s")};

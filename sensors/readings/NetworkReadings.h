@@ -1,23 +1,19 @@
 #pragma once
 
+#include "values/Reading.h"
+
 #include <QJsonObject>
-#include <QString>
 
-/// A rate in the largest units that keep it readable: "Kb/s" (KB/s in fact), "MB/s" or "GB/s".
-struct ScaledRate
-{
-    double value = 0.0;
-    QString units;
-};
-
+/// The rates over all adapters, as scaledRate gives them.
 struct NetworkReadings
 {
-    ScaledRate up;
-    ScaledRate down;
+    Reading<double> up;
+    Reading<double> down;
 };
 
-/// Scales \a kilobytesPerSecond, raised to at least 0: above 1024 the next units are taken.
-ScaledRate scaledRate(double kilobytesPerSecond);
+/// \a kilobytesPerSecond, raised to at least 0, in the largest units that keep it readable: "Kb/s"
+/// (KB/s in fact), "MB/s" or "GB/s". Above 1024 the next units are taken.
+Reading<double> scaledRate(double kilobytesPerSecond);
 
 /// Sums "Current UP rate" and "Current DL rate" over all adapters. A reading whose units are none
 /// of "KB/s", "MB/s" and "GB/s" is not added.

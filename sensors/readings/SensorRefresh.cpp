@@ -14,83 +14,18 @@
 #include "sensors/readings/NetworkReadings.h"
 #include "sensors/readings/SensorWalk.h"
 #include "sensors/systemInfor.h"
+#include "values/Reading.h"
 
 namespace {
 
-void store(const MemoryReadings &memory)
-{
-    systemInfor::MemoryLoad = memory.load;
-    systemInfor::MemoryLoadUnits = memory.loadUnits;
-    systemInfor::MemoryUsedMB = memory.usedMB;
-    systemInfor::MemoryAvailableMB = memory.availableMB;
-    systemInfor::MemoryTotalMB = memory.totalMB;
-    systemInfor::MemoryUsedGB = memory.usedGB;
-    systemInfor::MemoryAvailableGB = memory.availableGB;
-    systemInfor::MemoryTotalGB = memory.totalGB;
-    systemInfor::MemoryTotalGBRounded = memory.totalGBRounded;
-}
+using Info = systemInfor;
 
-void store(const CpuReadings &cpu)
+/// Takes \a reading over into the snapshot's members for its number and its units.
+template <typename Number>
+void store(const Reading<Number> &reading, Number &number, QString &units)
 {
-    systemInfor::CpuUsage = cpu.usage;
-    systemInfor::CpuUsageUnits = cpu.usageUnits;
-    systemInfor::CpuClock = cpu.clock;
-    systemInfor::CpuClockUnits = cpu.clockUnits;
-    systemInfor::CpuVoltage = cpu.voltage;
-    systemInfor::CpuVoltageUnits = cpu.voltageUnits;
-}
-
-void store(const CpuHeat &heat)
-{
-    systemInfor::CpuTemperature = heat.temperature;
-    systemInfor::CpuTemperatureUnits = heat.temperatureUnits;
-    systemInfor::CpuPower = heat.power;
-    systemInfor::CpuPowerUnits = heat.powerUnits;
-}
-
-void store(const GpuReadings &gpu)
-{
-    systemInfor::GpuTemperature = gpu.temperature;
-    systemInfor::GpuTemperatureUnits = gpu.temperatureUnits;
-    systemInfor::GpuClock = gpu.clock;
-    systemInfor::GpuClockUnits = gpu.clockUnits;
-    systemInfor::GpuLoad = gpu.load;
-    systemInfor::GpuLoadUnits = gpu.loadUnits;
-    systemInfor::GpuMemoryClock = gpu.memoryClock;
-    systemInfor::GpuMemoryClockUnits = gpu.memoryClockUnits;
-    systemInfor::GpuMemoryUsage = gpu.memoryUsage;
-    systemInfor::GpuMemoryUsageUnits = gpu.memoryUsageUnits;
-    systemInfor::GpuMemoryAllocated = gpu.memoryAllocated;
-    systemInfor::GpuMemoryAllocatedUnits = gpu.memoryAllocatedUnits;
-    systemInfor::GpuPower = gpu.power;
-    systemInfor::GpuPowerUnits = gpu.powerUnits;
-    systemInfor::GpuVoltage = gpu.voltage;
-    systemInfor::GpuVoltageUnits = gpu.voltageUnits;
-}
-
-void store(const NetworkReadings &network)
-{
-    systemInfor::NetUpRate = network.up.value;
-    systemInfor::NetUpRateUnits = network.up.units;
-    systemInfor::NetDownRate = network.down.value;
-    systemInfor::NetDownRateUnits = network.down.units;
-}
-
-void store(const DriveReadings &drives)
-{
-    systemInfor::DriveRoots = drives.roots;
-    systemInfor::DriveVolumeNames = drives.volumeNames;
-    systemInfor::DriveFreeGB = drives.freeGB;
-    systemInfor::DriveFreePercent = drives.freePercent;
-    systemInfor::DisksFreeGB = drives.allDrivesFreeGB;
-    systemInfor::DisksTotalGB = drives.allDrivesTotalGB;
-}
-
-void store(const AudioReadings &audio)
-{
-    systemInfor::AudioDeviceNames = audio.names;
-    systemInfor::AudioDeviceVolumes = audio.volumes;
-    systemInfor::AudioVolume = audio.selectedVolume;
+    number = reading.value;
+    units = reading.units;
 }
 
 /// An empty tree without a library.
@@ -99,49 +34,114 @@ QJsonObject ask(VqSystemMonitorLib *library, QJsonObject (VqSystemMonitorLib::*q
     return library ? (library->*query)() : QJsonObject();
 }
 
-void refreshCpuAndGpu(VqSystemMonitorLib *library)
+void refreshDrives()
 {
-    store(cpuReadings(ask(library, &VqSystemMonitorLib::getCPUInfo)));
+    const DriveReadings drives = readDrives(machineDrives());
+    Info::DriveRoots = drives.roots;
+    Info::DriveVolumeNames = drives.volumeNames;
+    Info::DriveFreeGB = drives.freeGB;
+    Info::DriveFreePercent = drives.freePercent;
+    Info::DisksFreeGB = drives.allDrivesFreeGB;
+    Info::DisksTotalGB = drives.allDrivesTotalGB;
+}
+
+void refreshAudio(int device)
+{
+    const AudioReadings audio = readAudio(machineAudio(), device);
+    Info::AudioDeviceNames = audio.names;
+    Info::AudioDeviceVolumes = audio.volumes;
+    Info::AudioVolume = audio.selectedVolume;
+}
+
+void refreshMemory(VqSystemMonitorLib *library)
+{
+    const MemoryReadings memory = memoryReadings(ask(library, &VqSystemMonitorLib::getSystemInfo));
+    ask(library, &VqSystemMonitorLib::getMemoryTimingsInfo);
+    store(memory.load, Info::MemoryLoad, Info::MemoryLoadUnits);
+    Info::MemoryUsedMB = memory.usedMB;
+    Info::MemoryAvailableMB = memory.availableMB;
+    Info::MemoryTotalMB = memory.totalMB;
+    Info::MemoryUsedGB = memory.usedGB;
+    Info::MemoryAvailableGB = memory.availableGB;
+    Info::MemoryTotalGB = memory.totalGB;
+    Info::MemoryTotalGBRounded = memory.totalGBRounded;
+}
+
+void refreshCpu(VqSystemMonitorLib *library)
+{
+    const CpuReadings cpu = cpuReadings(ask(library, &VqSystemMonitorLib::getCPUInfo));
+    store(cpu.usage, Info::CpuUsage, Info::CpuUsageUnits);
+    store(cpu.clock, Info::CpuClock, Info::CpuClockUnits);
+    store(cpu.voltage, Info::CpuVoltage, Info::CpuVoltageUnits);
+}
+
+/// Returns the enhanced tree, under which integrated graphics are filed.
+QJsonObject refreshCpuHeat(VqSystemMonitorLib *library)
+{
     const QJsonObject dtsTree = ask(library, &VqSystemMonitorLib::getCPUDTSInfo);
     const QJsonObject tctlTree =
         dtsTree.isEmpty() ? ask(library, &VqSystemMonitorLib::getCPUEnhancedInfo) : QJsonObject();
     const QJsonObject enhancedTree = ask(library, &VqSystemMonitorLib::getCPUEnhancedInfo);
-    store(cpuHeat(dtsTree, tctlTree, enhancedTree));
+    const CpuHeat heat = cpuHeat(dtsTree, tctlTree, enhancedTree);
+    store(heat.temperature, Info::CpuTemperature, Info::CpuTemperatureUnits);
+    store(heat.power, Info::CpuPower, Info::CpuPowerUnits);
+    return enhancedTree;
+}
+
+void refreshGpu(VqSystemMonitorLib *library, const QJsonObject &enhancedTree)
+{
     const QJsonObject gpuTrees = ask(library, &VqSystemMonitorLib::getGPUInfo);
-    store(gpuReadings(gpuTrees.value(chosenGpu(gpuTrees)).toObject(), enhancedTree));
+    const GpuReadings gpu =
+        gpuReadings(gpuTrees.value(chosenGpu(gpuTrees)).toObject(), enhancedTree);
+    store(gpu.temperature, Info::GpuTemperature, Info::GpuTemperatureUnits);
+    store(gpu.clock, Info::GpuClock, Info::GpuClockUnits);
+    store(gpu.load, Info::GpuLoad, Info::GpuLoadUnits);
+    store(gpu.memoryClock, Info::GpuMemoryClock, Info::GpuMemoryClockUnits);
+    store(gpu.memoryUsage, Info::GpuMemoryUsage, Info::GpuMemoryUsageUnits);
+    store(gpu.memoryAllocated, Info::GpuMemoryAllocated, Info::GpuMemoryAllocatedUnits);
+    store(gpu.power, Info::GpuPower, Info::GpuPowerUnits);
+    store(gpu.voltage, Info::GpuVoltage, Info::GpuVoltageUnits);
+}
+
+void refreshNetwork(VqSystemMonitorLib *library)
+{
+    const NetworkReadings network =
+        networkReadings(ask(library, &VqSystemMonitorLib::getNetworkInfo));
+    store(network.up, Info::NetUpRate, Info::NetUpRateUnits);
+    store(network.down, Info::NetDownRate, Info::NetDownRateUnits);
 }
 
 void refreshDriveTemperatures(VqSystemMonitorLib *library)
 {
-    systemInfor::SmartInfo = ask(library, &VqSystemMonitorLib::getSMARTInfo);
-    systemInfor::DriveTemperatureList =
-        driveTemperatures(ask(library, &VqSystemMonitorLib::getSMARTInfo));
+    Info::SmartInfo = ask(library, &VqSystemMonitorLib::getSMARTInfo);
+    Info::DriveTemperatureList = driveTemperatures(ask(library, &VqSystemMonitorLib::getSMARTInfo));
 }
 
 void refreshSensorLists(VqSystemMonitorLib *library)
 {
     const QJsonObject frameRates = ask(library, &VqSystemMonitorLib::getPresentMon);
-    systemInfor::AllSensorsData = ask(library, &VqSystemMonitorLib::getAllSensorsData);
-    systemInfor::AllSensorsData.insert(QStringLiteral("FPS"), frameRates);
+    Info::AllSensorsData = ask(library, &VqSystemMonitorLib::getAllSensorsData);
+    Info::AllSensorsData.insert(QStringLiteral("FPS"), frameRates);
 
     SensorWalk walk;
-    walk.visit(systemInfor::AllSensorsData);
+    walk.visit(Info::AllSensorsData);
     walk.visit(frameRates);
-    systemInfor::AIOPump = walk.pump;
-    systemInfor::CpuFanList = walk.cpuFans;
-    systemInfor::SensorList = walk.sensors;
+    Info::AIOPump = walk.pump;
+    Info::CpuFanList = walk.cpuFans;
+    Info::SensorList = walk.sensors;
 }
 
 } // namespace
 
 void refreshSystemInfor(VqSystemMonitorLib *library, int audioDevice)
 {
-    store(readDrives(machineDrives()));
-    store(readAudio(machineAudio(), audioDevice));
-    store(memoryReadings(ask(library, &VqSystemMonitorLib::getSystemInfo)));
-    ask(library, &VqSystemMonitorLib::getMemoryTimingsInfo);
-    refreshCpuAndGpu(library);
-    store(networkReadings(ask(library, &VqSystemMonitorLib::getNetworkInfo)));
+    refreshDrives();
+    refreshAudio(audioDevice);
+    refreshMemory(library);
+    refreshCpu(library);
+    const QJsonObject enhancedTree = refreshCpuHeat(library);
+    refreshGpu(library, enhancedTree);
+    refreshNetwork(library);
     refreshDriveTemperatures(library);
     refreshSensorLists(library);
 }
@@ -149,7 +149,7 @@ void refreshSystemInfor(VqSystemMonitorLib *library, int audioDevice)
 void refreshModelNames(VqSystemMonitorLib *library)
 {
     const ModelNames names = modelNames(ask(library, &VqSystemMonitorLib::getAllSensorsData),
-                                        {systemInfor::CpuModel, systemInfor::GpuModel});
-    systemInfor::CpuModel = names.cpu;
-    systemInfor::GpuModel = names.gpu;
+                                        {Info::CpuModel, Info::GpuModel});
+    Info::CpuModel = names.cpu;
+    Info::GpuModel = names.gpu;
 }

@@ -1,6 +1,10 @@
 #include "sensors/readings/SensorTree.h"
 
+#include "values/WholeNumber.h"
+
 #include <QJsonArray>
+
+#include <algorithm>
 
 namespace sensortree {
 
@@ -43,6 +47,28 @@ QString unitsOf(const QJsonObject &reading, const QString &fallback)
 {
     const QString units = reading.value(QLatin1String("units")).toString();
     return units.isEmpty() ? fallback : units;
+}
+
+Reading<double> numberOf(const QJsonObject &reading, const QString &fallback)
+{
+    return {valueOf(reading), unitsOf(reading, fallback)};
+}
+
+Reading<int> wholeNumber(const Reading<double> &reading, unsigned cap)
+{
+    return {wholenumber::capped(wholenumber::truncated(reading.value), cap), reading.units};
+}
+
+Reading<unsigned> shareOf(const Reading<double> &reading)
+{
+    constexpr unsigned whole = 100;
+    const Reading<int> share = wholeNumber(reading, whole);
+    return {static_cast<unsigned>(share.value), share.units};
+}
+
+Reading<double> heldTo(const Reading<double> &reading, double lowest, double highest)
+{
+    return {std::clamp(reading.value, lowest, highest), reading.units};
 }
 
 QString withDegreeSign(const QString &units)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "values/Reading.h"
+
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
@@ -30,6 +32,18 @@ int wholeValueOf(const QJsonObject &reading);
 
 /// "units" of a reading, or \a fallback when they are missing or empty.
 QString unitsOf(const QJsonObject &reading, const QString &fallback);
+
+/// Value and units of a reading; \a fallback as for unitsOf.
+Reading<double> numberOf(const QJsonObject &reading, const QString &fallback);
+
+/// \a reading truncated to a whole number and capped; see wholenumber::capped.
+Reading<int> wholeNumber(const Reading<double> &reading, unsigned cap);
+
+/// \a reading as a share in whole percent, capped at 100.
+Reading<unsigned> shareOf(const Reading<double> &reading);
+
+/// \a reading held to \a lowest and \a highest.
+Reading<double> heldTo(const Reading<double> &reading, double lowest, double highest);
 
 /// "°C" for "C"; any other units stay as they are.
 QString withDegreeSign(const QString &units);

@@ -1,4 +1,3 @@
-#include "plugin/KeySelections.h"
 #include "plugin/SettingsReply.h"
 #include "render/normalAction.h"
 #include "sensors/VqSystemMonitorLib.h"
@@ -11,9 +10,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QtTest>
-
-Q_DECLARE_METATYPE(SettingsOccasion)
-Q_DECLARE_METATYPE(QString normalAction::*)
 
 class tst_SettingsReply : public QObject
 {
@@ -31,10 +27,6 @@ private Q_SLOTS:
     void listsTheDrivesOfNoOtherKey();
     void logsWhatOneKindOffers_data();
     void logsWhatOneKindOffers();
-    void choosesTheFirstEntryByDefault_data();
-    void choosesTheFirstEntryByDefault();
-    void choosesTheSensorByOccasion_data();
-    void choosesTheSensorByOccasion();
 
 private:
     VqSystemMonitorLib m_instance{false, nullptr};
@@ -264,78 +256,6 @@ void tst_SettingsReply::logsWhatOneKindOffers()
     };
     QCOMPARE(logged(SettingsOccasion::WillAppear), expected(onAppearing));
     QCOMPARE(logged(SettingsOccasion::DidReceiveSettings), expected(onSettings));
-}
-
-void tst_SettingsReply::choosesTheFirstEntryByDefault_data()
-{
-    QTest::addColumn<QString>("uuid");
-    QTest::addColumn<QString>("member");
-    QTest::addColumn<QString normalAction::*>("selection");
-    QTest::newRow("fan") << QStringLiteral("com.quellor.stream.CPUFan")
-                         << QStringLiteral("SelectCPUFan") << &normalAction::SelectCPUFan;
-    QTest::newRow("sensor") << QStringLiteral("com.quellor.stream.AllDATA")
-                            << QStringLiteral("SelectValue") << &normalAction::SelectValue;
-    QTest::newRow("disk") << QStringLiteral("com.quellor.stream.system.PhysicalDisk.Temperature")
-                          << QStringLiteral("SelectPhysicalDisk")
-                          << &normalAction::SelectPhysicalDisk;
-}
-
-void tst_SettingsReply::choosesTheFirstEntryByDefault()
-{
-    QFETCH(QString, uuid);
-    QFETCH(QString, member);
-    QFETCH(QString normalAction::*, selection);
-    normalAction key(nullptr, uuid, QStringLiteral("c"));
-    const auto choose = [&](const QJsonValue &chosen) {
-        applySelections(key, {{QStringLiteral("titleParameters"), QJsonObject{{member, chosen}}}},
-                        SettingsOccasion::WillAppear);
-        return key.*selection;
-    };
-    systemInfor::CpuFanList.clear();
-    systemInfor::SensorList.clear();
-    systemInfor::DriveTemperatureList.clear();
-    QCOMPARE(choose(QString()), QString());
-    systemInfor::CpuFanList = {{QStringLiteral("first"), QString()},
-                               {QStringLiteral("b"), QString()}};
-    systemInfor::SensorList = systemInfor::CpuFanList;
-    systemInfor::DriveTemperatureList = {{QStringLiteral("first"), 1}, {QStringLiteral("b"), 2}};
-    QCOMPARE(choose(QString()), QStringLiteral("first"));
-    QCOMPARE(choose(7), QStringLiteral("first"));
-    QCOMPARE(choose(QStringLiteral("b")), QStringLiteral("b"));
-    QCOMPARE(choose(QStringLiteral("not in the list")), QStringLiteral("not in the list"));
-}
-
-void tst_SettingsReply::choosesTheSensorByOccasion_data()
-{
-    QTest::addColumn<SettingsOccasion>("occasion");
-    QTest::addColumn<QString>("anew");
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("chosen");
-    const QString package = QStringLiteral("CPU Package");
-    const QString other = QStringLiteral("other");
-    QTest::newRow("appearing ignores the new choice")
-        << SettingsOccasion::WillAppear << other << package << package;
-    QTest::newRow("settings: new choice")
-        << SettingsOccasion::DidReceiveSettings << other << package << other;
-    QTest::newRow("settings: none new")
-        << SettingsOccasion::DidReceiveSettings << QString() << package << package;
-    QTest::newRow("settings: none at all") << SettingsOccasion::DidReceiveSettings << QString()
-                                           << QString() << QStringLiteral("first");
-}
-
-void tst_SettingsReply::choosesTheSensorByOccasion()
-{
-    QFETCH(SettingsOccasion, occasion);
-    QFETCH(QString, anew);
-    QFETCH(QString, before);
-    systemInfor::SensorList = {{QStringLiteral("first"), QString()}};
-    normalAction key(nullptr, QStringLiteral("com.quellor.stream.AllDATA"), QStringLiteral("c"));
-    applySelections(
-        key,
-        {{QStringLiteral("titleParameters"), QJsonObject{{QStringLiteral("SystemDataSelect"), anew},
-                                                         {QStringLiteral("SelectValue"), before}}}},
-        occasion);
-    QTEST(key.SelectValue, "chosen");
 }
 
 QTEST_MAIN(tst_SettingsReply)

@@ -1,6 +1,6 @@
 #include "plugin/SystemMonitorPlugin.h"
 
-#include "render/ActionCatalogue.h"
+#include "render/ActionUuids.h"
 #include "render/normalAction.h"
 #include "sensors/services/PerfDataSource.h"
 #include "sensors/systemInfor.h"

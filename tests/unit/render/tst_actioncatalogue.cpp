@@ -1,5 +1,6 @@
 #include "SDK/LanguageUtilities.h"
 #include "render/ActionCatalogue.h"
+#include "render/ActionUuids.h"
 #include "render/normalAction.h"
 #include "tests/support/MessageCapture.h"
 

@@ -1,4 +1,5 @@
 #include "render/ActionCatalogue.h"
+#include "render/ActionUuids.h"
 #include "render/KeyPicture.h"
 #include "render/ShapedLine.h"
 #include "render/normalAction.h"

@@ -23,6 +23,8 @@ private Q_SLOTS:
     void readsWholeNumbers();
     void readsOpacity_data();
     void readsOpacity();
+    void namesTheModes_data();
+    void namesTheModes();
     void readsTheKeyWidth_data();
     void readsTheKeyWidth();
     void scalesTheFont_data();
@@ -54,9 +56,9 @@ const std::initializer_list<const char *> notATextValues{
 
 void compareEmpty(const KeySettings &settings)
 {
-    QCOMPARE(settings.text, QString());
+    QCOMPARE(settings.titleText, QString());
     QCOMPARE(settings.showTitle, false);
-    QCOMPARE(settings.fontFamily, QString());
+    QCOMPARE(settings.fontSpec, QString());
     QCOMPARE(settings.fontSize, 0);
     QCOMPARE(settings.color, QString());
     QCOMPARE(settings.opacity, 0.0);
@@ -66,6 +68,10 @@ void compareEmpty(const KeySettings &settings)
     QCOMPARE(settings.volumeNameItem, QString());
     QCOMPARE(settings.switchFrequency, 0);
     QCOMPARE(settings.showVolumeName, false);
+    QCOMPARE(settings.chosenDisk, QString());
+    QCOMPARE(settings.chosenFan, QString());
+    QCOMPARE(settings.chosenSensor, QString());
+    QCOMPARE(settings.newlyChosenSensor, QString());
     QCOMPARE(settings.keyWidth, 0);
 }
 
@@ -77,11 +83,12 @@ void tst_KeySettings::readsTheFullSet()
         "titleParameters":{"text":"网速/速度","showTitle":true,"fontFamily":"Roboto|Bold",
             "fontSize":20,"color":"#12ab34","opacity":0.25,"temperatureType":"华氏度",
             "titleLines":"双行显示","diskMode":"Total_Disks","volumeNameItem":"2",
-            "switchFrequency":7,"showVolumeName":true},
+            "switchFrequency":7,"showVolumeName":true,"SelectPhysicalDisk":"sda",
+            "SelectCPUFan":"CPU Fan","SelectValue":"CPU Package","SystemDataSelect":"Framerate"},
         "ActionGeometry":{"width":144,"height":96}}})"));
-    QCOMPARE(settings.text, QStringLiteral("网速/速度"));
+    QCOMPARE(settings.titleText, QStringLiteral("网速/速度"));
     QCOMPARE(settings.showTitle, true);
-    QCOMPARE(settings.fontFamily, QStringLiteral("Roboto|Bold"));
+    QCOMPARE(settings.fontSpec, QStringLiteral("Roboto|Bold"));
     QCOMPARE(settings.fontSize, 20);
     QCOMPARE(settings.color, QStringLiteral("#12ab34"));
     QCOMPARE(settings.opacity, 0.25);
@@ -91,6 +98,10 @@ void tst_KeySettings::readsTheFullSet()
     QCOMPARE(settings.volumeNameItem, QStringLiteral("2"));
     QCOMPARE(settings.switchFrequency, 7);
     QCOMPARE(settings.showVolumeName, true);
+    QCOMPARE(settings.chosenDisk, QStringLiteral("sda"));
+    QCOMPARE(settings.chosenFan, QStringLiteral("CPU Fan"));
+    QCOMPARE(settings.chosenSensor, QStringLiteral("CPU Package"));
+    QCOMPARE(settings.newlyChosenSensor, QStringLiteral("Framerate"));
     QCOMPARE(settings.keyWidth, 144);
 }
 
@@ -143,13 +154,17 @@ void tst_KeySettings::readsTexts()
 {
     QFETCH(QByteArray, json);
     QFETCH(QString, text);
-    QCOMPARE(withParameter("text", json).text, text);
-    QCOMPARE(withParameter("fontFamily", json).fontFamily, text);
+    QCOMPARE(withParameter("text", json).titleText, text);
+    QCOMPARE(withParameter("fontFamily", json).fontSpec, text);
     QCOMPARE(withParameter("color", json).color, text);
     QCOMPARE(withParameter("temperatureType", json).temperatureType, text);
     QCOMPARE(withParameter("titleLines", json).titleLines, text);
     QCOMPARE(withParameter("diskMode", json).diskMode, text);
     QCOMPARE(withParameter("volumeNameItem", json).volumeNameItem, text);
+    QCOMPARE(withParameter("SelectPhysicalDisk", json).chosenDisk, text);
+    QCOMPARE(withParameter("SelectCPUFan", json).chosenFan, text);
+    QCOMPARE(withParameter("SelectValue", json).chosenSensor, text);
+    QCOMPARE(withParameter("SystemDataSelect", json).newlyChosenSensor, text);
 }
 
 void tst_KeySettings::readsFlags_data()
@@ -218,6 +233,43 @@ void tst_KeySettings::readsOpacity()
 {
     QFETCH(QByteArray, json);
     QTEST(withParameter("opacity", json).opacity, "opacity");
+}
+
+void tst_KeySettings::namesTheModes_data()
+{
+    QTest::addColumn<QString>("mode");
+    QTest::addColumn<QStringList>("names");
+    const auto row = [](const char *mode, const QStringList &names) {
+        QTest::newRow(mode) << QString::fromUtf8(mode) << names;
+    };
+    row("华氏度", {QStringLiteral("Fahrenheit")});
+    row("单行显示", {QStringLiteral("one line")});
+    row("双行显示", {QStringLiteral("two lines")});
+    row("Total_Disks", {QStringLiteral("all drives")});
+    row("Disk_Loop", {QStringLiteral("loop")});
+    for (const char *const none : {"", "摄氏度", "华氏度 ", "Single_Disk", "disk_loop", "F"})
+        row(none, {});
+}
+
+void tst_KeySettings::namesTheModes()
+{
+    QFETCH(QString, mode);
+    KeySettings settings;
+    settings.temperatureType = mode;
+    settings.titleLines = mode;
+    settings.diskMode = mode;
+    QStringList names;
+    if (settings.isFahrenheit())
+        names.append(QStringLiteral("Fahrenheit"));
+    if (settings.isOneLine())
+        names.append(QStringLiteral("one line"));
+    if (settings.isTwoLines())
+        names.append(QStringLiteral("two lines"));
+    if (settings.showsAllDrives())
+        names.append(QStringLiteral("all drives"));
+    if (settings.loopsOverDrives())
+        names.append(QStringLiteral("loop"));
+    QTEST(names, "names");
 }
 
 void tst_KeySettings::readsTheKeyWidth_data()

@@ -1,4 +1,4 @@
-#include "render/ActionCatalogue.h"
+#include "render/ActionUuids.h"
 #include "render/normalAction.h"
 #include "tests/support/MessageCapture.h"
 
@@ -112,6 +112,8 @@ void tst_normalAction::takesOverEverySetting()
     QCOMPARE(key.titleText, QStringLiteral("网速/速度"));
     QCOMPARE(key.showTitle, false);
     QCOMPARE(key.fontSpec, QStringLiteral("DejaVu Sans|Book"));
+    QCOMPARE(key.font.family(), QStringLiteral("DejaVu Sans"));
+    QCOMPARE(key.font.styleName(), QStringLiteral("Book"));
     QCOMPARE(key.font.pixelSize(), 20);
     QCOMPARE(key.color, QStringLiteral("#12ab34"));
     QCOMPARE(key.opacity, 0.25);

@@ -51,8 +51,8 @@ void tst_CpuHeat::readsCpuTemperature()
     QFETCH(QByteArray, dts);
     QFETCH(QByteArray, enhanced);
     const CpuHeat heat = cpuHeat(object(dts), object(enhanced), {});
-    QTEST(heat.temperature, "temperature");
-    QTEST(heat.temperatureUnits, "units");
+    QTEST(heat.temperature.value, "temperature");
+    QTEST(heat.temperature.units, "units");
 }
 
 void tst_CpuHeat::readsCpuPower_data()
@@ -75,8 +75,8 @@ void tst_CpuHeat::readsCpuPower()
 {
     QFETCH(QByteArray, enhanced);
     const CpuHeat heat = cpuHeat({}, {}, object(enhanced));
-    QTEST(heat.power, "power");
-    QTEST(heat.powerUnits, "units");
+    QTEST(heat.power.value, "power");
+    QTEST(heat.power.units, "units");
 }
 
 QTEST_APPLESS_MAIN(tst_CpuHeat)

@@ -49,8 +49,8 @@ void tst_CpuReadings::readsCpuUsage()
 {
     QFETCH(QByteArray, tree);
     const CpuReadings cpu = cpuReadings(object(tree));
-    QTEST(cpu.usage, "usage");
-    QTEST(cpu.usageUnits, "units");
+    QTEST(cpu.usage.value, "usage");
+    QTEST(cpu.usage.units, "units");
 }
 
 void tst_CpuReadings::meansCpuClock_data()
@@ -80,18 +80,18 @@ void tst_CpuReadings::meansCpuClock()
 {
     QFETCH(QByteArray, tree);
     const CpuReadings cpu = cpuReadings(object(tree));
-    QTEST(cpu.clock, "clock");
-    QTEST(cpu.clockUnits, "units");
+    QTEST(cpu.clock.value, "clock");
+    QTEST(cpu.clock.units, "units");
 }
 
 void tst_CpuReadings::meansCpuVoltage()
 {
     const CpuReadings cpu = cpuReadings(object(
         R"({"Core 0 VID":[{"value":1.0,"units":"V"}],"core 1 vid":[{"value":1.5,"units":"V"}]})"));
-    QCOMPARE(cpu.voltage, 1.25);
-    QCOMPARE(cpu.voltageUnits, QStringLiteral("V"));
-    QCOMPARE(cpuReadings({}).voltage, 0.0);
-    QCOMPARE(cpuReadings({}).voltageUnits, QStringLiteral("V"));
+    QCOMPARE(cpu.voltage.value, 1.25);
+    QCOMPARE(cpu.voltage.units, QStringLiteral("V"));
+    QCOMPARE(cpuReadings({}).voltage.value, 0.0);
+    QCOMPARE(cpuReadings({}).voltage.units, QStringLiteral("V"));
 }
 
 QTEST_APPLESS_MAIN(tst_CpuReadings)

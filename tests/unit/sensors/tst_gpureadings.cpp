@@ -8,36 +8,35 @@
 
 namespace {
 
-using Reading = QPair<double, QString>;
+using NumberAndUnits = QPair<double, QString>;
+
+/// \a reading, whatever its number's type.
+template <typename Number>
+NumberAndUnits pairOf(const Reading<Number> &reading)
+{
+    return {static_cast<double>(reading.value), reading.units};
+}
 
 /// A metric of the readings as a number and units.
 struct Metric
 {
     const char *name;
     const char *units;
-    Reading (*of)(const GpuReadings &);
+    NumberAndUnits (*of)(const GpuReadings &);
 };
 
-const Metric temperature{"temperature", "°C", [](const GpuReadings &gpu) {
-                             return Reading(gpu.temperature, gpu.temperatureUnits);
-                         }};
-const Metric clockRate{"clock", "MHz",
-                       [](const GpuReadings &gpu) { return Reading(gpu.clock, gpu.clockUnits); }};
-const Metric load{"load", "%",
-                  [](const GpuReadings &gpu) { return Reading(gpu.load, gpu.loadUnits); }};
-const Metric memoryClock{"memory clock", "MHz", [](const GpuReadings &gpu) {
-                             return Reading(gpu.memoryClock, gpu.memoryClockUnits);
-                         }};
-const Metric memoryUsage{"memory usage", "%", [](const GpuReadings &gpu) {
-                             return Reading(gpu.memoryUsage, gpu.memoryUsageUnits);
-                         }};
-const Metric memoryAllocated{"memory allocated", "MB", [](const GpuReadings &gpu) {
-                                 return Reading(gpu.memoryAllocated, gpu.memoryAllocatedUnits);
-                             }};
-const Metric power{"power", "W",
-                   [](const GpuReadings &gpu) { return Reading(gpu.power, gpu.powerUnits); }};
-const Metric voltage{"voltage", "V",
-                     [](const GpuReadings &gpu) { return Reading(gpu.voltage, gpu.voltageUnits); }};
+const Metric temperature{"temperature", "°C",
+                         [](const GpuReadings &gpu) { return pairOf(gpu.temperature); }};
+const Metric clockRate{"clock", "MHz", [](const GpuReadings &gpu) { return pairOf(gpu.clock); }};
+const Metric load{"load", "%", [](const GpuReadings &gpu) { return pairOf(gpu.load); }};
+const Metric memoryClock{"memory clock", "MHz",
+                         [](const GpuReadings &gpu) { return pairOf(gpu.memoryClock); }};
+const Metric memoryUsage{"memory usage", "%",
+                         [](const GpuReadings &gpu) { return pairOf(gpu.memoryUsage); }};
+const Metric memoryAllocated{"memory allocated", "MB",
+                             [](const GpuReadings &gpu) { return pairOf(gpu.memoryAllocated); }};
+const Metric power{"power", "W", [](const GpuReadings &gpu) { return pairOf(gpu.power); }};
+const Metric voltage{"voltage", "V", [](const GpuReadings &gpu) { return pairOf(gpu.voltage); }};
 
 /// The labels of a metric in order of preference; the last one is looked up in the enhanced tree.
 struct Chain
@@ -148,9 +147,9 @@ void tst_GpuReadings::readsEachLabelOfAChain()
     QFETCH(const Metric *, metric);
     QFETCH(QString, label);
     QCOMPARE(metric->of(gpuReadings(with({}, label, 41, QStringLiteral("u")), {})),
-             Reading(41, QStringLiteral("u")));
+             NumberAndUnits(41, QStringLiteral("u")));
     QCOMPARE(metric->of(gpuReadings(with({}, label, 41), {})),
-             Reading(41, QString::fromUtf8(metric->units)));
+             NumberAndUnits(41, QString::fromUtf8(metric->units)));
 }
 
 void tst_GpuReadings::prefersTheEarlierLabel_data()
@@ -190,18 +189,19 @@ void tst_GpuReadings::fallsBackToTheEnhancedTree()
     QFETCH(const Metric *, metric);
     QFETCH(QString, label);
     QCOMPARE(metric->of(gpuReadings({}, with({}, label, 41, QStringLiteral("u")))),
-             Reading(41, QStringLiteral("u")));
+             NumberAndUnits(41, QStringLiteral("u")));
     QCOMPARE(metric->of(gpuReadings({}, with({}, label, 41))),
-             Reading(41, QString::fromUtf8(metric->units)));
+             NumberAndUnits(41, QString::fromUtf8(metric->units)));
 }
 
 void tst_GpuReadings::namesDegreesOfTheFallback()
 {
     const QString letter = QStringLiteral("C");
     const QString package = QStringLiteral("CPU Package");
-    QCOMPARE(gpuReadings({}, with({}, package, 40, letter)).temperatureUnits, QStringLiteral("°C"));
+    QCOMPARE(gpuReadings({}, with({}, package, 40, letter)).temperature.units,
+             QStringLiteral("°C"));
     QCOMPARE(
-        gpuReadings(with({}, QStringLiteral("GPU Temperature"), 40, letter), {}).temperatureUnits,
+        gpuReadings(with({}, QStringLiteral("GPU Temperature"), 40, letter), {}).temperature.units,
         letter);
 }
 
@@ -209,7 +209,7 @@ void tst_GpuReadings::staysAtZeroWithoutAnyLabel()
 {
     const GpuReadings gpu = gpuReadings({}, {});
     for (const Chain &chain : chains())
-        QCOMPARE(chain.metric->of(gpu), Reading(0, QString::fromUtf8(chain.metric->units)));
+        QCOMPARE(chain.metric->of(gpu), NumberAndUnits(0, QString::fromUtf8(chain.metric->units)));
 }
 
 void tst_GpuReadings::holdsTheRanges_data()
@@ -255,8 +255,9 @@ void tst_GpuReadings::matchesWithinKeys()
 {
     // The label of the third place is part of the first one's key.
     const QJsonObject gpu = with({}, QStringLiteral("My gpu power (TOTAL) #2"), 12);
-    QCOMPARE(gpuReadings(gpu, {}).power, 12.0);
-    QCOMPARE(gpuReadings(with({}, QStringLiteral("Total GPU Power (x)"), 13), {}).power, 13.0);
+    QCOMPARE(gpuReadings(gpu, {}).power.value, 12.0);
+    QCOMPARE(gpuReadings(with({}, QStringLiteral("Total GPU Power (x)"), 13), {}).power.value,
+             13.0);
 }
 
 QTEST_APPLESS_MAIN(tst_GpuReadings)

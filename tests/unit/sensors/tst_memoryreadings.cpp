@@ -74,15 +74,15 @@ void tst_MemoryReadings::readsMemoryLoad()
     QFETCH(QByteArray, reading);
     const MemoryReadings memory =
         memoryReadings({{QStringLiteral("Physical Memory Load"), QJsonArray{object(reading)}}});
-    QTEST(memory.load, "load");
-    QCOMPARE(memory.loadUnits, QStringLiteral("%"));
+    QTEST(memory.load.value, "load");
+    QCOMPARE(memory.load.units, QStringLiteral("%"));
 }
 
 void tst_MemoryReadings::readsNoMemoryFromNothing()
 {
     const MemoryReadings memory = memoryReadings({});
-    QCOMPARE(memory.load, 0U);
-    QCOMPARE(memory.loadUnits, QStringLiteral("%"));
+    QCOMPARE(memory.load.value, 0U);
+    QCOMPARE(memory.load.units, QStringLiteral("%"));
     QCOMPARE(memory.totalMB, 0);
     QCOMPARE(memory.totalGBRounded, 0);
     // Megabytes are whole numbers; a sum beyond an integer is held at its end.

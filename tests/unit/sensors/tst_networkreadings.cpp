@@ -78,7 +78,7 @@ void tst_NetworkReadings::scalesRates_data()
 void tst_NetworkReadings::scalesRates()
 {
     QFETCH(double, rate);
-    const ScaledRate scaled = scaledRate(rate);
+    const Reading<double> scaled = scaledRate(rate);
     QTEST(scaled.value, "value");
     QTEST(scaled.units, "units");
 }

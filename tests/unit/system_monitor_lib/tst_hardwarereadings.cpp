@@ -252,13 +252,13 @@ void HardwareReadingsTest::powerIsNotTakenForATemperature()
 {
     QVERIFY(load(QStringLiteral("intel-desktop")));
     const QJsonObject before = after(second, Query::CpuEnhancedInfo);
-    QCOMPARE(gpuReadings({}, before).temperature, 47);
+    QCOMPARE(gpuReadings({}, before).temperature.value, 47);
     QVERIFY(QFile::remove(path(coretemp)));
     QVERIFY(put(energy, "262223000000\n"));
     const QJsonObject tree = after(second, Query::CpuEnhancedInfo);
     QCOMPARE(value(tree, packagePower), 80.0);
     QVERIFY(tree.value(package).isArray());
-    QCOMPARE(gpuReadings({}, tree).temperature, 0);
+    QCOMPARE(gpuReadings({}, tree).temperature.value, 0);
     QVERIFY(after(0, Query::CpuDtsInfo).isEmpty());
 }
 

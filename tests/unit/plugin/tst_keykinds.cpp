@@ -1,4 +1,7 @@
-#include "plugin/KeyTable.h"
+#include "plugin/KeyKinds.h"
+
+#include "plugin/KeyPass.h"
+#include "render/ActionCatalogue.h"
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
 #include "tests/support/MessageCapture.h"
@@ -7,7 +10,7 @@
 #include <QtTest>
 
 /// What each kind of key shows, without its title.
-class tst_KeyTable : public QObject
+class tst_KeyKinds : public QObject
 {
     Q_OBJECT
 
@@ -28,6 +31,7 @@ private Q_SLOTS:
     void networkOnOneLine();
     void networkOnTwoLines();
     void networkOnNeitherPaintsNothing();
+    void knowsEveryKindOfTheCatalogue();
     void unknownKindsAreNotPainted_data();
     void unknownKindsAreNotPainted();
 
@@ -52,12 +56,12 @@ const QString png = QStringLiteral("data:image/png;base64,");
 
 } // namespace
 
-void tst_KeyTable::init()
+void tst_KeyKinds::init()
 {
     fillSnapshot();
 }
 
-void tst_KeyTable::formatsTheReading_data()
+void tst_KeyKinds::formatsTheReading_data()
 {
     QTest::addColumn<QString>("text");
     const auto row = [](const char *uuid, const char *text) {
@@ -96,29 +100,29 @@ void tst_KeyTable::formatsTheReading_data()
     row("com.quellor.stream.system.NetWork.Download", "3.0MB/s");
 }
 
-void tst_KeyTable::formatsTheReading()
+void tst_KeyKinds::formatsTheReading()
 {
     BareKey key(QString::fromLatin1(QTest::currentDataTag()));
-    const auto picture = paintKey(key, m_pass);
+    const auto picture = m_pass.paint(key);
     QTEST(key.displayedText, "text");
     QVERIFY(picture && picture->startsWith(png) && picture->size() > png.size());
 }
 
-void tst_KeyTable::showsWholeGigabytesWithADigit()
+void tst_KeyKinds::showsWholeGigabytesWithADigit()
 {
     systemInfor::MemoryAvailableGB = 1024 / 1024.0;
     BareKey key(QStringLiteral("com.quellor.stream.system.Memory_Free_GB"));
-    QVERIFY(paintKey(key, m_pass));
+    QVERIFY(m_pass.paint(key));
     QCOMPARE(key.displayedText, QStringLiteral("1.0GB"));
 }
 
-void tst_KeyTable::logsPumpAndFanFirst()
+void tst_KeyKinds::logsPumpAndFanFirst()
 {
     const MessageCapture capture;
     const auto logged = [this](const char *uuid) {
         BareKey key(QString::fromLatin1(uuid));
         MessageCapture::clear();
-        paintKey(key, m_pass);
+        m_pass.paint(key);
         return MessageCapture::messages();
     };
     const auto quoted = [](const char *text) {
@@ -131,7 +135,7 @@ void tst_KeyTable::logsPumpAndFanFirst()
     QCOMPARE(logged("com.quellor.stream.system.cpu"), QStringList{quoted("textToDraw: 37%")});
 }
 
-void tst_KeyTable::showsFahrenheitWithoutALetter_data()
+void tst_KeyKinds::showsFahrenheitWithoutALetter_data()
 {
     QTest::addColumn<int>("celsius");
     QTest::addColumn<QString>("text");
@@ -141,7 +145,7 @@ void tst_KeyTable::showsFahrenheitWithoutALetter_data()
     QTest::newRow("150") << 150 << QStringLiteral("302°");
 }
 
-void tst_KeyTable::showsFahrenheitWithoutALetter()
+void tst_KeyKinds::showsFahrenheitWithoutALetter()
 {
     QFETCH(int, celsius);
     systemInfor::CpuTemperature = celsius;
@@ -150,12 +154,12 @@ void tst_KeyTable::showsFahrenheitWithoutALetter()
                                    "com.quellor.stream.system.Gpu_Temperature"}) {
         BareKey key(QString::fromLatin1(uuid));
         key.temperatureType = QStringLiteral("华氏度");
-        QVERIFY(paintKey(key, m_pass));
+        QVERIFY(m_pass.paint(key));
         QTEST(key.displayedText, "text");
     }
 }
 
-void tst_KeyTable::diskTemperatureCarriesOverWithinAPass()
+void tst_KeyKinds::diskTemperatureCarriesOverWithinAPass()
 {
     const QString uuid = QStringLiteral("com.quellor.stream.system.PhysicalDisk.Temperature");
     const auto shown = [&uuid](const char *disk, bool fahrenheit, KeyPass &pass) {
@@ -163,7 +167,7 @@ void tst_KeyTable::diskTemperatureCarriesOverWithinAPass()
         key.SelectPhysicalDisk = QString::fromLatin1(disk);
         if (fahrenheit)
             key.temperatureType = QStringLiteral("华氏度");
-        paintKey(key, pass);
+        pass.paint(key);
         return key.displayedText;
     };
     KeyPass pass;
@@ -177,15 +181,15 @@ void tst_KeyTable::diskTemperatureCarriesOverWithinAPass()
     QCOMPARE(shown("unknown", false, next), QStringLiteral("0°"));
 }
 
-void tst_KeyTable::showsAVolumeThatCannotBeRead()
+void tst_KeyKinds::showsAVolumeThatCannotBeRead()
 {
     systemInfor::AudioVolume = -1;
     BareKey key(QStringLiteral("com.quellor.stream.system.volume"));
-    QVERIFY(paintKey(key, m_pass));
+    QVERIFY(m_pass.paint(key));
     QCOMPARE(key.displayedText, QStringLiteral("-1%"));
 }
 
-void tst_KeyTable::looksUpTheChosenSensor_data()
+void tst_KeyKinds::looksUpTheChosenSensor_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("emptyList");
@@ -198,7 +202,7 @@ void tst_KeyTable::looksUpTheChosenSensor_data()
     QTest::newRow("empty list") << QString() << true << QStringLiteral("null");
 }
 
-void tst_KeyTable::looksUpTheChosenSensor()
+void tst_KeyKinds::looksUpTheChosenSensor()
 {
     QFETCH(QString, name);
     QFETCH(bool, emptyList);
@@ -206,49 +210,58 @@ void tst_KeyTable::looksUpTheChosenSensor()
         systemInfor::SensorList.clear();
     BareKey key(QStringLiteral("com.quellor.stream.AllDATA"));
     key.SelectValue = name;
-    QVERIFY(paintKey(key, m_pass));
+    QVERIFY(m_pass.paint(key));
     QTEST(key.displayedText, "text");
 }
 
-void tst_KeyTable::looksUpTheChosenFan()
+void tst_KeyKinds::looksUpTheChosenFan()
 {
     systemInfor::CpuFanList = {{QStringLiteral("CPU Fan"), QStringLiteral("1200RPM")}};
     BareKey key(QStringLiteral("com.quellor.stream.CPUFan"));
-    QVERIFY(paintKey(key, m_pass));
+    QVERIFY(m_pass.paint(key));
     QCOMPARE(key.displayedText, QStringLiteral("nodata"));
     key.SelectCPUFan = QStringLiteral("CPU Fan");
-    QVERIFY(paintKey(key, m_pass));
+    QVERIFY(m_pass.paint(key));
     QCOMPARE(key.displayedText, QStringLiteral("1200RPM"));
 }
 
-void tst_KeyTable::networkOnOneLine()
+void tst_KeyKinds::networkOnOneLine()
 {
     BareKey key(QStringLiteral("com.quellor.stream.system.NetWork"));
     key.titleLines = QStringLiteral("单行显示");
-    QVERIFY(paintKey(key, m_pass)->startsWith(png));
+    QVERIFY(m_pass.paint(key)->startsWith(png));
     QCOMPARE(key.displayedText, QStringLiteral("1.2Kb/s  3.0MB/s"));
 }
 
-void tst_KeyTable::networkOnTwoLines()
+void tst_KeyKinds::networkOnTwoLines()
 {
     BareKey key(QStringLiteral("com.quellor.stream.system.NetWork"));
     key.titleLines = QStringLiteral("双行显示");
-    QVERIFY(paintKey(key, m_pass)->startsWith(png));
+    QVERIFY(m_pass.paint(key)->startsWith(png));
     QCOMPARE(key.displayedText, QStringLiteral("1.2Kb/s\n3.0MB/s"));
 }
 
-void tst_KeyTable::networkOnNeitherPaintsNothing()
+void tst_KeyKinds::networkOnNeitherPaintsNothing()
 {
     BareKey key(QStringLiteral("com.quellor.stream.system.NetWork"));
     key.titleLines = QStringLiteral("three");
     key.displayedText = QStringLiteral("before");
-    const auto picture = paintKey(key, m_pass);
+    const auto picture = m_pass.paint(key);
     QVERIFY(picture.has_value());
     QCOMPARE(*picture, QString());
     QCOMPARE(key.displayedText, QStringLiteral("before"));
 }
 
-void tst_KeyTable::unknownKindsAreNotPainted_data()
+void tst_KeyKinds::knowsEveryKindOfTheCatalogue()
+{
+    for (const ActionCatalogueRow &row : actionCatalogue()) {
+        const KeyKind *const kind = findKeyKind(row.uuid);
+        QVERIFY2(kind, qPrintable(row.uuid));
+        QCOMPARE(kind->uuid(), row.uuid);
+    }
+}
+
+void tst_KeyKinds::unknownKindsAreNotPainted_data()
 {
     QTest::addColumn<QString>("uuid");
     QTest::newRow("unknown") << QStringLiteral("com.quellor.stream.system.weather");
@@ -257,14 +270,14 @@ void tst_KeyTable::unknownKindsAreNotPainted_data()
     QTest::newRow("empty") << QString();
 }
 
-void tst_KeyTable::unknownKindsAreNotPainted()
+void tst_KeyKinds::unknownKindsAreNotPainted()
 {
     QFETCH(QString, uuid);
     BareKey key(uuid);
-    QVERIFY(!paintKey(key, m_pass).has_value());
+    QVERIFY(!m_pass.paint(key).has_value());
     QCOMPARE(key.displayedText, QString());
     QVERIFY(key.keyImage.isNull());
 }
 
-QTEST_MAIN(tst_KeyTable)
-#include "tst_keytable.moc"
+QTEST_MAIN(tst_KeyKinds)
+#include "tst_keykinds.moc"

@@ -1,0 +1,78 @@
+#include "plugin/KeyKind.h"
+
+#include "render/normalAction.h"
+
+namespace {
+
+QString paintOneLine(normalAction &key, const QString &text)
+{
+    return key.normalPainting(text);
+}
+
+} // namespace
+
+KeyKind::KeyKind(const QString &uuid, Value value, Format format)
+    : m_uuid(uuid)
+    , m_value(value)
+    , m_format(format)
+    , m_painter(paintOneLine)
+{
+}
+
+KeyKind::KeyKind(const QString &uuid, ValueInPass value, Format format)
+    : m_uuid(uuid)
+    , m_valueInPass(value)
+    , m_format(format)
+    , m_painter(paintOneLine)
+{
+}
+
+KeyKind::KeyKind(const QString &uuid, Text text)
+    : m_uuid(uuid)
+    , m_text(text)
+    , m_painter(paintOneLine)
+{
+}
+
+KeyKind &KeyKind::paintedBy(Painter painter)
+{
+    m_painter = painter;
+    return *this;
+}
+
+KeyKind &KeyKind::selecting(Selection selection)
+{
+    m_selection = selection;
+    return *this;
+}
+
+KeyKind &KeyKind::replying(ReplyPart part)
+{
+    m_replyPart = part;
+    return *this;
+}
+
+KeyKind &KeyKind::steppingThroughDrives()
+{
+    m_stepsThroughDrives = true;
+    return *this;
+}
+
+QString KeyKind::textOf(Key key, KeyPass &pass) const
+{
+    if (m_text)
+        return m_text(key);
+    return m_format(m_value ? m_value(key) : m_valueInPass(key, pass));
+}
+
+void KeyKind::select(normalAction &key, SettingsOccasion occasion) const
+{
+    if (m_selection)
+        m_selection(key, occasion);
+}
+
+void KeyKind::addToReply(SettingsDraft &draft) const
+{
+    if (m_replyPart)
+        m_replyPart(draft);
+}

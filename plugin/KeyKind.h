@@ -1,0 +1,57 @@
+#pragma once
+
+#include "plugin/SettingsOccasion.h"
+#include "values/Reading.h"
+
+#include <QString>
+
+class KeyPass;
+class normalAction;
+struct SettingsDraft;
+
+/// One kind of key: what it shows, how it is painted, which selection it takes from its settings
+/// and what it adds to the reply to them. What it shows is a number with its units, which a format
+/// turns into a text, or a text of its own.
+class KeyKind
+{
+public:
+    using Key = const normalAction &;
+    using Value = Reading<double> (*)(Key key);
+    using ValueInPass = Reading<double> (*)(Key key, KeyPass &pass);
+    using Format = QString (*)(const Reading<double> &value);
+    using Text = QString (*)(Key key);
+    using Painter = QString (*)(normalAction &key, const QString &text);
+    using Selection = void (*)(normalAction &key, SettingsOccasion occasion);
+    using ReplyPart = void (*)(SettingsDraft &draft);
+
+    KeyKind(const QString &uuid, Value value, Format format);
+    /// A kind whose keys hand something on to the later ones of a pass.
+    KeyKind(const QString &uuid, ValueInPass value, Format format);
+    KeyKind(const QString &uuid, Text text);
+
+    /// Instead of on one line.
+    KeyKind &paintedBy(Painter painter);
+    KeyKind &selecting(Selection selection);
+    KeyKind &replying(ReplyPart part);
+    /// A kind whose keys show a drive, or one drive after the other.
+    KeyKind &steppingThroughDrives();
+
+    const QString &uuid() const { return m_uuid; }
+    QString textOf(Key key, KeyPass &pass) const;
+    /// Returns the picture as a data URL; empty where nothing is painted.
+    QString paint(normalAction &key, const QString &text) const { return m_painter(key, text); }
+    void select(normalAction &key, SettingsOccasion occasion) const;
+    void addToReply(SettingsDraft &draft) const;
+    bool stepsThroughDrives() const { return m_stepsThroughDrives; }
+
+private:
+    QString m_uuid;
+    Value m_value = nullptr;
+    ValueInPass m_valueInPass = nullptr;
+    Format m_format = nullptr;
+    Text m_text = nullptr;
+    Painter m_painter;
+    Selection m_selection = nullptr;
+    ReplyPart m_replyPart = nullptr;
+    bool m_stepsThroughDrives = false;
+};
