@@ -44,7 +44,7 @@ QJsonObject LiveSource::tree(Query query)
     const qint64 now = m_clock();
     if (now < m_sampledNs || now - m_sampledNs > freshness.count())
         sample(now);
-    return m_trees.tree(query);
+    return query == Query::AllSensorsData ? m_trees.allSensors() : m_trees.tree(query);
 }
 
 bool LiveSource::sample(qint64 nowNs)

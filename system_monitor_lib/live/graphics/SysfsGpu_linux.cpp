@@ -119,6 +119,13 @@ SysfsGpu::SysfsGpu(const QString &card, const QString &driver, const QString &pc
         m_state.place = QFileInfo(card).fileName();
     m_state.name = nameOf(card, driver, parseUevent(uevent.read(), "PCI_ID"), pciIds);
     open(driver);
+    // The driver knows the size by heart: this wakes nothing.
+    QJsonObject memory;
+    addMemory(memory);
+    if (m_state.memory > 0)
+        m_state.mayHave += memoryLabelNames();
+    if (QFileInfo::exists(resolved(QStringLiteral("hwmon/energy1_input"))))
+        m_state.mayHave += QStringLiteral("GPU Power");
 }
 
 SysfsGpu::~SysfsGpu() = default;
@@ -152,6 +159,7 @@ void SysfsGpu::open(const QString &driver)
             qstrcmp(served, row.label) == 0)
             continue;
         served = row.label;
+        m_state.mayHave += QString::fromLatin1(row.label);
         m_sensors.push_back(std::make_unique<Sensor>(row, path));
     }
 }

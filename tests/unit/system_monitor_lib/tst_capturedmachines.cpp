@@ -29,6 +29,7 @@ constexpr Operation operations[] = {
     {"getNetworkInfo", Query::NetworkInfo},
     {"getSMARTInfo", Query::SmartInfo},
     {"getPresentMon", Query::PresentMon},
+    {"getAllSensorsData", Query::AllSensorsData},
 };
 
 QStringList describe(LiveSource &source)
@@ -93,8 +94,9 @@ private Q_SLOTS:
 void CapturedMachinesTest::givesItsReadings_data()
 {
     QTest::addColumn<QString>("machine");
-    for (const char *const name : {"intel-desktop", "amd-desktop", "hybrid-laptop",
-                                   "nvidia-desktop", "headless-server", "arm-board"})
+    for (const char *const name :
+         {"intel-desktop", "amd-desktop", "hybrid-laptop", "nvidia-desktop", "headless-server",
+          "arm-board", "two-cards-desktop"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
