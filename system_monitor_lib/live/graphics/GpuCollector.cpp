@@ -5,6 +5,20 @@
 #include <algorithm>
 #include <tuple>
 
+namespace {
+
+/// Readers choose the GPU with the most memory.
+QJsonObject labelsForChoice(const GpuState &gpu)
+{
+    QJsonObject labels = gpu.labels;
+    if (gpu.isMemoryOfWindow)
+        labels.insert(QStringLiteral("GPU Memory Total"),
+                      reading(gpu.memory, QStringLiteral("MB")));
+    return labels;
+}
+
+} // namespace
+
 GpuCollector::GpuCollector(std::vector<std::unique_ptr<GpuSource>> sources)
     : m_sources(std::move(sources))
 {
@@ -30,7 +44,7 @@ bool GpuCollector::collect(qint64 nowNs, SensorTrees &trees)
         const QString name = distinctName(gpu, gpus, &GpuState::name);
         // Readers might choose a GPU that says nothing over one that does.
         if (!gpu.labels.isEmpty())
-            trees.addDevice(Query::GpuInfo, name, gpu.labels);
+            trees.addDevice(Query::GpuInfo, name, labelsForChoice(gpu));
         const int number = gpu.labels.isEmpty() ? nextAsleep++ : nextAwake++;
         trees.addGroup({QStringLiteral("GPU [#%1]: %2").arg(number).arg(name), gpu.name, gpu.place,
                         gpu.mayHave},

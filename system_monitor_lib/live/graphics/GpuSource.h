@@ -14,6 +14,9 @@ struct GpuState
     QString place;
     /// Its own memory in MB, 0 when it has none or does not tell.
     double memory = 0;
+    /// Whether that is only what its window on the bus tells: enough to choose a card by, but not
+    /// for a reading.
+    bool isMemoryOfWindow = false;
     QJsonObject labels;
     /// The labels that it may have while it is awake.
     QStringList mayHave = {};

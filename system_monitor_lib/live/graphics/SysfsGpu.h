@@ -40,6 +40,8 @@ private:
     [[nodiscard]] QString resolved(const QString &file) const;
     bool isAwake(qint64 nowNs);
     void addMemory(QJsonObject &labels);
+    /// The memory of a card that does not tell it itself.
+    void askWindow();
     void addEnergy(QJsonObject &labels, qint64 nowNs);
 
     const QString m_card;

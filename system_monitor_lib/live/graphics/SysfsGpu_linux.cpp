@@ -3,6 +3,7 @@
 #include "system_monitor_lib/SensorTrees.h"
 #include "system_monitor_lib/live/Rates.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
+#include "system_monitor_lib/live/graphics/PciMemory.h"
 #include "system_monitor_lib/live/graphics/PciNames.h"
 
 #include <QDir>
@@ -109,7 +110,9 @@ SysfsGpu::SysfsGpu(const QString &card, const QString &driver, const QString &pc
     , m_hwmon(hwmonOf(card))
     , m_runtimeStatus(card + QStringLiteral("/device/power/runtime_status"))
     , m_memoryUsed(card + QStringLiteral("/device/mem_info_vram_used"))
-    , m_memoryTotal(card + QStringLiteral("/device/mem_info_vram_total"))
+    , m_memoryTotal(card + (driver == QLatin1String("xe")
+                                ? QStringLiteral("/device/tile0/physical_vram_size_bytes")
+                                : QStringLiteral("/device/mem_info_vram_total")))
     , m_energy(resolved(QStringLiteral("hwmon/energy1_input")))
 {
     constexpr std::size_t longestUevent = 4096;
@@ -123,7 +126,9 @@ SysfsGpu::SysfsGpu(const QString &card, const QString &driver, const QString &pc
     QJsonObject memory;
     addMemory(memory);
     if (m_state.memory > 0)
-        m_state.mayHave += memoryLabelNames();
+        m_state.mayHave += memory.keys();
+    else
+        askWindow();
     if (QFileInfo::exists(resolved(QStringLiteral("hwmon/energy1_input"))))
         m_state.mayHave += QStringLiteral("GPU Power");
 }
@@ -181,6 +186,24 @@ void SysfsGpu::addMemory(QJsonObject &labels)
         return;
     const std::optional<quint64> used = unsignedNumber(m_memoryUsed);
     m_state.memory = addMemoryLabels(labels, used.value_or(*total + 1), *total);
+}
+
+void SysfsGpu::askWindow()
+{
+    // What is built into the processor, on the first bus, has no memory of its own.
+    constexpr std::size_t longestList = 4096;
+    if (m_state.place.section(QLatin1Char(':'), 1, 1) == QLatin1String("00"))
+        return;
+    const QString device = m_card + QStringLiteral("/device/");
+    PolledFile windows(device + QStringLiteral("resource"), longestList);
+    quint64 bytes = parseLargestWindow(windows.read()).value_or(0);
+    // A part of the memory may have to do as a window; this says of how much. It wakes the card.
+    PolledFile sizes(device + QStringLiteral("resource2_resize"), longestList);
+    if (!meansAsleep(m_runtimeStatus.word()))
+        bytes = std::max(bytes, parseLargestSize(sizes.read()).value_or(0));
+    constexpr double bytesPerMegabyte = 1024.0 * 1024.0;
+    m_state.memory = static_cast<double>(bytes) / bytesPerMegabyte;
+    m_state.isMemoryOfWindow = bytes > 0;
 }
 
 void SysfsGpu::addEnergy(QJsonObject &labels, qint64 nowNs)

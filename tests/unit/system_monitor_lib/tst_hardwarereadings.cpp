@@ -1,4 +1,5 @@
 #include "sensors/GpuReadings.h"
+#include "sensors/ModelNames.h"
 #include "system_monitor_lib/live/LiveSource.h"
 #include "system_monitor_lib/live/processor/CpuClockCollector.h"
 #include "tests/unit/system_monitor_lib/labels.h"
@@ -55,6 +56,8 @@ private Q_SLOTS:
     void vanishedGpuIsLeftOut();
     void energyCounterGivesGpuPower();
     void equalGpusHaveDistinctNames();
+    void modelAndReadingsAreOfOneCard_data();
+    void modelAndReadingsAreOfOneCard();
 
     void idleDiskIsNotRead();
     void suspendedDriveIsNotRead_data();
@@ -395,6 +398,29 @@ void HardwareReadingsTest::equalGpusHaveDistinctNames()
     const QStringList expected{radeon + QStringLiteral(" (0000:03:00.0)"),
                                radeon + QStringLiteral(" (0000:04:00.0)")};
     QCOMPARE(after(0, Query::GpuInfo).keys(), expected);
+}
+
+void HardwareReadingsTest::modelAndReadingsAreOfOneCard_data()
+{
+    QTest::addColumn<QString>("machine");
+    QTest::addColumn<QString>("model");
+    const auto row = [](const char *machine, const char *model) {
+        QTest::newRow(machine) << QString::fromLatin1(machine) << QString::fromLatin1(model);
+    };
+    row("two-cards-desktop", "AMD GPU 1002:7480");
+    row("intel-and-arc-desktop", "Intel GPU 8086:56A0");
+    row("amd-and-arc-desktop", "Intel GPU 8086:E20B");
+    row("cards-without-memory", "AMD GPU 1002:6810");
+    row("hybrid-laptop", "Intel GPU 8086:4628");
+}
+
+void HardwareReadingsTest::modelAndReadingsAreOfOneCard()
+{
+    QFETCH(const QString, machine);
+    QFETCH(const QString, model);
+    QVERIFY(load(machine));
+    QCOMPARE(chosenGpu(after(0, Query::GpuInfo)), model);
+    QCOMPARE(modelNames(m_source->tree(Query::AllSensorsData), {}).gpu, model);
 }
 
 void HardwareReadingsTest::idleDiskIsNotRead()
