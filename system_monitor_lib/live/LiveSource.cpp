@@ -8,12 +8,12 @@
 
 namespace {
 
-/// The model follows ": ", where readers of the group look for it.
+/// The model follows ": ", where readers of the group look for it. Without one they would take
+/// what follows in another group's name.
 QString cpuGroup(const MachineRoots &roots)
 {
-    const QString group = QStringLiteral("CPU [#0]");
     const QString model = cpuModel(roots);
-    return model.isEmpty() ? group : group + QStringLiteral(": ") + model;
+    return QStringLiteral("CPU [#0]: ") + (model.isEmpty() ? cpuDescription(roots) : model);
 }
 
 } // namespace
