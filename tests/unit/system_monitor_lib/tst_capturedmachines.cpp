@@ -96,7 +96,8 @@ void CapturedMachinesTest::givesItsReadings_data()
     QTest::addColumn<QString>("machine");
     for (const char *const name :
          {"intel-desktop", "amd-desktop", "hybrid-laptop", "nvidia-desktop", "headless-server",
-          "arm-board", "two-cards-desktop", "intel-and-arc-desktop", "amd-and-arc-desktop"})
+          "arm-board", "two-cards-desktop", "intel-and-arc-desktop", "amd-and-arc-desktop",
+          "arm-board-two-kinds-of-cores", "old-amd-desktop", "old-intel-laptop"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
