@@ -97,7 +97,7 @@ const std::array<Kind, 6> kinds{{
 /// Read elsewhere, and only while they are awake.
 bool mayBeAsleep(const sensors_chip_name &chip)
 {
-    constexpr std::array<const char *, 6> drivers{"amdgpu",  "i915",      "xe",
+    constexpr std::array<const char *, 7> drivers{"amdgpu",  "radeon",    "i915", "xe",
                                                   "nouveau", "drivetemp", "nvme"};
     return std::any_of(drivers.begin(), drivers.end(),
                        [&chip](const char *driver) { return qstrcmp(chip.prefix, driver) == 0; });

@@ -46,9 +46,10 @@ bool GpuCollector::collect(qint64 nowNs, SensorTrees &trees)
         if (!gpu.labels.isEmpty())
             trees.addDevice(Query::GpuInfo, name, labelsForChoice(gpu));
         const int number = gpu.labels.isEmpty() ? nextAsleep++ : nextAwake++;
-        trees.addGroup({QStringLiteral("GPU [#%1]: %2").arg(number).arg(name), gpu.name, gpu.place,
-                        gpu.mayHave},
-                       gpu.labels);
+        const QString group = QStringLiteral("GPU [#%1]: %2").arg(number).arg(name);
+        trees.addGroup({group, gpu.name, gpu.place, gpu.mayHave}, gpu.labels);
+        if (!gpu.listed.isEmpty())
+            trees.addDevice(Query::AllSensorsData, group, gpu.listed);
     }
     return !gpus.empty();
 }

@@ -18,6 +18,8 @@ struct GpuState
     /// for a reading.
     bool isMemoryOfWindow = false;
     QJsonObject labels;
+    /// What only the list of all sensors has besides.
+    QJsonObject listed = {};
     /// The labels that it may have while it is awake.
     QStringList mayHave = {};
 };

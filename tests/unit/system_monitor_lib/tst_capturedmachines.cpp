@@ -97,7 +97,8 @@ void CapturedMachinesTest::givesItsReadings_data()
     for (const char *const name :
          {"intel-desktop", "amd-desktop", "hybrid-laptop", "nvidia-desktop", "headless-server",
           "arm-board", "two-cards-desktop", "intel-and-arc-desktop", "amd-and-arc-desktop",
-          "arm-board-two-kinds-of-cores", "old-amd-desktop", "old-intel-laptop"})
+          "arm-board-two-kinds-of-cores", "old-amd-desktop", "old-intel-laptop", "intel-laptop",
+          "old-radeon-desktop"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 

@@ -464,6 +464,7 @@ void HardwareReadingsTest::modelAndReadingsAreOfOneCard_data()
     row("amd-and-arc-desktop", "Intel GPU 8086:E20B");
     row("cards-without-memory", "AMD GPU 1002:6810");
     row("hybrid-laptop", "Intel GPU 8086:4628");
+    row("old-radeon-desktop", "AMD GPU 1002:6810");
 }
 
 void HardwareReadingsTest::modelAndReadingsAreOfOneCard()
