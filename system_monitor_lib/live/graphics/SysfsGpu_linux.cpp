@@ -2,6 +2,7 @@
 
 #include "system_monitor_lib/SensorTrees.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
+#include "system_monitor_lib/live/graphics/AmdNames.h"
 #include "system_monitor_lib/live/graphics/PciMemory.h"
 #include "system_monitor_lib/live/graphics/PciNames.h"
 #include "system_monitor_lib/live/graphics/SysfsGpuTable.h"
@@ -40,13 +41,17 @@ QString hwmonOf(const QString &card)
 
 /// Its name as sold, or by its number.
 QString nameOf(const QString &card, const QString &driver, const QString &pciId,
-               const QString &pciIds)
+               const MachineRoots &roots)
 {
-    const QString product = attributeWord(card + QStringLiteral("/device/product_name"));
-    const QString listed = pciDeviceName(pciIds, pciId.section(QLatin1Char(':'), 0, 0),
-                                         pciId.section(QLatin1Char(':'), 1, 1));
-    const QString known = product.isEmpty() ? listed : product;
     const QString vendor = vendorOfDriver(driver);
+    const QString maker = pciId.section(QLatin1Char(':'), 0, 0);
+    const QString device = pciId.section(QLatin1Char(':'), 1, 1);
+    QString known = attributeWord(card + QStringLiteral("/device/product_name"));
+    if (known.isEmpty() && vendor == QLatin1String("AMD"))
+        known = amdCardName(roots.amdIds, device,
+                            attributeWord(card + QStringLiteral("/device/revision")));
+    if (known.isEmpty())
+        known = pciDeviceName(roots.pciIds, maker, device);
     if (known.isEmpty())
         return QStringLiteral("%1 GPU %2").arg(vendor, pciId).trimmed();
     return known.startsWith(vendor, Qt::CaseInsensitive)
@@ -89,7 +94,7 @@ SysfsGpu::SysfsGpu(const QString &card, const QString &driver, const MachineRoot
     m_state.place = parseUevent(uevent.read(), "PCI_SLOT_NAME");
     if (m_state.place.isEmpty())
         m_state.place = QFileInfo(card).fileName();
-    m_state.name = nameOf(card, driver, parseUevent(uevent.read(), "PCI_ID"), roots.pciIds);
+    m_state.name = nameOf(card, driver, parseUevent(uevent.read(), "PCI_ID"), roots);
     open(driver);
     openEnergy(driver, roots);
     // The driver knows the size by heart: this wakes nothing.

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void vanishedGpuIsLeftOut();
     void energyCounterGivesGpuPower();
     void equalGpusHaveDistinctNames();
+    void listOfCardsIsFoundInOneOfItsPlaces();
     void modelAndReadingsAreOfOneCard_data();
     void modelAndReadingsAreOfOneCard();
 
@@ -100,6 +101,7 @@ void HardwareReadingsTest::init()
     m_now = second;
     MachineRoots roots{path(QStringLiteral("proc")), path(QStringLiteral("sys"))};
     roots.pciIds = QStringLiteral(FIXTURES_DIRECTORY "/machines/pci.ids");
+    roots.amdIds = QStringLiteral(FIXTURES_DIRECTORY "/machines/amdgpu.ids");
     m_source = std::make_unique<LiveSource>(roots, [this] { return m_now; });
 }
 
@@ -452,6 +454,17 @@ void HardwareReadingsTest::equalGpusHaveDistinctNames()
     QCOMPARE(after(0, Query::GpuInfo).keys(), expected);
 }
 
+void HardwareReadingsTest::listOfCardsIsFoundInOneOfItsPlaces()
+{
+    const QString first = path(QStringLiteral("misc/pci.ids"));
+    const QString second = path(QStringLiteral("hwdata/pci.ids"));
+    QCOMPARE(firstFile({first, second}), QString());
+    QVERIFY(writeFile(second, "list"));
+    QCOMPARE(firstFile({first, second}), second);
+    QVERIFY(writeFile(first, "list"));
+    QCOMPARE(firstFile({first, second}), first);
+}
+
 void HardwareReadingsTest::modelAndReadingsAreOfOneCard_data()
 {
     QTest::addColumn<QString>("machine");
@@ -459,7 +472,7 @@ void HardwareReadingsTest::modelAndReadingsAreOfOneCard_data()
     const auto row = [](const char *machine, const char *model) {
         QTest::newRow(machine) << QString::fromLatin1(machine) << QString::fromLatin1(model);
     };
-    row("two-cards-desktop", "AMD GPU 1002:7480");
+    row("two-cards-desktop", "AMD Radeon RX 7600");
     row("intel-and-arc-desktop", "Intel GPU 8086:56A0");
     row("amd-and-arc-desktop", "Intel GPU 8086:E20B");
     row("cards-without-memory", "AMD GPU 1002:6810");
