@@ -1,7 +1,9 @@
 #include "fuzz/FuzzSupport.h"
+#include "system_monitor_lib/live/graphics/AmdNames.h"
 #include "system_monitor_lib/live/graphics/PciNames.h"
 
-// The list of PCI devices. The first line is the number of the device looked up, "10de:2684".
+// The lists of PCI devices and of AMD cards. The first line is the number of the device looked up,
+// "10de:2684" or "7480,CF".
 
 namespace {
 
@@ -23,5 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     list->write(input);
     pciDeviceName(list->path(), number.section(QLatin1Char(':'), 0, 0),
                   number.section(QLatin1Char(':'), 1, 1));
+    amdCardName(list->path(), number.section(QLatin1Char(','), 0, 0),
+                number.section(QLatin1Char(','), 1, 1));
     return 0;
 }

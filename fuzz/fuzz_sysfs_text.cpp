@@ -1,6 +1,7 @@
 #include "fuzz/FuzzSupport.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
 #include "system_monitor_lib/live/files/TextFields.h"
+#include "system_monitor_lib/live/graphics/PciMemory.h"
 #include "system_monitor_lib/live/network/NetworkText.h"
 
 #include <string_view>
@@ -28,5 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     fuzz::require(parseLinkSpeed(text) >= 0);
     fuzz::require(!parseWord(text).contains(QLatin1Char('\n')));
     parseUevent(text, "PCI_ID");
+    parseLargestWindow(text);
+    parseLargestSize(text);
     return 0;
 }

@@ -1,5 +1,9 @@
 #include "system_monitor_lib/SensorTrees.h"
 
+#include "system_monitor_lib/DistinctLabels.h"
+
+#include <algorithm>
+
 namespace {
 
 QJsonObject united(QJsonObject first, const QJsonObject &second)
@@ -29,8 +33,44 @@ void SensorTrees::add(Query query, const QJsonObject &tree)
     target = united(target, tree);
 }
 
+void SensorTrees::add(const SensorTrees &other)
+{
+    for (std::size_t query = 0; query < queryCount; ++query) {
+        if (query != static_cast<std::size_t>(Query::AllSensorsData))
+            add(static_cast<Query>(query), other.m_trees.at(query));
+    }
+    const QJsonObject &sensors = other.tree(Query::AllSensorsData);
+    for (const SensorGroup &each : other.m_groups)
+        addGroup(each, sensors.value(each.name).toObject());
+}
+
+SensorGroup &SensorTrees::group(const QString &name)
+{
+    const auto known = std::find_if(m_groups.begin(), m_groups.end(),
+                                    [&name](const SensorGroup &each) { return each.name == name; });
+    if (known != m_groups.end())
+        return *known;
+    m_groups.push_back({name});
+    return m_groups.back();
+}
+
+void SensorTrees::addGroup(const SensorGroup &added, const QJsonObject &tree)
+{
+    addDevice(Query::AllSensorsData, added.name, tree);
+    SensorGroup &known = group(added.name);
+    if (!added.device.isEmpty())
+        known = added;
+}
+
+QJsonObject SensorTrees::allSensors() const
+{
+    return withDistinctLabels(tree(Query::AllSensorsData), m_groups);
+}
+
 void SensorTrees::addDevice(Query query, const QString &device, const QJsonObject &tree)
 {
+    if (query == Query::AllSensorsData)
+        group(device);
     QJsonObject &target = m_trees.at(static_cast<std::size_t>(query));
     target.insert(device, united(target.value(device).toObject(), tree));
 }

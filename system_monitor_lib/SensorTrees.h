@@ -5,11 +5,25 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
+#include <QStringList>
 
 #include <array>
+#include <vector>
 
 /// The value under a sensor label: an array of one object with "value" and "units".
 QJsonArray reading(double value, const QString &units);
+
+/// A group of the list of all sensors, and the device that it belongs to.
+struct SensorGroup
+{
+    QString name;
+    /// What the device is called; empty for the groups of which there is only one.
+    QString device = {};
+    /// Tells it from another device of that name, also after the next start.
+    QString place = {};
+    /// The labels that the device may have, whether it tells them now or not.
+    QStringList labels = {};
+};
 
 /// The trees of all queries at one moment.
 class SensorTrees
@@ -22,7 +36,19 @@ public:
     /// Adds \a tree to \a query below the key \a device (a GPU, adapter, drive or sensor group),
     /// beside what is there already. The key exists afterwards even when \a tree is empty.
     void addDevice(Query query, const QString &device, const QJsonObject &tree);
+    /// Adds \a tree to the list of all sensors, as \a group.
+    void addGroup(const SensorGroup &group, const QJsonObject &tree);
+    /// Adds what \a other has; of a label that both have, \a other's readings count.
+    void add(const SensorTrees &other);
+
+    /// The list of all sensors, with one label for each sensor. Of the groups that may have a label
+    /// the one that was added first keeps it; the others' begin with the name of their device.
+    [[nodiscard]] QJsonObject allSensors() const;
 
 private:
+    SensorGroup &group(const QString &name);
+
     std::array<QJsonObject, queryCount> m_trees;
+    /// In the order in which they were added.
+    std::vector<SensorGroup> m_groups;
 };

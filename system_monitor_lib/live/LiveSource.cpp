@@ -8,12 +8,12 @@
 
 namespace {
 
-/// The model follows ": ", where readers of the group look for it.
+/// The model follows ": ", where readers of the group look for it. Without one they would take
+/// what follows in another group's name.
 QString cpuGroup(const MachineRoots &roots)
 {
-    const QString group = QStringLiteral("CPU [#0]");
     const QString model = cpuModel(roots);
-    return model.isEmpty() ? group : group + QStringLiteral(": ") + model;
+    return QStringLiteral("CPU [#0]: ") + (model.isEmpty() ? cpuDescription(roots) : model);
 }
 
 } // namespace
@@ -44,7 +44,7 @@ QJsonObject LiveSource::tree(Query query)
     const qint64 now = m_clock();
     if (now < m_sampledNs || now - m_sampledNs > freshness.count())
         sample(now);
-    return m_trees.tree(query);
+    return query == Query::AllSensorsData ? m_trees.allSensors() : m_trees.tree(query);
 }
 
 bool LiveSource::sample(qint64 nowNs)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /// Where the readings of a machine lie; another place holds a captured machine. Without meaning on
 /// systems that have no such files.
@@ -10,11 +11,16 @@ struct MachineRoots
     QString sys = QStringLiteral("/sys");
     /// The list of PCI devices by number; empty when there is none.
     QString pciIds = {};
+    /// The list of AMD cards by number and revision; empty when there is none.
+    QString amdIds = {};
     /// NVIDIA's management library, loaded when it is there; empty when it shall not be.
     QString nvidiaLibrary = {};
     /// Whether the chips of the board are read. They are always those of this machine.
     bool boardChips = false;
 };
+
+/// The first of \a paths that exists; empty when none does.
+QString firstFile(const QStringList &paths);
 
 /// Everything that this machine has.
 MachineRoots thisMachine();

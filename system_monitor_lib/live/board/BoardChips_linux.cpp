@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <tuple>
 
 #include <sensors/error.h>
 #include <sensors/sensors.h>
@@ -96,7 +97,7 @@ const std::array<Kind, 6> kinds{{
 /// Read elsewhere, and only while they are awake.
 bool mayBeAsleep(const sensors_chip_name &chip)
 {
-    constexpr std::array<const char *, 6> drivers{"amdgpu",  "i915",      "xe",
+    constexpr std::array<const char *, 7> drivers{"amdgpu",  "radeon",    "i915", "xe",
                                                   "nouveau", "drivetemp", "nvme"};
     return std::any_of(drivers.begin(), drivers.end(),
                        [&chip](const char *driver) { return qstrcmp(chip.prefix, driver) == 0; });
@@ -125,10 +126,47 @@ std::optional<double> valueOf(const sensors_chip_name &chip, const sensors_featu
     return std::nullopt;
 }
 
-QString labelOf(const sensors_chip_name &chip, const sensors_feature &feature)
+const Kind *kindOf(const sensors_feature &feature)
 {
-    const std::unique_ptr<char, Freer> label(sensors_get_label(&chip, &feature));
-    return QString::fromUtf8(label ? label.get() : feature.name);
+    const auto *const kind = std::find_if(kinds.begin(), kinds.end(), [&feature](const Kind &each) {
+        return each.feature == feature.type;
+    });
+    return kind == kinds.end() ? nullptr : kind;
+}
+
+/// The sensors of a chip by label, in the chip's order.
+std::vector<std::pair<QString, const sensors_feature *>> sensorsOf(const sensors_chip_name &chip)
+{
+    std::vector<std::pair<QString, const sensors_feature *>> sensors;
+    QStringList taken;
+    int next = 0;
+    while (const sensors_feature *const feature = sensors_get_features(&chip, &next)) {
+        if (!kindOf(*feature))
+            continue;
+        const std::unique_ptr<char, Freer> text(sensors_get_label(&chip, feature));
+        const QString name = QString::fromUtf8(feature->name);
+        QString label = text ? QString::fromUtf8(text.get()) : name;
+        if (taken.contains(label))
+            label = QStringLiteral("%1 (%2)").arg(label, name);
+        taken += label;
+        sensors.emplace_back(label, feature);
+    }
+    return sensors;
+}
+
+const sensors_chip_name *found(const BoardChip &chip)
+{
+    int number = static_cast<int>(chip.index);
+    return sensors_get_detected_chips(nullptr, &number);
+}
+
+int busOrder(const sensors_chip_name &chip)
+{
+    constexpr std::array<short, 7> buses{
+        SENSORS_BUS_TYPE_ISA,     SENSORS_BUS_TYPE_PCI,  SENSORS_BUS_TYPE_I2C, SENSORS_BUS_TYPE_SPI,
+        SENSORS_BUS_TYPE_VIRTUAL, SENSORS_BUS_TYPE_ACPI, SENSORS_BUS_TYPE_MDIO};
+    // Unknown ones are those that are plugged in.
+    return static_cast<int>(std::find(buses.begin(), buses.end(), chip.bus.type) - buses.begin());
 }
 
 void complainAboutConfiguration(const char *error, const char *file, int line)
@@ -150,9 +188,16 @@ BoardChips::BoardChips()
     while (const sensors_chip_name *const chip =
                m_good ? sensors_get_detected_chips(nullptr, &next) : nullptr) {
         std::array<char, 256> name{};
-        if (!mayBeAsleep(*chip) && sensors_snprintf_chip_name(name.data(), name.size(), chip) > 0)
-            m_chips.push_back({QString::fromUtf8(name.data()), static_cast<std::size_t>(next - 1)});
+        if (mayBeAsleep(*chip) || sensors_snprintf_chip_name(name.data(), name.size(), chip) <= 0)
+            continue;
+        const QString driver = QString::fromUtf8(chip->prefix);
+        const QString whole = QString::fromUtf8(name.data());
+        m_chips.push_back({whole, driver, whole.mid(driver.size() + 1),
+                           static_cast<std::size_t>(next - 1), busOrder(*chip)});
     }
+    std::sort(m_chips.begin(), m_chips.end(), [](const BoardChip &a, const BoardChip &b) {
+        return std::tie(a.busOrder, a.name) < std::tie(b.busOrder, b.name);
+    });
 }
 
 BoardChips::~BoardChips()
@@ -161,25 +206,26 @@ BoardChips::~BoardChips()
         sensors_cleanup();
 }
 
+QStringList BoardChips::labels(const BoardChip &chip) const
+{
+    QStringList labels;
+    if (const sensors_chip_name *const known = found(chip)) {
+        for (const auto &[label, feature] : sensorsOf(*known))
+            labels += label;
+    }
+    return labels;
+}
+
 QJsonObject BoardChips::read(const BoardChip &chip) const
 {
     QJsonObject labels;
-    int number = static_cast<int>(chip.index);
-    const sensors_chip_name *const found = sensors_get_detected_chips(nullptr, &number);
-    if (!found)
+    const sensors_chip_name *const known = found(chip);
+    if (!known)
         return labels;
-    int next = 0;
-    while (const sensors_feature *const feature = sensors_get_features(found, &next)) {
-        for (const Kind &kind : kinds) {
-            if (kind.feature != feature->type)
-                continue;
-            if (const std::optional<double> value = valueOf(*found, *feature, kind)) {
-                const QString label = labelOf(*found, *feature);
-                QJsonArray readings = labels.value(label).toArray();
-                readings.append(reading(*value, QString::fromUtf8(kind.units)).at(0));
-                labels.insert(label, readings);
-            }
-        }
+    for (const auto &[label, feature] : sensorsOf(*known)) {
+        const Kind &kind = *kindOf(*feature);
+        if (const std::optional<double> value = valueOf(*known, *feature, kind))
+            labels.insert(label, reading(*value, QString::fromUtf8(kind.units)));
     }
     return labels;
 }

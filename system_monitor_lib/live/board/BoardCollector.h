@@ -31,6 +31,7 @@ private:
     struct Group
     {
         BoardChip chip;
+        QStringList mayHave;
         Pace pace{std::chrono::nanoseconds(0)};
         QJsonObject labels;
     };

@@ -48,7 +48,7 @@ void BoardCollector::look()
     m_chips = std::make_unique<BoardChips>();
     m_groups.clear();
     for (const BoardChip &chip : m_chips->chips())
-        m_groups.push_back({chip, Pace(std::chrono::nanoseconds(0)), {}});
+        m_groups.push_back({chip, m_chips->labels(chip), Pace(std::chrono::nanoseconds(0)), {}});
 }
 
 bool BoardCollector::collect(qint64 nowNs, SensorTrees &trees)
@@ -62,9 +62,10 @@ bool BoardCollector::collect(qint64 nowNs, SensorTrees &trees)
             group.labels = m_chips->read(group.chip);
             group.pace.setPeriod(restAfter(m_stopwatch() - start));
         }
-        if (group.labels.isEmpty())
+        if (group.mayHave.isEmpty())
             continue;
-        trees.addDevice(Query::AllSensorsData, group.chip.name, group.labels);
+        trees.addGroup({group.chip.name, group.chip.driver, group.chip.place, group.mayHave},
+                       group.labels);
         if (voltage.isEmpty())
             voltage = coreVoltage(group.labels);
     }

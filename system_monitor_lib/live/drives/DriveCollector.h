@@ -29,6 +29,7 @@ private:
         QString directory;
         QString model;
         QString place;
+        QString order;
         std::unique_ptr<Attribute> temperature;
         /// "suspended" while its bus sleeps.
         std::unique_ptr<Attribute> runtimeStatus;

@@ -2,6 +2,7 @@
 
 #include "system_monitor_lib/live/DistinctName.h"
 #include "system_monitor_lib/live/drives/DriveTree.h"
+#include "system_monitor_lib/live/files/DeviceOrder.h"
 #include "system_monitor_lib/live/files/HwmonChip.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
 
@@ -70,6 +71,7 @@ void DriveCollector::look()
         drive.directory = chip.directory;
         drive.model = attributeWord(device + QStringLiteral("/model"));
         drive.place = placeOf(chip, device);
+        drive.order = orderOfDevice(device);
         if (drive.model.isEmpty())
             drive.model = chip.name;
         drive.temperature = attribute(chip.directory + QStringLiteral("/temp1_input"));
@@ -84,6 +86,8 @@ void DriveCollector::look()
         }
         drives.push_back(std::move(drive));
     }
+    std::sort(drives.begin(), drives.end(),
+              [](const Drive &a, const Drive &b) { return a.order < b.order; });
     m_drives = std::move(drives);
 }
 
@@ -110,6 +114,6 @@ bool DriveCollector::collect(qint64 nowNs, SensorTrees &trees)
             read(drive, nowNs);
     }
     for (const Drive &drive : m_drives)
-        addDrive(trees, name(drive), drive.celsius);
+        addDrive(trees, {name(drive), drive.model, drive.place}, drive.celsius);
     return !m_drives.empty();
 }

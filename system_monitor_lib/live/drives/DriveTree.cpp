@@ -2,12 +2,13 @@
 
 #include <cmath>
 
-void addDrive(SensorTrees &trees, const QString &name, std::optional<double> celsius)
+void addDrive(SensorTrees &trees, const DriveName &name, std::optional<double> celsius)
 {
+    const QString label = QStringLiteral("Drive Temperature");
     QJsonObject tree;
     if (celsius)
-        tree.insert(QStringLiteral("Drive Temperature"),
-                    reading(std::round(*celsius), QStringLiteral("°C")));
-    trees.addDevice(Query::SmartInfo, name, tree);
-    trees.addDevice(Query::AllSensorsData, QStringLiteral("Drive: %1").arg(name), tree);
+        tree.insert(label, reading(std::round(*celsius), QStringLiteral("°C")));
+    trees.addDevice(Query::SmartInfo, name.key, tree);
+    trees.addGroup({QStringLiteral("Drive: %1").arg(name.key), name.model, name.place, {label}},
+                   tree);
 }

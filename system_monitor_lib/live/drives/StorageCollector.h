@@ -4,6 +4,8 @@
 #include "system_monitor_lib/live/Pace.h"
 #include "system_monitor_lib/live/drives/StorageDrives.h"
 
+#include <QStringList>
+
 #include <functional>
 
 /// "Drive Temperature" (whole °C) of each drive that \a drives lists, for the drive query and the
@@ -23,7 +25,13 @@ public:
 private:
     [[nodiscard]] QString name(const StorageDrive &drive) const;
 
+    /// Those that have told a temperature come first: many drives have no sensor, and theirs is not
+    /// the one that the list of all sensors calls by the plain label.
+    std::vector<StorageDrive> inOrder();
+
     const Drives m_list;
     Pace m_reading{readingPeriod};
     std::vector<StorageDrive> m_drives;
+    /// The places of the drives that have told one, in that order.
+    QStringList m_told;
 };

@@ -3,6 +3,7 @@
 #include "system_monitor_lib/live/files/Attribute.h"
 
 #include <QDir>
+#include <QRegularExpression>
 
 std::vector<HwmonChip> hwmonChips(const MachineRoots &roots)
 {
@@ -19,13 +20,21 @@ std::vector<HwmonChip> hwmonChips(const MachineRoots &roots)
 
 QString temperatureInput(const HwmonChip &chip, const QString &label)
 {
+    const QRegularExpression isLabel(
+        QRegularExpression::anchoredPattern(QRegularExpression::escape(label)));
+    return temperatureInputs(chip, isLabel).value(0);
+}
+
+QStringList temperatureInputs(const HwmonChip &chip, const QRegularExpression &isMeant)
+{
+    QStringList inputs;
     const QDir directory(chip.directory);
     for (const QString &name :
          directory.entryList({QStringLiteral("temp*_label")}, QDir::Files, QDir::Name)) {
-        if (attributeWord(directory.filePath(name)) == label) {
-            const QString sensor = name.left(name.indexOf(QLatin1Char('_')));
-            return directory.filePath(sensor + QStringLiteral("_input"));
-        }
+        if (!isMeant.match(attributeWord(directory.filePath(name))).hasMatch())
+            continue;
+        const QString sensor = name.left(name.indexOf(QLatin1Char('_')));
+        inputs += directory.filePath(sensor + QStringLiteral("_input"));
     }
-    return {};
+    return inputs;
 }

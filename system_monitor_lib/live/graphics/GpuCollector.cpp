@@ -3,6 +3,21 @@
 #include "system_monitor_lib/live/DistinctName.h"
 
 #include <algorithm>
+#include <tuple>
+
+namespace {
+
+/// Readers choose the GPU with the most memory.
+QJsonObject labelsForChoice(const GpuState &gpu)
+{
+    QJsonObject labels = gpu.labels;
+    if (gpu.isMemoryOfWindow)
+        labels.insert(QStringLiteral("GPU Memory Total"),
+                      reading(gpu.memory, QStringLiteral("MB")));
+    return labels;
+}
+
+} // namespace
 
 GpuCollector::GpuCollector(std::vector<std::unique_ptr<GpuSource>> sources)
     : m_sources(std::move(sources))
@@ -16,18 +31,25 @@ bool GpuCollector::collect(qint64 nowNs, SensorTrees &trees)
         for (GpuState &gpu : source->read(nowNs))
             gpus.push_back(std::move(gpu));
     }
-    std::stable_sort(gpus.begin(), gpus.end(), [](const GpuState &a, const GpuState &b) {
-        return std::make_pair(!a.labels.isEmpty(), a.memory) >
-               std::make_pair(!b.labels.isEmpty(), b.memory);
+    // As readers of the GPU query choose: the most memory, of equal ones the first key.
+    std::sort(gpus.begin(), gpus.end(), [](const GpuState &a, const GpuState &b) {
+        return std::make_tuple(-a.memory, a.name, a.place) <
+               std::make_tuple(-b.memory, b.name, b.place);
     });
-    int number = 0;
+    const auto awake = static_cast<int>(std::count_if(
+        gpus.begin(), gpus.end(), [](const GpuState &gpu) { return !gpu.labels.isEmpty(); }));
+    int nextAwake = 0;
+    int nextAsleep = awake;
     for (const GpuState &gpu : gpus) {
         const QString name = distinctName(gpu, gpus, &GpuState::name);
         // Readers might choose a GPU that says nothing over one that does.
         if (!gpu.labels.isEmpty())
-            trees.addDevice(Query::GpuInfo, name, gpu.labels);
-        trees.addDevice(Query::AllSensorsData,
-                        QStringLiteral("GPU [#%1]: %2").arg(number++).arg(name), gpu.labels);
+            trees.addDevice(Query::GpuInfo, name, labelsForChoice(gpu));
+        const int number = gpu.labels.isEmpty() ? nextAsleep++ : nextAwake++;
+        const QString group = QStringLiteral("GPU [#%1]: %2").arg(number).arg(name);
+        trees.addGroup({group, gpu.name, gpu.place, gpu.mayHave}, gpu.labels);
+        if (!gpu.listed.isEmpty())
+            trees.addDevice(Query::AllSensorsData, group, gpu.listed);
     }
     return !gpus.empty();
 }

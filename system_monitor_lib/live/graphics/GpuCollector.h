@@ -6,7 +6,8 @@
 #include <memory>
 
 /// The readings of each GPU, for the GPU query and the groups "GPU [#N]: NAME". The GPU with the
-/// most memory of its own is number 0; one that sleeps comes last and has a group only.
+/// most memory of its own is number 0; one that sleeps comes last and has a group only. In the list
+/// of all sensors the labels are those of the GPU with the most memory, also while it sleeps.
 class GpuCollector : public Collector
 {
 public:

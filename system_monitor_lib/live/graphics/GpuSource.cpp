@@ -2,6 +2,19 @@
 
 #include "system_monitor_lib/SensorTrees.h"
 
+namespace {
+
+const QString totalLabel = QStringLiteral("GPU Memory Total");
+const QString allocatedLabel = QStringLiteral("GPU Memory Allocated");
+const QString usageLabel = QStringLiteral("GPU Memory Usage");
+
+} // namespace
+
+QStringList memoryLabelNames()
+{
+    return {totalLabel, allocatedLabel, usageLabel};
+}
+
 double addMemoryLabels(QJsonObject &labels, quint64 usedBytes, quint64 totalBytes)
 {
     constexpr double bytesPerMegabyte = 1024.0 * 1024.0;
@@ -9,12 +22,11 @@ double addMemoryLabels(QJsonObject &labels, quint64 usedBytes, quint64 totalByte
         return 0;
     const QString units = QStringLiteral("MB");
     const double total = static_cast<double>(totalBytes) / bytesPerMegabyte;
-    labels.insert(QStringLiteral("GPU Memory Total"), reading(total, units));
+    labels.insert(totalLabel, reading(total, units));
     if (usedBytes <= totalBytes) {
         const double used = static_cast<double>(usedBytes) / bytesPerMegabyte;
-        labels.insert(QStringLiteral("GPU Memory Allocated"), reading(used, units));
-        labels.insert(QStringLiteral("GPU Memory Usage"),
-                      reading(100 * used / total, QStringLiteral("%")));
+        labels.insert(allocatedLabel, reading(used, units));
+        labels.insert(usageLabel, reading(100 * used / total, QStringLiteral("%")));
     }
     return total;
 }

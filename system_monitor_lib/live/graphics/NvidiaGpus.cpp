@@ -14,6 +14,16 @@ void addLabel(QJsonObject &labels, const QString &label, std::optional<unsigned>
         labels.insert(label, reading(*value / divisor, units));
 }
 
+QStringList nvidiaLabels()
+{
+    static const QStringList labels =
+        QStringList{QStringLiteral("GPU Temperature"), QStringLiteral("GPU Clock"),
+                    QStringLiteral("GPU Memory Clock"), QStringLiteral("GPU Core Load"),
+                    QStringLiteral("GPU Power")} +
+        memoryLabelNames();
+    return labels;
+}
+
 } // namespace
 
 GpuState nvidiaState(const NvidiaReadings &readings)
@@ -25,6 +35,7 @@ GpuState nvidiaState(const NvidiaReadings &readings)
     GpuState state;
     state.name = readings.name;
     state.place = readings.place;
+    state.mayHave = nvidiaLabels();
     QJsonObject &labels = state.labels;
     addLabel(labels, QStringLiteral("GPU Temperature"), readings.celsius, highestTemperature, 1,
              QStringLiteral("°C"));

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "system_monitor_lib/live/EnergyCounter.h"
+#include "system_monitor_lib/live/MachineRoots.h"
 #include "system_monitor_lib/live/files/Attribute.h"
+#include "system_monitor_lib/live/graphics/GpuIdleTime.h"
 #include "system_monitor_lib/live/graphics/GpuSource.h"
 
 #include <chrono>
 #include <memory>
+#include <vector>
 
 /// One GPU of /sys/class/drm. Which attributes exist depends on driver and model; one that does not
 /// exist or cannot be read is an absent label.
@@ -15,7 +19,7 @@ public:
     static constexpr std::chrono::nanoseconds wakingTime = std::chrono::seconds(2);
 
     /// \a card is its folder, links resolved.
-    SysfsGpu(const QString &card, const QString &driver, const QString &pciIds);
+    SysfsGpu(const QString &card, const QString &driver, const MachineRoots &roots);
     ~SysfsGpu();
     Q_DISABLE_COPY(SysfsGpu)
 
@@ -30,17 +34,18 @@ public:
 
 private:
     struct Sensor;
-    struct Sample
-    {
-        quint64 microjoules = 0;
-        qint64 timeNs = 0;
-    };
 
     void open(const QString &driver);
+    void openEnergy(const QString &driver, const MachineRoots &roots);
+    /// Whether it is a part of the processor: those are on the first bus.
+    [[nodiscard]] bool isBuiltIn() const;
     [[nodiscard]] QString resolved(const QString &file) const;
     bool isAwake(qint64 nowNs);
     void addMemory(QJsonObject &labels);
-    void addEnergy(QJsonObject &labels, qint64 nowNs);
+    /// The memory of a card that does not tell it itself.
+    void askWindow();
+    void addPower(qint64 nowNs);
+    void addLoad(qint64 nowNs);
 
     const QString m_card;
     const QString m_hwmon;
@@ -49,8 +54,10 @@ private:
     Attribute m_runtimeStatus;
     Attribute m_memoryUsed;
     Attribute m_memoryTotal;
-    Attribute m_energy;
-    std::optional<Sample> m_sample;
+    std::vector<std::unique_ptr<EnergyCounter>> m_energies;
+    /// Whether it is the energy of a zone of the processor that they count.
+    bool m_isPowerOfZone = false;
+    GpuIdleTime m_idleTime;
     bool m_slept = false;
     qint64 m_wokeNs = 0;
 };

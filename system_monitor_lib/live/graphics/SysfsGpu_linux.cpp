@@ -1,63 +1,34 @@
 #include "system_monitor_lib/live/graphics/SysfsGpu.h"
 
 #include "system_monitor_lib/SensorTrees.h"
-#include "system_monitor_lib/live/Rates.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
+#include "system_monitor_lib/live/graphics/AmdNames.h"
+#include "system_monitor_lib/live/graphics/PciMemory.h"
 #include "system_monitor_lib/live/graphics/PciNames.h"
+#include "system_monitor_lib/live/graphics/SysfsGpuTable.h"
 
 #include <QDir>
 
 #include <algorithm>
-#include <iterator>
 
 namespace {
 
-constexpr double highestTemperature = 140;
-constexpr double highestClock = 20'000;
-constexpr double highestVoltage = 10;
-constexpr double highestPower = 5'000;
-constexpr double highestSpeed = 50'000;
+const QString powerLabel = QStringLiteral("GPU Power");
+const QString loadLabel = QStringLiteral("GPU Core Load");
 
-/// Where a driver tells what. The first file that exists serves its label. "hwmon" stands for the
-/// GPU's folder of that kind.
-struct Row
+/// The folder of the energy counter of the processor's graphics; empty when there is none or
+/// several, of which nobody knows whose they are.
+QString uncoreZone(const MachineRoots &roots)
 {
-    const char *driver;
-    const char *label;
-    const char *file;
-    double divisor;
-    const char *units;
-    double highest;
-};
-
-// Documentation/gpu/amdgpu/thermal and the drivers' sysfs ABI files in the kernel.
-constexpr Row rows[] = {
-    {"amdgpu", "GPU Temperature", "hwmon/temp1_input", 1e3, "°C", highestTemperature},
-    {"amdgpu", "GPU Clock", "hwmon/freq1_input", 1e6, "MHz", highestClock},
-    {"amdgpu", "GPU Memory Clock", "hwmon/freq2_input", 1e6, "MHz", highestClock},
-    {"amdgpu", "GPU Core Load", "device/gpu_busy_percent", 1, "%", 100},
-    {"amdgpu", "GPU Core Voltage", "hwmon/in0_input", 1e3, "V", highestVoltage},
-    {"amdgpu", "GPU Power", "hwmon/power1_average", 1e6, "W", highestPower},
-    {"amdgpu", "GPU Power", "hwmon/power1_input", 1e6, "W", highestPower},
-    {"amdgpu", "GPU Fan", "hwmon/fan1_input", 1, "RPM", highestSpeed},
-    {"i915", "GPU Clock", "gt_act_freq_mhz", 1, "MHz", highestClock},
-    {"i915", "GPU Clock", "gt/gt0/rps_act_freq_mhz", 1, "MHz", highestClock},
-    {"i915", "GPU Temperature", "hwmon/temp1_input", 1e3, "°C", highestTemperature},
-    {"i915", "GPU Core Voltage", "hwmon/in0_input", 1e3, "V", highestVoltage},
-    {"i915", "GPU Fan", "hwmon/fan1_input", 1, "RPM", highestSpeed},
-    {"xe", "GPU Clock", "device/tile0/gt0/freq0/act_freq", 1, "MHz", highestClock},
-    {"xe", "GPU Temperature", "hwmon/temp2_input", 1e3, "°C", highestTemperature},
-    {"xe", "GPU Core Voltage", "hwmon/in1_input", 1e3, "V", highestVoltage},
-    {"xe", "GPU Fan", "hwmon/fan1_input", 1, "RPM", highestSpeed},
-    {"nouveau", "GPU Temperature", "hwmon/temp1_input", 1e3, "°C", highestTemperature},
-    {"nouveau", "GPU Fan", "hwmon/fan1_input", 1, "RPM", highestSpeed},
-};
-
-QString vendorOf(const QString &driver)
-{
-    if (driver == QLatin1String("amdgpu"))
-        return QStringLiteral("AMD");
-    return driver == QLatin1String("nouveau") ? QStringLiteral("NVIDIA") : QStringLiteral("Intel");
+    QStringList zones;
+    const QDir root(roots.sys + QStringLiteral("/class/powercap"));
+    for (const QFileInfo &entry : root.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const QString directory = entry.canonicalFilePath();
+        if (!entry.fileName().startsWith(QLatin1String("intel-rapl-mmio")) &&
+            attributeWord(directory + QStringLiteral("/name")) == QLatin1String("uncore"))
+            zones += directory;
+    }
+    return zones.size() == 1 ? zones.first() : QString();
 }
 
 QString hwmonOf(const QString &card)
@@ -70,13 +41,17 @@ QString hwmonOf(const QString &card)
 
 /// Its name as sold, or by its number.
 QString nameOf(const QString &card, const QString &driver, const QString &pciId,
-               const QString &pciIds)
+               const MachineRoots &roots)
 {
-    const QString product = attributeWord(card + QStringLiteral("/device/product_name"));
-    const QString listed = pciDeviceName(pciIds, pciId.section(QLatin1Char(':'), 0, 0),
-                                         pciId.section(QLatin1Char(':'), 1, 1));
-    const QString known = product.isEmpty() ? listed : product;
-    const QString vendor = vendorOf(driver);
+    const QString vendor = vendorOfDriver(driver);
+    const QString maker = pciId.section(QLatin1Char(':'), 0, 0);
+    const QString device = pciId.section(QLatin1Char(':'), 1, 1);
+    QString known = attributeWord(card + QStringLiteral("/device/product_name"));
+    if (known.isEmpty() && vendor == QLatin1String("AMD"))
+        known = amdCardName(roots.amdIds, device,
+                            attributeWord(card + QStringLiteral("/device/revision")));
+    if (known.isEmpty())
+        known = pciDeviceName(roots.pciIds, maker, device);
     if (known.isEmpty())
         return QStringLiteral("%1 GPU %2").arg(vendor, pciId).trimmed();
     return known.startsWith(vendor, Qt::CaseInsensitive)
@@ -94,31 +69,43 @@ std::optional<quint64> unsignedNumber(Attribute &attribute)
 
 struct SysfsGpu::Sensor
 {
-    Sensor(const Row &source, const QString &path)
+    Sensor(const SysfsGpuRow &source, const QString &path)
         : row(source)
         , attribute(path)
     {
     }
 
-    const Row &row;
+    const SysfsGpuRow row;
     Attribute attribute;
 };
 
-SysfsGpu::SysfsGpu(const QString &card, const QString &driver, const QString &pciIds)
+SysfsGpu::SysfsGpu(const QString &card, const QString &driver, const MachineRoots &roots)
     : m_card(card)
     , m_hwmon(hwmonOf(card))
     , m_runtimeStatus(card + QStringLiteral("/device/power/runtime_status"))
     , m_memoryUsed(card + QStringLiteral("/device/mem_info_vram_used"))
-    , m_memoryTotal(card + QStringLiteral("/device/mem_info_vram_total"))
-    , m_energy(resolved(QStringLiteral("hwmon/energy1_input")))
+    , m_memoryTotal(card + (driver == QLatin1String("xe")
+                                ? QStringLiteral("/device/tile0/physical_vram_size_bytes")
+                                : QStringLiteral("/device/mem_info_vram_total")))
+    , m_idleTime(card, driver)
 {
     constexpr std::size_t longestUevent = 4096;
     PolledFile uevent(card + QStringLiteral("/device/uevent"), longestUevent);
     m_state.place = parseUevent(uevent.read(), "PCI_SLOT_NAME");
     if (m_state.place.isEmpty())
         m_state.place = QFileInfo(card).fileName();
-    m_state.name = nameOf(card, driver, parseUevent(uevent.read(), "PCI_ID"), pciIds);
+    m_state.name = nameOf(card, driver, parseUevent(uevent.read(), "PCI_ID"), roots);
     open(driver);
+    openEnergy(driver, roots);
+    // The driver knows the size by heart: this wakes nothing.
+    QJsonObject memory;
+    addMemory(memory);
+    if (m_state.memory > 0)
+        m_state.mayHave += memory.keys();
+    else
+        askWindow();
+    if (m_idleTime.isCounted())
+        m_state.mayHave += loadLabel;
 }
 
 SysfsGpu::~SysfsGpu() = default;
@@ -130,8 +117,7 @@ QString SysfsGpu::placeOf(const QString &card)
 
 bool SysfsGpu::isKnown(const QString &driver)
 {
-    return std::any_of(std::begin(rows), std::end(rows),
-                       [&driver](const Row &row) { return driver == QLatin1String(row.driver); });
+    return !sysfsGpuRows(driver).empty();
 }
 
 QString SysfsGpu::resolved(const QString &file) const
@@ -146,14 +132,39 @@ QString SysfsGpu::resolved(const QString &file) const
 void SysfsGpu::open(const QString &driver)
 {
     const char *served = "";
-    for (const Row &row : rows) {
+    for (const SysfsGpuRow &row : sysfsGpuRows(driver)) {
         const QString path = resolved(QString::fromLatin1(row.file));
-        if (driver != QLatin1String(row.driver) || !QFileInfo::exists(path) ||
-            qstrcmp(served, row.label) == 0)
+        if (!QFileInfo::exists(path) || qstrcmp(served, row.label) == 0)
             continue;
         served = row.label;
+        m_state.mayHave += QString::fromLatin1(row.label);
         m_sensors.push_back(std::make_unique<Sensor>(row, path));
     }
+}
+
+void SysfsGpu::openEnergy(const QString &driver, const MachineRoots &roots)
+{
+    for (const char *const file : {"hwmon/energy1_input", "hwmon/energy2_input"}) {
+        const QString path = resolved(QString::fromLatin1(file));
+        if (QFileInfo::exists(path))
+            m_energies.push_back(std::make_unique<EnergyCounter>(path));
+    }
+    const bool isIntel = driver == QLatin1String("i915") || driver == QLatin1String("xe");
+    if (isIntel && m_energies.empty() && isBuiltIn()) {
+        const QString zone = uncoreZone(roots);
+        m_isPowerOfZone = !zone.isEmpty();
+        if (m_isPowerOfZone)
+            m_energies.push_back(
+                std::make_unique<EnergyCounter>(zone + QStringLiteral("/energy_uj"),
+                                                zone + QStringLiteral("/max_energy_range_uj")));
+    }
+    if (!m_energies.empty())
+        m_state.mayHave += powerLabel;
+}
+
+bool SysfsGpu::isBuiltIn() const
+{
+    return m_state.place.section(QLatin1Char(':'), 1, 1) == QLatin1String("00");
 }
 
 bool SysfsGpu::isAwake(qint64 nowNs)
@@ -175,36 +186,66 @@ void SysfsGpu::addMemory(QJsonObject &labels)
     m_state.memory = addMemoryLabels(labels, used.value_or(*total + 1), *total);
 }
 
-void SysfsGpu::addEnergy(QJsonObject &labels, qint64 nowNs)
+void SysfsGpu::askWindow()
 {
-    const std::optional<quint64> energy =
-        m_hwmon.isEmpty() ? std::nullopt : unsignedNumber(m_energy);
-    const auto before =
-        std::exchange(m_sample, energy ? std::optional(Sample{*energy, nowNs}) : std::nullopt);
-    if (!energy || !before)
+    constexpr std::size_t longestList = 4096;
+    // What is built into the processor has no memory of its own.
+    if (isBuiltIn())
         return;
-    const std::optional<double> microwatts =
-        ratePerSecond(before->microjoules, *energy, nowNs - before->timeNs);
-    if (microwatts && *microwatts <= highestPower * microjoulesPerJoule)
-        labels.insert(QStringLiteral("GPU Power"),
-                      reading(*microwatts / microjoulesPerJoule, QStringLiteral("W")));
+    const QString device = m_card + QStringLiteral("/device/");
+    PolledFile windows(device + QStringLiteral("resource"), longestList);
+    quint64 bytes = parseLargestWindow(windows.read()).value_or(0);
+    // A part of the memory may have to do as a window; this says of how much. It wakes the card.
+    PolledFile sizes(device + QStringLiteral("resource2_resize"), longestList);
+    if (!meansAsleep(m_runtimeStatus.word()))
+        bytes = std::max(bytes, parseLargestSize(sizes.read()).value_or(0));
+    constexpr double bytesPerMegabyte = 1024.0 * 1024.0;
+    m_state.memory = static_cast<double>(bytes) / bytesPerMegabyte;
+    m_state.isMemoryOfWindow = bytes > 0;
+}
+
+void SysfsGpu::addPower(qint64 nowNs)
+{
+    std::optional<double> power;
+    for (const auto &energy : m_energies) {
+        // The first one counts nothing on some cards.
+        const std::optional<double> watts = energy->watts(nowNs);
+        if (watts && power.value_or(0) <= 0)
+            power = watts;
+    }
+    // On many processors the zone of the graphics stands still, whatever they do.
+    if (power && (*power > 0 || !m_isPowerOfZone))
+        m_state.labels.insert(powerLabel, reading(*power, QStringLiteral("W")));
+}
+
+void SysfsGpu::addLoad(qint64 nowNs)
+{
+    const std::optional<double> load =
+        m_idleTime.isCounted() ? m_idleTime.load(nowNs) : std::nullopt;
+    if (load)
+        m_state.labels.insert(loadLabel, reading(*load, QStringLiteral("%")));
 }
 
 GpuState SysfsGpu::read(qint64 nowNs)
 {
     m_state.labels = {};
+    m_state.listed = {};
     if (!isAwake(nowNs)) {
-        m_sample.reset();
+        m_idleTime.reset();
+        for (const auto &energy : m_energies)
+            energy->reset();
         return m_state;
     }
     for (const auto &sensor : m_sensors) {
         const std::optional<qint64> number = sensor->attribute.integer();
         const double value = static_cast<double>(number.value_or(-1)) / sensor->row.divisor;
+        QJsonObject &labels = sensor->row.isForListOnly ? m_state.listed : m_state.labels;
         if (number && value >= 0 && value <= sensor->row.highest)
-            m_state.labels.insert(QString::fromLatin1(sensor->row.label),
-                                  reading(value, QString::fromUtf8(sensor->row.units)));
+            labels.insert(QString::fromLatin1(sensor->row.label),
+                          reading(value, QString::fromUtf8(sensor->row.units)));
     }
     addMemory(m_state.labels);
-    addEnergy(m_state.labels, nowNs);
+    addPower(nowNs);
+    addLoad(nowNs);
     return m_state;
 }

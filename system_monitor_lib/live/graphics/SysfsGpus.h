@@ -8,7 +8,7 @@
 
 class SysfsGpu;
 
-/// The GPUs of the drivers amdgpu, i915, xe and nouveau, read from /sys/class/drm.
+/// The GPUs of the drivers amdgpu, radeon, i915, xe and nouveau, read from /sys/class/drm.
 class SysfsGpus : public GpuSource
 {
 public:

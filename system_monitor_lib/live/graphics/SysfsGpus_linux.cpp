@@ -34,9 +34,8 @@ void SysfsGpus::look()
         const auto known = std::find_if(m_gpus.begin(), m_gpus.end(), [&place](const auto &gpu) {
             return gpu && gpu->place() == place;
         });
-        gpus.push_back(known != m_gpus.end()
-                           ? std::move(*known)
-                           : std::make_unique<SysfsGpu>(card, driver, m_roots.pciIds));
+        gpus.push_back(known != m_gpus.end() ? std::move(*known)
+                                             : std::make_unique<SysfsGpu>(card, driver, m_roots));
     }
     m_gpus = std::move(gpus);
 }

@@ -14,6 +14,8 @@ struct AdapterCounters
     quint64 identity = 0;
     quint64 receivedBytes = 0;
     quint64 sentBytes = 0;
+    /// Adapters in the order of these come in the order of their slots, those on USB last.
+    QString order = {};
 };
 
 /// Reads the physical network adapters: the entries of /sys/class/net with a device on Linux,

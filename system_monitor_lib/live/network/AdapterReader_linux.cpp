@@ -1,5 +1,6 @@
 #include "system_monitor_lib/live/network/AdapterReader.h"
 
+#include "system_monitor_lib/live/files/DeviceOrder.h"
 #include "system_monitor_lib/live/files/PolledFile.h"
 #include "system_monitor_lib/live/network/NetworkText.h"
 
@@ -48,6 +49,7 @@ struct Entry
 {
     quint64 inode = 0;
     QString name;
+    QString order;
     std::unique_ptr<Files> files;
     quint64 lastSeen = 0;
 };
@@ -115,8 +117,10 @@ void AdapterReader::Private::see(const dirent &listed)
     entry.name = QFile::decodeName(listed.d_name);
     entry.files.reset();
     const std::string device = rootPath + '/' + listed.d_name + "/device";
-    if (::access(device.c_str(), F_OK) == 0)
-        entry.files = std::make_unique<Files>(root + QLatin1Char('/') + entry.name);
+    if (::access(device.c_str(), F_OK) != 0)
+        return;
+    entry.order = orderOfDevice(QFile::decodeName(device.c_str()));
+    entry.files = std::make_unique<Files>(root + QLatin1Char('/') + entry.name);
 }
 
 AdapterReader::AdapterReader(const MachineRoots &roots)
@@ -137,7 +141,7 @@ std::optional<std::vector<AdapterCounters>> AdapterReader::read()
         const std::optional<quint64> received = parseCounter(entry.files->received.read());
         const std::optional<quint64> sent = parseCounter(entry.files->sent.read());
         if (received && sent)
-            adapters.push_back({entry.name, entry.inode, *received, *sent});
+            adapters.push_back({entry.name, entry.inode, *received, *sent, entry.order});
     }
     return adapters;
 }

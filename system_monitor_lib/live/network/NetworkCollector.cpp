@@ -2,7 +2,13 @@
 
 #include "system_monitor_lib/live/Rates.h"
 
+#include <algorithm>
+#include <tuple>
+
 namespace {
+
+const QString upLabel = QStringLiteral("Current UP rate");
+const QString downLabel = QStringLiteral("Current DL rate");
 
 /// Bytes per second below which every link is fast enough (10 Mbit/s), so that it is not asked.
 constexpr double slowestLink = 1'250'000;
@@ -25,9 +31,13 @@ NetworkCollector::NetworkCollector(const MachineRoots &roots)
 
 bool NetworkCollector::collect(qint64 nowNs, SensorTrees &trees)
 {
-    const std::optional<std::vector<AdapterCounters>> adapters = m_reader.read();
+    std::optional<std::vector<AdapterCounters>> adapters = m_reader.read();
     QHash<QString, State> states;
     if (adapters) {
+        std::sort(adapters->begin(), adapters->end(),
+                  [](const AdapterCounters &a, const AdapterCounters &b) {
+                      return std::tie(a.order, a.name) < std::tie(b.order, b.name);
+                  });
         for (const AdapterCounters &counters : *adapters) {
             State state{counters, nowNs, 0};
             const auto previous = m_states.constFind(counters.name);
@@ -35,8 +45,11 @@ bool NetworkCollector::collect(qint64 nowNs, SensorTrees &trees)
             if (previous != m_states.cend() && previous->counters.identity == counters.identity)
                 tree = labels(*previous, state);
             trees.addDevice(Query::NetworkInfo, counters.name, tree);
-            trees.addDevice(Query::AllSensorsData, QStringLiteral("Network: %1").arg(counters.name),
-                            tree);
+            trees.addGroup({QStringLiteral("Network: %1").arg(counters.name),
+                            counters.name,
+                            {},
+                            {upLabel, downLabel}},
+                           tree);
             states.insert(counters.name, state);
         }
     }
@@ -54,9 +67,9 @@ QJsonObject NetworkCollector::labels(const State &previous, State &current) cons
         ratePerSecond(previous.counters.receivedBytes, current.counters.receivedBytes, interval);
     QJsonObject tree;
     if (sent && isPossible(*sent, current))
-        tree.insert(QStringLiteral("Current UP rate"), rateReading(*sent));
+        tree.insert(upLabel, rateReading(*sent));
     if (received && isPossible(*received, current))
-        tree.insert(QStringLiteral("Current DL rate"), rateReading(*received));
+        tree.insert(downLabel, rateReading(*received));
     return tree;
 }
 

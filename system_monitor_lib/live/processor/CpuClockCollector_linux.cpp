@@ -1,44 +1,14 @@
 #include "system_monitor_lib/live/processor/CpuClockCollector.h"
 
-#include "system_monitor_lib/live/files/SysfsText.h"
 #include "system_monitor_lib/live/processor/CoreClocks.h"
+#include "system_monitor_lib/live/processor/CpuCores.h"
 #include "system_monitor_lib/live/processor/CpuInfoText.h"
-
-#include <QDir>
 
 #include <algorithm>
 
 namespace {
 
 constexpr std::size_t longestCpuInfo = std::size_t{512} * 1024;
-
-QString processors(const MachineRoots &roots)
-{
-    return roots.sys + QStringLiteral("/devices/system/cpu");
-}
-
-/// The numbers of the first processor of each core that is on line. A machine that does not tell
-/// its cores has one processor per core.
-std::vector<int> firstProcessors(const MachineRoots &roots)
-{
-    std::vector<int> found;
-    const QDir root(processors(roots));
-    for (const QString &name :
-         root.entryList({QStringLiteral("cpu[0-9]*")}, QDir::Dirs | QDir::NoDotAndDotDot)) {
-        bool isNumber = false;
-        const int processor = name.mid(3).toInt(&isNumber);
-        const QString entry = root.filePath(name);
-        if (!isNumber || attributeWord(entry + QStringLiteral("/online")) == QLatin1String("0"))
-            continue;
-        const QByteArray siblings =
-            attributeWord(entry + QStringLiteral("/topology/thread_siblings_list")).toLatin1();
-        if (parseFirstProcessor({siblings.constData(), static_cast<std::size_t>(siblings.size())})
-                .value_or(processor) == processor)
-            found.push_back(processor);
-    }
-    std::sort(found.begin(), found.end());
-    return found;
-}
 
 } // namespace
 
@@ -75,7 +45,8 @@ void CpuClockCollector::look()
     if (same)
         return;
     m_cores.clear();
-    const QString path = processors(m_roots) + QStringLiteral("/cpu%1/cpufreq/scaling_cur_freq");
+    const QString path =
+        m_roots.sys + QStringLiteral("/devices/system/cpu/cpu%1/cpufreq/scaling_cur_freq");
     for (const int processor : found)
         m_cores.push_back({processor, std::make_unique<Attribute>(path.arg(processor))});
 }

@@ -15,19 +15,27 @@ QString parseCpuModel(std::string_view text)
 {
     QString hardware;
     QString model;
+    QString core;
     while (const std::optional<std::string_view> line = takeLine(text)) {
         const std::size_t colon = line->find(':');
         if (colon == std::string_view::npos)
             continue;
         const std::string_view key = trimmed(line->substr(0, colon));
         QString value = name(line->substr(colon + 1));
-        if (key == "model name" && !value.isEmpty())
+        const bool isName = !value.isEmpty() && value != QLatin1String("unknown");
+        if ((key == "model name" || key == "Model Name") && isName)
             return value;
-        if (key == "Hardware")
+        if (key == "cpu model" || key == "uarch")
+            core = value;
+        else if (key == "cpu") // "POWER9, altivec supported"
+            core = value.section(QStringLiteral(", "), 0, 0);
+        else if (key == "Hardware")
             hardware = value;
         else if (key == "Model")
             model = value;
     }
+    if (!core.isEmpty())
+        return core;
     return hardware.isEmpty() ? model : hardware;
 }
 

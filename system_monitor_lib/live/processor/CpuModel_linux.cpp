@@ -1,7 +1,25 @@
 #include "system_monitor_lib/live/processor/CpuModel.h"
 
 #include "system_monitor_lib/live/files/PolledFile.h"
+#include "system_monitor_lib/live/files/SysfsText.h"
+#include "system_monitor_lib/live/processor/ArmCores.h"
+#include "system_monitor_lib/live/processor/CpuCores.h"
 #include "system_monitor_lib/live/processor/CpuInfoText.h"
+
+#include <QSysInfo>
+
+namespace {
+
+/// What the device tree calls the machine. Its texts end in a zero byte.
+QString boardModel(const MachineRoots &roots)
+{
+    constexpr std::size_t longestName = 256;
+    PolledFile file(roots.sys + QStringLiteral("/firmware/devicetree/base/model"), longestName);
+    const std::string_view text = file.read();
+    return parseWord(text.substr(0, text.find('\0')));
+}
+
+} // namespace
 
 QString cpuModel(const MachineRoots &roots)
 {
@@ -9,6 +27,23 @@ QString cpuModel(const MachineRoots &roots)
     constexpr std::size_t firstProcessor = 4096;
     constexpr std::size_t everything = std::size_t{1024} * 1024;
     const QString path = roots.proc + QStringLiteral("/cpuinfo");
-    const QString model = parseCpuModel(PolledFile(path, firstProcessor).read());
-    return model.isEmpty() ? parseCpuModel(PolledFile(path, everything).read()) : model;
+    QString model = parseCpuModel(PolledFile(path, firstProcessor).read());
+    if (!model.isEmpty())
+        return model;
+    PolledFile whole(path, everything);
+    const std::string_view text = whole.read();
+    model = parseCpuModel(text);
+    if (model.isEmpty())
+        model = armCores(text);
+    return model.isEmpty() ? boardModel(roots) : model;
+}
+
+QString cpuDescription(const MachineRoots &roots)
+{
+    const QString architecture = QSysInfo::currentCpuArchitecture();
+    const std::size_t cores = firstProcessors(roots).size();
+    if (cores == 0)
+        return architecture;
+    return cores == 1 ? QStringLiteral("%1, 1 core").arg(architecture)
+                      : QStringLiteral("%1, %2 cores").arg(architecture).arg(cores);
 }

@@ -1,5 +1,8 @@
 #include "system_monitor_lib/live/processor/CpuModel.h"
 
+#include <QSysInfo>
+#include <QThread>
+
 #include <array>
 
 #include <windows.h>
@@ -12,4 +15,11 @@ QString cpuModel(const MachineRoots & /*roots*/)
         RegGetValueW(HKEY_LOCAL_MACHINE, L"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0",
                      L"ProcessorNameString", RRF_RT_REG_SZ, nullptr, name.data(), &size);
     return status == ERROR_SUCCESS ? QString::fromWCharArray(name.data()).simplified() : QString();
+}
+
+QString cpuDescription(const MachineRoots & /*roots*/)
+{
+    return QStringLiteral("%1, %2 threads")
+        .arg(QSysInfo::currentCpuArchitecture())
+        .arg(QThread::idealThreadCount());
 }

@@ -4,13 +4,14 @@
 #include "system_monitor_lib/live/MachineRoots.h"
 #include "system_monitor_lib/live/Pace.h"
 #include "system_monitor_lib/live/files/Attribute.h"
+#include "system_monitor_lib/live/processor/CpuTemperatureChoice.h"
 
 #include <memory>
+#include <vector>
 
 /// "CPU Package" (°C) of the processor's own sensor, for the temperature query, the enhanced query
-/// and the processor's group. It is chosen by driver, then by label: the package of coretemp, Tdie
-/// or else Tctl of k10temp and zenpower, the only sensor of a board's cpu_thermal zone. The
-/// processors of the second kind also bear the label "CPU (Tctl/Tdie)" in the enhanced query.
+/// and the processor's group. Where its maker calls it Tctl or Tdie, it also bears the label "CPU
+/// (Tctl/Tdie)" in the enhanced query.
 class CpuTemperatureCollector : public Collector
 {
 public:
@@ -19,18 +20,13 @@ public:
     bool collect(qint64 nowNs, SensorTrees &trees) override;
 
 private:
-    struct Choice
-    {
-        QString input;
-        bool isTctlOrTdie = false;
-    };
-
-    [[nodiscard]] Choice choose() const;
     void look();
+    /// Nothing when no sensor tells a temperature.
+    [[nodiscard]] std::optional<double> hottest() const;
 
     const MachineRoots m_roots;
     const QString m_group;
     Pace m_listing{listingPeriod};
-    Choice m_choice;
-    std::unique_ptr<Attribute> m_temperature;
+    CpuTemperatureChoice m_choice;
+    std::vector<std::unique_ptr<Attribute>> m_temperatures;
 };

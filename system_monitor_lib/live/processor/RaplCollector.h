@@ -1,9 +1,9 @@
 #pragma once
 
 #include "system_monitor_lib/live/Collector.h"
+#include "system_monitor_lib/live/EnergyCounter.h"
 #include "system_monitor_lib/live/MachineRoots.h"
 #include "system_monitor_lib/live/Pace.h"
-#include "system_monitor_lib/live/files/Attribute.h"
 
 #include <memory>
 #include <vector>
@@ -20,19 +20,11 @@ public:
     bool collect(qint64 nowNs, SensorTrees &trees) override;
 
 private:
-    /// The counter of one package, and what it said last.
+    /// One package.
     struct Zone
     {
-        explicit Zone(const QString &path);
-
-        /// Watts since the last call.
-        std::optional<double> power(qint64 nowNs);
-
         QString directory;
-        Attribute energy;
-        Attribute range;
-        std::optional<quint64> previous;
-        qint64 previousNs = 0;
+        std::unique_ptr<EnergyCounter> counter;
     };
 
     void look();
@@ -40,5 +32,5 @@ private:
     const MachineRoots m_roots;
     const QString m_group;
     Pace m_listing{listingPeriod};
-    std::vector<std::unique_ptr<Zone>> m_zones;
+    std::vector<Zone> m_zones;
 };

@@ -1,6 +1,6 @@
 #include "system_monitor_lib/live/processor/RaplCollector.h"
 
-#include "system_monitor_lib/live/Rates.h"
+#include "system_monitor_lib/live/files/Attribute.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -8,9 +8,6 @@
 #include <algorithm>
 
 namespace {
-
-/// More than any package can draw; a counter that was set anew can look like it.
-constexpr double highestPower = 5000;
 
 /// The folders of the packages' zones. Their numbers say nothing; what the memory-mapped interface
 /// counts is counted by the other one too.
@@ -29,36 +26,7 @@ QStringList packageZones(const MachineRoots &roots)
     return zones;
 }
 
-std::optional<quint64> counter(Attribute &attribute)
-{
-    const std::optional<qint64> number = attribute.integer();
-    if (!number || *number < 0)
-        return std::nullopt;
-    return static_cast<quint64>(*number);
-}
-
 } // namespace
-
-RaplCollector::Zone::Zone(const QString &path)
-    : directory(path)
-    , energy(path + QStringLiteral("/energy_uj"))
-    , range(path + QStringLiteral("/max_energy_range_uj"))
-{
-}
-
-std::optional<double> RaplCollector::Zone::power(qint64 nowNs)
-{
-    const std::optional<quint64> current = counter(energy);
-    const std::optional<quint64> before = std::exchange(previous, current);
-    const qint64 intervalNs = nowNs - std::exchange(previousNs, nowNs);
-    if (!current || !before)
-        return std::nullopt;
-    const quint64 wrap = *current < *before ? counter(range).value_or(0) : 0;
-    const std::optional<double> microwatts = ratePerSecond(*before, *current + wrap, intervalNs);
-    if (!microwatts || *microwatts > highestPower * microjoulesPerJoule)
-        return std::nullopt;
-    return *microwatts / microjoulesPerJoule;
-}
 
 RaplCollector::RaplCollector(const MachineRoots &roots, const QString &group)
     : m_roots(roots)
@@ -71,12 +39,14 @@ void RaplCollector::look()
     const QStringList found = packageZones(m_roots);
     const bool same =
         std::equal(found.begin(), found.end(), m_zones.begin(), m_zones.end(),
-                   [](const QString &path, const auto &zone) { return path == zone->directory; });
+                   [](const QString &path, const Zone &zone) { return path == zone.directory; });
     if (same)
         return;
     m_zones.clear();
     for (const QString &path : found)
-        m_zones.push_back(std::make_unique<Zone>(path));
+        m_zones.push_back(
+            {path, std::make_unique<EnergyCounter>(path + QStringLiteral("/energy_uj"),
+                                                   path + QStringLiteral("/max_energy_range_uj"))});
 }
 
 bool RaplCollector::collect(qint64 nowNs, SensorTrees &trees)
@@ -85,8 +55,8 @@ bool RaplCollector::collect(qint64 nowNs, SensorTrees &trees)
         look();
     double sum = 0;
     std::size_t known = 0;
-    for (const auto &zone : m_zones) {
-        if (const std::optional<double> power = zone->power(nowNs)) {
+    for (const Zone &zone : m_zones) {
+        if (const std::optional<double> power = zone.counter->watts(nowNs)) {
             sum += *power;
             ++known;
         }

@@ -37,7 +37,8 @@ private Q_SLOTS:
     void coreVoltageIsFoundByLabel_data();
     void coreVoltageIsFoundByLabel();
     void keepsTheLocale();
-    void readsARealChip();
+    void readsRealChips_data();
+    void readsRealChips();
 };
 
 void BoardCollectorTest::rests_data()
@@ -92,9 +93,18 @@ void BoardCollectorTest::keepsTheLocale()
     QCOMPARE(QByteArray(std::setlocale(LC_ALL, nullptr)), QByteArray("C.UTF-8"));
 }
 
-void BoardCollectorTest::readsARealChip()
+void BoardCollectorTest::readsRealChips_data()
 {
-    const QString machine = QStringLiteral("amd-desktop");
+    QTest::addColumn<QString>("machine");
+    QTest::newRow("one chip") << QStringLiteral("amd-desktop");
+    QTest::newRow("three chips") << QStringLiteral("three-chips-board");
+}
+
+void BoardCollectorTest::readsRealChips()
+{
+    QFETCH(const QString, machine);
+    const QStringList expected = readingsOf(machine, true);
+    QVERIFY(!expected.isEmpty());
     const QTemporaryDir directory;
     QVERIFY(directory.isValid());
     QVERIFY(unpackMachine(machine, QString(), directory.path()));
@@ -116,15 +126,21 @@ void BoardCollectorTest::readsARealChip()
     QFile file(recording);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QJsonObject root = QJsonDocument::fromJson(file.readAll()).object();
-    const QString chip = QStringLiteral("nct6799-isa-0290");
     const QJsonObject groups = root.value(QStringLiteral("getAllSensorsData")).toObject();
     const QString query = QStringLiteral("getCPUInfo");
     const QString voltage = QStringLiteral("Core VID");
     const QJsonObject cpu = root.value(query).toObject();
     QStringList readings;
-    describe(chip, groups.value(chip).toObject(), readings);
-    describe(query, {{voltage, cpu.value(voltage)}}, readings);
-    QCOMPARE(readings, readingsOf(machine, true));
+    QStringList chips;
+    for (const QString &line : expected)
+        chips += line.section(QStringLiteral(" | "), 0, 0);
+    chips.removeDuplicates();
+    chips.removeAll(query);
+    for (const QString &chip : chips)
+        describe(chip, groups.value(chip).toObject(), readings);
+    if (cpu.contains(voltage))
+        describe(query, {{voltage, cpu.value(voltage)}}, readings);
+    QCOMPARE(readings, expected);
 }
 
 QTEST_GUILESS_MAIN(BoardCollectorTest)

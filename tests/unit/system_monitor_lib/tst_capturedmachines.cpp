@@ -29,6 +29,7 @@ constexpr Operation operations[] = {
     {"getNetworkInfo", Query::NetworkInfo},
     {"getSMARTInfo", Query::SmartInfo},
     {"getPresentMon", Query::PresentMon},
+    {"getAllSensorsData", Query::AllSensorsData},
 };
 
 QStringList describe(LiveSource &source)
@@ -49,6 +50,7 @@ MachineRoots rootsOf(const QString &machine, const QTemporaryDir &directory)
     MachineRoots roots{directory.filePath(QStringLiteral("proc")),
                        directory.filePath(QStringLiteral("sys"))};
     roots.pciIds = QStringLiteral(FIXTURES_DIRECTORY "/machines/pci.ids");
+    roots.amdIds = QStringLiteral(FIXTURES_DIRECTORY "/machines/amdgpu.ids");
     if (machine == QLatin1String("nvidia-desktop"))
         roots.nvidiaLibrary = QStringLiteral(NVIDIA_LIBRARY);
     return roots;
@@ -93,8 +95,11 @@ private Q_SLOTS:
 void CapturedMachinesTest::givesItsReadings_data()
 {
     QTest::addColumn<QString>("machine");
-    for (const char *const name : {"intel-desktop", "amd-desktop", "hybrid-laptop",
-                                   "nvidia-desktop", "headless-server", "arm-board"})
+    for (const char *const name :
+         {"intel-desktop", "amd-desktop", "hybrid-laptop", "nvidia-desktop", "headless-server",
+          "arm-board", "two-cards-desktop", "intel-and-arc-desktop", "amd-and-arc-desktop",
+          "arm-board-two-kinds-of-cores", "old-amd-desktop", "old-intel-laptop", "intel-laptop",
+          "old-radeon-desktop", "riscv-board"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 

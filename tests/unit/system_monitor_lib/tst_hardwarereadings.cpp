@@ -1,4 +1,5 @@
 #include "sensors/readings/GpuReadings.h"
+#include "sensors/readings/ModelNames.h"
 #include "system_monitor_lib/live/LiveSource.h"
 #include "system_monitor_lib/live/processor/CpuClockCollector.h"
 #include "tests/unit/system_monitor_lib/labels.h"
@@ -35,6 +36,8 @@ private Q_SLOTS:
 
     void cpuTemperatureFollowsDriverAndLabel_data();
     void cpuTemperatureFollowsDriverAndLabel();
+    void cpuTemperatureOfSensorsWithoutLabels_data();
+    void cpuTemperatureOfSensorsWithoutLabels();
     void brokenCpuTemperatureIsAbsent_data();
     void brokenCpuTemperatureIsAbsent();
     void vanishedChipComesBackUnderAnotherNumber();
@@ -55,6 +58,9 @@ private Q_SLOTS:
     void vanishedGpuIsLeftOut();
     void energyCounterGivesGpuPower();
     void equalGpusHaveDistinctNames();
+    void listOfCardsIsFoundInOneOfItsPlaces();
+    void modelAndReadingsAreOfOneCard_data();
+    void modelAndReadingsAreOfOneCard();
 
     void idleDiskIsNotRead();
     void suspendedDriveIsNotRead_data();
@@ -95,6 +101,7 @@ void HardwareReadingsTest::init()
     m_now = second;
     MachineRoots roots{path(QStringLiteral("proc")), path(QStringLiteral("sys"))};
     roots.pciIds = QStringLiteral(FIXTURES_DIRECTORY "/machines/pci.ids");
+    roots.amdIds = QStringLiteral(FIXTURES_DIRECTORY "/machines/amdgpu.ids");
     m_source = std::make_unique<LiveSource>(roots, [this] { return m_now; });
 }
 
@@ -127,7 +134,8 @@ void HardwareReadingsTest::cpuTemperatureFollowsDriverAndLabel_data()
     row("second package alone", "coretemp", {core, QStringLiteral("Package id 1")}, 42);
     row("two packages", "coretemp",
         {QStringLiteral("Package id 1"), QStringLiteral("Package id 0")}, 42);
-    row("cores alone", "coretemp", {core, QStringLiteral("Core 1")}, -1);
+    row("the hottest core where there is no package", "coretemp",
+        {core, QStringLiteral("Core 1"), QStringLiteral("other")}, 42);
     row("Tdie before Tctl", "k10temp", {tctl, tdie}, 42);
     row("Tctl", "k10temp", {tctl, QStringLiteral("Tccd1")}, 41);
     row("chiplets alone", "k10temp", {QStringLiteral("Tccd1")}, -1);
@@ -147,6 +155,55 @@ void HardwareReadingsTest::cpuTemperatureFollowsDriverAndLabel()
         const QString sensor = chip + QStringLiteral("temp%1_").arg(index + 1);
         QVERIFY(put(sensor + QStringLiteral("label"), labels.at(index).toLatin1() + '\n'));
         QVERIFY(put(sensor + QStringLiteral("input"), QByteArray::number(41000 + index * 1000)));
+    }
+    QVERIFY(put(QStringLiteral("proc/stat"), "cpu  1 0 0 1 0 0 0 0 0 0\n"));
+    QVERIFY(m_source->open());
+    QCOMPARE(value(after(0, Query::CpuDtsInfo), package), degrees);
+}
+
+void HardwareReadingsTest::cpuTemperatureOfSensorsWithoutLabels_data()
+{
+    QTest::addColumn<QStringList>("chips");
+    QTest::addColumn<QStringList>("zones");
+    QTest::addColumn<double>("degrees");
+    const auto row = [](const char *name, const char *chips, const char *zones, double degrees) {
+        const QLatin1Char comma(',');
+        QTest::newRow(name) << QString::fromLatin1(chips).split(comma, Qt::SkipEmptyParts)
+                            << QString::fromLatin1(zones).split(comma, Qt::SkipEmptyParts)
+                            << degrees;
+    };
+    // Chips are at 30, 31 … degrees, zones at 50, 51 …
+    row("AMD before Zen", "acpitz,k10temp", "acpitz", 31);
+    row("a board's zone as a chip", "rpi_volt,cpu_thermal", "", 31);
+    row("a board's zone", "", "gpu-thermal,cpu-thermal", 51);
+    row("cpu", "", "ddr,cpu", 51);
+    row("the processor before its chip", "", "soc-thermal,cpu_thermal", 51);
+    row("the hottest group of cores", "",
+        "soc-thermal,bigcore0-thermal,bigcore1-thermal,littlecore-thermal", 52);
+    row("the hottest core", "", "gpu0-thermal,cpu0-thermal,cpu-1-0-thermal,pmic", 52);
+    row("the chip that it is part of", "gpu_thermal,soc_thermal", "", 31);
+    row("process, voltage, temperature", "pvt", "", 30);
+    row("Intel's package", "acpitz", "acpitz,INT3400 Thermal,x86_pkg_temp", 52);
+    row("the firmware's, last", "iwlwifi_1,acpitz", "acpitz", 31);
+    row("others' zones", "iwlwifi_1,pch_cannonlake,gpu_thermal",
+        "pch_cannonlake,gpu-thermal,battery,cpufreq-heater,skin", -1);
+}
+
+void HardwareReadingsTest::cpuTemperatureOfSensorsWithoutLabels()
+{
+    QFETCH(const QStringList, chips);
+    QFETCH(const QStringList, zones);
+    QFETCH(const double, degrees);
+    for (int index = 0; index < chips.size(); ++index) {
+        const QString chip = QStringLiteral("sys/class/hwmon/hwmon%1/").arg(index);
+        QVERIFY(put(chip + QStringLiteral("name"), chips.at(index).toLatin1() + '\n'));
+        QVERIFY(
+            put(chip + QStringLiteral("temp1_input"), QByteArray::number(30000 + index * 1000)));
+    }
+    for (int index = 0; index < zones.size(); ++index) {
+        const QString zone = QStringLiteral("sys/class/thermal/thermal_zone%1/").arg(index);
+        QVERIFY(put(zone + QStringLiteral("type"), zones.at(index).toLatin1() + '\n'));
+        QVERIFY(put(zone + QStringLiteral("temp"), QByteArray::number(50000 + index * 1000)));
     }
     QVERIFY(put(QStringLiteral("proc/stat"), "cpu  1 0 0 1 0 0 0 0 0 0\n"));
     QVERIFY(m_source->open());
@@ -395,6 +452,41 @@ void HardwareReadingsTest::equalGpusHaveDistinctNames()
     const QStringList expected{radeon + QStringLiteral(" (0000:03:00.0)"),
                                radeon + QStringLiteral(" (0000:04:00.0)")};
     QCOMPARE(after(0, Query::GpuInfo).keys(), expected);
+}
+
+void HardwareReadingsTest::listOfCardsIsFoundInOneOfItsPlaces()
+{
+    const QString first = path(QStringLiteral("misc/pci.ids"));
+    const QString second = path(QStringLiteral("hwdata/pci.ids"));
+    QCOMPARE(firstFile({first, second}), QString());
+    QVERIFY(writeFile(second, "list"));
+    QCOMPARE(firstFile({first, second}), second);
+    QVERIFY(writeFile(first, "list"));
+    QCOMPARE(firstFile({first, second}), first);
+}
+
+void HardwareReadingsTest::modelAndReadingsAreOfOneCard_data()
+{
+    QTest::addColumn<QString>("machine");
+    QTest::addColumn<QString>("model");
+    const auto row = [](const char *machine, const char *model) {
+        QTest::newRow(machine) << QString::fromLatin1(machine) << QString::fromLatin1(model);
+    };
+    row("two-cards-desktop", "AMD Radeon RX 7600");
+    row("intel-and-arc-desktop", "Intel GPU 8086:56A0");
+    row("amd-and-arc-desktop", "Intel GPU 8086:E20B");
+    row("cards-without-memory", "AMD GPU 1002:6810");
+    row("hybrid-laptop", "Intel GPU 8086:4628");
+    row("old-radeon-desktop", "AMD GPU 1002:6810");
+}
+
+void HardwareReadingsTest::modelAndReadingsAreOfOneCard()
+{
+    QFETCH(const QString, machine);
+    QFETCH(const QString, model);
+    QVERIFY(load(machine));
+    QCOMPARE(chosenGpu(after(0, Query::GpuInfo)), model);
+    QCOMPARE(modelNames(m_source->tree(Query::AllSensorsData), {}).gpu, model);
 }
 
 void HardwareReadingsTest::idleDiskIsNotRead()

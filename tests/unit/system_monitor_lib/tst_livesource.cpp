@@ -14,6 +14,8 @@ const QString usage = QStringLiteral("Total CPU Usage");
 const QString memoryLoad = QStringLiteral("Physical Memory Load");
 const QString upRate = QStringLiteral("Current UP rate");
 const QString downRate = QStringLiteral("Current DL rate");
+/// The group of a processor whose name and cores are unknown.
+const QString nameless = QStringLiteral("CPU [#0]: ") + QSysInfo::currentCpuArchitecture();
 const QString eth0 = QStringLiteral("eth0");
 
 /// A machine whose /proc and /sys are folders, and whose time stands until it is moved.
@@ -95,7 +97,7 @@ private Q_SLOTS:
     void opensWhatCanBeRead_data();
     void opensWhatCanBeRead();
     void capturedMachineHasItsGroups();
-    void unknownModelIsLeftOut();
+    void processorWithoutANameIsDescribed();
     void firstSampleHasNoRates();
     void secondSampleHasRates();
     void groupsHoldTheSameLabels();
@@ -192,10 +194,22 @@ void LiveSourceTest::capturedMachineHasItsGroups()
     QCOMPARE(value(memory, QStringLiteral("Physical Memory Available")), 23532.0);
 }
 
-void LiveSourceTest::unknownModelIsLeftOut()
+void LiveSourceTest::processorWithoutANameIsDescribed()
 {
+    const QString start = QStringLiteral("CPU [#0]: %1").arg(QSysInfo::currentCpuArchitecture());
     QVERIFY(m_source->open());
-    QVERIFY(m_source->tree(Query::AllSensorsData).contains(QStringLiteral("CPU [#0]")));
+    QCOMPARE(m_source->tree(Query::AllSensorsData).keys().constFirst(), start);
+    const QString siblings = m_machine->path(
+        QStringLiteral("sys/devices/system/cpu/cpu%1/topology/thread_siblings_list"));
+    QVERIFY(writeFile(siblings.arg(0), "0-1\n"));
+    QVERIFY(m_source->open());
+    QCOMPARE(m_source->tree(Query::AllSensorsData).keys().constFirst(),
+             start + QStringLiteral(", 1 core"));
+    QVERIFY(writeFile(siblings.arg(1), "0-1\n"));
+    QVERIFY(writeFile(siblings.arg(2), "2\n"));
+    QVERIFY(m_source->open());
+    QCOMPARE(m_source->tree(Query::AllSensorsData).keys().constFirst(),
+             start + QStringLiteral(", 2 cores"));
 }
 
 void LiveSourceTest::firstSampleHasNoRates()
@@ -230,7 +244,7 @@ void LiveSourceTest::groupsHoldTheSameLabels()
     m_machine->now += second;
     QVERIFY(m_machine->setCpu(1100, 9100));
     const QJsonObject all = m_source->tree(Query::AllSensorsData);
-    QCOMPARE(all.value(QStringLiteral("CPU [#0]")).toObject(), m_source->tree(Query::CpuInfo));
+    QCOMPARE(all.value(nameless).toObject(), m_source->tree(Query::CpuInfo));
     QCOMPARE(all.value(QStringLiteral("System: memory")).toObject(),
              m_source->tree(Query::SystemInfo));
     QCOMPARE(all.value(QStringLiteral("Network: eth0")).toObject(), network());
@@ -297,7 +311,7 @@ void LiveSourceTest::brokenFileGivesNoLabel()
     QVERIFY(m_source->tree(Query::CpuInfo).isEmpty());
     QVERIFY(m_source->tree(Query::SystemInfo).isEmpty());
     QVERIFY(m_source->tree(Query::NetworkInfo).isEmpty());
-    QCOMPARE(m_source->tree(Query::AllSensorsData).keys(), QStringList{QStringLiteral("CPU [#0]")});
+    QCOMPARE(m_source->tree(Query::AllSensorsData).keys(), QStringList{nameless});
 }
 
 void LiveSourceTest::vanishedFilesComeBack()
