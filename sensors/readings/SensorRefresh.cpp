@@ -81,7 +81,7 @@ QJsonObject refreshCpuHeat(VqSystemMonitorLib *library)
     const QJsonObject dtsTree = ask(library, &VqSystemMonitorLib::getCPUDTSInfo);
     const QJsonObject tctlTree =
         dtsTree.isEmpty() ? ask(library, &VqSystemMonitorLib::getCPUEnhancedInfo) : QJsonObject();
-    const QJsonObject enhancedTree = ask(library, &VqSystemMonitorLib::getCPUEnhancedInfo);
+    QJsonObject enhancedTree = ask(library, &VqSystemMonitorLib::getCPUEnhancedInfo);
     const CpuHeat heat = cpuHeat(dtsTree, tctlTree, enhancedTree);
     store(heat.temperature, Info::CpuTemperature, Info::CpuTemperatureUnits);
     store(heat.power, Info::CpuPower, Info::CpuPowerUnits);
