@@ -106,8 +106,10 @@ void ConnectionManager::OnConnected()
 
 void ConnectionManager::OnDisconnected()
 {
+    // Compatibility: log-misspellings
     Logger(labelled("Disonnected-serverPort: ", webSocket->peerPort()));
     Logger(labelled("Socket disconnected: ", webSocket->errorString()));
+    // Compatibility: no-reconnection
     QCoreApplication::quit();
     deleteLater();
     std::exit(0); // NOLINT(concurrency-mt-unsafe)

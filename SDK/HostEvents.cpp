@@ -88,6 +88,7 @@ struct EventRow
     void (*call)(BasePlugin &, const HostMessage &);
 };
 
+// Compatibility: event-capitals
 /// The last three are extra messages on the same link; their capitals differ on the wire.
 constexpr EventRow eventTable[] = {
     {"keyDown", keyEvent<&BasePlugin::KeyDownForAction>},

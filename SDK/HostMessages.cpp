@@ -47,12 +47,14 @@ QString escaped(const QString &text)
 QString targetAndState(int target, int state)
 {
     const QString written = QStringLiteral("\"target\":%1").arg(target);
+    // Compatibility: state-left-out
     return state >= 0 ? QStringLiteral("\"state\":%1,").arg(state) + written : written;
 }
 
 QString withPrefix(const QString &image)
 {
     const QLatin1String prefix("data:image/png;base64,");
+    // Compatibility: prefix-case
     return image.isEmpty() || image.startsWith(prefix) ? image : prefix + image;
 }
 

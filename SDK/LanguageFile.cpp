@@ -15,6 +15,7 @@ constexpr qint64 longestFile = 16LL * 1024 * 1024;
 
 LanguageFile::LanguageFile(const QString &languageCode)
 {
+    // Compatibility: language-file
     QFile file(QCoreApplication::applicationDirPath() + languageCode + QStringLiteral(".json"));
     // The code comes from outside: opening a pipe could block for ever.
     if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))

@@ -42,6 +42,7 @@ LanguageUtilities::LanguageUtilities(QObject *parent)
 
 void LanguageUtilities::LoadLanguages()
 {
+    // Compatibility: codes-without-tables
     m_languages += knownCodes();
     for (const QString &code : qAsConst(m_languages)) {
         QFile file(QStringLiteral(":/JsonLanguage/%1.json").arg(code));

@@ -44,6 +44,7 @@ QString firstFault(const LaunchParameters &parameters)
 
 LaunchParametersResult parseLaunchParameters(int argc, const char *const *argv)
 {
+    // Compatibility: nine-arguments
     if (argc != expectedArguments)
         return {{}, QStringLiteral("Invalid number of parameters %1 instead of 9").arg(argc)};
     const LaunchParameters parameters = readPairs(argv);

@@ -7,6 +7,7 @@
 
 namespace {
 
+// Compatibility: missing-action-texts
 void logMissingAction(const QString &format, const QString &action, const QString &context)
 {
     Logger(format.arg(action, context));

@@ -75,6 +75,7 @@ const RequestRow requestTable[] = {
     {"Gpu Memory Used",
      [] { return QJsonValue(general(Info::GpuMemoryAllocated, Info::GpuMemoryAllocatedUnits)); }},
     {"Gpu Power", [] { return QJsonValue(general(Info::GpuPower, Info::GpuPowerUnits)); }},
+    // Compatibility: unsigned-answers
     // Unsigned, so that a volume that cannot be read is a number that no volume is.
     {"defaultAudioEndpointVolume",
      [] { return QJsonValue(integer(static_cast<unsigned>(Info::AudioVolume))); }},
@@ -82,6 +83,7 @@ const RequestRow requestTable[] = {
     {"Gpu Model", [] { return QJsonValue(Info::GpuModel); }},
     {"Gpu Voltage", [] { return QJsonValue(general(Info::GpuVoltage, Info::GpuVoltageUnits)); }},
     {"Disk Temperature", [] { return QJsonValue(Info::SmartInfo); }},
+    // Compatibility: memory-model
     {"Memory Model",
      [] { return QJsonValue(integer(static_cast<unsigned>(Info::MemoryTotalGBRounded))); }},
     {"Cpu Voltage", [] { return QJsonValue(general(Info::CpuVoltage, Info::CpuVoltageUnits)); }},
@@ -97,6 +99,7 @@ QJsonObject answerRequest(const QString &request)
                                   [&request](const RequestRow &candidate) {
                                       return request == QLatin1String(candidate.name);
                                   });
+    // Compatibility: bare-names
     if (row == std::end(requestTable))
         return {};
     return {{QStringLiteral("event"), request}, {QStringLiteral("info"), row->answer()}};

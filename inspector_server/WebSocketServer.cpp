@@ -74,6 +74,7 @@ WebSocketServer::WebSocketServer(quint16 port, QObject *parent)
     if (const auto *const acceptor = m_pWebSocketServer->findChild<QTcpServer *>())
         connect(acceptor, &QTcpServer::newConnection, this,
                 [acceptor] { boundHandshakes(acceptor); });
+    // Compatibility: all-interfaces
     if (m_pWebSocketServer->listen(QHostAddress::Any, port)) {
         qDebug() << "WebSocket server started on port" << m_pWebSocketServer->serverPort();
         connect(m_pWebSocketServer, &QWebSocketServer::newConnection, this,

@@ -38,6 +38,7 @@ QString diskkey::driveText(const normalAction &key)
     const bool isKnown = index >= 0 && index < systemInfor::DriveFreePercent.size();
     const QString text = spaceText(isKnown ? 100 - systemInfor::DriveFreePercent.at(index) : 0,
                                    systemInfor::DriveFreeGB.value(index));
+    // Compatibility: root-for-name
     return key.showVolumeName ? named(systemInfor::DriveRoots.value(index), text) : text;
 }
 

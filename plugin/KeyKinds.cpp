@@ -61,6 +61,7 @@ int inChosenUnit(int celsius, Key key)
     return key.isFahrenheit() ? wholenumber::truncated(celsius * 1.8 + 32) : celsius;
 }
 
+// Compatibility: bare-degrees
 /// The degree sign stands alone in both units.
 template <const int *celsius>
 Reading<double> degrees(Key key)
@@ -74,6 +75,7 @@ Reading<double> diskDegrees(Key key, KeyPass &pass)
     const auto disk = std::find_if(list.begin(), list.end(), [&key](const auto &entry) {
         return entry.first == key.SelectPhysicalDisk;
     });
+    // Compatibility: disk-temperature-carried
     const int celsius = disk != list.end() ? disk->second : pass.shownDiskTemperature;
     pass.shownDiskTemperature = inChosenUnit(celsius, key);
     return {static_cast<double>(pass.shownDiskTemperature), degree};
@@ -118,6 +120,7 @@ QString bothRates(Key key)
 
 // Painters.
 
+// Compatibility: neither-layout
 /// One line on request; else the two-line painter decides, which knows only its own setting.
 QString paintNetwork(normalAction &key, const QString &text)
 {

@@ -22,6 +22,7 @@ void applySelections(normalAction &key, SettingsOccasion occasion)
 
 void keyselection::sensor(normalAction &key, SettingsOccasion occasion)
 {
+    // Compatibility: selection-by-occasion
     const bool anew =
         occasion == SettingsOccasion::DidReceiveSettings && !key.newlyChosenSensor.isEmpty();
     key.SelectValue =

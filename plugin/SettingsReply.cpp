@@ -43,6 +43,7 @@ QJsonObject settingsReply(const QJsonObject &settings, const normalAction &key,
                           SettingsOccasion occasion, VqSystemMonitorLib *library)
 {
     SettingsDraft draft{key, occasion, library, settings, displaySettings(key)};
+    // Compatibility: members-by-occasion
     // A key that appears is told the modes whatever its kind; later only a kind that has them.
     if (occasion == SettingsOccasion::WillAppear) {
         replypart::temperatureType(draft);

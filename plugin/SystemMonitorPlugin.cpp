@@ -90,9 +90,11 @@ bool isNewerThanWindows7(int version)
 SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent, int version)
     : Plugin(parent)
     , m_library(createLibrary())
+    // Compatibility: second-library
     , m_unusedLibrary(createLibrary())
     , m_perfDataSource(new PerfDataSource)
     , m_hardwareMonitorLib(new LibreHardwareMonitorLib)
+    // Compatibility: idle-local-socket
     , m_ioLocalSocket(new IoLocalSocket(false))
     , m_hardwareSocket(new LibreHardwareWebSocket(false))
     , m_updateTimer(new QTimer(this))
@@ -104,6 +106,7 @@ SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent, int version)
                 &SystemMonitorPlugin::onCommitData);
     }
     machineAudio(); // Finds the sound server during the wait.
+    // Compatibility: busy-start
     waitBusily(startUpWait);
     initSystemMonitorLib(isNewerThanWindows7(version));
     LogDebug(QStringLiteral("初始化系统信息"));
@@ -138,6 +141,7 @@ void SystemMonitorPlugin::refresh()
 
 void SystemMonitorPlugin::onCommitData()
 {
+    // Compatibility: session-end
     LogDebug(QStringLiteral("Commit data request."));
     if (!m_library)
         return;
@@ -156,6 +160,7 @@ void SystemMonitorPlugin::updateImages()
 
 void SystemMonitorPlugin::updateKeys()
 {
+    // Compatibility: list-lock
     const QMutexLocker lock(&m_listLock);
     KeyPass pass;
     for (normalAction *const key : qAsConst(m_actions))
@@ -164,9 +169,11 @@ void SystemMonitorPlugin::updateKeys()
 
 void SystemMonitorPlugin::updateKey(normalAction &key, KeyPass &pass)
 {
+    // Compatibility: always-sent
     LogDebug(labelled("get_operator->GetAction(): ", key.GetAction()));
     if (const std::optional<QString> picture = pass.paint(key))
         mConnectionManager->SetImage(*picture, key.GetContext(), 0, -1);
+    // Compatibility: unknown-kinds
     mConnectionManager->SetTitle(key.displayedText, key.GetContext(), 0, -1);
 }
 
@@ -221,6 +228,7 @@ void SystemMonitorPlugin::applyDiskMode(normalAction &key)
 /// Shows the drive whose turn it is at once, whatever the mode, and moves on to the next.
 void SystemMonitorPlugin::showDriveAndMoveOn(normalAction &key)
 {
+    // Compatibility: loop-shows-single
     const QString picture = key.normalPainting(diskkey::driveText(key));
     if (mConnectionManager) {
         mConnectionManager->SetImage(picture, key.GetContext(), 0, -1);
@@ -233,10 +241,12 @@ void SystemMonitorPlugin::WillDisappearForAction(const QString &action, const QS
                                                  const QJsonObject & /*payload*/,
                                                  const QString & /*deviceId*/)
 {
+    // Compatibility: silent-removal
     LogDebug(labelled("WillDisappearForAction: ", action));
     RemoveAction(action, context);
 }
 
+// Compatibility: presses-do-nothing
 void SystemMonitorPlugin::KeyDownForAction(const QString &action, const QString & /*context*/,
                                            const QJsonObject & /*payload*/,
                                            const QString & /*deviceId*/)

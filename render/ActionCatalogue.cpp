@@ -14,6 +14,7 @@ const QVector<ActionCatalogueRow> &actionCatalogue()
         {actionuuid::cpuClock, QStringLiteral("CPU频率"), QStringLiteral("CPU frequency")},
         {actionuuid::cpuPower, QStringLiteral("CPU封装功率"), QStringLiteral("CPU Package Power")},
         {actionuuid::netWork, QStringLiteral("网速"), QStringLiteral("Network speed")},
+        // Compatibility: mixed-titles
         {actionuuid::gpuTemperature, QStringLiteral("Gpu温度"), QStringLiteral("GPU temperature")},
         {actionuuid::gpuClock, QStringLiteral("Gpu核心频率"), QStringLiteral("GPU core frequency")},
         {actionuuid::gpuLoad, QStringLiteral("Gpu核心使用率"),

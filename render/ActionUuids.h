@@ -4,6 +4,7 @@
 
 /// The UUIDs of all kinds of keys, in the order of the table of kinds (plugin/KeyKinds.cpp). They
 /// are compared exactly.
+// Compatibility: uuids
 namespace actionuuid {
 
 inline const QString memory = QStringLiteral("com.quellor.stream.system.memory");

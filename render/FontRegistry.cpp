@@ -75,6 +75,7 @@ QVector<FontRecord> recordsOf(const QString &family, const QStringList &styles, 
     QVector<FontRecord> records;
     for (const QString &style : styles) {
         const QString full = family + QLatin1Char('|') + style;
+        // Compatibility: font-specs
         if (full == QLatin1String("Roboto Light|Regular"))
             continue;
         const bool bare = records.isEmpty() && full != QLatin1String("Roboto|Bold");

@@ -53,6 +53,7 @@ KeySettings parseKeySettings(const QJsonObject &payload)
         return parameters.value(QLatin1String(name)).toString();
     };
 
+    // Compatibility: absent-counts
     KeySettings result;
     result.titleText = text("text");
     result.showTitle = parameters.value(QLatin1String("showTitle")).toBool();

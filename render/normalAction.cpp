@@ -22,6 +22,7 @@ struct Prefixes
 /// The parts of "UPLOAD/DOWNLOAD". A title without a slash is replaced by one that has it.
 Prefixes splitTitle(QString &title)
 {
+    // Compatibility: title-rewritten
     if (!title.contains(QLatin1Char('/')))
         title = QStringLiteral("上传/下载");
     const int slash = title.indexOf(QLatin1Char('/'));
@@ -72,6 +73,7 @@ void normalAction::updateFontPixelSize()
 {
     if (imageWidth == 0)
         LogDebug(QStringLiteral("发生错误，ActionW=0"));
+    // Compatibility: font-size-feedback
     font.setPixelSize(fontPixelSize(fontSize, keyWidth, imageWidth));
 }
 
@@ -83,6 +85,7 @@ QString normalAction::normalPainting(const QString &textToDraw)
     const ShapedLine line(displayedText, font);
     imageWidth = line.width();
     imageHeight = QFontMetrics(font).height();
+    // Compatibility: opacity-is-transparency
     keyImage =
         paintPicture({imageWidth, imageHeight}, {{QRect(0, 0, imageWidth, imageHeight), &line}},
                      {font, color, 1.0 - opacity, textAlignment});
@@ -107,6 +110,7 @@ QString normalAction::paintingTwoLines(const QString &uploadText, const QString 
     const int lineHeight = QFontMetrics(font).height();
     imageWidth = std::max(first.width(), second.width());
     imageHeight = 2 * lineHeight;
+    // Compatibility: flush-left
     // Each line is centred in a rectangle of its own width: the shorter one stands flush left.
     keyImage = paintPicture({imageWidth, imageHeight},
                             {{QRect(0, 0, first.width(), lineHeight), &first},

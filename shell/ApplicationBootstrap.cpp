@@ -37,6 +37,7 @@ ApplicationBootstrap::ApplicationBootstrap(int argc, char **argv)
 
 QString ApplicationBootstrap::languageFromArguments(const QStringList &arguments)
 {
+    // Compatibility: language-scan
     static const QString label = QStringLiteral("language:");
     QString language = QStringLiteral("en");
     for (const QString &argument : arguments) {
@@ -55,6 +56,7 @@ void ApplicationBootstrap::checkInstance()
     // Never deleted: an answering instance keeps its connection.
     auto *const probe = new BlockingWebSocketClient(QUrl(QStringLiteral("ws://localhost:24509")),
                                                     probeTimeoutMs, this);
+    // Compatibility: instance-lives-on
     if (probe->isConnected()) {
         LogDebug(
             QStringLiteral("Connect to PROT: 24509 Success(SystemMonitorIsAlearyRunning), Exit"));

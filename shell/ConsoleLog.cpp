@@ -14,6 +14,7 @@ std::atomic<bool> consoleOpen = false;
 void printMessage(QtMsgType /*type*/, const QMessageLogContext & /*context*/,
                   const QString &message)
 {
+    // Compatibility: bare-console-lines
     std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
     std::fflush(stderr);
 }
@@ -51,6 +52,7 @@ bool ConsoleLog::isOpen()
 
 void ConsoleLog::openOnce()
 {
+    // Compatibility: failed-console-stays-open
     if (!consoleOpen.exchange(true))
         OpenConsole();
 }

@@ -11,6 +11,7 @@
 
 namespace {
 
+// Compatibility: fonts-by-place
 /// By its place on the command line, whatever name stands before it.
 constexpr int infoArgument = 8;
 

@@ -15,6 +15,7 @@ void endProcesses(const QString &name, const leftovers::System &system)
     }
     const qint64 ownId = system.ownId();
     for (const Process &process : *found) {
+        // Compatibility: letter-case-of-names
         if (process.id == ownId || process.executableName.compare(name, Qt::CaseInsensitive) != 0)
             continue;
         const char *const outcome =

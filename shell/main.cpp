@@ -20,6 +20,7 @@ constexpr std::chrono::seconds heapInterval{5};
 
 int main(int argc, char **argv)
 {
+    // Compatibility: start-pause
     QThread::msleep(100);
     fillStandardStreams();
     returnLargeBlocksWhenFreed();

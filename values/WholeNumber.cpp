@@ -16,5 +16,6 @@ int wholenumber::truncated(double value)
 
 int wholenumber::capped(int value, unsigned cap)
 {
+    // Compatibility: unsigned-caps
     return static_cast<unsigned>(value) > cap ? static_cast<int>(cap) : value;
 }

@@ -11,11 +11,13 @@ QMutex fileLogMutex;
 
 } // namespace
 
+// Compatibility: output-name
 const char *const outputName = "output.txt";
 
 void Logger(QString message) // NOLINT(performance-unnecessary-value-param)
 {
     const QMutexLocker lock(&fileLogMutex);
+    // Compatibility: log-file
     QFile file(QStringLiteral("log.txt"));
     if (file.open(QIODevice::ReadWrite | QIODevice::Append)) {
         file.write(fileLogLine(QDateTime::currentDateTime(), message));

@@ -2,6 +2,7 @@
 
 QStringList driveRoots(const QByteArray &list)
 {
+    // Compatibility: drives-in-100-letters
     constexpr int seenCharacters = 100;
     QStringList roots;
     int begin = 0;

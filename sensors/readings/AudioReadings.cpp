@@ -8,6 +8,7 @@ AudioReadings readAudio(AudioSource &source, int selectedIndex)
     readings.names = source.deviceNames();
     for (int index = 0; index < readings.names.size(); ++index)
         readings.volumes.append(source.volume(index));
+    // Compatibility: volume-minus-one
     readings.selectedVolume = static_cast<int>(source.volume(selectedIndex));
     return readings;
 }

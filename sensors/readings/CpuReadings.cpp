@@ -35,6 +35,7 @@ bool isTotalUsage(const QString &key)
 
 bool isCoreClock(const QString &key)
 {
+    // Compatibility: effective-clocks
     return containsLabel(key, QStringLiteral("Core")) &&
            containsLabel(key, QStringLiteral("Clock")) &&
            !containsLabel(key, QStringLiteral("Effective"));

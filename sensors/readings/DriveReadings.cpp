@@ -35,6 +35,7 @@ DriveReadings readDrives(DriveSource &source)
     for (const QString &root : qAsConst(readings.roots)) {
         const std::optional<QString> volumeName = source.volumeName(root);
         if (!volumeName) {
+            // Compatibility: lists-out-of-line
             LogDebug(labelled("Failed to get information of drive ", root));
             continue;
         }

@@ -83,6 +83,7 @@ double memorySize(const QJsonObject &gpuTree)
 
 QString chosenGpu(const QJsonObject &gpuTrees)
 {
+    // Compatibility: no-gpu-name
     const QStringList names = gpuTrees.keys() << QStringLiteral("NustIN");
     QString chosen;
     double bestSize = -1.0;

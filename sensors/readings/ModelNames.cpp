@@ -19,6 +19,7 @@ ModelNames modelNames(const QJsonObject &allSensors, ModelNames known)
     for (auto group = allSensors.begin(); group != allSensors.end(); ++group) {
         if (!known.cpu.isEmpty() && !known.gpu.isEmpty())
             break;
+        // Compatibility: model-names-replaced
         takeName(group.key(), QStringLiteral("CPU"), known.cpu);
         takeName(group.key(), QStringLiteral("GPU"), known.gpu);
     }

@@ -27,6 +27,7 @@ Reading<double> scaledRate(double kilobytesPerSecond)
 {
     if (!(kilobytesPerSecond > 0))
         return {0.0, QStringLiteral("Kb/s")};
+    // Compatibility: kilobits-for-kilobytes
     if (kilobytesPerSecond <= step)
         return {kilobytesPerSecond, QStringLiteral("Kb/s")};
     const double megabytes = kilobytesPerSecond / step;

@@ -78,6 +78,7 @@ void refreshCpu(VqSystemMonitorLib *library)
 /// Returns the enhanced tree, under which integrated graphics are filed.
 QJsonObject refreshCpuHeat(VqSystemMonitorLib *library)
 {
+    // Compatibility: queries-twice
     const QJsonObject dtsTree = ask(library, &VqSystemMonitorLib::getCPUDTSInfo);
     const QJsonObject tctlTree =
         dtsTree.isEmpty() ? ask(library, &VqSystemMonitorLib::getCPUEnhancedInfo) : QJsonObject();
@@ -124,6 +125,7 @@ void refreshSensorLists(VqSystemMonitorLib *library)
     Info::AllSensorsData.insert(QStringLiteral("FPS"), frameRates);
 
     SensorWalk walk;
+    // Compatibility: frame-rates-twice
     walk.visit(Info::AllSensorsData);
     walk.visit(frameRates);
     Info::AIOPump = walk.pump;

@@ -10,6 +10,7 @@ namespace sensortree {
 
 bool containsLabel(const QString &key, const QString &label)
 {
+    // Compatibility: labels-by-part
     return key.contains(label, Qt::CaseInsensitive);
 }
 
@@ -33,11 +34,13 @@ QJsonObject readingOf(const QJsonObject &sensors, const QString &label)
     return key ? firstReading(sensors.value(*key)) : QJsonObject();
 }
 
+// Compatibility: missing-is-zero
 double valueOf(const QJsonObject &reading)
 {
     return reading.value(QLatin1String("value")).toDouble();
 }
 
+// Compatibility: whole-numbers
 int wholeValueOf(const QJsonObject &reading)
 {
     return reading.value(QLatin1String("value")).toInt();

@@ -74,6 +74,7 @@ QJsonObject pairsToTree(const systemInfor::SensorTexts &pairs)
     QJsonObject tree;
     for (const auto &pair : pairs) {
         const QRegularExpressionMatch match = numberAndUnits.match(pair.second);
+        // Compatibility: values-as-texts
         const QJsonObject reading{{QStringLiteral("value"), match.captured(1)},
                                   {QStringLiteral("units"), match.captured(2).trimmed()}};
         tree.insert(pair.first, QJsonArray{reading});

@@ -28,6 +28,7 @@ QJsonObject parseServiceReply(const QByteArray &reply)
 
 QString socketErrorLabel(int errorCode)
 {
+    // Compatibility: error-label-cut
     const QByteArray label = QByteArrayLiteral("socket 错误:");
     return QString::fromUtf8(label.mid(std::clamp(errorCode, 0, label.size())));
 }
@@ -57,6 +58,7 @@ void IoLocalSocket::connectToService()
         socket->abort();
         QThread::sleep(1);
     }
+    // Compatibility: leaves-nothing
     LogDebug(QStringLiteral("多次连接失败，退出。"));
 }
 

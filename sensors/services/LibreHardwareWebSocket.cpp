@@ -52,6 +52,7 @@ LibreHardwareWebSocket::LibreHardwareWebSocket(bool fetch, QObject *parent)
 {
     const int configured = readConfiguredPort();
     usePort(configured == noPort ? port : configured);
+    // Compatibility: error-signal-unconnected
     connect(&socket, &QWebSocket::connected, this, &LibreHardwareWebSocket::onConnected);
     connect(&socket, &QWebSocket::disconnected, this, &LibreHardwareWebSocket::onDisconnected);
     connect(&socket, &QWebSocket::textMessageReceived, this,
@@ -61,6 +62,7 @@ LibreHardwareWebSocket::LibreHardwareWebSocket(bool fetch, QObject *parent)
 
 void LibreHardwareWebSocket::setPort(int newPort)
 {
+    // Compatibility: no-close-on-new-port
     usePort(newPort);
     connectAndFetch();
 }
@@ -151,6 +153,7 @@ void LibreHardwareWebSocket::reportTimeout()
 void LibreHardwareWebSocket::onConnected()
 {
     LogDebug(QStringLiteral("WebSocket connected"));
+    // Compatibility: greeting
     socket.sendTextMessage(QStringLiteral("哈喽哈喽"));
 }
 
@@ -168,6 +171,7 @@ void LibreHardwareWebSocket::onTextMessage(const QString &msg)
 {
     if (!waiting)
         return;
+    // Compatibility: any-frame-ends-the-wait
     lastMessage = msg;
     result = serviceResult(msg);
     waiting = false;
@@ -180,6 +184,7 @@ QJsonObject serviceResult(const QString &message)
     const QString method = reply.value(QLatin1String("method")).toString();
     const int code = reply.value(QLatin1String("code")).toInt();
     QJsonObject result = reply.value(QLatin1String("result")).toObject();
+    // Compatibility: code-as-character
     // The code stands as the character that it numbers.
     LogDebug(QStringLiteral("method:") + method + QStringLiteral(" code:") +
              QLatin1Char(static_cast<char>(code)) + QStringLiteral(" result:") + indented(result));

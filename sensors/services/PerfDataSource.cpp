@@ -2,6 +2,7 @@
 
 #include "sensors/services/httptcpGetMonitorData.h"
 
+// Compatibility: idle-data-source
 PerfDataSource::PerfDataSource(QObject *parent)
     : QObject(parent)
     , m_fetcher(std::make_unique<httptcpGetMonitorData>())
