@@ -1,55 +1,34 @@
 #include "inspector_server/WebSocketServer.h"
 
+#include "inspector_server/Acceptor.h"
+#include "inspector_server/ClientSocket.h"
 #include "inspector_server/RequestTable.h"
 #include "sensors/SystemMonitorLibOwner.h"
 #include "sensors/VqSystemMonitorLib.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QHostAddress>
 #include <QJsonDocument>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QWebSocket>
 #include <QWebSocketServer>
 
 #include <algorithm>
-#include <chrono>
 
 using namespace std::chrono_literals;
 
 namespace {
 
-/// Far above the longest request name and far below harm.
-constexpr quint64 longestRequest = 64ULL * 1024;
+/// So many requests as a panel never has; they fit into what is read of a client at once.
+constexpr int mostWaiting = 1000;
 
-/// Bytes that the clients may leave unread: dozens of the largest answers.
-constexpr qint64 mostUnread = 16LL * 1024 * 1024;
-
-/// Qt replies to pings without a word, so that what is unread is looked at this often.
-constexpr std::chrono::milliseconds unreadInterval = 100ms;
-
-/// An instance that starts beside this one gives up after half of this.
-constexpr std::chrono::milliseconds handshakeTimeout = 3s;
-
-/// Bytes of a request for a connection; Qt itself takes a megabyte.
-constexpr qint64 longestHandshake = 16LL * 1024;
-
-/// Until descriptors may be free again.
-constexpr std::chrono::milliseconds acceptPause = 1s;
+/// For how long a client may read nothing of a reply.
+constexpr std::chrono::seconds readTimeout = 5s;
+constexpr std::chrono::seconds unreadInterval = 1s;
 
 QString compact(const QJsonObject &object)
 {
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
-}
-
-/// The sockets that Qt has accepted and that have not shaken hands yet are its server's children.
-void boundHandshakes(const QTcpServer *acceptor)
-{
-    const auto sockets = acceptor->findChildren<QTcpSocket *>();
-    for (QTcpSocket *const socket : sockets) {
-        if (socket->readBufferSize() == 0)
-            socket->setReadBufferSize(longestHandshake);
-    }
 }
 
 VqSystemMonitorLib *libraryOf(QObject *plugin)
@@ -58,25 +37,26 @@ VqSystemMonitorLib *libraryOf(QObject *plugin)
     return owner ? owner->systemMonitorLib() : nullptr;
 }
 
+void readOn(ClientSocket *socket)
+{
+    socket->readUpTo(ClientSocket::longestPayload + FrameHead::longest);
+}
+
 } // namespace
 
 WebSocketServer::WebSocketServer(quint16 port, QObject *parent)
     : QObject(parent)
     , m_pWebSocketServer(new QWebSocketServer(QStringLiteral("Echo Server"),
                                               QWebSocketServer::NonSecureMode, this))
+    , m_acceptor(new Acceptor(this))
 {
-    m_clock.start();
+    connect(&m_turns, &QTimer::timeout, this, &WebSocketServer::serveClients);
     m_unreadTimer.setInterval(unreadInterval);
-    connect(&m_unreadTimer, &QTimer::timeout, this, &WebSocketServer::dropWhoReadsTooLittle);
-    m_pWebSocketServer->setHandshakeTimeout(handshakeTimeout);
-    connect(m_pWebSocketServer, &QWebSocketServer::acceptError, this,
-            &WebSocketServer::acceptAgainSoon);
-    if (const auto *const acceptor = m_pWebSocketServer->findChild<QTcpServer *>())
-        connect(acceptor, &QTcpServer::newConnection, this,
-                [acceptor] { boundHandshakes(acceptor); });
+    connect(&m_unreadTimer, &QTimer::timeout, this, &WebSocketServer::dropWhoReadsNothing);
+    connect(m_acceptor, &Acceptor::handshakeArrived, this, &WebSocketServer::shakeHands);
     // Compatibility: all-interfaces
-    if (m_pWebSocketServer->listen(QHostAddress::Any, port)) {
-        qDebug() << "WebSocket server started on port" << m_pWebSocketServer->serverPort();
+    if (m_acceptor->listen(QHostAddress::Any, port)) {
+        qDebug() << "WebSocket server started on port" << m_acceptor->serverPort();
         connect(m_pWebSocketServer, &QWebSocketServer::newConnection, this,
                 &WebSocketServer::onNewConnection);
     } else {
@@ -86,7 +66,10 @@ WebSocketServer::WebSocketServer(quint16 port, QObject *parent)
 
 WebSocketServer::~WebSocketServer()
 {
+    m_acceptor->close();
     m_pWebSocketServer->close();
+    for (const Connection &connection : qAsConst(m_connections))
+        connection.socket->disconnect(this);
     for (QWebSocket *const client : qAsConst(m_clients))
         client->disconnect(this);
     qDeleteAll(m_clients);
@@ -99,7 +82,24 @@ void WebSocketServer::setPlugin(QObject *plugin)
 
 quint16 WebSocketServer::port() const
 {
-    return m_pWebSocketServer->serverPort();
+    return m_acceptor->serverPort();
+}
+
+/// The whole request has come, so that Qt answers it in one go, and onNewConnection() is called
+/// within.
+void WebSocketServer::shakeHands(ClientSocket *socket)
+{
+    m_newcomer = socket;
+    m_pWebSocketServer->handleConnection(socket);
+    // Qt looks at the request in an event of its own. Here its time is counted.
+    QCoreApplication::sendPostedEvents(m_pWebSocketServer, QEvent::MetaCall);
+    socket->flush();
+    const bool isRefused = m_newcomer != nullptr;
+    m_newcomer = nullptr;
+    if (isRefused) {
+        socket->abort();
+        socket->deleteLater();
+    }
 }
 
 void WebSocketServer::onNewConnection()
@@ -107,12 +107,11 @@ void WebSocketServer::onNewConnection()
     QWebSocket *const client = m_pWebSocketServer->nextPendingConnection();
     if (!client)
         return;
-    client->setReadBufferSize(2 * static_cast<qint64>(longestRequest));
-    client->setMaxAllowedIncomingFrameSize(longestRequest);
-    client->setMaxAllowedIncomingMessageSize(longestRequest);
+    client->setMaxAllowedIncomingFrameSize(ClientSocket::longestPayload);
+    client->setMaxAllowedIncomingMessageSize(ClientSocket::longestPayload);
     m_clients.append(client);
-    if (!m_unreadTimer.isActive()) // Or a run of newcomers would put it off for ever.
-        m_unreadTimer.start();
+    watch(client, m_newcomer);
+    m_newcomer = nullptr;
     qDebug() << "New connection established. Total connections:" << m_clients.size();
     connect(client, &QWebSocket::textMessageReceived, this,
             &WebSocketServer::onTextMessageReceived);
@@ -122,10 +121,16 @@ void WebSocketServer::onNewConnection()
         m_clients.constFirst()->abort();
 }
 
-/// The server stops accepting when descriptors run out.
-void WebSocketServer::acceptAgainSoon()
+void WebSocketServer::watch(QWebSocket *client, ClientSocket *socket)
 {
-    QTimer::singleShot(acceptPause, m_pWebSocketServer, &QWebSocketServer::resumeAccepting);
+    m_connections.insert(client, {socket, m_turns.now()});
+    connect(socket, &QTcpSocket::readyRead, this,
+            [this, client, socket] { onReadyRead(client, socket); });
+    connect(socket, &QTcpSocket::bytesWritten, this,
+            [this, client](qint64 bytes) { onBytesWritten(client, bytes); });
+    if (!m_unreadTimer.isActive()) // Or a run of newcomers would put it off for ever.
+        m_unreadTimer.start();
+    m_turns.startSoon(); // Its first requests may have come already.
 }
 
 void WebSocketServer::onDisconnected()
@@ -134,28 +139,126 @@ void WebSocketServer::onDisconnected()
     if (!client)
         return;
     m_clients.removeAll(client);
-    m_rates.remove(client);
+    const Connection connection = m_connections.take(client);
+    if (connection.socket)
+        connection.socket->disconnect(this);
     if (m_clients.isEmpty())
         m_unreadTimer.stop();
     client->deleteLater();
     qDebug() << "Connection disconnected. Remaining connections:" << m_clients.size();
 }
 
-bool WebSocketServer::isTooBusy(QWebSocket *client)
+void WebSocketServer::onReadyRead(QWebSocket *client, ClientSocket *socket)
 {
-    return client->bytesToWrite() > mostUnread || !m_rates[client].admits(m_clock.elapsed());
+    if (socket->isHandingOn())
+        return;
+    const std::chrono::nanoseconds began = m_turns.now();
+    if (socket->hasFrame() || m_budget.isSpent(began)) {
+        socket->stopReading();
+        m_turns.startSoon();
+    }
+    if (socket->frameCount() > mostWaiting)
+        client->abort();
+    m_budget.takeTime(m_turns.now() - began + TurnTimer::wakeCost);
 }
 
-void WebSocketServer::dropWhoReadsTooLittle()
+void WebSocketServer::onBytesWritten(QWebSocket *client, qint64 bytes)
 {
-    QList<QWebSocket *> clients = m_clients;
-    std::sort(clients.begin(), clients.end(), [](const QWebSocket *left, const QWebSocket *right) {
-        return left->bytesToWrite() < right->bytesToWrite();
-    });
-    qint64 unread = 0;
-    for (QWebSocket *const client : qAsConst(clients)) {
-        unread += client->bytesToWrite();
-        if (unread > mostUnread)
+    m_budget.takeOut(bytes);
+    const auto connection = m_connections.find(client);
+    if (connection == m_connections.end())
+        return;
+    connection->lastProgress = m_turns.now();
+    if (connection->socket->hasFrame())
+        m_turns.startSoon();
+}
+
+void WebSocketServer::serveClients()
+{
+    const std::chrono::nanoseconds began = m_turns.now();
+    for (const Connection &connection : qAsConst(m_connections)) {
+        if (!connection.socket->hasFrame())
+            readOn(connection.socket);
+    }
+    std::chrono::nanoseconds before = began;
+    while (!m_budget.isSpent(before)) {
+        if (m_turns.isOver(began)) {
+            m_turns.startSoon();
+            return;
+        }
+        dropWhoHoldsMost();
+        QWebSocket *const client = nextInTurn();
+        if (!client)
+            return;
+        serve(client);
+        const std::chrono::nanoseconds after = m_turns.now();
+        m_budget.takeTime(after - before);
+        before = after;
+    }
+    m_turns.startAfter(m_budget.wait());
+}
+
+/// The next client whose request waits and whose last reply has gone; null when there is none.
+QWebSocket *WebSocketServer::nextInTurn()
+{
+    const int count = m_clients.size();
+    for (int step = 0; step < count; ++step) {
+        const int place = (m_turnOf + step) % count;
+        QWebSocket *const client = m_clients.at(place);
+        ClientSocket *const socket = m_connections.value(client).socket;
+        if (socket->hasFrame() && socket->bytesToWrite() == 0) {
+            m_turnOf = place + 1;
+            return client;
+        }
+    }
+    return nullptr;
+}
+
+void WebSocketServer::serve(QWebSocket *client)
+{
+    Connection &connection = m_connections[client];
+    connection.lastProgress = m_turns.now(); // It has read all so far.
+    const QPointer<ClientSocket> socket = connection.socket;
+    const qint64 before = socket->buffered();
+    m_budget.takeIn(socket->handOnFrame(client));
+    if (!m_connections.contains(client))
+        return;
+    if (socket->buffered() == before) { // It is closing and reads no more.
+        client->abort();
+        return;
+    }
+    socket->flush();
+    if (m_connections.contains(client) && !socket->hasFrame())
+        readOn(socket);
+}
+
+void WebSocketServer::dropWhoHoldsMost()
+{
+    qint64 held = 0;
+    QWebSocket *greediest = nullptr;
+    qint64 most = 0;
+    for (auto entry = m_connections.cbegin(); entry != m_connections.cend(); ++entry) {
+        const qint64 share = entry->socket->held();
+        held += share;
+        if (share > most) {
+            most = share;
+            greediest = entry.key();
+        }
+    }
+    if (held <= mostHeld || !greediest)
+        return;
+    greediest->abort();
+    dropWhoHoldsMost();
+}
+
+void WebSocketServer::dropWhoReadsNothing()
+{
+    const std::chrono::nanoseconds now = m_turns.now();
+    const QList<QWebSocket *> clients = m_clients;
+    for (QWebSocket *const client : clients) {
+        const Connection connection = m_connections.value(client);
+        if (connection.socket && connection.socket->bytesToWrite() > 0 &&
+            now - connection.lastProgress >= readTimeout)
             client->abort();
     }
 }
@@ -165,10 +268,6 @@ void WebSocketServer::onTextMessageReceived(const QString &message)
     auto *const client = qobject_cast<QWebSocket *>(sender());
     if (!client)
         return;
-    if (isTooBusy(client)) {
-        client->abort();
-        return;
-    }
     qDebug() << "Message received from client:" << message;
     VqSystemMonitorLib *const library = libraryOf(m_plugin);
     if (!library)

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "inspector_server/RequestRate.h"
+#include "inspector_server/ClientBudget.h"
+#include "inspector_server/TurnTimer.h"
 
-#include <QElapsedTimer>
 #include <QHash>
 #include <QList>
 #include <QObject>
@@ -10,22 +10,29 @@
 #include <QString>
 #include <QTimer>
 
+class Acceptor;
+class ClientSocket;
 class QWebSocket;
 class QWebSocketServer;
 
 /// Answers the settings panel's requests, bare request names, with one JSON text each, and marks
 /// the running instance by listening. It sends nothing unasked.
 ///
-/// It listens on all interfaces, so that what a stranger can cost is bounded: a client that sends
-/// more than 64 KiB at once or asks more than a panel would is dropped; so is the one that leaves
-/// most unread when all together leave 16 MiB, answers or replies to pings, and the oldest when
-/// there are more than mostClients.
+/// It listens on all interfaces, so that what strangers can cost is bounded for all together
+/// (ClientBudget, Acceptor). What exceeds that waits, in the order of clients, and a client's next
+/// request waits until the system has taken its last reply. Dropped is who sends more than 64 KiB
+/// at once, has more than 1000 requests waiting, or reads nothing of a reply for five seconds; the
+/// one for whom most is kept when all together have more than mostHeld; and the oldest when there
+/// are more than mostClients.
 class WebSocketServer : public QObject
 {
     Q_OBJECT
 
 public:
     static constexpr int mostClients = 128;
+
+    /// Bytes that are kept for all clients: requests that wait and replies that are unread.
+    static constexpr qint64 mostHeld = 12LL * 1024 * 1024;
 
     /// Listens on all interfaces; a port that is taken is logged and not tried again. Port 0 takes
     /// any free one.
@@ -46,14 +53,30 @@ private Q_SLOTS:
     void onDisconnected();
 
 private:
-    void acceptAgainSoon();
-    bool isTooBusy(QWebSocket *client);
-    void dropWhoReadsTooLittle();
+    struct Connection
+    {
+        ClientSocket *socket = nullptr;
+        std::chrono::nanoseconds lastProgress{0}; ///< When the system last took bytes for it.
+    };
 
-    QWebSocketServer *m_pWebSocketServer;
-    QList<QWebSocket *> m_clients; ///< In the order of connection; owned.
-    QHash<QWebSocket *, RequestRate> m_rates;
-    QElapsedTimer m_clock;
+    void shakeHands(ClientSocket *socket);
+    void watch(QWebSocket *client, ClientSocket *socket);
+    void onReadyRead(QWebSocket *client, ClientSocket *socket);
+    void onBytesWritten(QWebSocket *client, qint64 bytes);
+    void serveClients();
+    QWebSocket *nextInTurn();
+    void serve(QWebSocket *client);
+    void dropWhoHoldsMost();
+    void dropWhoReadsNothing();
+
+    QWebSocketServer *m_pWebSocketServer; ///< Shakes hands; m_acceptor listens for it.
+    Acceptor *m_acceptor;
+    ClientSocket *m_newcomer = nullptr; ///< Whose hand is being shaken.
+    QList<QWebSocket *> m_clients;      ///< In the order of connection; owned.
+    QHash<QWebSocket *, Connection> m_connections;
+    int m_turnOf = 0; ///< Place of the client that is served next, if it waits.
+    ClientBudget m_budget;
+    TurnTimer m_turns;
     QTimer m_unreadTimer; ///< Runs while there are clients.
     QPointer<QObject> m_plugin;
 };

@@ -32,6 +32,9 @@ public:
     /// The lines on standard error so far, without a last one that is not complete.
     QStringList lines() const;
 
+    /// Bytes on standard error so far.
+    qint64 bytesPrinted() const { return m_standardError.size(); }
+
     /// Whether the debug stream has printed exactly this text as one message.
     bool hasLogged(const QString &text) const;
     int timesLogged(const QString &text) const;
@@ -64,6 +67,9 @@ public:
 
     /// Its memory at present, in bytes.
     qint64 residentMemory() const;
+
+    /// The processor time that it has taken so far, in milliseconds, to a hundredth of a second.
+    qint64 processorTime() const;
 
     void pressConsoleHotKey();
     void closeConsole();

@@ -49,6 +49,20 @@ qint64 PluginProcess::residentMemory() const
     return file.readAll().split(' ').value(1).toLongLong() * ::sysconf(_SC_PAGESIZE);
 }
 
+qint64 PluginProcess::processorTime() const
+{
+    QFile file(QStringLiteral("/proc/%1/stat").arg(processId()));
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    // Behind the name, which may hold anything, the state is the third field of the table in
+    // proc(5).
+    const QByteArray stat = file.readAll();
+    const QList<QByteArray> fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
+    constexpr int user = 14 - 3;
+    const qint64 ticks = fields.value(user).toLongLong() + fields.value(user + 1).toLongLong();
+    return ticks * 1000 / ::sysconf(_SC_CLK_TCK);
+}
+
 void PluginProcess::pressConsoleHotKey()
 {
     ::kill(static_cast<pid_t>(processId()), SIGUSR1);

@@ -7,3 +7,11 @@ constexpr bool isSanitized = true;
 #else
 constexpr bool isSanitized = false;
 #endif
+
+/// Whether a sanitizer, that one or the thread sanitizer, keeps memory by itself and slows all
+/// down.
+#ifdef __SANITIZE_THREAD__
+constexpr bool hasHeapOfItsOwn = true;
+#else
+constexpr bool hasHeapOfItsOwn = isSanitized;
+#endif

@@ -1,0 +1,27 @@
+#include "fuzz/FuzzSupport.h"
+#include "inspector_server/FrameHead.h"
+
+// What a stranger sends to the data server once it has shaken hands: frame after frame.
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const QByteArray bytes = fuzz::bytesOf(data, size);
+    qint64 at = 0;
+    while (at < bytes.size()) {
+        const char *const start = bytes.constData() + at;
+        const qint64 left = bytes.size() - at;
+        const FrameHead head = frameHead(start, left);
+        if (head.size == 0) {
+            fuzz::require(left < FrameHead::longest);
+            break;
+        }
+        fuzz::require(head.size >= 2 && head.size <= FrameHead::longest && head.size <= left);
+        // What follows the head makes no difference, and without its last byte there is none.
+        fuzz::require(frameHead(start, head.size).payloadSize == head.payloadSize);
+        fuzz::require(frameHead(start, head.size - 1).size == 0);
+        if (head.payloadSize > static_cast<quint64>(left - head.size))
+            break;
+        at += head.size + static_cast<qint64>(head.payloadSize);
+    }
+    return 0;
+}

@@ -1,0 +1,148 @@
+#include "inspector_server/Acceptor.h"
+
+#include "inspector_server/ClientSocket.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// An instance that starts beside this one gives up after half of this.
+constexpr std::chrono::milliseconds handshakeTimeout = 3s;
+
+/// Until descriptors may be free again.
+constexpr std::chrono::milliseconds acceptPause = 1s;
+
+/// Connections that Qt accepts by itself before they are taken.
+constexpr int mostAccepted = 8;
+
+/// What it takes to accept a connection, to set it up and to remove it; more than was seen.
+constexpr std::chrono::microseconds connectionCost = 150us;
+
+/// Bytes that the system keeps for a connection, each way, beside those kept here.
+constexpr int systemBuffer = 32 * 1024;
+
+double units(std::chrono::nanoseconds time)
+{
+    return static_cast<double>(time.count());
+}
+
+/// The bytes of the request; 0 while some are missing.
+qint64 handshakeSize(ClientSocket *socket)
+{
+    const QByteArray end = QByteArrayLiteral("\r\n\r\n");
+    const int found = socket->peek(socket->buffered()).indexOf(end);
+    return found < 0 ? 0 : found + end.size();
+}
+
+} // namespace
+
+Acceptor::Acceptor(QObject *parent)
+    : QTcpServer(parent)
+    , m_budget(units(timePerSecond), units(timeBurst))
+{
+    setMaxPendingConnections(mostAccepted);
+    connect(&m_turns, &QTimer::timeout, this, &Acceptor::work);
+    connect(this, &QTcpServer::newConnection, &m_turns, &TurnTimer::startSoon);
+    // Accepting stops when descriptors run out.
+    connect(this, &QTcpServer::acceptError, this,
+            [this] { QTimer::singleShot(acceptPause, this, &QTcpServer::resumeAccepting); });
+}
+
+void Acceptor::incomingConnection(qintptr handle)
+{
+    take(connectionCost);
+    auto *const socket = new ClientSocket(this);
+    socket->stopReading();
+    if (!socket->setSocketDescriptor(handle)) {
+        delete socket;
+        return;
+    }
+    socket->setSocketOption(QAbstractSocket::SendBufferSizeSocketOption, systemBuffer);
+    socket->setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, systemBuffer);
+    addPendingConnection(socket);
+}
+
+void Acceptor::take(std::chrono::nanoseconds time)
+{
+    m_budget.take(units(time));
+}
+
+void Acceptor::work()
+{
+    const std::chrono::nanoseconds began = m_turns.now();
+    for (ClientSocket *const socket : qAsConst(m_newcomers))
+        socket->readUpTo(longestHandshake);
+    std::chrono::nanoseconds before = began;
+    while (!m_budget.isEmpty(before)) {
+        if (m_turns.isOver(began)) {
+            m_turns.startSoon();
+            return;
+        }
+        const bool isBusy = handOnHandshake() || takeConnection();
+        if (!isBusy)
+            return;
+        const std::chrono::nanoseconds after = m_turns.now();
+        take(after - before);
+        before = after;
+    }
+    m_turns.startAfter(m_budget.wait());
+}
+
+bool Acceptor::takeConnection()
+{
+    auto *const socket = qobject_cast<ClientSocket *>(nextPendingConnection());
+    if (!socket)
+        return false;
+    if (socket->state() != QAbstractSocket::ConnectedState) {
+        socket->deleteLater();
+        return true;
+    }
+    m_newcomers.append(socket);
+    connect(socket, &QTcpSocket::readyRead, this, [this, socket] { onReadyRead(socket); });
+    connect(socket, &QTcpSocket::disconnected, this, [this, socket] {
+        forget(socket);
+        socket->deleteLater();
+    });
+    QTimer::singleShot(handshakeTimeout, socket, [this, socket] {
+        if (m_newcomers.contains(socket))
+            socket->abort();
+    });
+    socket->readUpTo(longestHandshake);
+    if (m_newcomers.size() > mostNewcomers)
+        m_newcomers.constFirst()->abort();
+    return true;
+}
+
+void Acceptor::forget(ClientSocket *socket)
+{
+    socket->disconnect(this);
+    m_newcomers.removeAll(socket);
+    m_complete.removeAll(socket);
+}
+
+void Acceptor::onReadyRead(ClientSocket *socket)
+{
+    const std::chrono::nanoseconds before = m_turns.now();
+    take(TurnTimer::wakeCost);
+    if (handshakeSize(socket) > 0) {
+        socket->stopReading();
+        if (!m_complete.contains(socket))
+            m_complete.append(socket);
+    } else if (m_budget.isEmpty(before)) {
+        socket->stopReading();
+    }
+    take(m_turns.now() - before);
+    m_turns.startSoon();
+}
+
+bool Acceptor::handOnHandshake()
+{
+    if (m_complete.isEmpty())
+        return false;
+    ClientSocket *const socket = m_complete.constFirst();
+    forget(socket);
+    socket->handOn(handshakeSize(socket));
+    Q_EMIT handshakeArrived(socket);
+    socket->holdBack();
+    return true;
+}
