@@ -30,6 +30,11 @@ public:
                    const MonotonicClock &stopwatch = monotonicNanoseconds);
 
     bool collect(qint64 nowNs, SensorTrees &trees) override;
+    /// Slow chips rest by themselves, and cost the quick ones nothing.
+    [[nodiscard]] std::chrono::nanoseconds patience() const override
+    {
+        return std::chrono::seconds(1);
+    }
 
 private:
     struct Group
