@@ -21,7 +21,7 @@ public:
     bool collect(qint64 nowNs, SensorTrees &trees) override;
 
 private:
-    void ask(qint64 nowNs);
+    void ask(qint64 nowNs, SensorTrees &trees);
     [[nodiscard]] bool rests(qint64 nowNs) const;
 
     const std::unique_ptr<Collector> m_guarded;
