@@ -10,8 +10,12 @@ QJsonObject united(QJsonObject first, const QJsonObject &second)
 {
     if (first.isEmpty())
         return second;
-    for (auto member = second.begin(); member != second.end(); ++member)
-        first.insert(member.key(), member.value());
+    for (auto member = second.begin(); member != second.end(); ++member) {
+        // A label without readings stands in for one that has some.
+        const bool isEmpty = member.value() == QJsonValue(QJsonArray());
+        if (!isEmpty || !first.contains(member.key()))
+            first.insert(member.key(), member.value());
+    }
     return first;
 }
 
@@ -42,6 +46,14 @@ void SensorTrees::add(const SensorTrees &other)
     const QJsonObject &sensors = other.tree(Query::AllSensorsData);
     for (const SensorGroup &each : other.m_groups)
         addGroup(each, sensors.value(each.name).toObject());
+}
+
+SensorTrees SensorTrees::withoutReadings() const
+{
+    SensorTrees groups;
+    for (const SensorGroup &each : m_groups)
+        groups.addGroup(each, {});
+    return groups;
 }
 
 SensorGroup &SensorTrees::group(const QString &name)

@@ -38,8 +38,11 @@ public:
     void addDevice(Query query, const QString &device, const QJsonObject &tree);
     /// Adds \a tree to the list of all sensors, as \a group.
     void addGroup(const SensorGroup &group, const QJsonObject &tree);
-    /// Adds what \a other has; of a label that both have, \a other's readings count.
+    /// Adds what \a other has; of a label that both have, \a other's readings count if there are
+    /// any.
     void add(const SensorTrees &other);
+    /// The groups alone.
+    [[nodiscard]] SensorTrees withoutReadings() const;
 
     /// The list of all sensors, with one label for each sensor. Of the groups that may have a label
     /// the one that was added first keeps it; the others' begin with the name of their device.

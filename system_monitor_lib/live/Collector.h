@@ -2,6 +2,8 @@
 
 #include "system_monitor_lib/SensorTrees.h"
 
+#include <chrono>
+
 /// One source of readings of this machine.
 class Collector
 {
@@ -13,4 +15,10 @@ public:
     /// Takes a sample and adds its labels to \a trees. \a nowNs is monotonic time in nanoseconds,
     /// for rates and for sources that are to be read rarely. False when the source cannot be read.
     virtual bool collect(qint64 nowNs, SensorTrees &trees) = 0;
+
+    /// What a sample may take before the collector counts as slow.
+    [[nodiscard]] virtual std::chrono::nanoseconds patience() const
+    {
+        return std::chrono::milliseconds(50);
+    }
 };

@@ -1,5 +1,6 @@
 #include "system_monitor_lib/live/LiveSource.h"
 
+#include "system_monitor_lib/live/CollectorGuard.h"
 #include "system_monitor_lib/live/PlatformCollectors.h"
 #include "system_monitor_lib/live/memory/MemoryCollector.h"
 #include "system_monitor_lib/live/network/NetworkCollector.h"
@@ -28,11 +29,14 @@ bool LiveSource::open()
 {
     m_collectors.clear();
     const QString processor = cpuGroup(m_roots);
-    m_collectors.push_back(std::make_unique<CpuLoadCollector>(m_roots, processor));
-    m_collectors.push_back(std::make_unique<MemoryCollector>(m_roots));
-    m_collectors.push_back(std::make_unique<NetworkCollector>(m_roots));
+    std::vector<std::unique_ptr<Collector>> collectors;
+    collectors.push_back(std::make_unique<CpuLoadCollector>(m_roots, processor));
+    collectors.push_back(std::make_unique<MemoryCollector>(m_roots));
+    collectors.push_back(std::make_unique<NetworkCollector>(m_roots));
     for (auto &collector : platformCollectors(m_roots, processor, m_clock))
-        m_collectors.push_back(std::move(collector));
+        collectors.push_back(std::move(collector));
+    for (auto &collector : collectors)
+        m_collectors.push_back(std::make_unique<CollectorGuard>(std::move(collector), m_clock));
     const bool readable = sample(m_clock());
     if (!readable)
         qWarning("No readings of this machine can be read");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "system_monitor_lib/live/board/FanNames.h"
+
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
@@ -37,6 +39,8 @@ public:
     [[nodiscard]] const std::vector<BoardChip> &chips() const { return m_chips; }
     /// The labels that read() can give, without asking the chip.
     [[nodiscard]] QStringList labels(const BoardChip &chip) const;
+    /// The fans and pumps among them.
+    [[nodiscard]] FanChip fans(const BoardChip &chip) const;
     /// The present readings of a chip by label. Of sensors of one label all but the first bear the
     /// chip's own name for them as well, such as "CPU Fan (fan3)". What cannot be read, is said to
     /// be faulty or is implausible is left out.

@@ -216,6 +216,18 @@ QStringList BoardChips::labels(const BoardChip &chip) const
     return labels;
 }
 
+FanChip BoardChips::fans(const BoardChip &chip) const
+{
+    FanChip fans{chip.driver, {}};
+    if (const sensors_chip_name *const known = found(chip)) {
+        for (const auto &[label, feature] : sensorsOf(*known)) {
+            if (feature->type == SENSORS_FEATURE_FAN)
+                fans.fans.push_back({label, QString::fromUtf8(feature->name)});
+        }
+    }
+    return fans;
+}
+
 QJsonObject BoardChips::read(const BoardChip &chip) const
 {
     QJsonObject labels;

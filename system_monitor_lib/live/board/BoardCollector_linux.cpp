@@ -47,8 +47,23 @@ void BoardCollector::look()
     m_chips.reset();
     m_chips = std::make_unique<BoardChips>();
     m_groups.clear();
-    for (const BoardChip &chip : m_chips->chips())
-        m_groups.push_back({chip, m_chips->labels(chip), Pace(std::chrono::nanoseconds(0)), {}});
+    std::vector<FanChip> fans;
+    for (const BoardChip &chip : m_chips->chips()) {
+        m_groups.push_back(
+            {chip, m_chips->labels(chip), {}, Pace(std::chrono::nanoseconds(0)), {}});
+        fans.push_back(m_chips->fans(chip));
+    }
+    name(cpuFan(fans), QStringLiteral("CPU Fan"));
+    name(aioPump(fans), QStringLiteral("AIO Pump"));
+}
+
+void BoardCollector::name(const std::optional<FanPlace> &fan, const QString &usualLabel)
+{
+    if (!fan)
+        return;
+    Group &group = m_groups.at(fan->chip);
+    group.usualLabels.insert(fan->label, usualLabel);
+    group.mayHave += usualLabel;
 }
 
 bool BoardCollector::collect(qint64 nowNs, SensorTrees &trees)
@@ -60,6 +75,11 @@ bool BoardCollector::collect(qint64 nowNs, SensorTrees &trees)
         if (group.pace.isDue(nowNs)) {
             const qint64 start = m_stopwatch();
             group.labels = m_chips->read(group.chip);
+            for (auto usual = group.usualLabels.begin(); usual != group.usualLabels.end();
+                 ++usual) {
+                if (group.labels.contains(usual.key()))
+                    group.labels.insert(usual.value(), group.labels.value(usual.key()));
+            }
             group.pace.setPeriod(restAfter(m_stopwatch() - start));
         }
         if (group.mayHave.isEmpty())

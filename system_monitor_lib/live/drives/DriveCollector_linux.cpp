@@ -30,6 +30,17 @@ bool isDrive(const HwmonChip &chip)
     return isNvme(chip) || chip.name == QLatin1String("drivetemp");
 }
 
+/// The folder of the drive itself. Before Linux 5.12 the chip of an NVMe drive belongs to the slot,
+/// below which the drive is.
+QString driveFolder(const HwmonChip &chip)
+{
+    const QString device = chip.directory + QStringLiteral("/device");
+    const QDir drives(device + QStringLiteral("/nvme"));
+    const QStringList names =
+        isNvme(chip) ? drives.entryList(QDir::Dirs | QDir::NoDotAndDotDot) : QStringList();
+    return names.isEmpty() ? device : drives.filePath(names.first());
+}
+
 /// The name of the folder, one above for NVMe, whose own number differs between boots.
 QString placeOf(const HwmonChip &chip, const QString &device)
 {
@@ -63,7 +74,7 @@ void DriveCollector::look()
             drives.push_back(std::move(*known));
             continue;
         }
-        const QString device = chip.directory + QStringLiteral("/device");
+        const QString device = driveFolder(chip);
         const auto attribute = [](const QString &path) {
             return std::make_unique<Attribute>(path);
         };

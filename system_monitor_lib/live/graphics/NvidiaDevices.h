@@ -12,6 +12,8 @@ struct NvidiaDevice
 {
     /// Its place on the bus, such as "0000:09:00.0"; empty for all that the library counts.
     QString address;
+    /// The numbers of maker and product, such as "10de:2504"; empty when unknown.
+    QString pciId;
     bool sleeps = false;
     /// How long after its last user it goes to sleep; nothing when it stays awake, or for longer
     /// than anyone would wait.

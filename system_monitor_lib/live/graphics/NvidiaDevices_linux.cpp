@@ -12,6 +12,14 @@ namespace {
 
 constexpr qint64 longestDelayMs = 60'000;
 
+/// Of the attributes "vendor" and "device", which the kernel knows by heart: this wakes nothing.
+QString pciIdOf(const QString &directory)
+{
+    const QString vendor = attributeWord(directory + QStringLiteral("/vendor")).mid(2);
+    const QString device = attributeWord(directory + QStringLiteral("/device")).mid(2);
+    return device.isEmpty() ? QString() : QStringLiteral("%1:%2").arg(vendor, device);
+}
+
 /// The files of one device (Documentation/ABI/testing/sysfs-devices-power in the kernel), which
 /// stay open.
 class Files
@@ -19,6 +27,7 @@ class Files
 public:
     Files(const QString &name, const QString &directory)
         : address(name)
+        , m_pciId(pciIdOf(directory))
         , m_status(directory + QStringLiteral("/power/runtime_status"))
         , m_control(directory + QStringLiteral("/power/control"))
         , m_delay(directory + QStringLiteral("/power/autosuspend_delay_ms"))
@@ -27,7 +36,7 @@ public:
 
     NvidiaDevice state()
     {
-        NvidiaDevice device{address, meansAsleep(m_status.word()), std::nullopt};
+        NvidiaDevice device{address, m_pciId, meansAsleep(m_status.word()), std::nullopt};
         // Without a delay of its own it goes to sleep at once.
         const qint64 delay = m_delay.integer().value_or(0);
         if (m_control.word() == QLatin1String("auto") && delay >= 0 && delay <= longestDelayMs)
@@ -38,6 +47,7 @@ public:
     const QString address;
 
 private:
+    const QString m_pciId;
     Attribute m_status;
     Attribute m_control;
     Attribute m_delay;

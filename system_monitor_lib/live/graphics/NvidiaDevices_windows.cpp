@@ -76,5 +76,5 @@ NvidiaDevices::~NvidiaDevices() = default;
 // The system does not tell whether a device waits for its last user to go.
 std::vector<NvidiaDevice> NvidiaDevices::look(qint64 /*nowNs*/)
 {
-    return {{QString(), allSleep(), std::nullopt}};
+    return {{QString(), QString(), allSleep(), std::nullopt}};
 }

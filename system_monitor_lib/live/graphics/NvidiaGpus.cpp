@@ -1,6 +1,7 @@
 #include "system_monitor_lib/live/graphics/NvidiaGpus.h"
 
 #include "system_monitor_lib/SensorTrees.h"
+#include "system_monitor_lib/live/graphics/PciNames.h"
 
 #include <algorithm>
 #include <utility>
@@ -54,6 +55,7 @@ GpuState nvidiaState(const NvidiaReadings &readings)
 
 NvidiaGpus::NvidiaGpus(const MachineRoots &roots)
     : m_fileName(roots.nvidiaLibrary)
+    , m_pciIds(roots.pciIds)
     , m_devices(roots)
 {
 }
@@ -130,6 +132,21 @@ void NvidiaGpus::ask(Unit &unit, qint64 nowNs)
     unit.rest.setIdle(isIdle && !unit.states.empty(), nowNs);
 }
 
+void NvidiaGpus::nameSleeper(Unit &unit) const
+{
+    if (!unit.states.empty() || unit.device.pciId.isEmpty())
+        return;
+    const QString listed =
+        pciDeviceName(m_pciIds, unit.device.pciId.section(QLatin1Char(':'), 0, 0),
+                      unit.device.pciId.section(QLatin1Char(':'), 1, 1));
+    GpuState state;
+    state.name = listed.isEmpty() ? QStringLiteral("NVIDIA GPU %1").arg(unit.device.pciId.toUpper())
+                                  : QStringLiteral("NVIDIA %1").arg(listed);
+    state.place = unit.device.address;
+    state.mayHave = nvidiaLabels();
+    unit.states.push_back(state);
+}
+
 std::vector<GpuState> NvidiaGpus::read(qint64 nowNs)
 {
     if (m_fileName.isEmpty())
@@ -141,6 +158,7 @@ std::vector<GpuState> NvidiaGpus::read(qint64 nowNs)
     std::vector<GpuState> found;
     for (Unit &unit : m_units) {
         if (unit.turn == NvidiaRest::Turn::Sleeps) {
+            nameSleeper(unit);
             for (GpuState &state : unit.states)
                 state.labels = {};
         } else if (unit.turn == NvidiaRest::Turn::Ask) {

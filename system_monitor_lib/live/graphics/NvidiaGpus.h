@@ -37,9 +37,12 @@ private:
     /// Makes the library ready where a unit is to be asked.
     void prepare(qint64 nowNs);
     void ask(Unit &unit, qint64 nowNs);
+    /// One that slept from the start has a name all the same: the list of PCI devices tells it.
+    void nameSleeper(Unit &unit) const;
     std::vector<NvidiaReadings> readings(const QString &address);
 
     const QString m_fileName;
+    const QString m_pciIds;
     NvidiaDevices m_devices;
     Pace m_retry{retryPeriod};
     std::unique_ptr<NvidiaLibrary> m_library;

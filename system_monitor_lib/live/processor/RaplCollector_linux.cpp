@@ -67,9 +67,7 @@ bool RaplCollector::collect(qint64 nowNs, SensorTrees &trees)
     const QJsonObject tree{
         {QStringLiteral("CPU Package Power"), reading(sum, QStringLiteral("W"))}};
     trees.add(Query::CpuEnhancedInfo, tree);
-    const QString temperature = QStringLiteral("CPU Package");
-    if (!trees.tree(Query::CpuEnhancedInfo).contains(temperature))
-        trees.add(Query::CpuEnhancedInfo, {{temperature, QJsonArray()}});
+    trees.add(Query::CpuEnhancedInfo, {{QStringLiteral("CPU Package"), QJsonArray()}});
     trees.addDevice(Query::AllSensorsData, m_group, tree);
     return true;
 }

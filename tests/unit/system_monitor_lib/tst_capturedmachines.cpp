@@ -99,7 +99,7 @@ void CapturedMachinesTest::givesItsReadings_data()
          {"intel-desktop", "amd-desktop", "hybrid-laptop", "nvidia-desktop", "headless-server",
           "arm-board", "two-cards-desktop", "intel-and-arc-desktop", "amd-and-arc-desktop",
           "arm-board-two-kinds-of-cores", "old-amd-desktop", "old-intel-laptop", "intel-laptop",
-          "old-radeon-desktop", "riscv-board"})
+          "old-radeon-desktop", "riscv-board", "desktop-before-linux-5.12"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 

@@ -107,6 +107,8 @@ private Q_SLOTS:
     void sampleIsRenewedByAnyQuery();
     void clockGoingBackRenewsTheSample();
 
+    void slowReadingsAreNotAskedForAgainAtOnce();
+
     void brokenFileGivesNoLabel_data();
     void brokenFileGivesNoLabel();
     void vanishedFilesComeBack();
@@ -288,6 +290,19 @@ void LiveSourceTest::clockGoingBackRenewsTheSample()
     QCOMPARE(value(m_source->tree(Query::SystemInfo), memoryLoad), 75.0);
     QVERIFY(m_source->tree(Query::CpuInfo).isEmpty());
     QVERIFY(network().isEmpty());
+}
+
+void LiveSourceTest::slowReadingsAreNotAskedForAgainAtOnce()
+{
+    // Each look at the clock finds it 100 ms on, and so every collector slow.
+    LiveSource source(m_machine->roots(), [this] { return m_machine->now += 100 * millisecond; });
+    QVERIFY(source.open());
+    source.tree(Query::SystemInfo);
+    QVERIFY(m_machine->setMemory(8192000, 2048000));
+    m_machine->now += second;
+    QCOMPARE(value(source.tree(Query::SystemInfo), memoryLoad), 25.0);
+    m_machine->now += 10 * second;
+    QCOMPARE(value(source.tree(Query::SystemInfo), memoryLoad), 75.0);
 }
 
 void LiveSourceTest::brokenFileGivesNoLabel_data()

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void cleanup();
 
     void sleepingGpuIsLetGo();
+    void gpuThatSleepsFromTheStartHasAName();
     void sleepingGpuIsNotAskedBesideOneThatIsAwake();
     void idleGpuIsLetGoForAsLongAsItNeeds();
     void idleGpuFallsAsleep();
@@ -119,6 +120,34 @@ void NvidiaSleepTest::sleepingGpuIsLetGo()
     QVERIFY(put(large, "runtime_status", "active\n"));
     QCOMPARE(labelsAt(6), QList<int>{0});
     QCOMPARE(labelsAt(7), QList<int>{8});
+}
+
+void NvidiaSleepTest::gpuThatSleepsFromTheStartHasAName()
+{
+    MachineRoots roots{m_directory->filePath(QStringLiteral("proc")),
+                       m_directory->filePath(QStringLiteral("sys"))};
+    roots.nvidiaLibrary = library;
+    roots.pciIds = m_directory->filePath(QStringLiteral("pci.ids"));
+    QVERIFY(
+        writeFile(roots.pciIds, "10de  NVIDIA Corporation\n\t2504  GA106 [GeForce RTX 3060]\n"));
+    const QString folder = m_directory->filePath(QStringLiteral("sys/bus/pci/drivers/nvidia/%1/"));
+    QVERIFY(add(large, "suspended\n"));
+    QVERIFY(writeFile(folder.arg(large) + QStringLiteral("vendor"), "0x10de\n"));
+    QVERIFY(writeFile(folder.arg(large) + QStringLiteral("device"), "0x2504\n"));
+    QVERIFY(add(small, "suspended\n"));
+    QVERIFY(writeFile(folder.arg(small) + QStringLiteral("vendor"), "0x10de\n"));
+    QVERIFY(writeFile(folder.arg(small) + QStringLiteral("device"), "0x1d01\n"));
+    NvidiaGpus gpus(roots);
+    const std::vector<GpuState> states = gpus.read(0);
+    QCOMPARE(states.size(), std::size_t{2});
+    QCOMPARE(states[0].name, QStringLiteral("NVIDIA GPU 10DE:1D01"));
+    QCOMPARE(states[1].name, QStringLiteral("NVIDIA GeForce RTX 3060"));
+    QVERIFY(states[1].labels.isEmpty());
+    QVERIFY(states[1].mayHave.contains(QStringLiteral("GPU Temperature")));
+    QCOMPARE(inUse(), 0);
+    QVERIFY(put(large, "runtime_status", "active\n"));
+    gpus.read(second);
+    QCOMPARE(gpus.read(4 * second).at(1).labels.size(), 8);
 }
 
 void NvidiaSleepTest::sleepingGpuIsNotAskedBesideOneThatIsAwake()
