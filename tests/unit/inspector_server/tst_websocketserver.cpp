@@ -386,17 +386,15 @@ void tst_WebSocketServer::takesLittleOfAHandshakeWithoutEnd()
 
 void tst_WebSocketServer::takesFewConnectionsWithoutAHandshake()
 {
-    std::vector<std::unique_ptr<RawPanel>> silent;
-    for (int client = 0; client < 2 * Acceptor::mostNewcomers; ++client) {
-        silent.push_back(std::make_unique<RawPanel>(m_server->port(), "GET"));
-        QTRY_VERIFY(silent.back()->isConnected());
-    }
-    const auto isGone = [](const auto &client) { return client->isGone(); };
-    // The oldest go before their three seconds are over, and the newest stay.
     QElapsedTimer time;
     time.start();
+    std::vector<std::unique_ptr<RawPanel>> silent;
+    for (int client = 0; client < 2 * Acceptor::mostNewcomers; ++client)
+        silent.push_back(std::make_unique<RawPanel>(m_server->port(), "GET"));
+    const auto isGone = [](const auto &client) { return client->isGone(); };
+    // The oldest go before their three seconds are over, and the newest stay.
     QTRY_COMPARE(std::count_if(silent.begin(), silent.end(), isGone), Acceptor::mostNewcomers);
-    QVERIFY2(time.elapsed() < 2000, qPrintable(QString::number(time.elapsed())));
+    QVERIFY2(time.elapsed() < 2500, qPrintable(QString::number(time.elapsed())));
     QVERIFY(std::all_of(silent.begin(), silent.begin() + Acceptor::mostNewcomers, isGone));
     Panel panel(m_server->port());
     QTRY_VERIFY(panel.isConnected());
