@@ -49,11 +49,34 @@ quietly() {
     return $status
 }
 
-# build PRESET [TARGET...]: configures and builds, quiet unless it fails.
+# tenths WHAT: for every tenth of what the lines of standard input count, as in [N/M] or N/M, a line.
+tenths() {
+    local line tenth shown=0 start=$SECONDS
+    while IFS= read -r line; do
+        [[ $line =~ ^\[?\ *([0-9]+)/([0-9]+) ]] || continue
+        tenth=$((10 * BASH_REMATCH[1] / BASH_REMATCH[2]))
+        [ "$tenth" -gt "$shown" ] || continue
+        shown=$tenth
+        echo "  $1: ${tenth}0 % of ${BASH_REMATCH[2]} after $((SECONDS - start)) s"
+    done
+}
+
+# counted WHAT COMMAND...: shows the tenths of what COMMAND counts, and what else it says if it fails.
+counted() {
+    local what=$1 log status=0
+    shift
+    log=$(mktemp)
+    "$@" 2>&1 | tee "$log" | tenths "$what" || status=$?
+    [ $status -eq 0 ] || grep -v '^\[[0-9]*/[0-9]*\] ' "$log" >&2 || true
+    rm -f "$log"
+    return $status
+}
+
+# build PRESET [TARGET...]: configures and builds.
 build() {
     local preset=$1
     shift
     echo "Building preset $preset"
-    quietly cmake --preset "$preset"
-    quietly cmake --build --preset "$preset" ${1:+--target "$@"}
+    quietly cmake --preset "$preset" || return
+    NINJA_STATUS="[%f/%t] " counted "$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
 }

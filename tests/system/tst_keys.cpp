@@ -340,12 +340,12 @@ void tst_Keys::sizesPicturesByTheText()
     // A key whose text does not change from one second to the next.
     const QString uuid = systemUuid("Memory_Model");
     const QString bare = QStringLiteral("bare");
-    const QString titled = QStringLiteral("titled");
+    const QString withTitle = QStringLiteral("titled");
     const QString twice = QStringLiteral("twice");
     const QString network = QStringLiteral("network");
     const QString networkTwoLines = QStringLiteral("network two lines");
     m_host->appear(uuid, bare, FakeHost::keySettings(json(R"({"showTitle": false})")));
-    m_host->appear(uuid, titled);
+    m_host->appear(uuid, withTitle);
     m_host->appear(uuid, twice, FakeHost::keySettings(json(R"({"text": "TitleTitle"})")));
     m_host->appear(netWork, network);
     m_host->appear(netWork, networkTwoLines,
@@ -354,15 +354,15 @@ void tst_Keys::sizesPicturesByTheText()
 
     const int lineHeight = lastPicture(bare).height();
     QVERIFY(lineHeight > 0);
-    QCOMPARE(lastPicture(titled).height(), lineHeight);
+    QCOMPARE(lastPicture(withTitle).height(), lineHeight);
     QCOMPARE(lastPicture(network).height(), lineHeight);
     QCOMPARE(lastPicture(networkTwoLines).height(), 2 * lineHeight);
     QVERIFY(lastPicture(bare).width() > 0);
-    QVERIFY(lastPicture(titled).width() > lastPicture(bare).width());
-    QVERIFY(lastPicture(twice).width() > lastPicture(titled).width());
+    QVERIFY(lastPicture(withTitle).width() > lastPicture(bare).width());
+    QVERIFY(lastPicture(twice).width() > lastPicture(withTitle).width());
     QVERIFY(lastPicture(network).width() > lastPicture(networkTwoLines).width());
 
-    for (const QString &context : {bare, titled, twice})
+    for (const QString &context : {bare, withTitle, twice})
         m_host->disappear(uuid, context);
     for (const QString &context : {network, networkTwoLines})
         m_host->disappear(netWork, context);

@@ -1,0 +1,1 @@
+// What a target needs to own precompiled headers: a source.
