@@ -46,7 +46,7 @@ constexpr double allowance = hasHeapOfItsOwn ? 3 : 1;
 
 /// Once what is allowed in a burst is spent.
 constexpr int warmUp = 1500;
-constexpr int window = 5000;
+constexpr int window = 3000;
 
 /// For all that may come; twenty are not even a sixth of them.
 constexpr qint64 mostMemory = 16LL * 1024 * 1024;
