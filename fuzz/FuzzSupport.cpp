@@ -104,7 +104,7 @@ void require(bool holds)
 
 void keepSmall(normalAction &key)
 {
-    constexpr int largestFont = 48;
+    constexpr int largestFont = 66;
     constexpr int longestTitle = 64;
     if (key.font.pixelSize() > largestFont)
         key.font.setPixelSize(largestFont);

@@ -27,7 +27,8 @@ QString textOf(const std::uint8_t *data, std::size_t size);
 /// Ends the process as a finding when \a holds is false.
 void require(bool holds);
 
-/// Holds \a key to a small picture: the largest ones take half a second.
+/// Holds \a key to a small picture: the largest ones take half a second. Its letters may still be
+/// so large that they are drawn as outlines, and it wide enough for several strips.
 void keepSmall(normalAction &key);
 
 /// The trees and the machine that the in-memory library serves: members of \a object named after

@@ -12,14 +12,11 @@
 
 namespace {
 
-/// The raster paint engine draws nothing beyond this coordinate.
-constexpr int longestSide = 32767;
-
 /// Most pictures are narrower and painted in one go.
-constexpr int stripWidth = 512;
+constexpr int leastStripWidth = 512;
 
 // Pictures are painted on the thread that serves every key, once a second each. With these limits
-// no picture holds up the others for much longer than half a second, most of it for its encoding.
+// no picture holds up the others for much longer than half a second.
 bool canBePainted(const QSize &size, const QVector<PictureLine> &lines)
 {
     if (size.isEmpty() || size.width() > longestSide || size.height() > longestSide)
@@ -27,6 +24,35 @@ bool canBePainted(const QSize &size, const QVector<PictureLine> &lines)
     return size.width() * size.height() <= largestArea &&
            std::all_of(lines.begin(), lines.end(),
                        [](const PictureLine &each) { return each.line->isWhole(); });
+}
+
+void clear(QImage &picture, const QRect &area)
+{
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        std::fill_n(reinterpret_cast<QRgb *>(picture.scanLine(y)) + area.x(), area.width(), 0U);
+}
+
+/// Puts \a part back to where it was copied from.
+void putBack(QImage &picture, const QImage &part, const QPoint &place)
+{
+    for (int y = 0; y < part.height(); ++y)
+        std::copy_n(reinterpret_cast<const QRgb *>(part.constScanLine(y)), part.width(),
+                    reinterpret_cast<QRgb *>(picture.scanLine(place.y() + y)) + place.x());
+}
+
+/// Paints by \a draw what \a strip shows of it and some columns to its right, which the next strip
+/// paints anew. The paint engine leaves out letters whose boxes lie beside the clip, though slanted
+/// and emboldened ones reach out of their boxes: so the clip has a \a margin.
+template <typename Draw>
+void paintStrip(QImage &picture, QPainter &painter, const QRect &strip, int margin, Draw draw)
+{
+    const QRect clip = strip.adjusted(-margin, 0, margin, 0) & picture.rect();
+    const QRect done(clip.topLeft(), QPoint(strip.left() - 1, clip.bottom()));
+    const QImage kept = done.isEmpty() ? QImage() : picture.copy(done);
+    clear(picture, clip);
+    painter.setClipRect(clip);
+    draw();
+    putBack(picture, kept, done.topLeft());
 }
 
 } // namespace
@@ -38,7 +64,6 @@ QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const 
     QImage picture(size, QImage::Format_ARGB32);
     if (picture.isNull())
         return {};
-    picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setFont(style.font);
     QPen pen = painter.pen();
@@ -47,11 +72,13 @@ QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const 
     painter.setOpacity(style.opacity);
     // Above 64 pixels letters are filled as outlines, whose cost grows with the square of the
     // line's length. In strips it stays in proportion, and the picture is the same.
-    for (int x = 0; x < size.width(); x += stripWidth) {
-        painter.setClipRect(x, 0, stripWidth, size.height());
-        for (const PictureLine &each : lines)
-            each.line->draw(painter, each.rect, style.alignment);
-    }
+    const int margin = painter.fontMetrics().height();
+    const int stripWidth = std::max(leastStripWidth, 3 * margin);
+    for (int x = 0; x < size.width(); x += stripWidth)
+        paintStrip(picture, painter, {x, 0, stripWidth, size.height()}, margin, [&] {
+            for (const PictureLine &each : lines)
+                each.line->draw(painter, each.rect, style.alignment);
+        });
     return picture;
 }
 

@@ -20,16 +20,20 @@ struct PictureStyle
 {
     QFont font;     ///< That of the lines.
     QString color;  ///< Any text that QColor accepts; another one is taken as an invalid colour.
-    double opacity; ///< Painter opacity, 0 to 1.
+    double opacity; ///< Any; the painter holds it to 0, invisible, to 1, opaque.
     int alignment;  ///< Qt::Alignment flags of each line within its rectangle.
 };
 
-/// The most pixels of a picture.
-constexpr int largestArea = 1 << 23;
+/// The longest side of a picture: the raster paint engine draws nothing beyond this coordinate.
+constexpr int longestSide = 32767;
 
-/// A transparent picture of \a size with \a lines drawn on it. A null image when \a size is empty,
-/// when it has more than 32767 pixels on a side or more than largestArea, or when a line is not
-/// whole.
+/// The most pixels of a picture, which takes four bytes for each: the longest side times the height
+/// of a line at the largest font size in usual fonts.
+constexpr int largestArea = 32768 * 768;
+
+/// A transparent picture of \a size with \a lines drawn on it, in QImage::Format_ARGB32. A null
+/// image when \a size is empty, when it has more pixels than longestSide on a side or than
+/// largestArea, or when a line is not whole.
 QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines,
                     const PictureStyle &style);
 

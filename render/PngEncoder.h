@@ -3,12 +3,11 @@
 #include <QByteArray>
 #include <QImage>
 
-/// The most pixels of a picture that is encoded.
-constexpr int largestPng = 1 << 28;
-
-/// The PNG file of \a image: a palette with transparency where the picture has at most 255 colours
-/// beside transparent, true colour with transparency otherwise. Filters, which do not pay for
-/// pictures of text, are not used. Decoded, it gives exactly the pixels of the picture as
-/// QImage::Format_ARGB32. Empty for a null image and for one of more than largestPng pixels. Keeps
-/// buffers between calls; used on the main thread.
+/// The PNG file of \a image, a picture of QImage::Format_ARGB32 that is no larger than those of
+/// paintPicture. Decoded, it gives exactly the same pixels. Empty for a null image, for one of
+/// another format and when the encoder fails. Used on the main thread.
+///
+/// PngEncoder_isal.cpp, made for pictures of text, writes a palette where there are at most 255
+/// colours beside transparent and true colours otherwise, and keeps a buffer between calls;
+/// PngEncoder_qt.cpp, for builds without its library, hands the picture to Qt.
 QByteArray encodedPng(const QImage &image);

@@ -26,7 +26,7 @@ class Palette
 public:
     static constexpr std::size_t largest = 256;
 
-    [[nodiscard]] std::size_t size() const { return std::min(m_size, largest); }
+    [[nodiscard]] std::size_t size() const { return m_size; }
     [[nodiscard]] QRgb at(std::size_t place) const { return m_colors[place]; }
 
     /// The place of \a color, which is added if it is new. Meaningless once the palette overflows.
@@ -44,9 +44,6 @@ public:
     /// Whether there were more colours than places.
     [[nodiscard]] bool overflows() const { return m_overflows; }
 
-    /// Whether transparent gave its place away: right for a picture without it.
-    [[nodiscard]] bool lacksTransparent() const { return m_size > largest; }
-
 private:
     static constexpr QRgb transparent = 0;
     static constexpr unsigned slotBits = 12;
@@ -60,18 +57,17 @@ private:
 
     uchar add(QRgb color, std::size_t slot)
     {
-        m_overflows = lacksTransparent();
+        m_overflows = m_size == largest;
         if (m_overflows)
             return 0;
-        const auto place = static_cast<uchar>(m_size++ % largest);
+        const auto place = static_cast<uchar>(m_size++);
         m_keys[slot] = color;
         m_places[slot] = place;
         m_colors[place] = color;
         return place;
     }
 
-    // Transparent is always the first colour, so that an empty slot is one that holds it. Only a
-    // colour that finds all other places taken gets its place.
+    // Transparent always has the first place, so that an empty slot is one that holds it.
     std::array<QRgb, slots> m_keys = {};
     std::array<uchar, slots> m_places = {};
     std::array<QRgb, largest> m_colors = {};
@@ -99,17 +95,6 @@ bool isTransparent(const QRgb *begin, const QRgb *end)
     return std::accumulate(begin, end, QRgb{0}, std::bit_or<>()) == 0;
 }
 
-bool hasTransparent(const QImage &image)
-{
-    for (int y = 0; y < image.height(); ++y) {
-        const QRgb *const begin = pixels(image, y);
-        const QRgb *const end = begin + image.width();
-        if (std::find(begin, end, QRgb{0}) != end)
-            return true;
-    }
-    return false;
-}
-
 /// False when \a image has too many colours for a palette.
 bool writePaletteRows(const QImage &image, Palette &palette, Rows &rows)
 {
@@ -128,7 +113,7 @@ bool writePaletteRows(const QImage &image, Palette &palette, Rows &rows)
                            [&palette](QRgb color) { return palette.placeOf(color); });
         out += width;
     }
-    return !palette.overflows() && !(palette.lacksTransparent() && hasTransparent(image));
+    return !palette.overflows();
 }
 
 quint32 rgba(QRgb pixel)
@@ -151,9 +136,9 @@ void writeTrueColorRows(const QImage &image, Rows &rows)
     }
 }
 
-/// Codes for rows of text in a palette: many transparent pixels, else any colour, and repetitions
-/// of any length and distance. With ready codes a picture is compressed in one go.
-isal_hufftables codesForText()
+/// Makes codes for rows of text in a palette: many transparent pixels, else any colour, and
+/// repetitions of any length and distance. False when the library cannot.
+bool makeCodesForText(isal_hufftables &codes)
 {
     constexpr std::size_t endOfBlock = 256;
     isal_huff_histogram shares = {};
@@ -162,9 +147,16 @@ isal_hufftables codesForText()
     shares.lit_len_histogram[0] = 500;
     shares.lit_len_histogram[endOfBlock] = 1;
     std::fill(std::begin(shares.dist_histogram), std::end(shares.dist_histogram), 1);
-    isal_hufftables codes = {};
-    isal_create_hufftables(&codes, &shares);
-    return codes;
+    return isal_create_hufftables(&codes, &shares) == 0;
+}
+
+/// With ready codes a picture is compressed in one go. Null, the library's own codes, where there
+/// are no better ones.
+isal_hufftables *readyCodes()
+{
+    static isal_hufftables codes = {};
+    static const bool made = makeCodesForText(codes);
+    return made ? &codes : nullptr;
 }
 
 /// A PNG under construction. A chunk is the length of its data, its type, the data and a checksum
@@ -215,10 +207,10 @@ public:
         const std::size_t room = rows.size() + rows.size() / leastBlock + others;
         m_bytes.resize(start + static_cast<int>(room));
 
-        static isal_hufftables codes = codesForText();
         static isal_zstream stream;
         isal_deflate_stateless_init(&stream);
-        stream.hufftables = &codes;
+        if (isal_hufftables *const codes = readyCodes())
+            stream.hufftables = codes;
         stream.gzip_flag = IGZIP_ZLIB;
         stream.end_of_stream = 1;
         stream.next_in = rows.data();
@@ -301,10 +293,10 @@ QByteArray encoded(const QImage &image, Rows &rows)
 
 QByteArray encodedPng(const QImage &image)
 {
-    if (image.isNull() || qint64{image.width()} * image.height() > largestPng)
+    if (image.format() != QImage::Format_ARGB32)
         return {};
     static Rows rows;
-    QByteArray png = encoded(image.convertToFormat(QImage::Format_ARGB32), rows);
+    QByteArray png = encoded(image, rows);
     if (rows.size() > keptRows)
         Rows().swap(rows);
     return png;

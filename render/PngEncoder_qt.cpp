@@ -4,7 +4,7 @@
 
 QByteArray encodedPng(const QImage &image)
 {
-    if (qint64{image.width()} * image.height() > largestPng)
+    if (image.format() != QImage::Format_ARGB32)
         return {};
     QByteArray png;
     QBuffer buffer(&png);

@@ -13,8 +13,9 @@ namespace {
 /// Wider than any line: it is never broken.
 constexpr qreal unbounded = 1 << 24;
 
-/// Whether \a character stands in a line from left to right and neither joins others nor controls
-/// them.
+/// Whether \a character is written from left to right, and is a letter, figure or sign: no mark, no
+/// control character and no blank but the common one. Some scripts join or reorder such letters;
+/// the layout does that as the painter would.
 bool isSimple(QChar character)
 {
     if (character == QLatin1Char(' '))
@@ -73,7 +74,8 @@ void ShapedLine::drawCentred(QPainter &painter, const QRect &rect) const
     const qreal y = rect.y() + (rect.height() - height) / 2;
     const auto left = [&rect](qreal width) { return rect.x() + (rect.width() - width) / 2; };
     // The natural width counts what stands beyond the last letter's place, such as in italics.
-    const QRectF bounds(left(line.naturalTextWidth()), y, line.naturalTextWidth(), height);
+    const qreal width = line.naturalTextWidth();
+    const QRectF bounds(left(width), y, width, height);
     const bool overhangs = !QRectF(rect).contains(bounds);
     if (overhangs) {
         painter.save();

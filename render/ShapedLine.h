@@ -24,8 +24,9 @@ public:
     [[nodiscard]] int width() const;
     /// Whether the text is not longer than longestText; otherwise nothing is drawn.
     [[nodiscard]] bool isWhole() const { return m_text.size() <= longestText; }
-    /// Draws what QPainter::drawText does with the same arguments, in the pen and font of
-    /// \a painter, which must be this line's.
+    /// Draws a whole text as QPainter::drawText does with the same arguments, in the pen and font
+    /// of \a painter; nothing of another one. The font must be this line's, and the painter's
+    /// layout direction from left to right.
     void draw(QPainter &painter, const QRect &rect, int alignment) const;
 
 private:

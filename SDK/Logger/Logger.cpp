@@ -2,6 +2,7 @@
 
 #include <QDebug>
 #include <QFile>
+#include <QLocale>
 #include <QMutex>
 #include <QMutexLocker>
 
@@ -28,7 +29,8 @@ void Logger(QString message) // NOLINT(performance-unnecessary-value-param)
 
 QByteArray fileLogLine(const QDateTime &time, const QString &message)
 {
-    const QString stamp = time.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
+    // QDateTime's own toString writes the digits of the user's language.
+    const QString stamp = QLocale::c().toString(time, QStringLiteral("yyyy-MM-dd hh:mm:ss"));
     return QStringLiteral("%1 %2 %3\r\n")
         .arg(QStringLiteral("[%1]").arg(stamp), QStringLiteral("SDK/Logger"), message)
         .toUtf8();

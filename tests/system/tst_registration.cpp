@@ -1,10 +1,14 @@
 #include "tests/support/DataServerClient.h"
 #include "tests/support/Json.h"
 #include "tests/support/RunningPlugin.h"
+#include "tests/support/TestFonts.h"
 #include "tests/support/Waits.h"
 
+#include <QDir>
 #include <QElapsedTimer>
+#include <QJsonArray>
 #include <QTcpServer>
+#include <QTemporaryDir>
 #include <QtTest>
 
 class tst_Registration : public QObject
@@ -12,9 +16,11 @@ class tst_Registration : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void registersAndWritesTheFileLog_data();
     void registersAndWritesTheFileLog();
     void takesItsTime();
     void startsUpInOrder();
+    void loadsFontsOfAnyPath();
     void choosesItsPlatform_data();
     void choosesItsPlatform();
     void runsOnWhenItsPortIsTaken();
@@ -39,10 +45,19 @@ QStringList platformsOf(const PluginProcess &process)
 
 } // namespace
 
+void tst_Registration::registersAndWritesTheFileLog_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::newRow("no language") << QStringLiteral("C.UTF-8");
+    QTest::newRow("a language with digits of its own") << QStringLiteral("fa_IR.UTF-8");
+}
+
 void tst_Registration::registersAndWritesTheFileLog()
 {
+    QFETCH(QString, language);
     const QDateTime before = QDateTime::currentDateTime();
     RunningPlugin plugin;
+    plugin.process.setVariable(QStringLiteral("LC_ALL"), language);
     QVERIFY(plugin.start());
 
     const QString registration = plugin.host.texts().constFirst();
@@ -108,6 +123,37 @@ void tst_Registration::startsUpInOrder()
                      "Unable to open file :/JsonLanguage/[a-zA-Z_]+\\.json, error info: ")))
                  .size(),
              11);
+}
+
+void tst_Registration::loadsFontsOfAnyPath()
+{
+    const QString installed = testfonts::find(QStringLiteral("Roboto-Bold.ttf"));
+    if (installed.isEmpty())
+        QSKIP("this machine has no Roboto fonts");
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("шрифты 字体"));
+    QVERIFY(QDir().mkdir(path));
+    const QString file = path + QStringLiteral("/粗体 é.ttf");
+    QVERIFY(QFile::copy(installed, file));
+    const QJsonObject font{{QStringLiteral("name"), QStringLiteral("粗体")},
+                           {QStringLiteral("url"), file}};
+    const QJsonObject info{{QStringLiteral("fonts"), QJsonArray{font}}};
+    RunningPlugin plugin;
+    QVERIFY(plugin.start(QString::fromUtf8(QJsonDocument(info).toJson(QJsonDocument::Compact))));
+    QTRY_VERIFY(plugin.process.hasLogged(file + QStringLiteral(" loaded success, contains:")));
+    QTRY_VERIFY(plugin.process.hasLogged(QStringLiteral("  Roboto  [Bold]")));
+
+    plugin.host.appear(QStringLiteral("com.quellor.stream.system.cpu"), QStringLiteral("key"),
+                       FakeHost::keySettings());
+    QVERIFY(plugin.host.waitForMessages(QStringLiteral("setSettings"), QStringLiteral("key"), 1));
+    const QJsonArray fonts = plugin.host.settings(QStringLiteral("key"))
+                                 .constFirst()
+                                 .value(QStringLiteral("titleParameters"))
+                                 .toObject()
+                                 .value(QStringLiteral("FontList"))
+                                 .toArray();
+    const QString name = fonts.at(0).toObject().value(QStringLiteral("name")).toString();
+    QVERIFY2(name.startsWith(QStringLiteral("粗体 é ")), qPrintable(name));
 }
 
 void tst_Registration::choosesItsPlatform_data()

@@ -16,7 +16,6 @@
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
-#include <utility>
 
 /// The pictures of keys, against kept ones, and what cannot be painted.
 class tst_KeyPainting : public QObject
@@ -91,8 +90,17 @@ void comparePicture(const normalAction &key, const QString &url, const QString &
     QCOMPARE(GoldenPicture(golden).differenceFrom(key.keyImage), QString());
 }
 
-/// Why the kept pictures cannot be painted here; empty when they can.
-QString missingFonts;
+// The fonts of the kept pictures.
+const QString latin = QStringLiteral("Roboto-Bold.ttf");
+const QString chinese = QStringLiteral("wqy-microhei.ttc");
+
+/// Those that are needed to paint \a text as it was kept.
+QStringList fontsFor(const QString &text)
+{
+    const bool isChinese = std::any_of(
+        text.begin(), text.end(), [](QChar each) { return each.script() == QChar::Script_Han; });
+    return isChinese ? QStringList{latin, chinese} : QStringList{latin};
+}
 
 const QString cannotConvert = QStringLiteral("Can't convert QImage to png");
 
@@ -100,16 +108,8 @@ const QString cannotConvert = QStringLiteral("Can't convert QImage to png");
 
 void tst_KeyPainting::initTestCase()
 {
-    const std::pair<const char *, const char *> fonts[] = {
-        {"Roboto-Bold.ttf", "fonts-roboto-unhinted"},
-        {"DejaVuSans.ttf", "fonts-dejavu-core"},
-        {"wqy-microhei.ttc", "fonts-wqy-microhei"},
-    };
-    for (const auto &[file, package] : fonts) {
-        if (!testfonts::registerFile(QString::fromLatin1(file)))
-            missingFonts += QStringLiteral("%1 of %2 is missing. ")
-                                .arg(QString::fromLatin1(file), QString::fromLatin1(package));
-    }
+    // Those that are there do for the tests that look at no letter.
+    testfonts::missing({latin, chinese, QStringLiteral("DejaVuSans.ttf")});
 }
 
 void tst_KeyPainting::paintsOneLine_data()
@@ -147,13 +147,12 @@ void tst_KeyPainting::paintsOneLine_data()
 
 void tst_KeyPainting::paintsOneLine()
 {
-    if (!missingFonts.isEmpty())
-        QSKIP(qPrintable(missingFonts));
     QFETCH(QString, title);
     QFETCH(QString, text);
     QFETCH(QString, color);
     QFETCH(double, opacity);
     QFETCH(QString, golden);
+    REQUIRE_FONTS(fontsFor(title + text));
     Key key;
     key.titleText = title;
     key.color = color;
@@ -185,11 +184,10 @@ void tst_KeyPainting::paintsTwoLines_data()
 
 void tst_KeyPainting::paintsTwoLines()
 {
-    if (!missingFonts.isEmpty())
-        QSKIP(qPrintable(missingFonts));
     QFETCH(QString, title);
     QFETCH(QString, upload);
     QFETCH(QString, download);
+    REQUIRE_FONTS(fontsFor(title + upload + download));
     Key key;
     key.titleText = title;
     const QString url = key.paintingTwoLines(upload, download);
@@ -215,8 +213,7 @@ void tst_KeyPainting::opacityIsATransparency_data()
 
 void tst_KeyPainting::opacityIsATransparency()
 {
-    if (!missingFonts.isEmpty())
-        QSKIP(qPrintable(missingFonts));
+    REQUIRE_FONTS({latin});
     QFETCH(double, opacity);
     QFETCH(int, alpha);
     Key key;
@@ -232,8 +229,7 @@ void tst_KeyPainting::opacityIsATransparency()
 
 void tst_KeyPainting::standsTheShorterLineFlushLeft()
 {
-    if (!missingFonts.isEmpty())
-        QSKIP(qPrintable(missingFonts));
+    REQUIRE_FONTS({latin});
     Key key;
     key.paintingTwoLines(QStringLiteral("H"), QStringLiteral("HHHHHHHH"));
     const int lineHeight = key.imageHeight / 2;
@@ -434,7 +430,7 @@ void tst_KeyPainting::longTextsGiveNoPictureSoon_data()
     }
     QTest::newRow("10 million letters, 600 px") << 600 << QString(10000000, QLatin1Char('W'));
     QTest::newRow("side, 24 px") << 24 << QString(4000, QLatin1Char('W'));
-    QTest::newRow("area, 600 px") << 600 << QString(60, QLatin1Char('W'));
+    QTest::newRow("side, 600 px") << 600 << QString(70, QLatin1Char('W'));
 }
 
 void tst_KeyPainting::longTextsGiveNoPictureSoon()
@@ -498,8 +494,8 @@ void tst_KeyPainting::paintsNoPictureAboveItsLimits_data()
     QTest::newRow("longest side") << QSize(32767, 2) << 1 << true;
     QTest::newRow("too wide") << QSize(32768, 2) << 1 << false;
     QTest::newRow("too high") << QSize(2, 32768) << 1 << false;
-    QTest::newRow("largest area") << QSize(16384, 512) << 1 << true;
-    QTest::newRow("too large") << QSize(16384, 513) << 1 << false;
+    QTest::newRow("largest area") << QSize(16384, 1536) << 1 << true;
+    QTest::newRow("too large") << QSize(16384, 1537) << 1 << false;
     QTest::newRow("largest int") << QSize(INT_MAX, INT_MAX) << 1 << false;
     QTest::newRow("no width") << QSize(0, 24) << 1 << false;
     QTest::newRow("negative") << QSize(-10, -10) << 1 << false;

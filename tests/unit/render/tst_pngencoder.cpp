@@ -10,6 +10,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <ctime>
 
 /// Pictures of keys and of noise, each against what Qt's own encoder makes of it.
 class tst_PngEncoder : public QObject
@@ -29,8 +30,8 @@ private Q_SLOTS:
     void sizesOfNoise();
     void coloursOfNoise_data();
     void coloursOfNoise();
-    void formats_data();
-    void formats();
+    void nothingForOtherFormats_data();
+    void nothingForOtherFormats();
     void largestKeyPicture();
     void partOfAPicture();
     void transparentPixelsKeepTheirColours();
@@ -38,7 +39,6 @@ private Q_SLOTS:
     void colorTypeFollowsTheColours_data();
     void colorTypeFollowsTheColours();
     void nothingForANullImage();
-    void nothingForTooManyPixels();
 };
 
 namespace {
@@ -65,8 +65,7 @@ QString difference(const QImage &image)
         return QStringLiteral("cannot be read");
     if (own != decoded(qtPng(image)))
         return QStringLiteral("differs from Qt's own");
-    return own == image.convertToFormat(QImage::Format_ARGB32) ? QString()
-                                                               : QStringLiteral("differs");
+    return own == image ? QString() : QStringLiteral("differs");
 }
 
 /// A picture whose pixels are \a colours random ones, each of which occurs if there is room.
@@ -238,7 +237,7 @@ void tst_PngEncoder::coloursOfNoise()
     QCOMPARE(difference(noise({61, 47}, colours, 0xff000000U)), QString());
 }
 
-void tst_PngEncoder::formats_data()
+void tst_PngEncoder::nothingForOtherFormats_data()
 {
     QTest::addColumn<QImage>("image");
     const QImage picture = noise({33, 21}, 90);
@@ -248,10 +247,10 @@ void tst_PngEncoder::formats_data()
         QTest::addRow("format %d", format) << picture.convertToFormat(format);
 }
 
-void tst_PngEncoder::formats()
+void tst_PngEncoder::nothingForOtherFormats()
 {
     QFETCH(QImage, image);
-    QCOMPARE(difference(image), QString());
+    QCOMPARE(encodedPng(image), QByteArray());
 }
 
 void tst_PngEncoder::largestKeyPicture()
@@ -260,7 +259,11 @@ void tst_PngEncoder::largestKeyPicture()
     image.fill(Qt::transparent);
     for (int x = 0; x < image.width(); ++x)
         image.setPixel(x, x % image.height(), qRgba(x & 0xff, x >> 8, 7, 200));
-    QCOMPARE(decoded(encodedPng(image)), image);
+    const std::clock_t before = std::clock();
+    const QByteArray png = encodedPng(image);
+    const double seconds = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+    QVERIFY2(isQtsOwn() || seconds < 2, qPrintable(QString::number(seconds)));
+    QCOMPARE(decoded(png), image);
 }
 
 void tst_PngEncoder::partOfAPicture()
@@ -300,7 +303,7 @@ void tst_PngEncoder::colorTypeFollowsTheColours_data()
     QTest::newRow("1") << 1 << false << 3;
     QTest::newRow("255") << 255 << false << 3;
     QTest::newRow("255 and transparent") << 255 << true << 3;
-    QTest::newRow("256") << 256 << false << 3;
+    QTest::newRow("256") << 256 << false << 6;
     QTest::newRow("256 and transparent") << 256 << true << 6;
     QTest::newRow("257") << 257 << false << 6;
 }
@@ -326,13 +329,6 @@ void tst_PngEncoder::nothingForANullImage()
 {
     QCOMPARE(encodedPng(QImage()), QByteArray());
     QCOMPARE(qtPng(QImage()), QByteArray());
-}
-
-void tst_PngEncoder::nothingForTooManyPixels()
-{
-    const QImage image(1 << 15, (largestPng >> 15) + 1, QImage::Format_Mono);
-    QVERIFY(!image.isNull());
-    QCOMPARE(encodedPng(image), QByteArray());
 }
 
 QTEST_MAIN(tst_PngEncoder)

@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QtTest>
 
+#include <algorithm>
+
 /// Lines are measured and drawn as the framework's own calls do it.
 class tst_ShapedLine : public QObject
 {
@@ -19,6 +21,8 @@ private Q_SLOTS:
     void measuresAndDrawsLikeThePainter_data();
     void measuresAndDrawsLikeThePainter();
     void keepsToItsRectangle();
+    void clipsWhereThePainterDoes_data();
+    void clipsWhereThePainterDoes();
     void otherAlignments_data();
     void otherAlignments();
     void estimatesTheWidthOfLongTexts();
@@ -136,6 +140,31 @@ void tst_ShapedLine::keepsToItsRectangle()
     for (const QRect &rect : {QRect(5, 5, 20, 20), QRect(3, 0, 400, 11), QRect(0, 0, 61, 300),
                               QRect(7, 9, 0, 0), QRect(0, 0, 301, 77)})
         QVERIFY(isLikeThePainters(text, font, rect, Qt::AlignCenter));
+}
+
+void tst_ShapedLine::clipsWhereThePainterDoes_data()
+{
+    QTest::addColumn<QString>("text");
+    // Their ink reaches to the right beyond their place, to the left, to both sides.
+    for (const char *text : {"f", "j", "jf", "7/"})
+        QTest::newRow(text) << QString::fromUtf8(text);
+}
+
+void tst_ShapedLine::clipsWhereThePainterDoes()
+{
+    QFETCH(QString, text);
+    QFont font(QStringLiteral("Roboto"));
+    font.setItalic(true);
+    for (const int pixelSize : {20, 63, 90}) {
+        font.setPixelSize(pixelSize);
+        const QFontMetrics metrics(font);
+        const int width = metrics.horizontalAdvance(text);
+        for (int wider = -8; wider <= pixelSize / 2; ++wider) {
+            const QRect rect(40, 5, std::max(0, width + wider), metrics.height());
+            QVERIFY2(isLikeThePainters(text, font, rect, Qt::AlignCenter),
+                     qPrintable(QStringLiteral("%1 px, %2 wide").arg(pixelSize).arg(rect.width())));
+        }
+    }
 }
 
 void tst_ShapedLine::otherAlignments_data()
