@@ -116,7 +116,8 @@ void CapturedMachinesTest::givesItsReadings_data()
                                    "hyper-v-guest",
                                    "bond-of-two",
                                    "xen-host",
-                                   "router-board"})
+                                   "router-board",
+                                   "zfs-server"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
