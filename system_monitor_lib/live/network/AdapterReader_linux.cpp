@@ -156,13 +156,14 @@ std::optional<std::vector<AdapterCounters>> AdapterReader::read()
 {
     if (!d->list())
         return std::nullopt;
-    const bool hasPhysical =
-        std::any_of(d->entries.begin(), d->entries.end(),
-                    [](const auto &listed) { return listed.second.kind == AdapterKind::Physical; });
-    const AdapterKind meant = hasPhysical ? AdapterKind::Physical : AdapterKind::Link;
+    const auto physical =
+        std::count_if(d->entries.begin(), d->entries.end(), [](const auto &listed) {
+            return listed.second.kind == AdapterKind::Physical;
+        });
+    const AdapterKind meant = physical > 0 ? AdapterKind::Physical : AdapterKind::Link;
     std::vector<AdapterCounters> adapters;
     for (const auto &[key, entry] : d->entries) {
-        if (!entry.files || entry.kind != meant || d->isPartOfPhysical(entry))
+        if (entry.kind != meant || (physical > 1 && d->isPartOfPhysical(entry)))
             continue;
         const std::optional<quint64> received = parseCounter(entry.files->received.read());
         const std::optional<quint64> sent = parseCounter(entry.files->sent.read());
