@@ -1,5 +1,6 @@
 #include "fuzz/FuzzSupport.h"
 #include "system_monitor_lib/live/files/TextFields.h"
+#include "system_monitor_lib/live/memory/ArcText.h"
 #include "system_monitor_lib/live/memory/MeminfoText.h"
 #include "system_monitor_lib/live/processor/ArmCores.h"
 #include "system_monitor_lib/live/processor/CpuInfoText.h"
@@ -25,6 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     }
     if (const auto memory = parseMeminfo(text))
         fuzz::require(memory->total > 0 && memory->available <= memory->total);
+    parseArcGivesBack(text);
     parseCpuModel(text);
     armCores(text);
     for (const auto &[processor, megahertz] : parseCpuClocks(text))

@@ -18,8 +18,8 @@ struct AdapterCounters
     QString order = {};
 };
 
-/// Reads the physical network adapters: the entries of /sys/class/net with a device on Linux,
-/// GetIfTable2 on Windows.
+/// Reads the physical network adapters: the entries of /sys/class/net with a device on Linux, or in
+/// a container what leads out of it; GetIfTable2 on Windows.
 class AdapterReader
 {
 public:

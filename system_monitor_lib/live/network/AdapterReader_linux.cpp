@@ -2,10 +2,13 @@
 
 #include "system_monitor_lib/live/files/DeviceOrder.h"
 #include "system_monitor_lib/live/files/PolledFile.h"
+#include "system_monitor_lib/live/network/AdapterKind.h"
 #include "system_monitor_lib/live/network/NetworkText.h"
 
 #include <QFile>
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <unordered_map>
 
@@ -43,13 +46,16 @@ struct Files
     PolledFile sent;
 };
 
-/// An entry of the listing. A virtual adapter is remembered too, without files, so that it is not
-/// looked at again.
+/// An entry of the listing. One that does not count is remembered too, without files, so that it is
+/// not looked at again.
 struct Entry
 {
     quint64 inode = 0;
     QString name;
     QString order;
+    AdapterKind kind = AdapterKind::Other;
+    /// The path of the link to the adapter that this one is a part of, if any.
+    std::string master;
     std::unique_ptr<Files> files;
     quint64 lastSeen = 0;
 };
@@ -70,6 +76,9 @@ public:
     /// Stands at the start of the listing, kept open between reads. False when there is none.
     bool rewind();
     void see(const dirent &listed);
+    /// Whether another physical adapter counts what this one does, as a virtual machine's does that
+    /// has a real one to go through. That may change at any time.
+    [[nodiscard]] bool isPartOfPhysical(const Entry &entry) const;
 
     const QString root;
     const std::string rootPath;
@@ -116,11 +125,24 @@ void AdapterReader::Private::see(const dirent &listed)
     entry.inode = listed.d_ino;
     entry.name = QFile::decodeName(listed.d_name);
     entry.files.reset();
-    const std::string device = rootPath + '/' + listed.d_name + "/device";
-    if (::access(device.c_str(), F_OK) != 0)
+    const QString folder = root + QLatin1Char('/') + entry.name;
+    entry.kind = adapterKind(folder);
+    if (entry.kind == AdapterKind::Other)
         return;
-    entry.order = orderOfDevice(QFile::decodeName(device.c_str()));
-    entry.files = std::make_unique<Files>(root + QLatin1Char('/') + entry.name);
+    entry.order = orderOfDevice(folder + QStringLiteral("/device"));
+    entry.master = QFile::encodeName(folder + QStringLiteral("/master")).toStdString();
+    entry.files = std::make_unique<Files>(folder);
+}
+
+bool AdapterReader::Private::isPartOfPhysical(const Entry &entry) const
+{
+    std::array<char, 256> target{};
+    const ssize_t length = ::readlink(entry.master.c_str(), target.data(), target.size());
+    if (length <= 0)
+        return false;
+    const std::string path(target.data(), static_cast<std::size_t>(length));
+    const auto master = entries.find(path.substr(path.rfind('/') + 1));
+    return master != entries.end() && master->second.kind == AdapterKind::Physical;
 }
 
 AdapterReader::AdapterReader(const MachineRoots &roots)
@@ -134,9 +156,14 @@ std::optional<std::vector<AdapterCounters>> AdapterReader::read()
 {
     if (!d->list())
         return std::nullopt;
+    const auto physical =
+        std::count_if(d->entries.begin(), d->entries.end(), [](const auto &listed) {
+            return listed.second.kind == AdapterKind::Physical;
+        });
+    const AdapterKind meant = physical > 0 ? AdapterKind::Physical : AdapterKind::Link;
     std::vector<AdapterCounters> adapters;
     for (const auto &[key, entry] : d->entries) {
-        if (!entry.files)
+        if (entry.kind != meant || (physical > 1 && d->isPartOfPhysical(entry)))
             continue;
         const std::optional<quint64> received = parseCounter(entry.files->received.read());
         const std::optional<quint64> sent = parseCounter(entry.files->sent.read());

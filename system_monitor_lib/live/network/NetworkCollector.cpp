@@ -17,6 +17,9 @@ constexpr double slowestLink = 1'250'000;
 /// carry what two have earned.
 constexpr double lateCounters = 2;
 
+/// Bytes per second that no link carries (1 Tbit/s).
+constexpr double fastestLink = 125'000'000'000;
+
 QJsonArray rateReading(double bytesPerSecond)
 {
     return reading(bytesPerSecond / 1024, QStringLiteral("KB/s"));
@@ -39,7 +42,7 @@ bool NetworkCollector::collect(qint64 nowNs, SensorTrees &trees)
                       return std::tie(a.order, a.name) < std::tie(b.order, b.name);
                   });
         for (const AdapterCounters &counters : *adapters) {
-            State state{counters, nowNs, 0};
+            State state{counters, nowNs, 0, {}, {}};
             const auto previous = m_states.constFind(counters.name);
             QJsonObject tree;
             if (previous != m_states.cend() && previous->counters.identity == counters.identity)
@@ -66,16 +69,23 @@ QJsonObject NetworkCollector::labels(const State &previous, State &current) cons
     const auto received =
         ratePerSecond(previous.counters.receivedBytes, current.counters.receivedBytes, interval);
     QJsonObject tree;
-    if (sent && isPossible(*sent, current))
+    if (sent && isPossible(*sent, previous.sent, current.sent, current))
         tree.insert(upLabel, rateReading(*sent));
-    if (received && isPossible(*received, current))
+    if (received && isPossible(*received, previous.received, current.received, current))
         tree.insert(downLabel, rateReading(*received));
     return tree;
 }
 
-bool NetworkCollector::isPossible(double rate, State &state) const
+bool NetworkCollector::isPossible(double rate, const Excess &before, Excess &now,
+                                  State &state) const
 {
     if (rate > qMax(state.linkSpeed, slowestLink))
         state.linkSpeed = m_reader.linkBytesPerSecond(state.counters.name);
-    return state.linkSpeed <= 0 || rate <= state.linkSpeed * lateCounters;
+    now.isLasting = before.isLasting;
+    if (state.linkSpeed <= 0 || rate <= state.linkSpeed * lateCounters)
+        return true;
+    now.isSeen = true;
+    // A counter jumps once; an emulated adapter goes on.
+    now.isLasting = (before.isLasting || before.isSeen) && rate <= fastestLink;
+    return now.isLasting;
 }

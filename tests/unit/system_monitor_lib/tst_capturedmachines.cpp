@@ -95,11 +95,29 @@ private Q_SLOTS:
 void CapturedMachinesTest::givesItsReadings_data()
 {
     QTest::addColumn<QString>("machine");
-    for (const char *const name :
-         {"intel-desktop", "amd-desktop", "hybrid-laptop", "nvidia-desktop", "headless-server",
-          "arm-board", "two-cards-desktop", "intel-and-arc-desktop", "amd-and-arc-desktop",
-          "arm-board-two-kinds-of-cores", "old-amd-desktop", "old-intel-laptop", "intel-laptop",
-          "old-radeon-desktop", "riscv-board", "desktop-before-linux-5.12"})
+    for (const char *const name : {"intel-desktop",
+                                   "amd-desktop",
+                                   "hybrid-laptop",
+                                   "nvidia-desktop",
+                                   "headless-server",
+                                   "arm-board",
+                                   "two-cards-desktop",
+                                   "intel-and-arc-desktop",
+                                   "amd-and-arc-desktop",
+                                   "arm-board-two-kinds-of-cores",
+                                   "old-amd-desktop",
+                                   "old-intel-laptop",
+                                   "intel-laptop",
+                                   "old-radeon-desktop",
+                                   "riscv-board",
+                                   "desktop-before-linux-5.12",
+                                   "container",
+                                   "container-host",
+                                   "hyper-v-guest",
+                                   "bond-of-two",
+                                   "xen-host",
+                                   "router-board",
+                                   "zfs-server"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 

@@ -125,6 +125,7 @@ private Q_SLOTS:
     void jumpAboveTheLinkSpeedIsDropped_data();
     void jumpAboveTheLinkSpeedIsDropped();
     void linkThatBecameFasterIsAskedAgain();
+    void emulatedAdapterMayBeFasterThanItSays();
 
 private:
     QJsonObject network(const QString &adapter = eth0)
@@ -525,6 +526,23 @@ void LiveSourceTest::linkThatBecameFasterIsAskedAgain()
     QVERIFY(m_machine->setCounters(eth0, 2 * gigabit, 2000));
     m_machine->now += second;
     QCOMPARE(value(network(), downRate), static_cast<double>(gigabit) / 1024);
+}
+
+void LiveSourceTest::emulatedAdapterMayBeFasterThanItSays()
+{
+    constexpr quint64 step = 500'000'000;
+    QVERIFY(m_machine->setLinkSpeed(eth0, "1000\n"));
+    QVERIFY(m_source->open());
+    const auto rateAfter = [this](quint64 received) {
+        const bool written = m_machine->setCounters(eth0, received, 2000);
+        m_machine->now += second;
+        return written ? value(network(), downRate) : -2;
+    };
+    QCOMPARE(rateAfter(step), -1.0);
+    QCOMPARE(rateAfter(2 * step), static_cast<double>(step) / 1024);
+    QCOMPARE(rateAfter(2 * step + 1024), 1.0);
+    QCOMPARE(rateAfter(3 * step + 1024), static_cast<double>(step) / 1024);
+    QCOMPARE(rateAfter(quint64{1} << 59U), -1.0);
 }
 
 QTEST_GUILESS_MAIN(LiveSourceTest)

@@ -17,6 +17,7 @@ class StorageCollectorTest : public QObject
 private Q_SLOTS:
     void init();
     void namesAndRounds();
+    void firstThatTellsKeepsThePlainLabel();
     void asksRarely();
     void noDrivesAreNoSource();
 
@@ -63,6 +64,21 @@ void StorageCollectorTest::namesAndRounds()
     QCOMPARE(
         trees.tree(Query::AllSensorsData).value(QStringLiteral("Drive: PhysicalDrive7")).toObject(),
         drives.value(QStringLiteral("PhysicalDrive7")).toObject());
+}
+
+void StorageCollectorTest::firstThatTellsKeepsThePlainLabel()
+{
+    const auto labelsOf = [](const SensorTrees &trees, const QString &drive) {
+        return trees.allSensors().value(QStringLiteral("Drive: ") + drive).toObject().keys();
+    };
+    const QString second = QStringLiteral("Disk B (PhysicalDrive1)");
+    m_drives[0].celsius.reset();
+    QCOMPARE(labelsOf(collect(0), second), QStringList{temperature});
+    m_drives[0].celsius = 38.5;
+    const SensorTrees trees = collect(60'000'000'000);
+    QCOMPARE(labelsOf(trees, second), QStringList{temperature});
+    QCOMPARE(labelsOf(trees, QStringLiteral("Disk A")),
+             QStringList{QStringLiteral("Disk A Drive Temperature")});
 }
 
 void StorageCollectorTest::asksRarely()
