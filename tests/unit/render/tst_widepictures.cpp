@@ -1,4 +1,4 @@
-#include "render/ActionCatalogue.h"
+#include "render/ActionUuids.h"
 #include "render/KeyPicture.h"
 #include "render/PngEncoder.h"
 #include "render/ShapedLine.h"
