@@ -1,5 +1,6 @@
 #include "tests/support/DataServerClient.h"
 #include "tests/support/Json.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/MountFolder.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Sanitizers.h"
@@ -38,7 +39,7 @@ private Q_SLOTS:
 
 namespace {
 
-const QString cpu = QStringLiteral("com.quellor.stream.system.cpu");
+const QString cpu = keyuuid::cpu;
 const QString key = QStringLiteral("key");
 const QString passEnd = QStringLiteral("-------------------updateImages over---------------------");
 
