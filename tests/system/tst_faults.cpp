@@ -53,7 +53,7 @@ bool updates(const FakeHost &host, int times = 2)
     return !FakeHost::picture(host.images(key).constLast()).isNull();
 }
 
-/// A host in a process of its own: tests/support/host_process.cpp.
+/// A host in a process of its own: tests/support/programs/host_process.cpp.
 class HostProcess : public QProcess
 {
 public:
