@@ -52,18 +52,13 @@ const QVector<ActionCatalogueRow> &actionCatalogue()
     return rows;
 }
 
-const ActionCatalogueRow *findCatalogueRow(const QString &uuid)
+QString defaultTitle(const QString &uuid)
 {
     const auto &rows = actionCatalogue();
     const auto row =
         std::find_if(rows.begin(), rows.end(),
                      [&uuid](const ActionCatalogueRow &each) { return each.uuid == uuid; });
-    return row == rows.end() ? nullptr : &*row;
-}
-
-QString defaultTitle(const QString &uuid)
-{
-    const ActionCatalogueRow *const row = findCatalogueRow(uuid);
-    return row ? LanguageUtilities::instance()->Translate(row->englishTitle, row->chineseTitle)
-               : QString();
+    if (row == rows.end())
+        return {};
+    return LanguageUtilities::instance()->Translate(row->englishTitle, row->chineseTitle);
 }

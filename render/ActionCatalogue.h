@@ -14,9 +14,7 @@ struct ActionCatalogueRow
 /// Every kind of key that has a default title, in the order in which UUIDs are compared.
 const QVector<ActionCatalogueRow> &actionCatalogue();
 
-/// The row of \a uuid (compared exactly), or null: some kinds of keys have no default title.
-const ActionCatalogueRow *findCatalogueRow(const QString &uuid);
-
 /// The default title in the current language: the translation of the English title, or the Chinese
-/// title where the language has no table. Empty for a UUID without a row.
+/// title where the language has no table. Empty for a UUID without a row: UUIDs are compared
+/// exactly, and some kinds of keys have no default title.
 QString defaultTitle(const QString &uuid);

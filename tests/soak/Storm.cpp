@@ -2,27 +2,28 @@
 
 #include "tests/support/DataServerClient.h"
 #include "tests/support/FakeHost.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/TallyHost.h"
 
 #include <iterator>
 
 namespace {
 
-const char *const kinds[] = {"memory",
-                             "cpu",
-                             "cpu.temperature",
-                             "Cpu_Clock",
-                             "NetWork",
-                             "Gpu_Temperature",
-                             "Memory_Free_MB",
-                             "Memory_Total_GB",
-                             "volume",
-                             "Cpu_Model",
-                             "PhysicalDisk.Temperature",
-                             "Memory_Model",
-                             "PhysicalDisk",
-                             "NetWork.Upload",
-                             "no such kind"};
+const QString kinds[] = {keyuuid::memory,
+                         keyuuid::cpu,
+                         keyuuid::cpuTemperature,
+                         keyuuid::cpuClock,
+                         keyuuid::netWork,
+                         keyuuid::gpuTemperature,
+                         keyuuid::memoryFreeMB,
+                         keyuuid::memoryTotalGB,
+                         keyuuid::volume,
+                         keyuuid::cpuModel,
+                         keyuuid::diskTemperature,
+                         keyuuid::memoryModel,
+                         keyuuid::physicalDisk,
+                         keyuuid::upload,
+                         keyuuid::prefix + QStringLiteral("no such kind")};
 
 const char *const requests[] = {"GetAllSensorsData",      "Cpu Usage", "drives",
                                 "AllAudioEndpointVolume", "nonsense",  "Disk Temperature"};
@@ -77,9 +78,8 @@ void Storm::start()
 
 QString Storm::anyAction()
 {
-    return m_random.bounded(8) == 0
-               ? QStringLiteral("com.quellor.stream.AllDATA")
-               : QStringLiteral("com.quellor.stream.system.") + anyOf(kinds, m_random);
+    return m_random.bounded(8) == 0 ? keyuuid::allData
+                                    : kinds[m_random.bounded(static_cast<int>(std::size(kinds)))];
 }
 
 QJsonObject Storm::anySettings()

@@ -1,4 +1,5 @@
 #include "tests/support/DataServerClient.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Waits.h"
 
@@ -103,7 +104,7 @@ void tst_DebugConsole::outlivesItsClosing()
     process.closeConsole();
 
     // An update after the closing leaves no trace in the console.
-    host.appear(QStringLiteral("com.quellor.stream.system.cpu"), key);
+    host.appear(keyuuid::cpu, key);
     QVERIFY(host.waitForUpdate(key));
     const QByteArray left = console();
     QVERIFY(host.waitForUpdate(key));
@@ -143,7 +144,7 @@ void tst_DebugConsole::opensWithoutStandardStreams()
                                QStringLiteral("sh"), PluginProcess::executable()} +
                    host.arguments());
     QVERIFY(host.waitForRegistration());
-    host.appear(QStringLiteral("com.quellor.stream.system.cpu"), key);
+    host.appear(keyuuid::cpu, key);
     QVERIFY(host.waitForUpdate(key));
     // Nothing that was printed has passed for the hot key.
     QVERIFY(console().isNull());

@@ -1,5 +1,6 @@
 #include "tests/support/DataServerClient.h"
 #include "tests/support/Json.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/MountFolder.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Waits.h"
@@ -51,7 +52,7 @@ private:
 
 namespace {
 
-const QString uuid = QStringLiteral("com.quellor.stream.system.PhysicalDisk");
+const QString uuid = keyuuid::physicalDisk;
 const QString key = QStringLiteral("disk");
 
 /// What a drive key shows of a drive.

@@ -1,5 +1,6 @@
 #include "tests/support/DataServerClient.h"
 #include "tests/support/Json.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/MountFolder.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Sanitizers.h"
@@ -38,7 +39,7 @@ private Q_SLOTS:
 
 namespace {
 
-const QString cpu = QStringLiteral("com.quellor.stream.system.cpu");
+const QString cpu = keyuuid::cpu;
 const QString key = QStringLiteral("key");
 const QString passEnd = QStringLiteral("-------------------updateImages over---------------------");
 
@@ -52,7 +53,7 @@ bool updates(const FakeHost &host, int times = 2)
     return !FakeHost::picture(host.images(key).constLast()).isNull();
 }
 
-/// A host in a process of its own: tests/support/host_process.cpp.
+/// A host in a process of its own: tests/support/programs/host_process.cpp.
 class HostProcess : public QProcess
 {
 public:

@@ -1,4 +1,5 @@
 #include "tests/support/DataServerClient.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Waits.h"
 
@@ -75,7 +76,7 @@ void tst_HostLoss::endsWhenTheHostGoes()
 
     RunningPlugin plugin;
     QVERIFY(plugin.start());
-    plugin.host.appear(QStringLiteral("com.quellor.stream.system.cpu"), QStringLiteral("key"));
+    plugin.host.appear(keyuuid::cpu, QStringLiteral("key"));
     QVERIFY(plugin.host.waitForMessages(QStringLiteral("setSettings"), QStringLiteral("key"), 1));
 
     if (orderly)

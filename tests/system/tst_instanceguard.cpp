@@ -1,4 +1,5 @@
 #include "tests/support/DataServerClient.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Waits.h"
 
@@ -31,7 +32,7 @@ const QString ownName = QStringLiteral("当前进程名:QtSystemMonitor");
 const QString ended = QStringLiteral("已终止进程 ID:");
 const QString endedAll = QStringLiteral("已终止所有同名进程。");
 const QString notServing = QStringLiteral("WebSocket server failed to start!");
-const QString cpu = QStringLiteral("com.quellor.stream.system.cpu");
+const QString cpu = keyuuid::cpu;
 const QString key = QStringLiteral("key");
 
 /// A program that runs on under the name of its file.

@@ -1,4 +1,5 @@
 #include "tests/support/Json.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Waits.h"
 
@@ -48,8 +49,8 @@ private:
 
 namespace {
 
-const QString cpu = QStringLiteral("com.quellor.stream.system.cpu");
-const QString netWork = QStringLiteral("com.quellor.stream.system.NetWork");
+const QString cpu = keyuuid::cpu;
+const QString netWork = keyuuid::netWork;
 const QString setTitle = QStringLiteral("setTitle");
 const QString setImage = QStringLiteral("setImage");
 const QString setSettings = QStringLiteral("setSettings");
@@ -59,7 +60,7 @@ const QString oneLine = QStringLiteral("单行显示");
 struct ReadingRow
 {
     const char *name;
-    const char *kind;
+    QString uuid;
     const char *settings;
     const char *title;
 };
@@ -67,36 +68,33 @@ struct ReadingRow
 const char *const titled = R"({"text": "My 标题"})";
 
 const ReadingRow readingRows[] = {
-    {"cpu", "cpu", titled, R"(My 标题: (\d|[1-9]\d|100)%)"},
-    {"memory", "memory", titled, R"(My 标题: (\d|[1-9]\d|100)%)"},
-    {"network on one line", "NetWork", titled,
+    {"cpu", keyuuid::cpu, titled, R"(My 标题: (\d|[1-9]\d|100)%)"},
+    {"memory", keyuuid::memory, titled, R"(My 标题: (\d|[1-9]\d|100)%)"},
+    {"network on one line", keyuuid::netWork, titled,
      R"(My 标题: \d+\.\d(Kb|MB|GB)/s  \d+\.\d(Kb|MB|GB)/s)"},
-    {"network on two lines", "NetWork", R"({"text": "Up/Down", "titleLines": "双行显示"})",
+    {"network on two lines", keyuuid::netWork, R"({"text": "Up/Down", "titleLines": "双行显示"})",
      R"(Up: \d+\.\d(Kb|MB|GB)/s\nDown: \d+\.\d(Kb|MB|GB)/s)"},
-    {"network on two lines, no slash", "NetWork", R"({"text": "网速", "titleLines": "双行显示"})",
+    {"network on two lines, no slash", keyuuid::netWork,
+     R"({"text": "网速", "titleLines": "双行显示"})",
      R"(上传: \d+\.\d(Kb|MB|GB)/s\n下载: \d+\.\d(Kb|MB|GB)/s)"},
-    {"network on two lines, a slash alone", "NetWork", R"({"text": "/", "titleLines": "双行显示"})",
+    {"network on two lines, a slash alone", keyuuid::netWork,
+     R"({"text": "/", "titleLines": "双行显示"})",
      R"(: \d+\.\d(Kb|MB|GB)/s\n: \d+\.\d(Kb|MB|GB)/s)"},
-    {"network on two lines, no title", "NetWork",
+    {"network on two lines, no title", keyuuid::netWork,
      R"({"showTitle": false, "titleLines": "双行显示"})",
      R"(\d+\.\d(Kb|MB|GB)/s\n\d+\.\d(Kb|MB|GB)/s)"},
-    {"upload", "NetWork.Upload", titled, R"(My 标题: \d+\.\d(Kb|MB|GB)/s)"},
-    {"download", "NetWork.Download", titled, R"(My 标题: \d+\.\d(Kb|MB|GB)/s)"},
-    {"free MB", "Memory_Free_MB", titled, R"(My 标题: \d+MB)"},
-    {"used MB", "Memory_Used_MB", titled, R"(My 标题: \d+MB)"},
-    {"total MB", "Memory_Total_MB", titled, R"(My 标题: \d+MB)"},
-    {"free GB", "Memory_Free_GB", titled, R"(My 标题: \d+\.\dGB)"},
-    {"used GB", "Memory_Used_GB", titled, R"(My 标题: \d+\.\dGB)"},
-    {"total GB", "Memory_Total_GB", titled, R"(My 标题: \d+\.\dGB)"},
-    {"installed memory", "Memory_Model", titled, R"(My 标题: \d+G)"},
-    {"no title wanted", "cpu", R"({"showTitle": false})", R"((\d|[1-9]\d|100)%)"},
-    {"no title given", "cpu", R"({"text": ""})", R"((\d|[1-9]\d|100)%)"},
+    {"upload", keyuuid::upload, titled, R"(My 标题: \d+\.\d(Kb|MB|GB)/s)"},
+    {"download", keyuuid::download, titled, R"(My 标题: \d+\.\d(Kb|MB|GB)/s)"},
+    {"free MB", keyuuid::memoryFreeMB, titled, R"(My 标题: \d+MB)"},
+    {"used MB", keyuuid::memoryUsedMB, titled, R"(My 标题: \d+MB)"},
+    {"total MB", keyuuid::memoryTotalMB, titled, R"(My 标题: \d+MB)"},
+    {"free GB", keyuuid::memoryFreeGB, titled, R"(My 标题: \d+\.\dGB)"},
+    {"used GB", keyuuid::memoryUsedGB, titled, R"(My 标题: \d+\.\dGB)"},
+    {"total GB", keyuuid::memoryTotalGB, titled, R"(My 标题: \d+\.\dGB)"},
+    {"installed memory", keyuuid::memoryModel, titled, R"(My 标题: \d+G)"},
+    {"no title wanted", keyuuid::cpu, R"({"showTitle": false})", R"((\d|[1-9]\d|100)%)"},
+    {"no title given", keyuuid::cpu, R"({"text": ""})", R"((\d|[1-9]\d|100)%)"},
 };
-
-QString systemUuid(const char *kind)
-{
-    return QStringLiteral("com.quellor.stream.system.") + QLatin1String(kind);
-}
 
 QJsonObject titleParameters(const QJsonObject &settings)
 {
@@ -128,7 +126,7 @@ void tst_Keys::initTestCase()
     QVERIFY(m_plugin->start());
     // All together, so that one update serves them all.
     for (const ReadingRow &row : readingRows)
-        m_host->appear(systemUuid(row.kind), QString::fromUtf8(row.name),
+        m_host->appear(row.uuid, QString::fromUtf8(row.name),
                        FakeHost::keySettings(json(row.settings)));
 }
 
@@ -154,7 +152,7 @@ void tst_Keys::showsReadings_data()
     QTest::addColumn<QString>("uuid");
     QTest::addColumn<QString>("title");
     for (const ReadingRow &row : readingRows)
-        QTest::newRow(row.name) << systemUuid(row.kind) << QString::fromUtf8(row.title);
+        QTest::newRow(row.name) << row.uuid << QString::fromUtf8(row.title);
 }
 
 void tst_Keys::showsReadings()
@@ -192,15 +190,14 @@ void tst_Keys::showsReadings()
 
 void tst_Keys::showsThisMachinesMemory()
 {
-    const QMap<QString, QString> units{{QStringLiteral("Memory_Total_MB"), QStringLiteral("MB")},
-                                       {QStringLiteral("Memory_Used_MB"), QStringLiteral("MB")},
-                                       {QStringLiteral("Memory_Free_MB"), QStringLiteral("MB")},
-                                       {QStringLiteral("Memory_Total_GB"), QStringLiteral("GB")},
-                                       {QStringLiteral("Memory_Model"), QStringLiteral("G")},
-                                       {QStringLiteral("memory"), QStringLiteral("%")}};
-    const QString prefix = systemUuid("");
+    const QMap<QString, QString> units{{keyuuid::memoryTotalMB, QStringLiteral("MB")},
+                                       {keyuuid::memoryUsedMB, QStringLiteral("MB")},
+                                       {keyuuid::memoryFreeMB, QStringLiteral("MB")},
+                                       {keyuuid::memoryTotalGB, QStringLiteral("GB")},
+                                       {keyuuid::memoryModel, QStringLiteral("G")},
+                                       {keyuuid::memory, QStringLiteral("%")}};
     for (auto unit = units.begin(); unit != units.end(); ++unit) {
-        m_host->appear(prefix + unit.key(), unit.key(),
+        m_host->appear(unit.key(), unit.key(),
                        FakeHost::keySettings(json(R"({"showTitle": false})")));
     }
     QMap<QString, double> shown;
@@ -209,14 +206,14 @@ void tst_Keys::showsThisMachinesMemory()
         const QString text = m_host->titles(unit.key()).constLast();
         QVERIFY2(text.endsWith(unit.value()), qPrintable(text));
         shown.insert(unit.key(), text.left(text.size() - unit.value().size()).toDouble());
-        m_host->disappear(prefix + unit.key(), unit.key());
+        m_host->disappear(unit.key(), unit.key());
     }
-    const double total = shown.value(QStringLiteral("Memory_Total_MB"));
-    const double used = shown.value(QStringLiteral("Memory_Used_MB"));
-    const double free = shown.value(QStringLiteral("Memory_Free_MB"));
-    const double totalGB = shown.value(QStringLiteral("Memory_Total_GB"));
-    const double load = shown.value(QStringLiteral("memory"));
-    const double rounded = shown.value(QStringLiteral("Memory_Model"));
+    const double total = shown.value(keyuuid::memoryTotalMB);
+    const double used = shown.value(keyuuid::memoryUsedMB);
+    const double free = shown.value(keyuuid::memoryFreeMB);
+    const double totalGB = shown.value(keyuuid::memoryTotalGB);
+    const double load = shown.value(keyuuid::memory);
+    const double rounded = shown.value(keyuuid::memoryModel);
 
     const int installed = memoryReport("MemTotal");
     QVERIFY(installed > 0);
@@ -338,7 +335,7 @@ void tst_Keys::takesAbsentValues()
 void tst_Keys::sizesPicturesByTheText()
 {
     // A key whose text does not change from one second to the next.
-    const QString uuid = systemUuid("Memory_Model");
+    const QString uuid = keyuuid::memoryModel;
     const QString bare = QStringLiteral("bare");
     const QString withTitle = QStringLiteral("titled");
     const QString twice = QStringLiteral("twice");
@@ -370,7 +367,7 @@ void tst_Keys::sizesPicturesByTheText()
 
 void tst_Keys::scalesTheFontByTheLastPicture()
 {
-    const QString uuid = systemUuid("Memory_Model");
+    const QString uuid = keyuuid::memoryModel;
     const QString context = QStringLiteral("scaled");
     m_host->appear(uuid, context);
     QVERIFY(!nextTitle(context).isEmpty());
@@ -445,9 +442,9 @@ void tst_Keys::forgetsDisappearedKeys()
 void tst_Keys::sendsUnknownKeysTitlesOnly_data()
 {
     QTest::addColumn<QString>("uuid");
-    QTest::newRow("unheard of") << systemUuid("nonsense");
-    QTest::newRow("in other letter case") << systemUuid("CPU");
-    QTest::newRow("with a tail") << systemUuid("cpu.");
+    QTest::newRow("unheard of") << keyuuid::prefix + QStringLiteral("system.nonsense");
+    QTest::newRow("in other letter case") << keyuuid::prefix + QStringLiteral("system.CPU");
+    QTest::newRow("with a tail") << cpu + QLatin1Char('.');
 }
 
 void tst_Keys::sendsUnknownKeysTitlesOnly()

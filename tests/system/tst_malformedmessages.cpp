@@ -1,4 +1,5 @@
 #include "tests/support/Json.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/RunningPlugin.h"
 
 #include <QRegularExpression>
@@ -32,10 +33,16 @@ private:
 
 namespace {
 
-const QString cpu = QStringLiteral("com.quellor.stream.system.cpu");
+const QString cpu = keyuuid::cpu;
 const QString key = QStringLiteral("key");
 const QString setSettings = QStringLiteral("setSettings");
 constexpr int megabyte = 1024 * 1024;
+
+/// \a text with the action's UUID for "@cpu".
+QString toCpu(const QByteArray &text)
+{
+    return QString::fromUtf8(text).replace(QLatin1String("@cpu"), cpu);
+}
 
 } // namespace
 
@@ -65,59 +72,55 @@ void tst_MalformedMessages::changeNothing_data()
     QTest::addColumn<QString>("text");
 
     const auto row = [](const char *name, const QByteArray &text) {
-        QTest::newRow(name) << QString::fromUtf8(text);
+        QTest::newRow(name) << toCpu(text);
     };
     row("empty", "");
     row("blanks", " \r\n\t ");
     row("no JSON", "willAppear");
-    row("cut off", R"({"event":"willAppear","action":"com.quellor.stream.system.cpu")");
+    row("cut off", R"({"event":"willAppear","action":"@cpu")");
     row("something behind the object", R"({"event":"willDisappear"} {)");
     row("number", "42");
     row("null", "null");
     row("text", R"("willAppear")");
     row("empty list", "[]");
-    row("message in a list",
-        R"([{"event":"willDisappear","action":"com.quellor.stream.system.cpu","context":"key"}])");
+    row("message in a list", R"([{"event":"willDisappear","action":"@cpu","context":"key"}])");
     row("empty object", "{}");
-    row("no event", R"({"action":"com.quellor.stream.system.cpu","context":"key"})");
+    row("no event", R"({"action":"@cpu","context":"key"})");
     row("event is a number", R"({"event":1,"context":"key"})");
     row("event is a list", R"({"event":["willDisappear"],"context":"key"})");
     row("event is an object", R"({"event":{"willDisappear":1},"context":"key"})");
     row("event is null", R"({"event":null,"context":"key"})");
     row("event unknown", R"({"event":"selfDestruct","context":"key"})");
     row("event in other letter case",
-        R"({"event":"WillDisappear","action":"com.quellor.stream.system.cpu","context":"key"})");
-    row("event with a tail",
-        R"({"event":"willDisappear ","action":"com.quellor.stream.system.cpu","context":"key"})");
+        R"({"event":"WillDisappear","action":"@cpu","context":"key"})");
+    row("event with a tail", R"({"event":"willDisappear ","action":"@cpu","context":"key"})");
     row("willAppear, no action", R"({"event":"willAppear","context":"none"})");
     row("willAppear, empty action", R"({"event":"willAppear","action":"","context":"none"})");
     row("willAppear, action is a number", R"({"event":"willAppear","action":7,"context":"none"})");
-    row("willDisappear, no context",
-        R"({"event":"willDisappear","action":"com.quellor.stream.system.cpu"})");
+    row("willDisappear, no context", R"({"event":"willDisappear","action":"@cpu"})");
     row("willDisappear, context is a list",
-        R"({"event":"willDisappear","action":"com.quellor.stream.system.cpu","context":["key"]})");
+        R"({"event":"willDisappear","action":"@cpu","context":["key"]})");
     row("willDisappear, no action", R"({"event":"willDisappear","context":"key"})");
     row("didReceiveSettings, unknown key",
         R"({"event":"didReceiveSettings","action":"x","context":"none","payload":{}})");
     row("didReceiveSettings, action is an object",
         R"({"event":"didReceiveSettings","action":{},"context":"key","payload":{}})");
     row("keyDown, payload is a number",
-        R"({"event":"keyDown","action":"com.quellor.stream.system.cpu","context":"key","payload":1})");
+        R"({"event":"keyDown","action":"@cpu","context":"key","payload":1})");
     row("keyUp, nothing else", R"({"event":"keyUp"})");
     row("dialPress, pressed is a text",
-        R"({"event":"dialPress","action":"com.quellor.stream.system.cpu","context":"key","payload":{"pressed":"yes"}})");
+        R"({"event":"dialPress","action":"@cpu","context":"key","payload":{"pressed":"yes"}})");
     row("dialRotate, ticks out of range",
-        R"({"event":"dialRotate","action":"com.quellor.stream.system.cpu","context":"key",
+        R"({"event":"dialRotate","action":"@cpu","context":"key",
             "payload":{"ticks":-1e300,"pressed":[]}})");
     row("dialRotate, smallest ticks",
-        R"({"event":"dialRotate","action":"com.quellor.stream.system.cpu","context":"key",
+        R"({"event":"dialRotate","action":"@cpu","context":"key",
             "payload":{"ticks":-2147483648}})");
     row("deviceDidConnect, device is a number",
         R"({"event":"deviceDidConnect","device":3,"deviceInfo":"x"})");
     row("didReceiveGlobalSettings, payload is a list",
         R"({"event":"didReceiveGlobalSettings","payload":[1,2]})");
-    row("sendToPlugin, no payload",
-        R"({"event":"sendToPlugin","action":"com.quellor.stream.system.cpu","context":"key"})");
+    row("sendToPlugin, no payload", R"({"event":"sendToPlugin","action":"@cpu","context":"key"})");
     row("systemDidWakeUp", R"({"event":"systemDidWakeUp","payload":"x"})");
     row("getDetectedSensorsData", R"({"event":"getDetectedSensorsData"})");
     row("GetAudioDevList", R"({"event":"GetAudioDevList"})");
@@ -149,7 +152,7 @@ void tst_MalformedMessages::changeNothing()
 void tst_MalformedMessages::binaryFrameChangesNothing()
 {
     m_plugin->host.sendBinary(
-        R"({"event":"willDisappear","action":"com.quellor.stream.system.cpu","context":"key"})");
+        toCpu(R"({"event":"willDisappear","action":"@cpu","context":"key"})").toUtf8());
     m_plugin->host.sendBinary(QByteArray(megabyte, '\xff'));
     QVERIFY(answers());
 }

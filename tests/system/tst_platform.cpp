@@ -1,3 +1,4 @@
+#include "tests/support/KeyUuids.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Waits.h"
 
@@ -57,7 +58,7 @@ void tst_Platform::startsWithoutADisplay()
     QVERIFY(hasLoaded(plugin.process, QStringLiteral("offscreen")));
 
     const QString key = QStringLiteral("key");
-    plugin.host.appear(QStringLiteral("com.quellor.stream.system.cpu"), key);
+    plugin.host.appear(keyuuid::cpu, key);
     QVERIFY(plugin.host.waitForUpdate(key));
     QVERIFY(FakeHost::hasInk(plugin.host.images(key).constLast()));
 }

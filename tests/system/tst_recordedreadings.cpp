@@ -1,5 +1,6 @@
 #include "tests/support/DataServerClient.h"
 #include "tests/support/Json.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/SoundServer.h"
 #include "tests/support/Waits.h"
@@ -47,57 +48,53 @@ namespace {
 struct KeyRow
 {
     const char *name;
-    const char *uuid;
+    QString uuid;
     const char *settings; ///< Beside no title.
     const char *title;
 };
 
-#define SYSTEM_KEY "com.quellor.stream.system."
-
 const KeyRow keyRows[] = {
-    {"memory load", SYSTEM_KEY "memory", "{}", "90%"},
-    {"CPU usage", SYSTEM_KEY "cpu", "{}", "37%"},
-    {"CPU temperature", SYSTEM_KEY "cpu.temperature", "{}", "45°"},
-    {"CPU temperature in Fahrenheit", SYSTEM_KEY "cpu.temperature",
-     R"({"temperatureType": "华氏度"})", "113°"},
-    {"CPU clock", SYSTEM_KEY "Cpu_Clock", "{}", "4150MHz"},
-    {"CPU power", SYSTEM_KEY "Cpu_Package_Power", "{}", "65.3W"},
-    {"network", SYSTEM_KEY "NetWork", "{}", "1.2Kb/s  3.0MB/s"},
-    {"network on two lines", SYSTEM_KEY "NetWork", R"({"titleLines": "双行显示"})",
-     "1.2Kb/s\n3.0MB/s"},
-    {"GPU temperature", SYSTEM_KEY "Gpu_Temperature", "{}", "51°"},
-    {"GPU temperature in Fahrenheit", SYSTEM_KEY "Gpu_Temperature",
-     R"({"temperatureType": "华氏度"})", "123°"},
-    {"GPU clock", SYSTEM_KEY "Gpu_Core_Clock", "{}", "1905MHz"},
-    {"GPU load", SYSTEM_KEY "Gpu_Core_Utility", "{}", "99%"},
-    {"GPU memory clock", SYSTEM_KEY "Gpu_Memory_Clock", "{}", "9501MHz"},
-    {"GPU memory usage", SYSTEM_KEY "Gpu_Memory_Utility", "{}", "49%"},
-    {"free MB", SYSTEM_KEY "Memory_Free_MB", "{}", "1536MB"},
-    {"used MB", SYSTEM_KEY "Memory_Used_MB", "{}", "14592MB"},
-    {"total MB", SYSTEM_KEY "Memory_Total_MB", "{}", "16128MB"},
-    {"free GB", SYSTEM_KEY "Memory_Free_GB", "{}", "1.5GB"},
-    {"used GB", SYSTEM_KEY "Memory_Used_GB", "{}", "14.3GB"},
-    {"total GB", SYSTEM_KEY "Memory_Total_GB", "{}", "15.8GB"},
-    {"GPU memory", SYSTEM_KEY "Gpu_Memory_Used", "{}", "2048MB"},
-    {"GPU power", SYSTEM_KEY "Gpu_Power", "{}", "120.0W"},
-    {"volume", SYSTEM_KEY "volume", "{}", "35%"},
-    {"CPU model", SYSTEM_KEY "Cpu_Model", "{}", "AMD Ryzen 9 5900X"},
-    {"GPU model", SYSTEM_KEY "Gpu_Model", "{}", "NVIDIA GeForce RTX 3080"},
-    {"GPU voltage", SYSTEM_KEY "Gpu_Voltage", "{}", "0.913V"},
-    {"disk temperature", SYSTEM_KEY "PhysicalDisk.Temperature", "{}", "40°"},
-    {"second disk's temperature", SYSTEM_KEY "PhysicalDisk.Temperature",
-     R"({"SelectPhysicalDisk": "Disk B"})", "38°"},
-    {"installed memory", SYSTEM_KEY "Memory_Model", "{}", "16G"},
-    {"upload", SYSTEM_KEY "NetWork.Upload", "{}", "1.2Kb/s"},
-    {"download", SYSTEM_KEY "NetWork.Download", "{}", "3.0MB/s"},
-    {"any sensor", "com.quellor.stream.AllDATA", "{}", "51°C"},
-    {"chosen sensor", "com.quellor.stream.AllDATA", R"({"SelectValue": "Framerate"})", "143.75FPS"},
-    {"sensor that there is not", "com.quellor.stream.AllDATA", R"({"SelectValue": "x"})", "null"},
-    {"CPU voltage", SYSTEM_KEY "Cpu_Voltage", "{}", "1.225V"},
-    {"pump", "com.quellor.stream.PumpSpeed", "{}", "1850RPM"},
-    {"CPU fan", "com.quellor.stream.CPUFan", "{}", "1200RPM"},
-    {"CPU fan that there is not", "com.quellor.stream.CPUFan", R"({"SelectCPUFan": "x"})",
-     "nodata"},
+    {"memory load", keyuuid::memory, "{}", "90%"},
+    {"CPU usage", keyuuid::cpu, "{}", "37%"},
+    {"CPU temperature", keyuuid::cpuTemperature, "{}", "45°"},
+    {"CPU temperature in Fahrenheit", keyuuid::cpuTemperature, R"({"temperatureType": "华氏度"})",
+     "113°"},
+    {"CPU clock", keyuuid::cpuClock, "{}", "4150MHz"},
+    {"CPU power", keyuuid::cpuPower, "{}", "65.3W"},
+    {"network", keyuuid::netWork, "{}", "1.2Kb/s  3.0MB/s"},
+    {"network on two lines", keyuuid::netWork, R"({"titleLines": "双行显示"})", "1.2Kb/s\n3.0MB/s"},
+    {"GPU temperature", keyuuid::gpuTemperature, "{}", "51°"},
+    {"GPU temperature in Fahrenheit", keyuuid::gpuTemperature, R"({"temperatureType": "华氏度"})",
+     "123°"},
+    {"GPU clock", keyuuid::gpuClock, "{}", "1905MHz"},
+    {"GPU load", keyuuid::gpuLoad, "{}", "99%"},
+    {"GPU memory clock", keyuuid::gpuMemoryClock, "{}", "9501MHz"},
+    {"GPU memory usage", keyuuid::gpuMemoryUsage, "{}", "49%"},
+    {"free MB", keyuuid::memoryFreeMB, "{}", "1536MB"},
+    {"used MB", keyuuid::memoryUsedMB, "{}", "14592MB"},
+    {"total MB", keyuuid::memoryTotalMB, "{}", "16128MB"},
+    {"free GB", keyuuid::memoryFreeGB, "{}", "1.5GB"},
+    {"used GB", keyuuid::memoryUsedGB, "{}", "14.3GB"},
+    {"total GB", keyuuid::memoryTotalGB, "{}", "15.8GB"},
+    {"GPU memory", keyuuid::gpuMemoryUsed, "{}", "2048MB"},
+    {"GPU power", keyuuid::gpuPower, "{}", "120.0W"},
+    {"volume", keyuuid::volume, "{}", "35%"},
+    {"CPU model", keyuuid::cpuModel, "{}", "AMD Ryzen 9 5900X"},
+    {"GPU model", keyuuid::gpuModel, "{}", "NVIDIA GeForce RTX 3080"},
+    {"GPU voltage", keyuuid::gpuVoltage, "{}", "0.913V"},
+    {"disk temperature", keyuuid::diskTemperature, "{}", "40°"},
+    {"second disk's temperature", keyuuid::diskTemperature, R"({"SelectPhysicalDisk": "Disk B"})",
+     "38°"},
+    {"installed memory", keyuuid::memoryModel, "{}", "16G"},
+    {"upload", keyuuid::upload, "{}", "1.2Kb/s"},
+    {"download", keyuuid::download, "{}", "3.0MB/s"},
+    {"any sensor", keyuuid::allData, "{}", "51°C"},
+    {"chosen sensor", keyuuid::allData, R"({"SelectValue": "Framerate"})", "143.75FPS"},
+    {"sensor that there is not", keyuuid::allData, R"({"SelectValue": "x"})", "null"},
+    {"CPU voltage", keyuuid::cpuVoltage, "{}", "1.225V"},
+    {"pump", keyuuid::pumpSpeed, "{}", "1850RPM"},
+    {"CPU fan", keyuuid::cpuFan, "{}", "1200RPM"},
+    {"CPU fan that there is not", keyuuid::cpuFan, R"({"SelectCPUFan": "x"})", "nodata"},
 };
 
 QString context(const char *name)
@@ -130,7 +127,7 @@ void tst_RecordedReadings::initTestCase()
     m_plugin->process.setVariable(QStringLiteral("SYSTEM_MONITOR_RECORDING"), recording);
     QVERIFY(m_plugin->start());
     for (const KeyRow &row : keyRows)
-        m_host->appear(QString::fromUtf8(row.uuid), context(row.name), untitled(row.settings));
+        m_host->appear(row.uuid, context(row.name), untitled(row.settings));
     m_panel = std::make_unique<DataServerClient>();
     QVERIFY(m_panel->open());
 }
@@ -168,11 +165,11 @@ void tst_RecordedReadings::showsEveryKindOfKey()
 void tst_RecordedReadings::logsEachKeyOfAPass()
 {
     QVERIFY(!titleOf(context("CPU fan")).isEmpty());
-    const QString key = QStringLiteral("get_operator->GetAction(): com.quellor.stream.");
+    const QString key = QStringLiteral("get_operator->GetAction(): ");
     QTRY_PATIENTLY(m_plugin->process.hasLoggedInOrder(
-        {QStringLiteral("updateImages"), key + QStringLiteral("system.cpu"),
-         key + QStringLiteral("PumpSpeed"), QStringLiteral("updateImages PumpSpeed"),
-         key + QStringLiteral("CPUFan"), QStringLiteral("updateImages CPUFan"),
+        {QStringLiteral("updateImages"), key + keyuuid::cpu, key + keyuuid::pumpSpeed,
+         QStringLiteral("updateImages PumpSpeed"), key + keyuuid::cpuFan,
+         QStringLiteral("updateImages CPUFan"),
          QStringLiteral("-------------------updateImages over---------------------")}));
 }
 
@@ -260,7 +257,7 @@ void tst_RecordedReadings::offersLists()
 void tst_RecordedReadings::choosesTheSensorAnew()
 {
     const QString key = QStringLiteral("changing sensor");
-    const QString uuid = QStringLiteral("com.quellor.stream.AllDATA");
+    const QString uuid = keyuuid::allData;
     m_host->appear(uuid, key, untitled("{}"));
     QCOMPARE(titleOf(key), QStringLiteral("51°C"));
     const auto choose = [&](const char *settings) {
@@ -297,7 +294,7 @@ void tst_RecordedReadings::namesAudioDevices()
 void tst_RecordedReadings::carriesADiskTemperatureOver()
 {
     // In the order of their appearance: a known disk, then one that there is not.
-    const QString uuid = QStringLiteral(SYSTEM_KEY "PhysicalDisk.Temperature");
+    const QString uuid = keyuuid::diskTemperature;
     m_host->appear(uuid, QStringLiteral("known"),
                    untitled(R"({"SelectPhysicalDisk": "Disk A", "temperatureType": "华氏度"})"));
     m_host->appear(uuid, QStringLiteral("unknown"), untitled(R"({"SelectPhysicalDisk": "x"})"));

@@ -1,5 +1,6 @@
 #include "tests/support/DataServerClient.h"
 #include "tests/support/Json.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/TestFonts.h"
 #include "tests/support/Waits.h"
@@ -143,8 +144,7 @@ void tst_Registration::loadsFontsOfAnyPath()
     QTRY_VERIFY(plugin.process.hasLogged(file + QStringLiteral(" loaded success, contains:")));
     QTRY_VERIFY(plugin.process.hasLogged(QStringLiteral("  Roboto  [Bold]")));
 
-    plugin.host.appear(QStringLiteral("com.quellor.stream.system.cpu"), QStringLiteral("key"),
-                       FakeHost::keySettings());
+    plugin.host.appear(keyuuid::cpu, QStringLiteral("key"), FakeHost::keySettings());
     QVERIFY(plugin.host.waitForMessages(QStringLiteral("setSettings"), QStringLiteral("key"), 1));
     const QJsonArray fonts = plugin.host.settings(QStringLiteral("key"))
                                  .constFirst()
@@ -179,7 +179,7 @@ void tst_Registration::choosesItsPlatform()
         plugin.process.setVariable(variable, value);
     QVERIFY(plugin.start());
     QCOMPARE(platformsOf(plugin.process), QStringList(platform));
-    plugin.host.appear(QStringLiteral("com.quellor.stream.system.cpu"), QStringLiteral("key"));
+    plugin.host.appear(keyuuid::cpu, QStringLiteral("key"));
     QVERIFY(plugin.host.waitForUpdate(QStringLiteral("key")));
     QVERIFY(!FakeHost::picture(plugin.host.images(QStringLiteral("key")).constFirst()).isNull());
 }
@@ -192,7 +192,7 @@ void tst_Registration::runsOnWhenItsPortIsTaken()
     QVERIFY(plugin.start());
     QTRY_PATIENTLY(
         plugin.process.lines().contains(QStringLiteral("WebSocket server failed to start!")));
-    plugin.host.appear(QStringLiteral("com.quellor.stream.system.cpu"), QStringLiteral("key"));
+    plugin.host.appear(keyuuid::cpu, QStringLiteral("key"));
     QVERIFY(plugin.host.waitForUpdate(QStringLiteral("key")));
 }
 

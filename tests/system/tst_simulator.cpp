@@ -1,4 +1,5 @@
 #include "sensors/machine/drives.h"
+#include "tests/support/KeyUuids.h"
 
 #include <QColor>
 #include <QDir>
@@ -52,17 +53,16 @@ QString recording()
 // The window's profile: two keys on recorded readings.
 QByteArray profile()
 {
-    const auto key = [](const char *action, int column) {
+    const auto key = [](const QString &action, int column) {
         const QJsonObject parameters{{QStringLiteral("showTitle"), false}};
-        return QJsonObject{{QStringLiteral("action"),
-                            QStringLiteral("com.quellor.stream.") + QLatin1String(action)},
+        return QJsonObject{{QStringLiteral("action"), action},
                            {QStringLiteral("column"), column},
                            {QStringLiteral("row"), 0},
                            {QStringLiteral("settings"),
                             QJsonObject{{QStringLiteral("titleParameters"), parameters}}}};
     };
     const QJsonObject root{
-        {QStringLiteral("keys"), QJsonArray{key("system.cpu", 0), key("AllDATA", 1)}},
+        {QStringLiteral("keys"), QJsonArray{key(keyuuid::cpu, 0), key(keyuuid::allData, 1)}},
         {QStringLiteral("grid"), QJsonObject{{QStringLiteral("columns"), 2},
                                              {QStringLiteral("rows"), 1},
                                              {QStringLiteral("dials"), 0}}},

@@ -1,4 +1,5 @@
 #include "tests/support/DataServerClient.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Sanitizers.h"
 #include "tests/support/Stranger.h"
@@ -115,7 +116,7 @@ void tst_Strangers::init()
     m_plugin->process.setVariable(QStringLiteral("SYSTEM_MONITOR_RECORDING"),
                                   m_folder.filePath(QStringLiteral("recording.json")));
     QVERIFY(m_plugin->start());
-    m_plugin->host.appear(QStringLiteral("com.quellor.stream.system.cpu"), key);
+    m_plugin->host.appear(keyuuid::cpu, key);
     QVERIFY(m_plugin->host.waitForUpdate(key));
 }
 

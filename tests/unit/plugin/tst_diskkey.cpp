@@ -2,6 +2,7 @@
 
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/SampleSnapshot.h"
 
 #include <QtTest>
@@ -27,8 +28,7 @@ private Q_SLOTS:
     void boundsTheSwitchInterval();
 
 private:
-    normalAction m_key{nullptr, QStringLiteral("com.quellor.stream.system.PhysicalDisk"),
-                       QStringLiteral("ctx")};
+    normalAction m_key{nullptr, keyuuid::physicalDisk, QStringLiteral("ctx")};
 };
 
 void tst_DiskKey::showsTheDriveOrAllDrives_data()

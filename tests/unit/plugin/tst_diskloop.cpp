@@ -6,6 +6,7 @@
 #include "tests/support/InMemoryLibrary.h"
 #include "tests/support/InMemoryMachine.h"
 #include "tests/support/Json.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
 #include "tests/support/TemporaryWorkingDirectory.h"
 
@@ -20,7 +21,7 @@
 
 namespace {
 
-const QString disk = QStringLiteral("com.quellor.stream.system.PhysicalDisk");
+const QString disk = keyuuid::physicalDisk;
 const QString context = QStringLiteral("ctx");
 
 /// Losing the host ends the process with status 0, which must not pass for a test that has passed.

@@ -4,6 +4,7 @@
 #include "render/ActionCatalogue.h"
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
 #include "tests/support/SampleSnapshot.h"
 
@@ -64,40 +65,40 @@ void tst_KeyKinds::init()
 void tst_KeyKinds::formatsTheReading_data()
 {
     QTest::addColumn<QString>("text");
-    const auto row = [](const char *uuid, const char *text) {
-        QTest::newRow(uuid) << QString::fromUtf8(text);
+    const auto row = [](const QString &uuid, const char *text) {
+        QTest::newRow(qPrintable(uuid)) << QString::fromUtf8(text);
     };
-    row("com.quellor.stream.system.memory", "61%");
-    row("com.quellor.stream.system.cpu", "37%");
-    row("com.quellor.stream.system.cpu.temperature", "45°");
-    row("com.quellor.stream.system.Cpu_Clock", "4200MHz");
-    row("com.quellor.stream.system.Cpu_Package_Power", "65.3W");
-    row("com.quellor.stream.system.Gpu_Temperature", "51°");
-    row("com.quellor.stream.system.Gpu_Core_Clock", "1905MHz");
-    row("com.quellor.stream.system.Gpu_Core_Utility", "99%");
-    row("com.quellor.stream.system.Gpu_Memory_Clock", "9501MHz");
-    row("com.quellor.stream.system.Gpu_Memory_Utility", "49%");
-    row("com.quellor.stream.system.Gpu_Memory_Used", "2048MB");
-    row("com.quellor.stream.system.Gpu_Power", "3.0W");
-    row("com.quellor.stream.system.volume", "35%");
-    row("com.quellor.stream.system.PhysicalDisk", "C:\\  75% Used  120G Free");
-    row("com.quellor.stream.system.Cpu_Model", "Ryzen 9 %1");
-    row("com.quellor.stream.system.Gpu_Model", "integrated GPU");
-    row("com.quellor.stream.system.Gpu_Voltage", "0.913V");
-    row("com.quellor.stream.system.Cpu_Voltage", "1.250V");
-    row("com.quellor.stream.system.PhysicalDisk.Temperature", "0°");
-    row("com.quellor.stream.AllDATA", "0.5V");
-    row("com.quellor.stream.PumpSpeed", "1850RPM");
-    row("com.quellor.stream.CPUFan", "nodata");
-    row("com.quellor.stream.system.Memory_Free_MB", "1536MB");
-    row("com.quellor.stream.system.Memory_Used_MB", "14592MB");
-    row("com.quellor.stream.system.Memory_Total_MB", "16128MB");
-    row("com.quellor.stream.system.Memory_Free_GB", "1.5GB");
-    row("com.quellor.stream.system.Memory_Used_GB", "14.3GB");
-    row("com.quellor.stream.system.Memory_Total_GB", "15.8GB");
-    row("com.quellor.stream.system.Memory_Model", "16G");
-    row("com.quellor.stream.system.NetWork.Upload", "1.2Kb/s");
-    row("com.quellor.stream.system.NetWork.Download", "3.0MB/s");
+    row(keyuuid::memory, "61%");
+    row(keyuuid::cpu, "37%");
+    row(keyuuid::cpuTemperature, "45°");
+    row(keyuuid::cpuClock, "4200MHz");
+    row(keyuuid::cpuPower, "65.3W");
+    row(keyuuid::gpuTemperature, "51°");
+    row(keyuuid::gpuClock, "1905MHz");
+    row(keyuuid::gpuLoad, "99%");
+    row(keyuuid::gpuMemoryClock, "9501MHz");
+    row(keyuuid::gpuMemoryUsage, "49%");
+    row(keyuuid::gpuMemoryUsed, "2048MB");
+    row(keyuuid::gpuPower, "3.0W");
+    row(keyuuid::volume, "35%");
+    row(keyuuid::physicalDisk, "C:\\  75% Used  120G Free");
+    row(keyuuid::cpuModel, "Ryzen 9 %1");
+    row(keyuuid::gpuModel, "integrated GPU");
+    row(keyuuid::gpuVoltage, "0.913V");
+    row(keyuuid::cpuVoltage, "1.250V");
+    row(keyuuid::diskTemperature, "0°");
+    row(keyuuid::allData, "0.5V");
+    row(keyuuid::pumpSpeed, "1850RPM");
+    row(keyuuid::cpuFan, "nodata");
+    row(keyuuid::memoryFreeMB, "1536MB");
+    row(keyuuid::memoryUsedMB, "14592MB");
+    row(keyuuid::memoryTotalMB, "16128MB");
+    row(keyuuid::memoryFreeGB, "1.5GB");
+    row(keyuuid::memoryUsedGB, "14.3GB");
+    row(keyuuid::memoryTotalGB, "15.8GB");
+    row(keyuuid::memoryModel, "16G");
+    row(keyuuid::upload, "1.2Kb/s");
+    row(keyuuid::download, "3.0MB/s");
 }
 
 void tst_KeyKinds::formatsTheReading()
@@ -111,7 +112,7 @@ void tst_KeyKinds::formatsTheReading()
 void tst_KeyKinds::showsWholeGigabytesWithADigit()
 {
     systemInfor::MemoryAvailableGB = 1024 / 1024.0;
-    BareKey key(QStringLiteral("com.quellor.stream.system.Memory_Free_GB"));
+    BareKey key(keyuuid::memoryFreeGB);
     QVERIFY(m_pass.paint(key));
     QCOMPARE(key.displayedText, QStringLiteral("1.0GB"));
 }
@@ -119,8 +120,8 @@ void tst_KeyKinds::showsWholeGigabytesWithADigit()
 void tst_KeyKinds::logsPumpAndFanFirst()
 {
     const MessageCapture capture;
-    const auto logged = [this](const char *uuid) {
-        BareKey key(QString::fromLatin1(uuid));
+    const auto logged = [this](const QString &uuid) {
+        BareKey key(uuid);
         MessageCapture::clear();
         m_pass.paint(key);
         return MessageCapture::messages();
@@ -128,11 +129,11 @@ void tst_KeyKinds::logsPumpAndFanFirst()
     const auto quoted = [](const char *text) {
         return MessageCapture::quoted(QString::fromLatin1(text));
     };
-    QCOMPARE(logged("com.quellor.stream.PumpSpeed"),
+    QCOMPARE(logged(keyuuid::pumpSpeed),
              (QStringList{quoted("updateImages PumpSpeed"), quoted("textToDraw: 1850RPM")}));
-    QCOMPARE(logged("com.quellor.stream.CPUFan"),
+    QCOMPARE(logged(keyuuid::cpuFan),
              (QStringList{quoted("updateImages CPUFan"), quoted("textToDraw: nodata")}));
-    QCOMPARE(logged("com.quellor.stream.system.cpu"), QStringList{quoted("textToDraw: 37%")});
+    QCOMPARE(logged(keyuuid::cpu), QStringList{quoted("textToDraw: 37%")});
 }
 
 void tst_KeyKinds::showsFahrenheitWithoutALetter_data()
@@ -150,9 +151,8 @@ void tst_KeyKinds::showsFahrenheitWithoutALetter()
     QFETCH(int, celsius);
     systemInfor::CpuTemperature = celsius;
     systemInfor::GpuTemperature = celsius;
-    for (const char *const uuid : {"com.quellor.stream.system.cpu.temperature",
-                                   "com.quellor.stream.system.Gpu_Temperature"}) {
-        BareKey key(QString::fromLatin1(uuid));
+    for (const QString &uuid : {keyuuid::cpuTemperature, keyuuid::gpuTemperature}) {
+        BareKey key(uuid);
         key.temperatureType = QStringLiteral("华氏度");
         QVERIFY(m_pass.paint(key));
         QTEST(key.displayedText, "text");
@@ -161,7 +161,7 @@ void tst_KeyKinds::showsFahrenheitWithoutALetter()
 
 void tst_KeyKinds::diskTemperatureCarriesOverWithinAPass()
 {
-    const QString uuid = QStringLiteral("com.quellor.stream.system.PhysicalDisk.Temperature");
+    const QString uuid = keyuuid::diskTemperature;
     const auto shown = [&uuid](const char *disk, bool fahrenheit, KeyPass &pass) {
         BareKey key(uuid);
         key.SelectPhysicalDisk = QString::fromLatin1(disk);
@@ -184,7 +184,7 @@ void tst_KeyKinds::diskTemperatureCarriesOverWithinAPass()
 void tst_KeyKinds::showsAVolumeThatCannotBeRead()
 {
     systemInfor::AudioVolume = -1;
-    BareKey key(QStringLiteral("com.quellor.stream.system.volume"));
+    BareKey key(keyuuid::volume);
     QVERIFY(m_pass.paint(key));
     QCOMPARE(key.displayedText, QStringLiteral("-1%"));
 }
@@ -208,7 +208,7 @@ void tst_KeyKinds::looksUpTheChosenSensor()
     QFETCH(bool, emptyList);
     if (emptyList)
         systemInfor::SensorList.clear();
-    BareKey key(QStringLiteral("com.quellor.stream.AllDATA"));
+    BareKey key(keyuuid::allData);
     key.SelectValue = name;
     QVERIFY(m_pass.paint(key));
     QTEST(key.displayedText, "text");
@@ -217,7 +217,7 @@ void tst_KeyKinds::looksUpTheChosenSensor()
 void tst_KeyKinds::looksUpTheChosenFan()
 {
     systemInfor::CpuFanList = {{QStringLiteral("CPU Fan"), QStringLiteral("1200RPM")}};
-    BareKey key(QStringLiteral("com.quellor.stream.CPUFan"));
+    BareKey key(keyuuid::cpuFan);
     QVERIFY(m_pass.paint(key));
     QCOMPARE(key.displayedText, QStringLiteral("nodata"));
     key.SelectCPUFan = QStringLiteral("CPU Fan");
@@ -227,7 +227,7 @@ void tst_KeyKinds::looksUpTheChosenFan()
 
 void tst_KeyKinds::networkOnOneLine()
 {
-    BareKey key(QStringLiteral("com.quellor.stream.system.NetWork"));
+    BareKey key(keyuuid::netWork);
     key.titleLines = QStringLiteral("单行显示");
     QVERIFY(m_pass.paint(key)->startsWith(png));
     QCOMPARE(key.displayedText, QStringLiteral("1.2Kb/s  3.0MB/s"));
@@ -235,7 +235,7 @@ void tst_KeyKinds::networkOnOneLine()
 
 void tst_KeyKinds::networkOnTwoLines()
 {
-    BareKey key(QStringLiteral("com.quellor.stream.system.NetWork"));
+    BareKey key(keyuuid::netWork);
     key.titleLines = QStringLiteral("双行显示");
     QVERIFY(m_pass.paint(key)->startsWith(png));
     QCOMPARE(key.displayedText, QStringLiteral("1.2Kb/s\n3.0MB/s"));
@@ -243,7 +243,7 @@ void tst_KeyKinds::networkOnTwoLines()
 
 void tst_KeyKinds::networkOnNeitherPaintsNothing()
 {
-    BareKey key(QStringLiteral("com.quellor.stream.system.NetWork"));
+    BareKey key(keyuuid::netWork);
     key.titleLines = QStringLiteral("three");
     key.displayedText = QStringLiteral("before");
     const auto picture = m_pass.paint(key);
@@ -264,9 +264,9 @@ void tst_KeyKinds::knowsEveryKindOfTheCatalogue()
 void tst_KeyKinds::unknownKindsAreNotPainted_data()
 {
     QTest::addColumn<QString>("uuid");
-    QTest::newRow("unknown") << QStringLiteral("com.quellor.stream.system.weather");
-    QTest::newRow("other letters") << QStringLiteral("com.quellor.stream.system.CPU");
-    QTest::newRow("beginning only") << QStringLiteral("com.quellor.stream.system");
+    QTest::newRow("unknown") << keyuuid::prefix + QStringLiteral("system.weather");
+    QTest::newRow("other letters") << keyuuid::prefix + QStringLiteral("system.CPU");
+    QTest::newRow("beginning only") << keyuuid::prefix + QStringLiteral("system");
     QTest::newRow("empty") << QString();
 }
 

@@ -3,6 +3,7 @@
 #include "plugin/SettingsReply.h"
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
+#include "tests/support/KeyUuids.h"
 
 #include <QtTest>
 
@@ -34,12 +35,11 @@ void tst_KeySelections::choosesTheFirstEntryByDefault_data()
     QTest::addColumn<QString>("uuid");
     QTest::addColumn<QString>("member");
     QTest::addColumn<QString normalAction::*>("selection");
-    QTest::newRow("fan") << QStringLiteral("com.quellor.stream.CPUFan")
-                         << QStringLiteral("SelectCPUFan") << &normalAction::SelectCPUFan;
-    QTest::newRow("sensor") << QStringLiteral("com.quellor.stream.AllDATA")
-                            << QStringLiteral("SelectValue") << &normalAction::SelectValue;
-    QTest::newRow("disk") << QStringLiteral("com.quellor.stream.system.PhysicalDisk.Temperature")
-                          << QStringLiteral("SelectPhysicalDisk")
+    QTest::newRow("fan") << keyuuid::cpuFan << QStringLiteral("SelectCPUFan")
+                         << &normalAction::SelectCPUFan;
+    QTest::newRow("sensor") << keyuuid::allData << QStringLiteral("SelectValue")
+                            << &normalAction::SelectValue;
+    QTest::newRow("disk") << keyuuid::diskTemperature << QStringLiteral("SelectPhysicalDisk")
                           << &normalAction::SelectPhysicalDisk;
 }
 
@@ -92,7 +92,7 @@ void tst_KeySelections::choosesTheSensorByOccasion()
     QFETCH(QString, anew);
     QFETCH(QString, before);
     systemInfor::SensorList = {{QStringLiteral("first"), QString()}};
-    normalAction key(nullptr, QStringLiteral("com.quellor.stream.AllDATA"), QStringLiteral("c"));
+    normalAction key(nullptr, keyuuid::allData, QStringLiteral("c"));
     key.applySettings(payload(
         {{QStringLiteral("SystemDataSelect"), anew}, {QStringLiteral("SelectValue"), before}}));
     applySelections(key, occasion);
@@ -104,7 +104,7 @@ void tst_KeySelections::choosesNothingForOtherKinds()
     systemInfor::SensorList = {{QStringLiteral("first"), QString()}};
     systemInfor::CpuFanList = systemInfor::SensorList;
     systemInfor::DriveTemperatureList = {{QStringLiteral("first"), 1}};
-    for (const QString &uuid : {QStringLiteral("com.quellor.stream.system.cpu"), QString()}) {
+    for (const QString &uuid : {keyuuid::cpu, QString()}) {
         normalAction key(nullptr, uuid, QStringLiteral("c"));
         applySelections(key, SettingsOccasion::DidReceiveSettings);
         QCOMPARE(key.SelectValue + key.SelectCPUFan + key.SelectPhysicalDisk, QString());

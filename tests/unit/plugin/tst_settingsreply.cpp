@@ -4,6 +4,7 @@
 #include "sensors/systemInfor.h"
 #include "tests/support/InMemoryLibrary.h"
 #include "tests/support/InMemoryMachine.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
 #include "tests/support/SampleSnapshot.h"
 
@@ -41,7 +42,7 @@ private:
 void tst_SettingsReply::sendsTheSettingsInForce()
 {
     systemInfor::fontlist_one.clear();
-    normalAction key(nullptr, QStringLiteral("com.quellor.stream.system.cpu"), QStringLiteral("c"));
+    normalAction key(nullptr, keyuuid::cpu, QStringLiteral("c"));
     key.titleText = QStringLiteral("CPU");
     key.showTitle = false;
     key.fontSpec = QStringLiteral("Roboto|Bold");
@@ -87,14 +88,12 @@ void tst_SettingsReply::choosesMembersByOccasion_data()
     QTest::addColumn<QString>("uuid");
     QTest::addColumn<bool>("temperatureType");
     QTest::addColumn<bool>("titleLines");
-    const QString prefix = QStringLiteral("com.quellor.stream.system.");
-    QTest::newRow("CPU") << prefix + QStringLiteral("cpu") << false << false;
-    QTest::newRow("CPU temperature") << prefix + QStringLiteral("cpu.temperature") << true << false;
-    QTest::newRow("GPU temperature") << prefix + QStringLiteral("Gpu_Temperature") << true << false;
-    QTest::newRow("disk temperature")
-        << prefix + QStringLiteral("PhysicalDisk.Temperature") << true << false;
-    QTest::newRow("network") << prefix + QStringLiteral("NetWork") << false << true;
-    QTest::newRow("upload") << prefix + QStringLiteral("NetWork.Upload") << false << false;
+    QTest::newRow("CPU") << keyuuid::cpu << false << false;
+    QTest::newRow("CPU temperature") << keyuuid::cpuTemperature << true << false;
+    QTest::newRow("GPU temperature") << keyuuid::gpuTemperature << true << false;
+    QTest::newRow("disk temperature") << keyuuid::diskTemperature << true << false;
+    QTest::newRow("network") << keyuuid::netWork << false << true;
+    QTest::newRow("upload") << keyuuid::upload << false << false;
 }
 
 void tst_SettingsReply::choosesMembersByOccasion()
@@ -138,19 +137,19 @@ void tst_SettingsReply::listsTheFonts()
 void tst_SettingsReply::listsWhatOneKindOffers_data()
 {
     QTest::addColumn<QJsonObject>("members");
-    const auto row = [](const char *uuid, const char *members) {
-        QTest::newRow(uuid) << QJsonDocument::fromJson(members).object();
+    const auto row = [](const QString &uuid, const char *members) {
+        QTest::newRow(qPrintable(uuid)) << QJsonDocument::fromJson(members).object();
     };
-    row("com.quellor.stream.AllDATA", R"({"AllData":{"g":{}},"SelectValue":"s"})");
-    row("com.quellor.stream.CPUFan",
+    row(keyuuid::allData, R"({"AllData":{"g":{}},"SelectValue":"s"})");
+    row(keyuuid::cpuFan,
         R"({"CPUFanList":{"CPU Fan":[{"value":"1200","units":"RPM"}]},"SelectCPUFan":"f"})");
-    row("com.quellor.stream.PumpSpeed", R"({"PumpSpeed":"1850RPM"})");
-    row("com.quellor.stream.system.PhysicalDisk.Temperature",
+    row(keyuuid::pumpSpeed, R"({"PumpSpeed":"1850RPM"})");
+    row(keyuuid::diskTemperature,
         R"({"PhysicalDiskTemperatureList":{"sda":{}},"SelectPhysicalDisk":"d"})");
-    row("com.quellor.stream.system.PhysicalDisk",
+    row(keyuuid::physicalDisk,
         R"({"diskMode":"Disk_Loop","volumeNameItem":"1","switchFrequency":-5,"showVolumeName":false})");
-    row("com.quellor.stream.system.volume", R"({"devices":["Speakers","Headset"]})");
-    row("com.quellor.stream.system.cpu", "{}");
+    row(keyuuid::volume, R"({"devices":["Speakers","Headset"]})");
+    row(keyuuid::cpu, "{}");
 }
 
 void tst_SettingsReply::listsWhatOneKindOffers()
@@ -182,8 +181,7 @@ void tst_SettingsReply::listsWhatOneKindOffers()
 void tst_SettingsReply::listsTheDrivesOfADiskKey()
 {
     fillSnapshot();
-    normalAction key(nullptr, QStringLiteral("com.quellor.stream.system.PhysicalDisk"),
-                     QStringLiteral("c"));
+    normalAction key(nullptr, keyuuid::physicalDisk, QStringLiteral("c"));
     key.diskMode = QStringLiteral("Disk_Loop");
     const MessageCapture capture;
     const QJsonObject reply =
@@ -203,8 +201,7 @@ void tst_SettingsReply::listsTheDrivesOfADiskKey()
 
 void tst_SettingsReply::listsTheDrivesOfNoOtherKey()
 {
-    const normalAction key(nullptr, QStringLiteral("com.quellor.stream.system.volume"),
-                           QStringLiteral("c"));
+    const normalAction key(nullptr, keyuuid::volume, QStringLiteral("c"));
     const QJsonObject reply = settingsReply({}, key, SettingsOccasion::WillAppear, m_library);
     QVERIFY(!reply.contains(QStringLiteral("DriveNames")));
     QVERIFY(!reply.contains(QStringLiteral("VolumeNames")));
@@ -218,18 +215,14 @@ void tst_SettingsReply::logsWhatOneKindOffers_data()
     const QString fans =
         QStringLiteral(R"(FanJsonResult: {"CPU Fan":[{"units":"RPM","value":"1200"}]})");
     const QString pump = QStringLiteral("systemInfor::AIOPump: 1850RPM");
-    QTest::newRow("sensor") << QStringLiteral("com.quellor.stream.AllDATA")
+    QTest::newRow("sensor") << keyuuid::allData
                             << QStringLiteral("currentOperator->alldataSelect 当前选中的是: CPU 包")
                             << QStringLiteral("didrev currentOperator->alldataSelect: CPU 包");
-    QTest::newRow("fan") << QStringLiteral("com.quellor.stream.CPUFan") << fans << fans;
-    QTest::newRow("pump") << QStringLiteral("com.quellor.stream.PumpSpeed") << pump << pump;
-    QTest::newRow("disk temperature")
-        << QStringLiteral("com.quellor.stream.system.PhysicalDisk.Temperature") << QString()
-        << QString();
-    QTest::newRow("volume") << QStringLiteral("com.quellor.stream.system.volume") << QString()
-                            << QString();
-    QTest::newRow("CPU") << QStringLiteral("com.quellor.stream.system.cpu") << QString()
-                         << QString();
+    QTest::newRow("fan") << keyuuid::cpuFan << fans << fans;
+    QTest::newRow("pump") << keyuuid::pumpSpeed << pump << pump;
+    QTest::newRow("disk temperature") << keyuuid::diskTemperature << QString() << QString();
+    QTest::newRow("volume") << keyuuid::volume << QString() << QString();
+    QTest::newRow("CPU") << keyuuid::cpu << QString() << QString();
 }
 
 void tst_SettingsReply::logsWhatOneKindOffers()

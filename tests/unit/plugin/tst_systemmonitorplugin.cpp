@@ -1,12 +1,12 @@
 #include "plugin/SystemMonitorPlugin.h"
 
-#include "render/ActionUuids.h"
 #include "render/normalAction.h"
 #include "sensors/services/PerfDataSource.h"
 #include "sensors/systemInfor.h"
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/InMemoryLibrary.h"
 #include "tests/support/InMemoryMachine.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
 
 #include <QApplication>
@@ -95,9 +95,9 @@ private:
 
 namespace {
 
-const QString uuid = QStringLiteral("com.quellor.stream.system.cpu");
-const QString memoryUuid = QStringLiteral("com.quellor.stream.system.memory");
-const QString diskUuid = QStringLiteral("com.quellor.stream.system.PhysicalDisk");
+const QString uuid = keyuuid::cpu;
+const QString memoryUuid = keyuuid::memory;
+const QString diskUuid = keyuuid::physicalDisk;
 const QString context = QStringLiteral("ctx");
 
 QJsonObject diskSettings(const char *mode, int seconds, const QString &item = QString())
@@ -169,7 +169,7 @@ void tst_SystemMonitorPlugin::startsWithoutALibrary()
                           quoted("更新CPU型号&GPU型号")}));
     QVERIFY(!plugin().systemMonitorLib());
     QCOMPARE(systemInfor::AudioDeviceNames, QStringList(QStringLiteral("Speakers")));
-    plugin().WillAppearForAction(actionuuid::diskTemperature, context, {}, QString());
+    plugin().WillAppearForAction(keyuuid::diskTemperature, context, {}, QString());
     plugin().updateImages();
     QCOMPARE(InMemoryLibrary::initCalls, 0);
 }
@@ -239,7 +239,7 @@ void tst_SystemMonitorPlugin::appearingTwiceKeepsTheKey()
     QCOMPARE(key->imageWidth, 7);
     QCOMPARE(MessageCapture::messages().mid(0, 4),
              (QStringList{quoted("WillAppearForAction"),
-                          quoted("inAction: com.quellor.stream.system.cpu"),
+                          MessageCapture::quoted(QStringLiteral("inAction: ") + uuid),
                           quoted("inContext: ctx"), quoted("已存在的动作")}));
     // It stands in the list once.
     QVERIFY(plugin().RemoveAction(uuid, context));
@@ -253,7 +253,7 @@ void tst_SystemMonitorPlugin::settingsOfAnUnknownKeyAreDropped()
     plugin().DidReceiveSettings(uuid, context, {}, QString());
     QCOMPARE(MessageCapture::messages(),
              (QStringList{quoted("DidReceiveSettings"),
-                          quoted("inAction: com.quellor.stream.system.cpu"),
+                          MessageCapture::quoted(QStringLiteral("inAction: ") + uuid),
                           quoted("inContext: ctx"), quoted("action 操作句柄无效..")}));
     QVERIFY(!plugin().FindAction(uuid, context));
 }
@@ -267,9 +267,10 @@ void tst_SystemMonitorPlugin::disappearingRemovesTheKey()
     QVERIFY(plugin().FindAction(uuid, context));
     plugin().WillDisappearForAction(uuid, context, {}, QString());
     QVERIFY(!plugin().FindAction(uuid, context));
-    QCOMPARE(MessageCapture::messages(),
-             QStringList({quoted("WillDisappearForAction: com.quellor.stream.system.cpu"),
-                          quoted("WillDisappearForAction: com.quellor.stream.system.cpu")}));
+    QCOMPARE(
+        MessageCapture::messages(),
+        QStringList({MessageCapture::quoted(QStringLiteral("WillDisappearForAction: ") + uuid),
+                     MessageCapture::quoted(QStringLiteral("WillDisappearForAction: ") + uuid)}));
 }
 
 void tst_SystemMonitorPlugin::otherKeyEventsAreOnlyLogged()

@@ -1,6 +1,7 @@
 #include "render/FontRegistry.h"
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
 #include "tests/support/TestFonts.h"
 
@@ -560,8 +561,7 @@ void tst_FontRegistry::aKeyTakesTheFontWithoutItsOldSize()
     const QByteArray bold = renamed(fontData("Roboto-Bold.ttf"), "Keykey");
     SKIP_WITHOUT(bold, "fonts-roboto-unhinted");
     loadFont(write(QStringLiteral("Keykey.ttf"), bold));
-    normalAction key(nullptr, QStringLiteral("com.quellor.stream.system.cpu"),
-                     QStringLiteral("ctx"));
+    normalAction key(nullptr, keyuuid::cpu, QStringLiteral("ctx"));
     key.font.setPointSize(21);
     key.setFontFromSpec(QStringLiteral("Keykey|Bold"));
     QCOMPARE(key.fontSpec, QStringLiteral("Keykey|Bold"));

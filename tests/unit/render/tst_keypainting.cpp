@@ -1,9 +1,9 @@
 #include "render/ActionCatalogue.h"
-#include "render/ActionUuids.h"
 #include "render/KeyPicture.h"
 #include "render/ShapedLine.h"
 #include "render/normalAction.h"
 #include "tests/support/GoldenPicture.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
 #include "tests/support/TestFonts.h"
 
@@ -62,7 +62,7 @@ const QString dataUrl = QStringLiteral("data:image/png;base64,");
 class Key : public normalAction
 {
 public:
-    explicit Key(const QString &uuid = actionuuid::netWork)
+    explicit Key(const QString &uuid = keyuuid::netWork)
         : normalAction(nullptr, uuid, QStringLiteral("ctx"))
     {
         font = QFont(QStringLiteral("Roboto"));
@@ -330,13 +330,13 @@ void tst_KeyPainting::twoLinesAreForTheNetworkKeyAlone_data()
     QTest::addColumn<QString>("titleLines");
     const QString two = QStringLiteral("双行显示");
     for (const ActionCatalogueRow &row : actionCatalogue()) {
-        if (row.uuid != actionuuid::netWork)
+        if (row.uuid != keyuuid::netWork)
             QTest::newRow(qPrintable(row.uuid)) << row.uuid << two;
     }
-    QTest::newRow("letter case") << QStringLiteral("com.quellor.stream.system.network") << two;
-    QTest::newRow("one line") << actionuuid::netWork << QStringLiteral("单行显示");
-    QTest::newRow("no setting") << actionuuid::netWork << QString();
-    QTest::newRow("blank") << actionuuid::netWork << two + QLatin1Char(' ');
+    QTest::newRow("letter case") << keyuuid::prefix + QStringLiteral("system.network") << two;
+    QTest::newRow("one line") << keyuuid::netWork << QStringLiteral("单行显示");
+    QTest::newRow("no setting") << keyuuid::netWork << QString();
+    QTest::newRow("blank") << keyuuid::netWork << two + QLatin1Char(' ');
 }
 
 void tst_KeyPainting::twoLinesAreForTheNetworkKeyAlone()

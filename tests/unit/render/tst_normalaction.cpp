@@ -1,5 +1,5 @@
-#include "render/ActionUuids.h"
 #include "render/normalAction.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
 
 #include <QFontMetrics>
@@ -63,7 +63,7 @@ class Key : public normalAction
 {
 public:
     Key()
-        : normalAction(nullptr, actionuuid::netWork, QStringLiteral("ctx"))
+        : normalAction(nullptr, keyuuid::netWork, QStringLiteral("ctx"))
     {
     }
 };
@@ -80,7 +80,7 @@ int expectedSize(const normalAction &key, int size, int width)
 void tst_normalAction::startsWithDefaults()
 {
     const Key key;
-    QCOMPARE(key.GetAction(), actionuuid::netWork);
+    QCOMPARE(key.GetAction(), keyuuid::netWork);
     QCOMPARE(key.GetContext(), QStringLiteral("ctx"));
     QVERIFY(key.keyImage.isNull());
     QCOMPARE(key.textAlignment, 132);

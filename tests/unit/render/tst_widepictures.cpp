@@ -3,6 +3,7 @@
 #include "render/PngEncoder.h"
 #include "render/ShapedLine.h"
 #include "render/normalAction.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
 #include "tests/support/Sanitizers.h"
 #include "tests/support/TestFonts.h"
@@ -162,7 +163,7 @@ class Key : public normalAction
 {
 public:
     explicit Key(const QFont &keyFont)
-        : normalAction(nullptr, actionuuid::netWork, QStringLiteral("ctx"))
+        : normalAction(nullptr, keyuuid::netWork, QStringLiteral("ctx"))
     {
         font = keyFont;
         titleText.clear();

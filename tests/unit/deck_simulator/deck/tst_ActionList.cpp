@@ -1,4 +1,5 @@
 #include "deck_simulator/deck/ActionList.h"
+#include "tests/support/KeyUuids.h"
 
 #include <QSet>
 #include <QtTest>
@@ -17,7 +18,7 @@ namespace {
 
 QString cpuAction()
 {
-    return QStringLiteral("com.quellor.stream.system.cpu");
+    return keyuuid::cpu;
 }
 
 } // namespace
@@ -28,8 +29,7 @@ void tst_ActionList::listsEveryActionOnce()
     ActionGroup last = ActionGroup::Cpu;
     for (const DeckAction &action : deckActions()) {
         uuids.insert(action.uuid);
-        QVERIFY2(action.uuid.startsWith(QLatin1String("com.quellor.stream.")),
-                 qPrintable(action.uuid));
+        QVERIFY2(action.uuid.startsWith(keyuuid::prefix), qPrintable(action.uuid));
         QVERIFY(!action.caption.isEmpty());
         QVERIFY(int(action.group) >= int(last)); // group by group
         last = action.group;

@@ -1,4 +1,5 @@
 #include "deck_simulator/deck/DeckModel.h"
+#include "tests/support/KeyUuids.h"
 
 #include <QSet>
 #include <QSignalSpy>
@@ -10,12 +11,12 @@ namespace {
 
 QString cpuAction()
 {
-    return QStringLiteral("com.quellor.stream.system.cpu");
+    return keyuuid::cpu;
 }
 
 QString memoryAction()
 {
-    return QStringLiteral("com.quellor.stream.system.memory");
+    return keyuuid::memory;
 }
 
 } // namespace
@@ -78,7 +79,7 @@ void tst_DeckModel::givesANewKeyItsTitle()
     model.put({0, 0}, memoryAction());
     QCOMPARE(model.at({0, 0})->settings.text, QStringLiteral("Mem"));
     QVERIFY(model.at({0, 0})->settings.showTitle);
-    model.put({1, 0}, QStringLiteral("com.quellor.stream.system.Cpu_Model"));
+    model.put({1, 0}, keyuuid::cpuModel);
     QVERIFY(!model.at({1, 0})->settings.showTitle);
 }
 

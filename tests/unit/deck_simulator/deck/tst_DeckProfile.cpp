@@ -1,4 +1,5 @@
 #include "deck_simulator/deck/DeckProfile.h"
+#include "tests/support/KeyUuids.h"
 
 #include <QJsonDocument>
 #include <QSet>
@@ -35,7 +36,7 @@ void tst_DeckProfile::givesEveryKeyCompleteSettings()
     QSet<QString> contexts;
     for (const DeckKey &key : deck.keys) {
         contexts.insert(key.context());
-        QVERIFY(key.action().startsWith(QLatin1String("com.quellor.stream.system.")));
+        QVERIFY(key.action().startsWith(keyuuid::prefix + QStringLiteral("system.")));
         const QJsonObject parameters = titleParameters(key);
         QCOMPARE(parameters.size(), 12);
         QVERIFY(!parameters.value(QLatin1String("text")).toString().isEmpty());
@@ -97,7 +98,7 @@ void tst_DeckProfile::hasBothNetworkLayouts()
 {
     QStringList layouts;
     for (const DeckKey &key : defaultDeck(5).keys) {
-        if (key.action() == QLatin1String("com.quellor.stream.system.NetWork"))
+        if (key.action() == keyuuid::netWork)
             layouts.append(titleParameters(key).value(QLatin1String("titleLines")).toString());
     }
     const QStringList expected{QStringLiteral("单行显示"), QStringLiteral("双行显示")};

@@ -2,6 +2,7 @@
 #include "deck_simulator/gui/ActionPalette.h"
 #include "deck_simulator/gui/ActionTreeModel.h"
 #include "deck_simulator/gui/DeckMime.h"
+#include "tests/support/KeyUuids.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -97,8 +98,7 @@ void tst_ActionPalette::choosesWithTheMouse()
     QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, point);
     QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, point);
     QCOMPARE(chosen.count(), 1);
-    QCOMPARE(chosen.at(0).at(0).toString(),
-             QStringLiteral("com.quellor.stream.system.cpu.temperature"));
+    QCOMPARE(chosen.at(0).at(0).toString(), keyuuid::cpuTemperature);
 }
 
 void tst_ActionPalette::choosesFromTheKeyboard()
@@ -108,8 +108,7 @@ void tst_ActionPalette::choosesFromTheKeyboard()
     QSignalSpy chosen(&palette, &ActionPalette::actionChosen);
     QTest::keyClicks(palette.searchField(), QStringLiteral("voltage"));
     QTest::keyClick(palette.searchField(), Qt::Key_Return);
-    QCOMPARE(chosen.at(0).at(0).toString(),
-             QStringLiteral("com.quellor.stream.system.Cpu_Voltage"));
+    QCOMPARE(chosen.at(0).at(0).toString(), keyuuid::cpuVoltage);
     QCOMPARE(chosen.count(), 1);
     QCOMPARE(palette.searchField()->text(), QString()); // for the next search
     QTest::keyClicks(palette.searchField(), QStringLiteral("voltage"));
@@ -117,8 +116,7 @@ void tst_ActionPalette::choosesFromTheKeyboard()
     QTest::keyClick(palette.searchField(), Qt::Key_Down);
     QTest::keyClick(palette.searchField(), Qt::Key_Return);
     QCOMPARE(chosen.count(), 2);
-    QCOMPARE(chosen.at(1).at(0).toString(),
-             QStringLiteral("com.quellor.stream.system.Gpu_Voltage"));
+    QCOMPARE(chosen.at(1).at(0).toString(), keyuuid::gpuVoltage);
     QTest::keyClick(palette.view(), Qt::Key_Enter);
     QCOMPARE(chosen.count(), 3);
 }

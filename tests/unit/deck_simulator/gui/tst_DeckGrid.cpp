@@ -1,5 +1,6 @@
 #include "deck_simulator/gui/DeckGrid.h"
 #include "deck_simulator/gui/DeckMime.h"
+#include "tests/support/KeyUuids.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -57,7 +58,7 @@ namespace {
 
 QString cpuAction()
 {
-    return QStringLiteral("com.quellor.stream.system.cpu");
+    return keyuuid::cpu;
 }
 
 } // namespace
@@ -66,7 +67,7 @@ void tst_DeckGrid::init()
 {
     m_model = std::make_unique<DeckModel>();
     m_model->put({0, 0}, cpuAction());
-    m_model->put({1, 0, true}, QStringLiteral("com.quellor.stream.system.volume"));
+    m_model->put({1, 0, true}, keyuuid::volume);
     m_grid = std::make_unique<DeckGrid>(m_model.get());
     m_grid->resize(900, 560);
     m_grid->show();

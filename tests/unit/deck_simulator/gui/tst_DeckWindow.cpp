@@ -9,6 +9,7 @@
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
 #include "deck_simulator/gui/WindowStyle.h"
+#include "tests/support/KeyUuids.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -214,8 +215,8 @@ void tst_DeckWindow::putsAnActionFromTheList()
     QLineEdit *search = m_window->actionList()->searchField();
     QTest::keyClicks(search, QStringLiteral("pump"));
     QTest::keyClick(search, Qt::Key_Return);
-    QCOMPARE(m_window->model()->at({6, 2})->action, QStringLiteral("com.quellor.stream.PumpSpeed"));
-    QTRY_VERIFY(received().contains("com.quellor.stream.PumpSpeed"));
+    QCOMPARE(m_window->model()->at({6, 2})->action, keyuuid::pumpSpeed);
+    QTRY_VERIFY(received().contains(keyuuid::pumpSpeed.toUtf8()));
     QTRY_VERIFY(!m_window->grid()->cell({6, 2})->face().picture.isNull());
     QCOMPARE(m_window->panel()->context(), context(6, 2));
 }
@@ -246,12 +247,12 @@ void tst_DeckWindow::putsOnTheFirstFreeKey()
 {
     reopen();
     const DeckPlace free = m_window->model()->firstEmptyKey();
-    Q_EMIT m_window->actionList()->actionChosen(QStringLiteral("com.quellor.stream.AllDATA"));
+    Q_EMIT m_window->actionList()->actionChosen(keyuuid::allData);
     QVERIFY(m_window->model()->at(free) != nullptr);
     QVERIFY(m_window->grid()->current() == free);
     m_window->model()->setGrid({1, 1});
     const int keys = m_window->model()->entries().size();
-    Q_EMIT m_window->actionList()->actionChosen(QStringLiteral("com.quellor.stream.AllDATA"));
+    Q_EMIT m_window->actionList()->actionChosen(keyuuid::allData);
     QCOMPARE(m_window->model()->entries().size(), keys);
     QVERIFY(m_window->messages()->message().contains(QLatin1String("No key is free")));
 }
@@ -284,7 +285,7 @@ void tst_DeckWindow::sendsKeysAndDials()
     QTest::mouseClick(m_window->grid()->cell({0, 0}), Qt::LeftButton);
     QTRY_VERIFY(received().contains("\"keyUp\""));
     QVERIFY(received().contains("\"keyDown\""));
-    m_window->model()->put({0, 0, true}, QStringLiteral("com.quellor.stream.system.volume"));
+    m_window->model()->put({0, 0, true}, keyuuid::volume);
     m_window->grid()->setCurrent({0, 0, true});
     press(Qt::Key_PageUp);
     press(Qt::Key_Return);
@@ -558,7 +559,7 @@ void tst_DeckWindow::forgetsWhatItToldOfAnEarlierRun()
     m_window->runner()->stop();
     QTRY_VERIFY(!m_window->runner()->isRunning());
     m_window->model()->setGrid({1, 1});
-    Q_EMIT m_window->actionList()->actionChosen(QStringLiteral("com.quellor.stream.AllDATA"));
+    Q_EMIT m_window->actionList()->actionChosen(keyuuid::allData);
     m_window->start();
     QVERIFY(m_window->messages()->message().contains(QLatin1String("No key is free")));
 }

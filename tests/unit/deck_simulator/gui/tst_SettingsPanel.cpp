@@ -2,6 +2,7 @@
 #include "deck_simulator/gui/SensorPicker.h"
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
+#include "tests/support/KeyUuids.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -52,7 +53,7 @@ private Q_SLOTS:
     void cutsNoTextOff();
 
 private:
-    void show(const char *action, const EntrySettings &settings = {});
+    void show(const QString &action, const EntrySettings &settings = {});
     template <typename Control>
     [[nodiscard]] Control *control(const char *name) const
     {
@@ -96,11 +97,6 @@ SettingsLists someLists()
     return lists;
 }
 
-QString uuid(const char *name)
-{
-    return QStringLiteral("com.quellor.stream.") + QLatin1String(name);
-}
-
 } // namespace
 
 void tst_SettingsPanel::init()
@@ -112,9 +108,9 @@ void tst_SettingsPanel::init()
     m_edits = std::make_unique<QSignalSpy>(m_panel.get(), &SettingsPanel::edited);
 }
 
-void tst_SettingsPanel::show(const char *action, const EntrySettings &settings)
+void tst_SettingsPanel::show(const QString &action, const EntrySettings &settings)
 {
-    const DeckEntry entry{QStringLiteral("context"), uuid(action), {2, 1}, settings};
+    const DeckEntry entry{QStringLiteral("context"), action, {2, 1}, settings};
     m_panel->setEntry(&entry);
     m_panel->form()->setLists(someLists());
     QCOMPARE(m_edits->count(), 0);
@@ -143,7 +139,7 @@ void tst_SettingsPanel::saysWhenThereIsNothing()
     };
     QVERIFY(shownTexts().contains(QLatin1String("Nothing is on this key")));
     QVERIFY(!m_panel->form()->isVisible());
-    show("system.cpu");
+    show(keyuuid::cpu);
     QVERIFY(shownTexts().contains(QLatin1String("CPU usage")));
     QVERIFY(shownTexts().contains(QLatin1String("Column 3, row 2")));
     QVERIFY(m_panel->form()->isVisible());
@@ -154,29 +150,28 @@ void tst_SettingsPanel::saysWhenThereIsNothing()
 
 void tst_SettingsPanel::showsWhatApplies_data()
 {
-    QTest::addColumn<QByteArray>("action");
+    QTest::addColumn<QString>("action");
     QTest::addColumn<QStringList>("shown");
-    const auto row = [](const char *action, const char *shown) {
-        QTest::newRow(action) << QByteArray(action)
-                              << QString::fromLatin1(shown).split(QLatin1Char(' '),
-                                                                  Qt::SkipEmptyParts);
+    const auto row = [](const QString &action, const char *shown) {
+        QTest::newRow(qPrintable(action))
+            << action << QString::fromLatin1(shown).split(QLatin1Char(' '), Qt::SkipEmptyParts);
     };
-    row("system.cpu", "");
-    row("system.cpu.temperature", "temperatureType");
-    row("system.NetWork", "titleLines");
-    row("system.PhysicalDisk", "diskMode drive showVolumeName");
-    row("system.PhysicalDisk.Temperature", "temperatureType physicalDisk");
-    row("system.volume", "audioDevice");
-    row("CPUFan", "fan");
-    row("PumpSpeed", "pump");
-    row("AllDATA", "sensor");
+    row(keyuuid::cpu, "");
+    row(keyuuid::cpuTemperature, "temperatureType");
+    row(keyuuid::netWork, "titleLines");
+    row(keyuuid::physicalDisk, "diskMode drive showVolumeName");
+    row(keyuuid::diskTemperature, "temperatureType physicalDisk");
+    row(keyuuid::volume, "audioDevice");
+    row(keyuuid::cpuFan, "fan");
+    row(keyuuid::pumpSpeed, "pump");
+    row(keyuuid::allData, "sensor");
 }
 
 void tst_SettingsPanel::showsWhatApplies()
 {
-    QFETCH(const QByteArray, action);
+    QFETCH(const QString, action);
     QFETCH(const QStringList, shown);
-    show(action.constData());
+    show(action);
     for (const char *name :
          {"temperatureType", "titleLines", "diskMode", "drive", "switchFrequency", "showVolumeName",
           "physicalDisk", "audioDevice", "fan", "pump", "sensor"}) {
@@ -196,7 +191,7 @@ void tst_SettingsPanel::reportsNothingByItself()
     settings.fontSize = 50;
     settings.opacity = 0.5;
     settings.diskMode = QStringLiteral("Disk_Loop");
-    show("system.PhysicalDisk", settings);
+    show(keyuuid::physicalDisk, settings);
     m_panel->form()->setSettings({});
     m_panel->form()->setLists({});
     m_panel->form()->setSensors(someLists().sensors);
@@ -205,7 +200,7 @@ void tst_SettingsPanel::reportsNothingByItself()
 
 void tst_SettingsPanel::editsTheTitle()
 {
-    show("system.cpu");
+    show(keyuuid::cpu);
     m_panel->form()->focusFirst();
     QTest::keyClicks(control<QLineEdit>("title"), QStringLiteral("Hi"));
     QCOMPARE(m_edits->count(), 2);
@@ -218,7 +213,7 @@ void tst_SettingsPanel::editsTheTitle()
 
 void tst_SettingsPanel::editsTheLook()
 {
-    show("system.cpu");
+    show(keyuuid::cpu);
     auto *size = control<QSpinBox>("fontSize");
     size->selectAll();
     QTest::keyClicks(size, QStringLiteral("120"));
@@ -239,7 +234,7 @@ void tst_SettingsPanel::editsTheLook()
 
 void tst_SettingsPanel::editsTheColour()
 {
-    show("system.cpu");
+    show(keyuuid::cpu);
     QLineEdit *text = control<ColorField>("color")->textField();
     text->selectAll();
     QTest::keyClicks(text, QStringLiteral("red"));
@@ -250,7 +245,7 @@ void tst_SettingsPanel::editsTheColour()
 
 void tst_SettingsPanel::picksAColour()
 {
-    show("system.cpu");
+    show(keyuuid::cpu);
     auto *field = control<ColorField>("color");
     QTest::mouseClick(field->button(), Qt::LeftButton);
     auto *picker = field->findChild<QColorDialog *>();
@@ -263,7 +258,7 @@ void tst_SettingsPanel::picksAColour()
 
 void tst_SettingsPanel::takesAColourBack()
 {
-    show("system.cpu");
+    show(keyuuid::cpu);
     auto *field = control<ColorField>("color");
     QTest::mouseClick(field->button(), Qt::LeftButton);
     auto *picker = field->findChild<QColorDialog *>();
@@ -274,7 +269,7 @@ void tst_SettingsPanel::takesAColourBack()
 
 void tst_SettingsPanel::choosesFonts()
 {
-    show("system.cpu");
+    show(keyuuid::cpu);
     choose("font", QStringLiteral("Roboto Light"));
     QCOMPARE(last().fontFamily, QStringLiteral("Roboto|Light"));
 }
@@ -283,7 +278,7 @@ void tst_SettingsPanel::keepsAFontThatIsNotInTheList()
 {
     EntrySettings settings;
     settings.fontFamily = QStringLiteral("Lost|Regular");
-    show("system.cpu", settings);
+    show(keyuuid::cpu, settings);
     QCOMPARE(control<QComboBox>("font")->currentText(), QStringLiteral("Lost|Regular"));
     m_panel->form()->focusFirst();
     QTest::keyClicks(control<QLineEdit>("title"), QStringLiteral("x"));
@@ -292,7 +287,7 @@ void tst_SettingsPanel::keepsAFontThatIsNotInTheList()
 
 void tst_SettingsPanel::choosesDrives()
 {
-    show("system.PhysicalDisk");
+    show(keyuuid::physicalDisk);
     choose("drive", QStringLiteral("/home"));
     QCOMPARE(last().volumeNameItem, QStringLiteral("1"));
     QTest::mouseClick(control<QCheckBox>("showVolumeName"), Qt::LeftButton, {}, QPoint(8, 8));
@@ -301,7 +296,7 @@ void tst_SettingsPanel::choosesDrives()
 
 void tst_SettingsPanel::switchesBetweenDiskModes()
 {
-    show("system.PhysicalDisk");
+    show(keyuuid::physicalDisk);
     choose("diskMode", QStringLiteral("Each drive in turn"));
     QCOMPARE(last().diskMode, QStringLiteral("Disk_Loop"));
     QVERIFY(control<QWidget>("switchFrequency")->isVisibleTo(m_panel.get()));
@@ -315,37 +310,37 @@ void tst_SettingsPanel::switchesBetweenDiskModes()
 
 void tst_SettingsPanel::choosesFansAndDisksAndDevices()
 {
-    show("CPUFan");
+    show(keyuuid::cpuFan);
     QCOMPARE(control<QComboBox>("fan")->itemText(0), QStringLiteral("CPU Fan: 9RPM"));
     choose("fan", QStringLiteral("CPU Fan 2"));
     QCOMPARE(last().selectCpuFan, QStringLiteral("CPU Fan 2"));
     m_edits->clear();
-    show("system.PhysicalDisk.Temperature");
+    show(keyuuid::diskTemperature);
     choose("physicalDisk", QStringLiteral("Disk B"));
     QCOMPARE(last().selectPhysicalDisk, QStringLiteral("Disk B"));
     m_edits->clear();
-    show("system.volume");
+    show(keyuuid::volume);
     choose("audioDevice", QStringLiteral("耳机"));
     QCOMPARE(last().audioDevice, QStringLiteral("耳机"));
     m_edits->clear();
-    show("PumpSpeed");
+    show(keyuuid::pumpSpeed);
     QCOMPARE(control<QLabel>("pump")->text(), QStringLiteral("1850RPM"));
 }
 
 void tst_SettingsPanel::choosesUnits()
 {
-    show("system.cpu.temperature");
+    show(keyuuid::cpuTemperature);
     choose("temperatureType", QStringLiteral("Fahrenheit"));
     QCOMPARE(last().temperatureType, QStringLiteral("华氏度"));
     m_edits->clear();
-    show("system.NetWork");
+    show(keyuuid::netWork);
     choose("titleLines", QStringLiteral("Two lines"));
     QCOMPARE(last().titleLines, QStringLiteral("双行显示"));
 }
 
 void tst_SettingsPanel::searchesSensors()
 {
-    show("AllDATA");
+    show(keyuuid::allData);
     auto *picker = control<SensorPicker>("sensor");
     QAbstractItemModel &model = *picker->view()->model();
     QCOMPARE(model.rowCount(), 2);
@@ -374,7 +369,7 @@ void tst_SettingsPanel::renewsReadingsInPlace()
 {
     EntrySettings settings;
     settings.selectValue = QStringLiteral("Load");
-    show("AllDATA", settings);
+    show(keyuuid::allData, settings);
     auto *picker = control<SensorPicker>("sensor");
     QCOMPARE(picker->view()->currentIndex().data().toString(), QStringLiteral("Load"));
     QVector<ListEntry> sensors = someLists().sensors;
@@ -388,7 +383,7 @@ void tst_SettingsPanel::renewsReadingsInPlace()
 
 void tst_SettingsPanel::saysWhenAListIsEmpty()
 {
-    show("CPUFan");
+    show(keyuuid::cpuFan);
     m_panel->form()->setLists({});
     for (const char *name : {"fan", "drive", "physicalDisk", "audioDevice"})
         QCOMPARE(control<QComboBox>(name)->currentText(), QStringLiteral("none found"));
@@ -402,7 +397,7 @@ void tst_SettingsPanel::leavesFieldsToTheWheelOnlyWhenTheyAreUsed()
 {
     EntrySettings settings;
     settings.opacity = 0.5;
-    show("system.NetWork", settings);
+    show(keyuuid::netWork, settings);
     m_panel->activateWindow();
     const auto turn = [](QWidget *field) {
         const QPointF point = field->rect().center();
@@ -429,7 +424,7 @@ void tst_SettingsPanel::leavesFieldsToTheWheelOnlyWhenTheyAreUsed()
 
 void tst_SettingsPanel::isLeftWithEnterAndEscape()
 {
-    show("system.NetWork");
+    show(keyuuid::netWork);
     QSignalSpy left(m_panel->form(), &SettingsForm::left);
     int times = 0;
     for (const char *name : {"title", "showTitle", "font", "fontSize", "opacity", "titleLines"}) {
@@ -442,8 +437,8 @@ void tst_SettingsPanel::isLeftWithEnterAndEscape()
 
 void tst_SettingsPanel::forgetsListsOfAnotherKey()
 {
-    show("system.PhysicalDisk");
-    const DeckEntry another{QStringLiteral("another"), uuid("system.PhysicalDisk"), {0, 0}, {}};
+    show(keyuuid::physicalDisk);
+    const DeckEntry another{QStringLiteral("another"), keyuuid::physicalDisk, {0, 0}, {}};
     m_panel->setEntry(&another);
     QCOMPARE(control<QComboBox>("drive")->findText(QStringLiteral("/home")), -1);
     QCOMPARE(m_panel->context(), QStringLiteral("another"));
@@ -451,7 +446,7 @@ void tst_SettingsPanel::forgetsListsOfAnotherKey()
 
 void tst_SettingsPanel::showsPreviewsAsPlainText()
 {
-    show("system.cpu");
+    show(keyuuid::cpu);
     m_panel->setPreview(QStringLiteral("<b>37%</b>"));
     QCOMPARE(control<QLabel>("preview")->textFormat(), Qt::PlainText);
     QCOMPARE(m_panel->preview(), QStringLiteral("Now: <b>37%</b>"));
@@ -467,13 +462,13 @@ void tst_SettingsPanel::cutsNoTextOff_data()
 // At 125 % of the font size, in the narrowest panel.
 void tst_SettingsPanel::cutsNoTextOff()
 {
-    QFETCH(const QByteArray, action);
+    QFETCH(const QString, action);
     const QFont usual = QApplication::font();
     QFont large = usual;
     large.setPointSizeF(large.pointSizeF() * 1.25);
     QApplication::setFont(large);
     init();
-    show(action.constData());
+    show(action);
     m_panel->resize(m_panel->minimumSizeHint().width(), 900);
     QCoreApplication::processEvents();
     const QList<QLabel *> labels = m_panel->findChildren<QLabel *>();

@@ -1,5 +1,6 @@
 #include "deck_simulator/deck/DeckProfile.h"
 #include "deck_simulator/host/DeckRunner.h"
+#include "tests/support/KeyUuids.h"
 
 #include <QFile>
 #include <QJsonDocument>
@@ -53,7 +54,7 @@ namespace {
 
 QString cpuAction()
 {
-    return QStringLiteral("com.quellor.stream.system.cpu");
+    return keyuuid::cpu;
 }
 
 QJsonObject payloadOf(const QJsonObject &message)
@@ -146,11 +147,10 @@ void tst_DeckRunner::runsTheDeckOfTheModel()
 void tst_DeckRunner::tellsWhatChanges()
 {
     start();
-    m_model->put({5, 2}, QStringLiteral("com.quellor.stream.AllDATA"));
+    m_model->put({5, 2}, keyuuid::allData);
     QTRY_COMPARE(received(QStringLiteral("willAppear")).size(), 3);
     const QJsonObject appeared = received(QStringLiteral("willAppear")).at(2);
-    QCOMPARE(appeared.value(QLatin1String("action")).toString(),
-             QStringLiteral("com.quellor.stream.AllDATA"));
+    QCOMPARE(appeared.value(QLatin1String("action")).toString(), keyuuid::allData);
     const QString gone = context(0);
     m_model->remove({0, 0});
     QTRY_COMPARE(received(QStringLiteral("willDisappear")).size(), 1);

@@ -1,6 +1,7 @@
 #include "deck_simulator/panel/InspectorRequests.h"
 
 #include "deck_simulator/deck/ActionList.h"
+#include "tests/support/KeyUuids.h"
 
 #include <QtTest>
 
@@ -19,15 +20,6 @@ private Q_SLOTS:
     void refusesStrangeReplies();
 };
 
-namespace {
-
-QString uuid(const char *name)
-{
-    return QStringLiteral("com.quellor.stream.") + QLatin1String(name);
-}
-
-} // namespace
-
 void tst_InspectorRequests::asksForEveryActionThatTheServerKnows()
 {
     QStringList unknown;
@@ -36,7 +28,7 @@ void tst_InspectorRequests::asksForEveryActionThatTheServerKnows()
             unknown.append(action.caption);
     }
     QCOMPARE(unknown, (QStringList{QStringLiteral("CPU fan speed"), QStringLiteral("Pump speed")}));
-    QCOMPARE(inspectorRequests(uuid("system.NetWork")),
+    QCOMPARE(inspectorRequests(keyuuid::netWork),
              (QStringList{QStringLiteral("Network Upload Speed"),
                           QStringLiteral("Network Download Speed")}));
     QVERIFY(inspectorRequests(QStringLiteral("no.such")).isEmpty());
@@ -47,24 +39,24 @@ void tst_InspectorRequests::makesPreviews_data()
     QTest::addColumn<QString>("action");
     QTest::addColumn<QByteArrayList>("replies");
     QTest::addColumn<QString>("text");
-    QTest::newRow("a reading") << uuid("system.cpu")
+    QTest::newRow("a reading") << keyuuid::cpu
                                << QByteArrayList{"{\"event\":\"Cpu Usage\",\"info\":\"37%\"}"}
                                << QStringLiteral("37%");
-    QTest::newRow("before the reply") << uuid("system.cpu") << QByteArrayList() << QString();
+    QTest::newRow("before the reply") << keyuuid::cpu << QByteArrayList() << QString();
     QTest::newRow("without a unit")
-        << uuid("system.Memory_Used_GB")
+        << keyuuid::memoryUsedGB
         << QByteArrayList{"{\"event\":\"Memory Used MB\",\"info\":\"1536\"}"}
         << QStringLiteral("1536 MB");
     QTest::newRow("two readings")
-        << uuid("system.NetWork")
+        << keyuuid::netWork
         << QByteArrayList{"{\"event\":\"Network Upload Speed\",\"info\":\"1KB/s\"}",
                           "{\"event\":\"Network Download Speed\",\"info\":\"2KB/s\"}"}
         << QStringLiteral("Network Upload Speed: 1KB/s\nNetwork Download Speed: 2KB/s");
-    QTest::newRow("the latest") << uuid("system.cpu")
+    QTest::newRow("the latest") << keyuuid::cpu
                                 << QByteArrayList{"{\"event\":\"Cpu Usage\",\"info\":\"1%\"}",
                                                   "{\"event\":\"Cpu Usage\",\"info\":\"2%\"}"}
                                 << QStringLiteral("2%");
-    QTest::newRow("another type") << uuid("system.cpu")
+    QTest::newRow("another type") << keyuuid::cpu
                                   << QByteArrayList{"{\"event\":\"Cpu Usage\",\"info\":{}}"}
                                   << QString();
 }
@@ -89,24 +81,24 @@ void tst_InspectorRequests::previewsLists()
                              "freeSpaceGB":74,"freeSpacePercent":29}, 7]})"));
     QVERIFY(readings.take(R"({"event":"totalDisksFreeSpace","info":"74"})"));
     QVERIFY(readings.take(R"({"event":"totalDisksTotalSpace","info":"251"})"));
-    const QString drives = readings.previewText(uuid("system.PhysicalDisk"), {});
+    const QString drives = readings.previewText(keyuuid::physicalDisk, {});
     QVERIFY2(drives.startsWith(QLatin1String("/: 74 GB free, 29 %\n")), qPrintable(drives));
     QVERIFY(drives.endsWith(QLatin1String("All: 74 GB free of 251 GB")));
 
     QVERIFY(readings.take(R"({"event":"defaultAudioEndpointVolume","info":"40"})"));
     QVERIFY(readings.take(R"({"event":"AllAudioEndpointVolume",
                              "info":[{"AudioNames":"Speakers","AudioNameszf":0.25}]})"));
-    QCOMPARE(readings.previewText(uuid("system.volume"), {}),
+    QCOMPARE(readings.previewText(keyuuid::volume, {}),
              QStringLiteral("Default device: 40 %\nSpeakers: 0.25"));
 
     QVERIFY(readings.take(R"({"event":"Disk Temperature","info":{
         "Disk A": {"Drive Temperature": [{"value": 38, "units": "°C"}]},
         "Disk B": {"Drive Temperature": [{"value": 41, "units": "°C"}]}}})"));
     EntrySettings settings;
-    QCOMPARE(readings.previewText(uuid("system.PhysicalDisk.Temperature"), settings),
+    QCOMPARE(readings.previewText(keyuuid::diskTemperature, settings),
              QStringLiteral("Disk A: 38°C"));
     settings.selectPhysicalDisk = QStringLiteral("Disk B");
-    QCOMPARE(readings.previewText(uuid("system.PhysicalDisk.Temperature"), settings),
+    QCOMPARE(readings.previewText(keyuuid::diskTemperature, settings),
              QStringLiteral("Disk B: 41°C"));
 }
 
@@ -118,9 +110,9 @@ void tst_InspectorRequests::previewsTheChosenSensor()
     QVERIFY(!readings.sensors().isEmpty());
     EntrySettings settings;
     settings.selectValue = QStringLiteral("Core 1");
-    QCOMPARE(readings.previewText(uuid("AllDATA"), settings), QStringLiteral("Core 1: 46°C"));
+    QCOMPARE(readings.previewText(keyuuid::allData, settings), QStringLiteral("Core 1: 46°C"));
     settings.selectValue = QStringLiteral("gone");
-    QCOMPARE(readings.previewText(uuid("AllDATA"), settings), QString());
+    QCOMPARE(readings.previewText(keyuuid::allData, settings), QString());
 }
 
 void tst_InspectorRequests::refusesStrangeReplies()

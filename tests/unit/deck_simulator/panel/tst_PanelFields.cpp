@@ -1,4 +1,5 @@
 #include "deck_simulator/panel/PanelFields.h"
+#include "tests/support/KeyUuids.h"
 
 #include <QtTest>
 
@@ -13,38 +14,30 @@ private Q_SLOTS:
     void showsOnlyWhatApplies();
 };
 
-namespace {
-
-QString uuid(const char *name)
-{
-    return QStringLiteral("com.quellor.stream.") + QLatin1String(name);
-}
-
-} // namespace
-
 void tst_PanelFields::showsOnlyWhatApplies_data()
 {
     QTest::addColumn<QString>("action");
     QTest::addColumn<QString>("diskMode");
     QTest::addColumn<QString>("shown");
-    const auto row = [](const char *action, const char *shown, const char *mode = "Single_Disk") {
-        QTest::addRow("%s %s", action, mode)
-            << uuid(action) << QString::fromLatin1(mode) << QString::fromLatin1(shown);
+    const auto row = [](const QString &action, const char *shown,
+                        const char *mode = "Single_Disk") {
+        QTest::addRow("%s %s", qPrintable(action), mode)
+            << action << QString::fromLatin1(mode) << QString::fromLatin1(shown);
     };
-    row("system.cpu", "");
-    row("system.memory", "");
-    row("system.cpu.temperature", "temperature");
-    row("system.Gpu_Temperature", "temperature");
-    row("system.PhysicalDisk.Temperature", "temperature disk");
-    row("system.NetWork", "lines");
-    row("system.NetWork.Upload", "");
-    row("system.volume", "audio");
-    row("AllDATA", "sensor");
-    row("CPUFan", "fan");
-    row("PumpSpeed", "pump");
-    row("system.PhysicalDisk", "mode name drive");
-    row("system.PhysicalDisk", "mode name time", "Disk_Loop");
-    row("system.PhysicalDisk", "mode name", "Total_Disks");
+    row(keyuuid::cpu, "");
+    row(keyuuid::memory, "");
+    row(keyuuid::cpuTemperature, "temperature");
+    row(keyuuid::gpuTemperature, "temperature");
+    row(keyuuid::diskTemperature, "temperature disk");
+    row(keyuuid::netWork, "lines");
+    row(keyuuid::upload, "");
+    row(keyuuid::volume, "audio");
+    row(keyuuid::allData, "sensor");
+    row(keyuuid::cpuFan, "fan");
+    row(keyuuid::pumpSpeed, "pump");
+    row(keyuuid::physicalDisk, "mode name drive");
+    row(keyuuid::physicalDisk, "mode name time", "Disk_Loop");
+    row(keyuuid::physicalDisk, "mode name", "Total_Disks");
     QTest::newRow("another maker's")
         << QStringLiteral("system.NetWork") << QStringLiteral("Single_Disk") << QString();
 }

@@ -3,7 +3,7 @@
 
 #include <QtTest>
 
-class MemoryLabelsTest : public QObject
+class MemoryCollectorTest : public QObject
 {
     Q_OBJECT
 
@@ -12,7 +12,7 @@ private Q_SLOTS:
     void givesWholeMegabytes();
 };
 
-void MemoryLabelsTest::givesWholeMegabytes_data()
+void MemoryCollectorTest::givesWholeMegabytes_data()
 {
     QTest::addColumn<quint64>("total");
     QTest::addColumn<quint64>("available");
@@ -30,7 +30,7 @@ void MemoryLabelsTest::givesWholeMegabytes_data()
         << quint64{1024} << quint64{512} << 50.0 << 0.0 << 1.0;
 }
 
-void MemoryLabelsTest::givesWholeMegabytes()
+void MemoryCollectorTest::givesWholeMegabytes()
 {
     QFETCH(const quint64, total);
     QFETCH(const quint64, available);
@@ -44,5 +44,5 @@ void MemoryLabelsTest::givesWholeMegabytes()
     QCOMPARE(units(tree, QStringLiteral("Physical Memory Available")), QStringLiteral("MB"));
 }
 
-QTEST_APPLESS_MAIN(MemoryLabelsTest)
-#include "tst_memorylabels.moc"
+QTEST_APPLESS_MAIN(MemoryCollectorTest)
+#include "tst_memorycollector.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/FakeHost.h"
+#include "tests/support/KeyUuids.h"
 #include "tests/support/TallyHost.h"
 
 #include <QCoreApplication>
@@ -20,8 +21,8 @@ void showKeys(TallyHost &host, int keys)
         FakeHost::keySettings({{QStringLiteral("fontSize"), 64},
                                {QStringLiteral("titleLines"), QStringLiteral("双行显示")}});
     for (int key = 0; key < keys; ++key)
-        host.send(QStringLiteral("willAppear"), QStringLiteral("com.quellor.stream.system.memory"),
-                  QStringLiteral("key %1").arg(key), settings);
+        host.send(QStringLiteral("willAppear"), keyuuid::memory, QStringLiteral("key %1").arg(key),
+                  settings);
 }
 
 } // namespace

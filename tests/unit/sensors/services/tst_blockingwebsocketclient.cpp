@@ -113,7 +113,8 @@ void tst_BlockingWebSocketClient::givesUpOnASilentListener()
     timer.start();
     const MessageCapture capture;
     const BlockingWebSocketClient client(url(silent.serverPort()), 200);
-    QVERIFY(timer.elapsed() >= 190);
+    // A coarse timer may fire 5 % early, and each clock cuts off parts of a millisecond.
+    QVERIFY(timer.elapsed() >= 185);
     QVERIFY(!client.isConnected());
     QCOMPARE(MessageCapture::messages().constLast(), quoted("Connection failed or timed out."));
 }
