@@ -21,7 +21,7 @@ void compare(const QByteArray &text)
 
 } // namespace
 
-extern "C" const char *__asan_default_options() // NOLINT(bugprone-reserved-identifier)
+extern "C" const char *__asan_default_options() // NOLINT(clang-diagnostic-reserved-identifier)
 {
     return "detect_leaks=0";
 }

@@ -9,7 +9,7 @@ using namespace deck;
 
 /// The file is read once, so it does not matter here that the framework never frees repeated
 /// members.
-// NOLINTNEXTLINE(bugprone-reserved-identifier)
+// NOLINTNEXTLINE(clang-diagnostic-reserved-identifier)
 extern "C" const char *__asan_default_options()
 {
     return "detect_leaks=0";

@@ -20,7 +20,7 @@ constexpr PROPERTYKEY friendlyName = {
 class Property
 {
 public:
-    Property() { PropVariantInit(&m_value); }
+    Property() = default;
     ~Property() { PropVariantClear(&m_value); }
     Q_DISABLE_COPY(Property)
 
@@ -31,7 +31,7 @@ public:
     }
 
 private:
-    PROPVARIANT m_value;
+    PROPVARIANT m_value = {}; // As PropVariantInit leaves it.
 };
 
 ComPointer<IMMDeviceCollection> activeDevices(IMMDeviceEnumerator &enumerator)
