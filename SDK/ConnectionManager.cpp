@@ -17,10 +17,10 @@ namespace {
 /// The port on which settings panels ask for readings and other instances look for a running one.
 constexpr quint16 dataServerPort = 24509;
 
-/// Bytes that the host may leave unread: a minute of the pictures of a large deck.
+/// Bytes that the host may leave unread: the pictures of a large deck for one minute.
 constexpr qint64 mostUnread = 32LL * 1024 * 1024;
 
-/// Settings are not sent anew by themselves; but the host asks for them, and may ask for ever.
+/// Settings are not sent again by themselves, but the host requests them, and may do so forever.
 constexpr qint64 mostUnreadWithSettings = 2 * mostUnread;
 
 } // namespace
@@ -125,9 +125,9 @@ void ConnectionManager::send(const QString &message)
     if (!webSocket)
         return;
     webSocket->sendTextMessage(message);
-    // What does not fit the system's buffer waits for the event loop, and that waits until all keys
-    // are painted. A receiver made with Qt closes the link when the rest of a frame takes longer
-    // than five seconds.
+    // What does not fit into the system's buffer would wait for the event loop, and that waits
+    // until all keys are painted. A receiver made with Qt closes the link when the rest of a frame
+    // takes longer than five seconds.
     if (webSocket->bytesToWrite() > Backlog::caughtUp)
         webSocket->flush();
 }

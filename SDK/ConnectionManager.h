@@ -31,7 +31,7 @@ public:
     /// The outbound commands send nothing before Run. A negative \a state is left out.
     ///
     /// While the host leaves 32 MiB or more unread, titles and pictures are dropped until it has
-    /// read on: the next pass sends them anew. From 64 MiB on settings are dropped too.
+    /// caught up: the next pass sends them again. From 64 MiB on, settings are dropped too.
     void SetTitle(const QString &title, const QString &context, int target, int state);
     /// \a image is base64 PNG data, with or without the prefix "data:image/png;base64,".
     void SetImage(const QString &image, const QString &context, int target, int state);

@@ -13,7 +13,7 @@ QString compact(const QJsonObject &message)
     return QString::fromUtf8(QJsonDocument(message).toJson(QJsonDocument::Compact));
 }
 
-/// Whether \a character has to be looked at before it may stand in a JSON string.
+/// Whether \a character may need to be escaped in a JSON string.
 bool isSpecial(ushort character)
 {
     constexpr ushort firstPrintable = 0x20;
@@ -23,7 +23,7 @@ bool isSpecial(ushort character)
            (character & surrogateMask) == surrogates;
 }
 
-/// Without an early end, so that the compiler can look at many characters at once.
+/// The loop has no early exit, so that the compiler can vectorise it.
 bool isPlain(const QString &text)
 {
     const ushort *const begin = text.utf16();
@@ -43,7 +43,7 @@ QString escaped(const QString &text)
     return array.mid(bracketAndMark, array.size() - 2 * bracketAndMark);
 }
 
-/// The members "state" and "target", which stand in the order of their names.
+/// The members "state" and "target", which are sorted by name.
 QString targetAndState(int target, int state)
 {
     const QString written = QStringLiteral("\"target\":%1").arg(target);
@@ -68,8 +68,8 @@ QString registration(const QString &registerEvent, const QString &pluginUUID)
         {{QStringLiteral("event"), registerEvent}, {QStringLiteral("uuid"), pluginUUID}});
 }
 
-// Each key gets both of these once a second, and a picture has some thousand characters: the string
-// builder puts them together with one allocation.
+// Both are sent to each key once a second, and a picture has some thousand characters: the string
+// builder concatenates them with a single allocation.
 
 QString setTitle(const QString &title, const QString &context, int target, int state)
 {

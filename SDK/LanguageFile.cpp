@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Far above any real table; what is longer is not one.
+/// Far above the size of any real table; a longer file is not one.
 constexpr qint64 longestFile = 16LL * 1024 * 1024;
 
 } // namespace

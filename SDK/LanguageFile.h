@@ -4,7 +4,7 @@
 #include <QString>
 
 /// The "Localization" object of the file DIRECTORYCODE.json, where DIRECTORY is the program's own
-/// and no separator stands between the two: the file lies beside the program's directory. Empty
+/// directory. There is no separator between the two, so the file lies beside that directory. Empty
 /// when there is no such file or no such member.
 class LanguageFile
 {

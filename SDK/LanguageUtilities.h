@@ -18,7 +18,7 @@ public:
     explicit LanguageUtilities(QObject *parent = nullptr);
 
     /// Appends the 13 known codes and loads ":/JsonLanguage/CODE.json" for each code. A code
-    /// without a file costs a critical message and has no table.
+    /// without a file causes a critical message and has no table.
     void LoadLanguages();
 
     /// Makes \a code current if it is one of the loaded codes; otherwise nothing changes.

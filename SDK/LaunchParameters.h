@@ -11,15 +11,15 @@ struct LaunchParameters
     QString info;          ///< JSON document: language, fonts.
 };
 
-/// The outcome of reading a command line: \a error is empty when the parameters are complete, else
-/// it is the line to log.
+/// The result of reading a command line: \a error is empty when the parameters are complete,
+/// otherwise it is the line to log.
 struct LaunchParametersResult
 {
     LaunchParameters parameters;
     QString error;
 };
 
-/// Reads four name/value pairs, in any order, behind the program's name. Texts are Latin-1. An
+/// Reads four name/value pairs, in any order, after the program's name. Texts are Latin-1. An
 /// unknown name is skipped; a repeated name overwrites the earlier value.
 LaunchParametersResult parseLaunchParameters(int argc, const char *const *argv);
 

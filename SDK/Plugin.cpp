@@ -13,7 +13,7 @@ void logMissingAction(const QString &format, const QString &action, const QStrin
     Logger(format.arg(action, context));
 }
 
-/// -INT_MIN does not exist: the largest integer stands for it.
+/// -INT_MIN is not representable; the largest integer is used instead.
 int magnitude(int ticks)
 {
     return ticks == INT_MIN ? INT_MAX : -ticks;

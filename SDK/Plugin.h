@@ -4,8 +4,8 @@
 
 class Action;
 
-/// Routes each key event to the Action of its key instance. An event whose key instance is unknown
-/// is a line in the file log. Where the actions are kept is the concrete plugin's concern.
+/// Routes each key event to the Action of its key instance. For an event with an unknown key
+/// instance a line is written to the log. The concrete plugin decides where the actions are stored.
 class Plugin : public BasePlugin
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
                              const QJsonObject &payload, const QString &deviceId) override;
     void WillAppearForAction(const QString &action, const QString &context,
                              const QJsonObject &payload, const QString &deviceId) override;
-    /// A known action is told and then removed.
+    /// A known action is notified and then removed.
     void WillDisappearForAction(const QString &action, const QString &context,
                                 const QJsonObject &payload, const QString &deviceId) override;
     void SendToPlugin(const QString &action, const QString &context, const QJsonObject &payload,
@@ -35,6 +35,6 @@ public:
 
     /// The Action of the key instance, or null when there is none.
     virtual Action *GetOrCreateAction(const QString &action, const QString &context) = 0;
-    /// Forgets and disposes of the Action; returns whether there was one.
+    /// Removes and disposes of the Action; returns whether there was one.
     virtual bool RemoveAction(const QString &action, const QString &context) = 0;
 };

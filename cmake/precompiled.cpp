@@ -1,1 +1,1 @@
-// What a target needs to own precompiled headers: a source.
+// The source that a target needs in order to own precompiled headers.

@@ -6,19 +6,19 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// An instance that starts beside this one gives up after half of this.
+/// A starting instance that looks for this one gives up after half of this time.
 constexpr std::chrono::milliseconds handshakeTimeout = 3s;
 
-/// Until descriptors may be free again.
+/// The wait until file descriptors may be free again.
 constexpr std::chrono::milliseconds acceptPause = 1s;
 
-/// Connections that Qt accepts by itself before they are taken.
+/// Connections that Qt accepts by itself before they are fetched.
 constexpr int mostAccepted = 8;
 
-/// What it takes to accept a connection, to set it up and to remove it; more than was seen.
+/// An upper estimate of the time to accept a connection, set it up and remove it.
 constexpr std::chrono::microseconds connectionCost = 150us;
 
-/// Bytes that the system keeps for a connection, each way, beside those kept here.
+/// Bytes that the system buffers for a connection, in each direction, besides those kept here.
 constexpr int systemBuffer = 32 * 1024;
 
 double units(std::chrono::nanoseconds time)
@@ -26,7 +26,7 @@ double units(std::chrono::nanoseconds time)
     return static_cast<double>(time.count());
 }
 
-/// The bytes of the request; 0 while some are missing.
+/// The size of the request in bytes; 0 while it is incomplete.
 qint64 handshakeSize(ClientSocket *socket)
 {
     const QByteArray end = QByteArrayLiteral("\r\n\r\n");

@@ -8,27 +8,29 @@
 
 class ClientSocket;
 
-/// Accepts connections and collects their requests for a handshake, within a budget of its own, so
-/// that a newcomer gets in however much the others ask for. What exceeds the budget waits.
+/// Accepts connections and collects their handshake requests, within a budget of its own, so that a
+/// new client gets in even if the others are busy. What exceeds the budget waits.
 class Acceptor : public QTcpServer
 {
     Q_OBJECT
 
 public:
-    /// Connections that have not asked for a handshake; of more the oldest is dropped.
+    /// Connections that have not sent a complete handshake request; beyond that the oldest is
+    /// dropped.
     static constexpr int mostNewcomers = 32;
 
-    /// Bytes of a request for a handshake that are read; Qt itself takes a megabyte.
+    /// The longest handshake request in bytes; Qt itself would accept a megabyte.
     static constexpr qint64 longestHandshake = 16LL * 1024;
 
-    /// Time of the one thread, of each second and at once.
+    /// Time on the main thread, per second and as a burst.
     static constexpr std::chrono::milliseconds timePerSecond{15};
     static constexpr std::chrono::milliseconds timeBurst{30};
 
     explicit Acceptor(QObject *parent = nullptr);
 
 Q_SIGNALS:
-    /// The request can be read from \a socket during the signal. Who is told owns the socket.
+    /// The request can be read from \a socket during the signal. The receiver takes ownership of
+    /// the socket.
     void handshakeArrived(ClientSocket *socket);
 
 protected:

@@ -6,19 +6,19 @@
 
 #include <chrono>
 
-/// What the requests of all clients together may cost: time of the one thread, which is no less
-/// than processor time, and bytes in and out. What exceeds it waits. Times are those of any clock
-/// that does not go back.
+/// What the requests of all clients together may cost: elapsed time on the main thread, which is
+/// never less than processor time, and bytes in and out. What exceeds it waits. Times are from any
+/// clock that never goes back.
 class ClientBudget
 {
 public:
-    /// Of each second. Connections have 15 ms more (Acceptor), and the system's calls around them
-    /// the rest of a tenth of a core.
+    /// Per second. Connections have another 15 ms (Acceptor), and the system's calls around them
+    /// take the rest of a tenth of a core.
     static constexpr std::chrono::milliseconds timePerSecond{65};
     static constexpr std::chrono::milliseconds timeBurst{100};
 
-    /// Bytes of frames. Every request is logged, so that this bounds the log as well; the burst has
-    /// room for four of the longest requests.
+    /// Bytes of frames. Every request is logged, so this limits the log as well; the burst allows
+    /// four requests of maximum length.
     static constexpr qint64 inPerSecond = 128LL * 1024;
     static constexpr qint64 inBurst = 256LL * 1024;
 
@@ -29,10 +29,11 @@ public:
     void takeIn(qint64 bytes);
     void takeOut(qint64 bytes);
 
-    /// Whether everything waits.
+    /// Whether all requests have to wait.
     bool isSpent(std::chrono::nanoseconds now);
 
-    /// Until it is not spent, as of the last call of isSpent(); 0 when it is not.
+    /// The time until the budget is available again, as of the last call of isSpent(); 0 when it
+    /// is.
     std::chrono::nanoseconds wait() const;
 
 private:

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The bytes of the frame at \a bytes that go to the reader together; 0 while some are missing.
+/// The size of the frame at \a bytes that goes to the reader at once; 0 while it is incomplete.
 qint64 sizeOfFrame(const FrameHead &head, qint64 count)
 {
     if (head.size == 0)
@@ -46,7 +46,7 @@ void ClientSocket::handOn(qint64 bytes)
 FrameHead ClientSocket::head()
 {
     std::array<char, FrameHead::longest> bytes{};
-    // To look at more than there is would have Qt read on.
+    // Peeking at more than is available would make Qt read on.
     const qint64 count = std::min<qint64>(buffered(), bytes.size());
     return isOpen() ? frameHead(bytes.data(), peek(bytes.data(), count)) : FrameHead();
 }
@@ -82,7 +82,7 @@ qint64 ClientSocket::handOnFrame(QObject *reader)
     }
     handOn(size);
     Q_EMIT readyRead();
-    // Qt has the reader told by an event.
+    // Qt notifies the reader through a posted event.
     QCoreApplication::sendPostedEvents(reader, QEvent::MetaCall);
     holdBack();
     return size;
@@ -90,13 +90,13 @@ qint64 ClientSocket::handOnFrame(QObject *reader)
 
 void ClientSocket::readUpTo(qint64 most)
 {
-    // Qt begins to read again only when the size changes.
+    // Qt only resumes reading when the size changes.
     setReadBufferSize(most + 1);
     setReadBufferSize(most);
 }
 
 void ClientSocket::stopReading()
 {
-    // 0 would stand for no limit.
+    // 0 would mean no limit.
     setReadBufferSize(std::max<qint64>(buffered(), 1));
 }

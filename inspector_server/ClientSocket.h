@@ -4,47 +4,47 @@
 
 #include <QTcpSocket>
 
-/// The connection of one client. What has come is kept here, and its reader, a QWebSocket, which
-/// takes all that it finds, finds one frame at a time: so requests can wait.
+/// The connection of one client. Received data is kept here. Its reader, a QWebSocket, takes
+/// everything it finds, so this socket shows it one frame at a time, and further requests can wait.
 class ClientSocket : public QTcpSocket
 {
     Q_OBJECT
 
 public:
-    /// Bytes of the longest payload that is kept for the reader; of a longer one it gets the head,
-    /// by which it drops the client.
+    /// The longest payload in bytes that is kept for the reader; of a longer one the reader gets
+    /// only the head, which makes it drop the client.
     static constexpr qint64 longestPayload = 64LL * 1024;
 
     using QTcpSocket::QTcpSocket;
 
-    /// What the reader may take.
+    /// What the reader may take now.
     qint64 bytesAvailable() const override;
 
-    /// What has come and was not taken, held back or not.
+    /// What has been received and not taken, whether it is held back or not.
     qint64 buffered() const { return QTcpSocket::bytesAvailable(); }
 
-    /// Bytes that the client takes in this process: what has come, unfinished messages, and what it
-    /// has not read.
+    /// Bytes that the client occupies in this process: received data, unfinished messages, and
+    /// replies that it has not read.
     qint64 held() const;
 
-    /// The reader finds only what is handed on from now on.
+    /// From now on the reader finds only what is handed on.
     void holdBack();
 
     /// Lets the reader take the first \a bytes until the next holdBack().
     void handOn(qint64 bytes);
     bool isHandingOn() const { return !m_isHoldingBack; }
 
-    /// Whether a frame waits to be handed on.
+    /// Whether a frame is waiting to be handed on.
     bool hasFrame() { return frameSize() > 0; }
     int frameCount();
 
-    /// Has \a reader take the first frame, which is there, and tells the frame's bytes.
+    /// Lets \a reader take the first frame, which must be there, and returns its size in bytes.
     qint64 handOnFrame(QObject *reader);
 
-    /// Reads from the network until \a most bytes are kept.
+    /// Reads from the network until at most \a most bytes are kept.
     void readUpTo(qint64 most);
 
-    /// Leaves the rest to the system, which has the client wait once its own room is filled.
+    /// Leaves the rest to the system, which makes the client wait once its own buffer is full.
     void stopReading();
 
 private:

@@ -5,7 +5,7 @@
 /// The head of a WebSocket frame.
 struct FrameHead
 {
-    /// The most bytes that a head has.
+    /// The maximum size of a head in bytes.
     static constexpr int longest = 14;
 
     enum class Kind { Continuation, Data, Control };
@@ -16,5 +16,5 @@ struct FrameHead
     bool isFinal = true; ///< Whether no continuation follows.
 };
 
-/// Reads the head at \a bytes, of which \a count are there.
+/// Reads the head at \a bytes, of which \a count are available.
 FrameHead frameHead(const char *bytes, qint64 count);

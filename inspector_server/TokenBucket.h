@@ -2,21 +2,22 @@
 
 #include <chrono>
 
-/// An allowance that fills at a fixed rate up to a burst. It may be overdrawn: then it is empty
-/// until the debt is filled up too. Times are those of any clock that does not go back.
+/// An allowance that is refilled at a constant rate up to a maximum (the burst). It may be
+/// overdrawn; it then counts as empty until the debt is paid back. Times are from any clock that
+/// never goes back.
 class TokenBucket
 {
 public:
-    /// However much was taken, the bucket is no longer empty after this time.
+    /// The longest time for which the bucket stays empty, however much was taken.
     static constexpr std::chrono::seconds longestWait{10};
 
-    /// Begins full. \a perSecond and \a burst are in units of what is taken, and positive.
+    /// Starts full. \a perSecond and \a burst are positive and in the same units as what is taken.
     TokenBucket(double perSecond, double burst);
 
-    /// Takes \a amount, whether there is as much or not.
+    /// Takes \a amount, even if less is left.
     void take(double amount);
 
-    /// Fills up what \a now is later than at the last call, and tells whether nothing is left.
+    /// Refills for the time since the last call, and returns whether nothing is left.
     bool isEmpty(std::chrono::nanoseconds now);
 
     /// How long the bucket stays empty after the last fill; 0 when it is not.

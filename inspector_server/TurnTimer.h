@@ -5,30 +5,30 @@
 
 #include <chrono>
 
-/// Gives work for clients its turns in the event loop: short ones, so that keys come in between,
-/// and none while a budget is spent. It times out when a turn begins.
+/// Schedules work for clients in the event loop: in short turns, so that keys are served in
+/// between, and never while a budget is spent. It times out when a turn begins.
 class TurnTimer : public QTimer
 {
     Q_OBJECT
 
 public:
-    /// What the system and Qt take to tell of one event of a socket, however little has come; more
-    /// than was seen.
+    /// An upper estimate of the time that the system and Qt need to report one event of a socket,
+    /// however little data it has.
     static constexpr std::chrono::microseconds wakeCost{50};
 
     explicit TurnTimer(QObject *parent = nullptr);
 
-    /// Since this timer was made.
+    /// The time since this timer was created.
     std::chrono::nanoseconds now() const;
 
-    /// The next turn begins at once, unless one is already to come.
+    /// Begins the next turn at once, unless one is already scheduled.
     void startSoon();
 
-    /// The next turn begins after \a wait, or a little later: many short waits would cost more than
-    /// what they are for.
+    /// Begins the next turn after \a wait, or a little later, because many short waits would cost
+    /// more than the work itself.
     void startAfter(std::chrono::nanoseconds wait);
 
-    /// Whether a turn that \a began is to end, so that others get theirs.
+    /// Whether a turn that began at \a began has to end, so that others get their turn.
     bool isOver(std::chrono::nanoseconds began) const;
 
 private:

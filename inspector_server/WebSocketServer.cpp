@@ -19,10 +19,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// So many requests as a panel never has; they fit into what is read of a client at once.
+/// More requests than a panel ever has waiting; they fit into what is read of a client at once.
 constexpr int mostWaiting = 1000;
 
-/// For how long a client may read nothing of a reply.
+/// How long a client may read nothing of a reply.
 constexpr std::chrono::seconds readTimeout = 5s;
 constexpr std::chrono::seconds unreadInterval = 1s;
 
@@ -85,13 +85,13 @@ quint16 WebSocketServer::port() const
     return m_acceptor->serverPort();
 }
 
-/// The whole request has come, so that Qt answers it in one go, and onNewConnection() is called
-/// within.
+/// The whole request has arrived, so Qt answers it at once, and onNewConnection() is called before
+/// this returns.
 void WebSocketServer::shakeHands(ClientSocket *socket)
 {
     m_newcomer = socket;
     m_pWebSocketServer->handleConnection(socket);
-    // Qt looks at the request in an event of its own. Here its time is counted.
+    // Qt would read the request in a separate event. Here its time is counted.
     QCoreApplication::sendPostedEvents(m_pWebSocketServer, QEvent::MetaCall);
     socket->flush();
     const bool isRefused = m_newcomer != nullptr;
@@ -116,7 +116,7 @@ void WebSocketServer::onNewConnection()
     connect(client, &QWebSocket::textMessageReceived, this,
             &WebSocketServer::onTextMessageReceived);
     connect(client, &QWebSocket::disconnected, this, &WebSocketServer::onDisconnected);
-    // A newcomer is let in all the same: it may be an instance that looks for this one.
+    // A new client is still accepted, because it may be an instance that looks for this one.
     if (m_clients.size() > mostClients)
         m_clients.constFirst()->abort();
 }
@@ -198,7 +198,7 @@ void WebSocketServer::serveClients()
     m_turns.startAfter(m_budget.wait());
 }
 
-/// The next client whose request waits and whose last reply has gone; null when there is none.
+/// The next client with a waiting request whose last reply has been sent; null when there is none.
 QWebSocket *WebSocketServer::nextInTurn()
 {
     const int count = m_clients.size();

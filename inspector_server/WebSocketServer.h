@@ -18,12 +18,12 @@ class QWebSocketServer;
 /// Answers the settings panel's requests, bare request names, with one JSON text each, and marks
 /// the running instance by listening. It sends nothing unasked.
 ///
-/// It listens on all interfaces, so that what strangers can cost is bounded for all together
-/// (ClientBudget, Acceptor). What exceeds that waits, in the order of clients, and a client's next
-/// request waits until the system has taken its last reply. Dropped is who sends more than 64 KiB
-/// at once, has more than 1000 requests waiting, or reads nothing of a reply for five seconds; the
-/// one for whom most is kept when all together have more than mostHeld; and the oldest when there
-/// are more than mostClients.
+/// It listens on all interfaces, so the cost of all clients together is limited (ClientBudget,
+/// Acceptor). What exceeds the limit waits, in the order of clients, and a client's next request
+/// waits until the system has taken its last reply. A client is dropped if it sends more than 64
+/// KiB at once, has more than 1000 requests waiting, or reads nothing of a reply for five seconds.
+/// While all clients together hold more than mostHeld, the one that holds most is dropped; when
+/// there are more than mostClients, the oldest is dropped.
 class WebSocketServer : public QObject
 {
     Q_OBJECT
@@ -31,20 +31,20 @@ class WebSocketServer : public QObject
 public:
     static constexpr int mostClients = 128;
 
-    /// Bytes that are kept for all clients: requests that wait and replies that are unread.
+    /// Bytes that are kept for all clients: waiting requests and unread replies.
     static constexpr qint64 mostHeld = 12LL * 1024 * 1024;
 
-    /// Listens on all interfaces; a port that is taken is logged and not tried again. Port 0 takes
-    /// any free one.
+    /// Listens on all interfaces; if the port is taken, this is logged and not tried again. Port 0
+    /// takes any free one.
     explicit WebSocketServer(quint16 port, QObject *parent = nullptr);
     ~WebSocketServer() override;
     Q_DISABLE_COPY(WebSocketServer)
 
-    /// \a plugin is a SystemMonitorLibOwner and is not owned. Without one, requests are left
-    /// unanswered.
+    /// \a plugin is a SystemMonitorLibOwner and is not owned. Without one, requests are not
+    /// answered.
     void setPlugin(QObject *plugin);
 
-    /// The port listened on, 0 when it could not be had.
+    /// The port listened on; 0 when listening failed.
     quint16 port() const;
 
 private Q_SLOTS:

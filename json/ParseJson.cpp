@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The framework refuses texts that are nested deeper.
+/// The framework rejects texts that are nested deeper.
 constexpr int deepest = 1024;
 
 /// From behind the mark before a member to behind its comma; \a end is 0 before that.
@@ -33,28 +33,28 @@ struct Level
 
 QString nameIn(const QByteArray &literal)
 {
-    // A byte array as a whole would end at a zero.
+    // Used as a whole, a byte array would end at a zero byte.
     if (!literal.contains('\\'))
         return QString::fromUtf8(literal.constData() + 1, literal.size() - 2);
     return QJsonDocument::fromJson('[' + literal + ']').array().at(0).toString();
 }
 
-/// The parts of a text that count as blank. A part that is added lies apart from the others or
-/// around some of them.
+/// The parts of a text that count as blank. An added part is either separate from the others or
+/// contains some of them.
 class Blanks
 {
 public:
     void add(int begin, int end)
     {
         const auto next = m_ends.erase(m_ends.lower_bound(begin), m_ends.lower_bound(end));
-        // Neighbours become one, or many small ones would take more memory than the text.
+        // Neighbours are merged, or many small ones would take more memory than the text.
         if (next != m_ends.begin() && std::prev(next)->second == begin)
             std::prev(next)->second = end;
         else
             m_ends.emplace_hint(next, begin, end);
     }
 
-    /// What lies between \a begin and \a end, without its blank parts.
+    /// The text between \a begin and \a end, without its blank parts.
     QByteArray rest(const QByteArray &text, int begin, int end) const
     {
         QByteArray result;
@@ -76,8 +76,8 @@ private:
     std::map<int, int> m_ends; ///< By their beginnings.
 };
 
-/// Blanks the members of a text whose name comes again in the same object. It leaves off where the
-/// text is no JSON, so that whoever reads it finds the fault: a member that is none is not blanked.
+/// Blanks the members of a text whose name occurs again in the same object. It stops where the text
+/// is not JSON, so that the parser still finds the error: an invalid member is not blanked.
 class RepeatedMembers
 {
 public:
@@ -166,7 +166,7 @@ private:
         return true;
     }
 
-    /// Each character is parsed once at most: thereafter it is blank.
+    /// Each character is parsed at most once: after that it is blank.
     bool blank(const Member &member)
     {
         const QByteArray inside = m_blanks.rest(m_text, member.begin, member.end - 1);
@@ -187,8 +187,8 @@ bool isBlank(char character)
     return character == ' ' || character == '\t' || character == '\n' || character == '\r';
 }
 
-/// Where the fault at \a offset of \a blanked lies in \a text. The framework names the first letter
-/// behind a mark that is at fault, and goes over what is blank only there.
+/// The position in \a text of the error at \a offset of \a blanked. The framework reports the first
+/// letter after the invalid mark, and only there skips blanks.
 int offsetIn(const QByteArray &text, const QByteArray &blanked, int offset)
 {
     if (offset > text.size()) // A fault at the end may lie beyond it.

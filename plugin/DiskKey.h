@@ -9,21 +9,21 @@ class normalAction;
 /// What a disk key shows, from the present drives.
 namespace diskkey {
 
-/// The used share and the free space of the drive at the key's index, behind its root where the
-/// key shows names. A drive that is not there counts as 0.
+/// The used share and the free space of the drive at the key's index, after its root if the key
+/// shows names. A missing drive counts as 0.
 QString driveText(const normalAction &key);
 
-/// That, or the same of all drives together where the key is set to that.
+/// The same, or that of all drives together if the key is set to that.
 QString text(const normalAction &key);
 
-/// The drive that a key names which does not loop; 0 when it names none.
+/// The drive named by a key that does not loop; 0 when it names none.
 int chosenDrive(const normalAction &key);
 
-/// The drive that follows \a index, 0 after the last and where there are none.
+/// The drive that follows \a index; 0 after the last one and when there are none.
 int nextDrive(int index);
 
-/// How long a key shows a drive that is set to \a seconds: at least one second, at most what a
-/// timer holds.
+/// How long a key that is set to \a seconds shows a drive: at least one second, at most what a
+/// timer can hold.
 std::chrono::milliseconds switchInterval(int seconds);
 
 } // namespace diskkey

@@ -10,8 +10,8 @@ class normalAction;
 struct SettingsDraft;
 
 /// One kind of key: what it shows, how it is painted, which selection it takes from its settings
-/// and what it adds to the reply to them. What it shows is a number with its units, which a format
-/// turns into a text, or a text of its own.
+/// and what it adds to the settings reply. It shows either a number with units, which a format
+/// turns into text, or a text of its own.
 class KeyKind
 {
 public:
@@ -25,15 +25,15 @@ public:
     using ReplyPart = void (*)(SettingsDraft &draft);
 
     KeyKind(const QString &uuid, Value value, Format format);
-    /// A kind whose keys hand something on to the later ones of a pass.
+    /// A kind whose keys pass something on to later keys of the same pass.
     KeyKind(const QString &uuid, ValueInPass value, Format format);
     KeyKind(const QString &uuid, Text text);
 
-    /// Instead of on one line.
+    /// Used instead of painting on one line.
     KeyKind &paintedBy(Painter painter);
     KeyKind &selecting(Selection selection);
     KeyKind &replying(ReplyPart part);
-    /// A kind whose keys show a drive, or one drive after the other.
+    /// A kind whose keys show one drive, or the drives in turn.
     KeyKind &steppingThroughDrives();
 
     const QString &uuid() const { return m_uuid; }

@@ -62,7 +62,7 @@ int inChosenUnit(int celsius, Key key)
 }
 
 // Compatibility: bare-degrees
-/// The degree sign stands alone in both units.
+/// The degree sign without a letter, in both units.
 template <const int *celsius>
 Reading<double> degrees(Key key)
 {
@@ -121,7 +121,8 @@ QString bothRates(Key key)
 // Painters.
 
 // Compatibility: neither-layout
-/// One line on request; else the two-line painter decides, which knows only its own setting.
+/// Paints one line if the key is set to it; otherwise the two-line painter, which only checks its
+/// own setting.
 QString paintNetwork(normalAction &key, const QString &text)
 {
     return key.isOneLine()
@@ -131,7 +132,7 @@ QString paintNetwork(normalAction &key, const QString &text)
 
 namespace uuid = actionuuid;
 
-/// In the order in which UUIDs are compared, so that the later ones cost the most.
+/// In the order in which UUIDs are compared; later ones therefore take longest to find.
 const KeyKind keyKinds[] = {
     {uuid::memory, reading<&Info::MemoryLoad, &Info::MemoryLoadUnits>, whole},
     {uuid::cpu, reading<&Info::CpuUsage, &Info::CpuUsageUnits>, whole},

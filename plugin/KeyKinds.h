@@ -2,6 +2,6 @@
 
 #include "plugin/KeyKind.h"
 
-/// The kind of \a uuid, compared exactly with one row of the table of kinds after the other; null
-/// when it is none.
+/// The kind of \a uuid, compared exactly with each row of the table of kinds in order; null when
+/// there is none.
 const KeyKind *findKeyKind(const QString &uuid);

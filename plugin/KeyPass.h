@@ -6,15 +6,15 @@
 
 class normalAction;
 
-/// One pass over the keys: each is painted with the present reading of its kind.
+/// One pass over the keys: each is painted with the current reading of its kind.
 class KeyPass
 {
 public:
-    /// Paints \a key and returns the picture as a data URL, empty where the key's settings leave
-    /// nothing to paint. Nothing when its UUID is of no known kind.
+    /// Paints \a key and returns the picture as a data URL, which is empty if the key's settings
+    /// leave nothing to paint. Nothing when its UUID is unknown.
     std::optional<QString> paint(normalAction &key);
 
-    /// What a disk-temperature key has shown last, converted where it shows Fahrenheit. A key whose
-    /// disk is not known takes it again.
+    /// What the last disk-temperature key has shown, converted if it shows Fahrenheit. A key whose
+    /// disk is unknown shows it again.
     int shownDiskTemperature = 0;
 };

@@ -4,14 +4,15 @@
 
 class normalAction;
 
-/// Sets the sensor, fan or disk that \a key shows, as its kind has one (plugin/KeyKinds.cpp).
+/// Sets the sensor, fan or disk that \a key shows, if its kind has one (plugin/KeyKinds.cpp).
 void applySelections(normalAction &key, SettingsOccasion occasion);
 
-/// Set one selection of \a key: to what its settings name, else to the first of the list. Without
-/// either it is empty.
+/// Each sets one selection of \a key: to what its settings name, else to the first entry of the
+/// list, else to the empty text.
 namespace keyselection {
 
-/// Only settings that are sent later may choose anew; see KeySettings::newlyChosenSensor.
+/// Only settings that are sent later may name a newly chosen sensor; see
+/// KeySettings::newlyChosenSensor.
 void sensor(normalAction &key, SettingsOccasion occasion);
 void disk(normalAction &key, SettingsOccasion occasion);
 void fan(normalAction &key, SettingsOccasion occasion);

@@ -30,7 +30,7 @@ void replypart::drives(SettingsDraft &draft)
                  labelled(" VolumeName: ", systemInfor::DriveVolumeNames.value(index)));
     }
     LogDebug(labelled("currentOperator->diskMode;: ", key.diskMode));
-    // The drives stand beside the settings, not among them.
+    // The drives are placed beside the settings, not among them.
     draft.settings.insert(QStringLiteral("DriveNames"),
                           QJsonArray::fromStringList(systemInfor::DriveRoots));
     draft.settings.insert(QStringLiteral("VolumeNames"),

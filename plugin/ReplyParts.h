@@ -2,15 +2,15 @@
 
 struct SettingsDraft;
 
-/// What the reply to settings has for some kinds of keys only: the settings that they alone have,
-/// and the lists that their settings panel offers.
+/// Parts of the settings reply for some kinds of keys only: settings that only they have, and the
+/// lists that their settings panel offers.
 namespace replypart {
 
 void temperatureType(SettingsDraft &draft);
 void titleLines(SettingsDraft &draft);
 /// Drives and settings of a disk key.
 void drives(SettingsDraft &draft);
-/// The drive trees are asked of the library at once.
+/// Queries the drive trees from the library immediately.
 void driveTemperatures(SettingsDraft &draft);
 void playbackDevices(SettingsDraft &draft);
 void sensors(SettingsDraft &draft);

@@ -1,5 +1,5 @@
 #pragma once
 
 /// The event that carries settings to a key. It decides which members the reply has, and whether a
-/// sensor that is chosen anew counts.
+/// newly chosen sensor counts.
 enum class SettingsOccasion { WillAppear, DidReceiveSettings };

@@ -44,7 +44,7 @@ QJsonObject settingsReply(const QJsonObject &settings, const normalAction &key,
 {
     SettingsDraft draft{key, occasion, library, settings, displaySettings(key)};
     // Compatibility: members-by-occasion
-    // A key that appears is told the modes whatever its kind; later only a kind that has them.
+    // When a key appears, it gets the modes whatever its kind; later only if its kind has them.
     if (occasion == SettingsOccasion::WillAppear) {
         replypart::temperatureType(draft);
         replypart::titleLines(draft);

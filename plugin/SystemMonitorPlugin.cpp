@@ -54,7 +54,7 @@ QString currentErrorText()
     return QString::fromLocal8Bit(std::strerror(errno)); // NOLINT(concurrency-mt-unsafe)
 }
 
-/// Null when it cannot be made, whatever a library throws.
+/// Null when it cannot be created, whatever exception a library throws.
 VqSystemMonitorLib *createLibrary()
 {
     try {
@@ -225,7 +225,7 @@ void SystemMonitorPlugin::applyDiskMode(normalAction &key)
     key.switchTimer.start(diskkey::switchInterval(key.switchFrequency));
 }
 
-/// Shows the drive whose turn it is at once, whatever the mode, and moves on to the next.
+/// Shows the current drive at once, whatever the mode, and moves on to the next.
 void SystemMonitorPlugin::showDriveAndMoveOn(normalAction &key)
 {
     // Compatibility: loop-shows-single

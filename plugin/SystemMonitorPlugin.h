@@ -15,12 +15,12 @@ class normalAction;
 class QTimer;
 enum class SettingsOccasion;
 
-/// What QSysInfo::windowsVersion() says; 0 on other systems.
+/// The value of QSysInfo::windowsVersion(); 0 on other systems.
 int windowsVersion();
 
 /// The plugin: it owns the data sources and the visible keys, and paints and sends every key once a
-/// second. Everything runs on the main thread. It goes only with the process, and so deletes
-/// neither its keys nor its data sources.
+/// second. Everything runs on the main thread. It lives until the process ends and therefore
+/// deletes neither its keys nor its data sources.
 class SystemMonitorPlugin : public Plugin, public SystemMonitorLibOwner
 {
     Q_OBJECT
@@ -62,7 +62,7 @@ public:
     /// The key of this UUID and context, or null.
     normalAction *FindAction(const QString &action, const QString &context) const;
 
-    /// Where the performance service is asked.
+    /// Where to find the performance service.
     const PerfDataSource &perfDataSource() const { return *m_perfDataSource; }
 
 public Q_SLOTS:

@@ -2,6 +2,6 @@
 
 #include <chrono>
 
-/// The time from one pass over the keys to the next. Programs that test the passage of months
-/// define it anew.
+/// The time from one pass over the keys to the next. Programs that simulate months of running
+/// define it differently.
 std::chrono::milliseconds updateInterval();

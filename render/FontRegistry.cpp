@@ -34,7 +34,7 @@ void list(const QVector<FontRecord> &records)
     }
 }
 
-/// Well above the largest collections of faces; a file is read whole.
+/// Well above the largest font collections; a file is read completely.
 constexpr qint64 largestFile = qint64(512) * 1024 * 1024;
 
 /// Anything but a regular file with a size is refused: reading a pipe or a device might never end.

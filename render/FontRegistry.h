@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QVector>
 
-/// The fonts on offer: files that the host names, registered with Qt and listed in
+/// The available fonts: files that the host names, registered with Qt and listed in
 /// systemInfor::fontlist_one. Filled once at start-up, on the main thread.
 namespace fontregistry {
 
@@ -17,25 +17,26 @@ struct FontFile
     QString url;  ///< Path of the file.
 };
 
-/// The "fonts" array of the host's info document, in which single quotes stand for double ones. A
-/// text that is no JSON object is logged; it and a missing array give an empty list.
+/// The "fonts" array of the host's info document, in which single quotes are used as double quotes.
+/// A text that is not a JSON object is logged; then, and when the array is missing, the list is
+/// empty.
 QVector<FontFile> loadFontList(const QString &infoJson);
 
-/// One record for each style of a family, in the order given. The first one goes by the bare
-/// family, but "Roboto|Bold", the default font of keys, keeps its style; "Roboto Light|Regular" has
-/// none.
+/// One record for each style of a family, in the given order. The first one is listed with the
+/// family only, except "Roboto|Bold", the default font of keys, which keeps its style; "Roboto
+/// Light|Regular" is left out.
 QVector<FontRecord> recordsOf(const QString &family, const QStringList &styles,
                               const QString &path);
 
-/// The families of one file without those whose trimmed name has stood before.
+/// The families of one file, except those whose trimmed name has occurred before.
 QStringList distinctFamilies(const QStringList &families);
 
 /// Registers one font file and lists its families and styles whose specification is not listed yet.
 /// A file that cannot be loaded is logged.
 void loadFont(const QString &path);
 
-/// The style word at the end of the display name of the font listed as \a spec, as written there;
-/// empty when there is none.
+/// The style at the end of the display name of the font listed as \a spec, as written there; empty
+/// when there is none.
 QString inferStyleFromName(const QString &spec);
 
 /// The font that "FAMILY|STYLE" or "FAMILY" names; \a pointSize is that of the font it replaces.

@@ -32,7 +32,7 @@ void clear(QImage &picture, const QRect &area)
         std::fill_n(reinterpret_cast<QRgb *>(picture.scanLine(y)) + area.x(), area.width(), 0U);
 }
 
-/// Puts \a part back to where it was copied from.
+/// Restores \a part to the place from which it was copied.
 void putBack(QImage &picture, const QImage &part, const QPoint &place)
 {
     for (int y = 0; y < part.height(); ++y)
@@ -40,9 +40,9 @@ void putBack(QImage &picture, const QImage &part, const QPoint &place)
                     reinterpret_cast<QRgb *>(picture.scanLine(place.y() + y)) + place.x());
 }
 
-/// Paints by \a draw what \a strip shows of it and some columns to its right, which the next strip
-/// paints anew. The paint engine leaves out letters whose boxes lie beside the clip, though slanted
-/// and emboldened ones reach out of their boxes: so the clip has a \a margin.
+/// Paints with \a draw what is visible in \a strip and some columns to its right, which the next
+/// strip paints again. The paint engine skips letters whose boxes lie outside the clip, although
+/// slanted and emboldened ones extend beyond their boxes; the clip therefore has a \a margin.
 template <typename Draw>
 void paintStrip(QImage &picture, QPainter &painter, const QRect &strip, int margin, Draw draw)
 {
@@ -71,7 +71,7 @@ QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const 
     painter.setPen(pen);
     painter.setOpacity(style.opacity);
     // Above 64 pixels letters are filled as outlines, whose cost grows with the square of the
-    // line's length. In strips it stays in proportion, and the picture is the same.
+    // line's length. With strips it grows linearly, and the picture is the same.
     const int margin = painter.fontMetrics().height();
     const int stripWidth = std::max(leastStripWidth, 3 * margin);
     for (int x = 0; x < size.width(); x += stripWidth)

@@ -8,7 +8,7 @@
 
 class ShapedLine;
 
-/// A line of text and where it stands in a picture.
+/// A line of text and its position in a picture.
 struct PictureLine
 {
     QRect rect;
@@ -27,7 +27,7 @@ struct PictureStyle
 /// The longest side of a picture: the raster paint engine draws nothing beyond this coordinate.
 constexpr int longestSide = 32767;
 
-/// The most pixels of a picture, which takes four bytes for each: the longest side times the height
+/// The maximum number of pixels of a picture, at four bytes each: the longest side times the height
 /// of a line at the largest font size in usual fonts.
 constexpr int largestArea = 32768 * 768;
 

@@ -3,9 +3,9 @@
 #include <QJsonObject>
 #include <QString>
 
-/// The settings of one key. As made here they are those of a key that has not been told any; those
-/// that the host sends replace them all. The modes are kept as the texts that came, which the reply
-/// sends back; whoever acts on one asks the function for it.
+/// The settings of one key. The default values are those of a key that has received no settings
+/// yet; settings from the host replace all of them. Modes are stored as the received texts, because
+/// the reply sends them back; the functions below interpret them.
 struct KeySettings
 {
     QString titleText;
@@ -22,14 +22,14 @@ struct KeySettings
     int switchFrequency = 3; ///< Seconds for which a looping key shows a drive.
     int keyWidth = 0;        ///< The key's own width in pixels; sent as a number or as text.
 
-    // What a key that offers a choice is to show; empty where nobody has chosen.
+    // What a key with a choice shows; empty when nothing has been chosen.
     QString chosenDisk;
     QString chosenFan;
     QString chosenSensor;
     QString newlyChosenSensor; ///< A settings panel names a sensor anew here.
 
     bool isFahrenheit() const;
-    /// For one line and for two; a network key that is set to neither paints nothing.
+    /// One line and two lines; a network key that is set to neither paints nothing.
     bool isOneLine() const;
     bool isTwoLines() const;
     /// Whether a disk key shows all drives together.
@@ -43,7 +43,7 @@ struct KeySettings
 /// the full set.
 KeySettings parseKeySettings(const QJsonObject &payload);
 
-/// The pixel size for \a fontSize on a key \a keyWidth wide whose last picture was \a imageWidth
-/// wide (0: none yet, the size stays as it is): scaled by the ratio of the two, held to 1 to 600
-/// and truncated.
+/// The pixel size for \a fontSize on a key of width \a keyWidth whose last picture had the width \a
+/// imageWidth (0: none yet, the size is used unchanged): multiplied by the ratio of the two,
+/// limited to 1 to 600 and truncated.
 int fontPixelSize(int fontSize, int keyWidth, int imageWidth);

@@ -7,7 +7,7 @@
 /// paintPicture. Decoded, it gives exactly the same pixels. Empty for a null image, for one of
 /// another format and when the encoder fails. Used on the main thread.
 ///
-/// PngEncoder_isal.cpp, made for pictures of text, writes a palette where there are at most 255
-/// colours beside transparent and true colours otherwise, and keeps a buffer between calls;
-/// PngEncoder_qt.cpp, for builds without its library, hands the picture to Qt.
+/// PngEncoder_isal.cpp, optimised for pictures of text, writes a palette for up to 255 colours
+/// besides transparent, and true colour otherwise; it keeps a buffer between calls.
+/// PngEncoder_qt.cpp, for builds without ISA-L, uses Qt's encoder.
 QByteArray encodedPng(const QImage &image);

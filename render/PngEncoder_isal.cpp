@@ -41,7 +41,7 @@ public:
         return m_places[slot];
     }
 
-    /// Whether there were more colours than places.
+    /// Whether there were more colours than the palette can hold.
     [[nodiscard]] bool overflows() const { return m_overflows; }
 
 private:
@@ -137,7 +137,7 @@ void writeTrueColorRows(const QImage &image, Rows &rows)
 }
 
 /// Makes codes for rows of text in a palette: many transparent pixels, else any colour, and
-/// repetitions of any length and distance. False when the library cannot.
+/// repetitions of any length and distance. False when the library fails.
 bool makeCodesForText(isal_hufftables &codes)
 {
     constexpr std::size_t endOfBlock = 256;
@@ -150,8 +150,8 @@ bool makeCodesForText(isal_hufftables &codes)
     return isal_create_hufftables(&codes, &shares) == 0;
 }
 
-/// With ready codes a picture is compressed in one go. Null, the library's own codes, where there
-/// are no better ones.
+/// Precomputed codes allow a picture to be compressed in one call. Null, which means the library's
+/// own codes, when they could not be made.
 isal_hufftables *readyCodes()
 {
     static isal_hufftables codes = {};

@@ -25,7 +25,8 @@ bool isSimple(QChar character)
            (character.isLetterOrNumber() || character.isPunct() || character.isSymbol());
 }
 
-/// A text of one line whose place does not depend on its content. Blanks at its ends would.
+/// A text of one line whose place does not depend on its content, as it would with blanks at its
+/// ends.
 bool isSimple(const QString &text)
 {
     return !text.isEmpty() && text.size() <= longestText && !text.at(0).isSpace() &&
@@ -73,7 +74,7 @@ void ShapedLine::drawCentred(QPainter &painter, const QRect &rect) const
     const qreal height = line.ascent() + line.descent();
     const qreal y = rect.y() + (rect.height() - height) / 2;
     const auto left = [&rect](qreal width) { return rect.x() + (rect.width() - width) / 2; };
-    // The natural width counts what stands beyond the last letter's place, such as in italics.
+    // The natural width includes what extends beyond the last letter's advance, such as in italics.
     const qreal width = line.naturalTextWidth();
     const QRectF bounds(left(width), y, width, height);
     const bool overhangs = !QRectF(rect).contains(bounds);

@@ -7,11 +7,10 @@
 class QPainter;
 class QRect;
 
-/// The longest text that is measured and painted whole, in characters.
+/// The longest text that is completely measured and painted, in characters.
 constexpr int longestText = 4096;
 
-/// A line of text in its font. Its letters are chosen and placed once, for measuring and for
-/// drawing.
+/// A line of text in its font. It is shaped once, for measuring and for drawing.
 class ShapedLine
 {
 public:
@@ -19,14 +18,14 @@ public:
     ~ShapedLine() = default;
     Q_DISABLE_COPY(ShapedLine)
 
-    /// In pixels, as QFontMetrics::horizontalAdvance has it. Of a text longer than longestText only
-    /// the beginning is measured; the rest is taken to be as wide.
+    /// In pixels, the same as QFontMetrics::horizontalAdvance. Of a text longer than longestText
+    /// only the beginning is measured; the rest is assumed to have the same width per character.
     [[nodiscard]] int width() const;
-    /// Whether the text is not longer than longestText; otherwise nothing is drawn.
+    /// Whether the text is at most longestText long; otherwise nothing is drawn.
     [[nodiscard]] bool isWhole() const { return m_text.size() <= longestText; }
-    /// Draws a whole text as QPainter::drawText does with the same arguments, in the pen and font
-    /// of \a painter; nothing of another one. The font must be this line's, and the painter's
-    /// layout direction from left to right.
+    /// Draws a complete text as QPainter::drawText does with the same arguments, with the pen and
+    /// font of \a painter; a text that is too long is not drawn. The font must be that of this
+    /// line, and the painter's layout direction must be left to right.
     void draw(QPainter &painter, const QRect &rect, int alignment) const;
 
 private:

@@ -17,8 +17,8 @@ public:
     ~normalAction() override;
     Q_DISABLE_COPY(normalAction)
 
-    /// Replaces all settings by those of the event's payload. The font's pixel size follows from
-    /// the width of the last picture, and so from what the key showed before.
+    /// Replaces all settings by those of the event's payload. The font's pixel size depends on the
+    /// width of the last picture, and so on what the key showed before.
     void applySettings(const QJsonObject &payload);
 
     /// Sets `font` and `fontSpec`; see fontregistry::fontFromSpec.
@@ -27,8 +27,8 @@ public:
     /// Paints one line, "TITLE: TEXT" or the text alone, and returns it as a PNG data URL.
     QString normalPainting(const QString &textToDraw);
 
-    /// Paints the two lines of a network key that is set to two lines. Any other key gets an empty
-    /// text and keeps its picture.
+    /// Paints the two lines of a network key that is set to two lines. For any other key it returns
+    /// an empty text and keeps the picture.
     QString paintingTwoLines(const QString &uploadText, const QString &downloadText);
 
     QImage keyImage;                     ///< The last picture.
@@ -39,7 +39,7 @@ public:
     int imageHeight = 0; ///< Likewise.
     QTimer switchTimer;  ///< Steps a key that loops over the drives.
     int driveIndex = 0;  ///< The drive that a disk key shows.
-    // What a key that offers a choice shows.
+    // What a key with a choice shows.
     QString SelectPhysicalDisk;
     QString SelectValue;
     QString SelectCPUFan;

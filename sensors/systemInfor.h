@@ -67,8 +67,8 @@ struct systemInfor
     static inline QJsonObject SmartInfo;      ///< The last drive trees.
     static inline QList<QPair<QString, int>> DriveTemperatureList; ///< By drive, °C.
 
-    // The four lists of drives need not line up: DriveRoots alone has the drives that do not
-    // answer.
+    // The entries of the four lists of drives need not correspond: only DriveRoots includes the
+    // drives that do not answer.
     static inline QStringList DriveRoots; ///< Of every fixed drive.
     static inline QStringList DriveVolumeNames;
     static inline QList<int> DriveFreeGB;      ///< Whole GiB, rounded down.

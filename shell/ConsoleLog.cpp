@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Cleared on whatever thread tells that the console was closed.
+/// Cleared on the thread, whichever it is, that reports the closing of the console.
 std::atomic<bool> consoleOpen = false;
 
 void printMessage(QtMsgType /*type*/, const QMessageLogContext & /*context*/,

@@ -12,14 +12,14 @@ public:
     /// The one object, created on the first call.
     static ConsoleLog *instance();
 
-    /// True while a console is attached, and for good once an attempt to attach one has failed.
+    /// True while a console is attached, and forever once an attempt to attach one has failed.
     static bool isOpen();
 
-    /// Opens the console unless it is open or was tried in vain.
+    /// Opens the console unless it is open or an attempt has failed.
     void openOnce();
 
-    /// Attaches and shows a console and sends every message there from then on. Without a console
-    /// to be had it does nothing.
+    /// Attaches and shows a console and prints every message there from then on. Does nothing if no
+    /// console is available.
     void OpenConsole();
 
 private:

@@ -2,9 +2,9 @@
 
 #include <QObject>
 
-/// What asks for the debug console from outside. On Linux it is the signal SIGUSR1, caught from the
-/// construction of this object on; on Windows the hot key reaches the window as a native message
-/// and this object stays silent.
+/// External requests to open the debug console. On Linux this is the signal SIGUSR1, caught from
+/// the construction of this object on. On Windows the hot key reaches the window as a native
+/// message and this object never emits.
 class ConsoleTrigger : public QObject
 {
     Q_OBJECT
@@ -12,7 +12,7 @@ class ConsoleTrigger : public QObject
 public:
     explicit ConsoleTrigger(QObject *parent = nullptr);
 
-    /// Tells of the presses from here on, through the event loop, and of one that came before.
+    /// Reports requests from now on through the event loop, including one that came before.
     void start();
 
 Q_SIGNALS:

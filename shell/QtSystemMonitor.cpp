@@ -12,7 +12,7 @@
 namespace {
 
 // Compatibility: fonts-by-place
-/// By its place on the command line, whatever name stands before it.
+/// Taken by its place on the command line, whatever name precedes it.
 constexpr int infoArgument = 8;
 
 void loadFonts(const QString &info)
@@ -29,7 +29,8 @@ void loadFonts(const QString &info)
 QtSystemMonitor::QtSystemMonitor()
 {
     setWindowTitle(QStringLiteral("QtSystemMonitor"));
-    // Messages reach native windows alone, and a widget that is never shown gets none by itself.
+    // Only native windows get messages, and a widget that is never shown does not have one by
+    // itself.
     winId();
 }
 
@@ -77,7 +78,7 @@ bool QtSystemMonitor::nativeEvent(const QByteArray &eventType, void *message, lo
 
 void QtSystemMonitor::closeEvent(QCloseEvent *event)
 {
-    // It would end the program, or at least the native window. The end of a session does not come
-    // this way: that asks only windows that are shown.
+    // Closing would end the program, or at least destroy the native window. The end of a session
+    // does not come this way: it only asks visible windows.
     event->ignore();
 }

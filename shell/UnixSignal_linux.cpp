@@ -19,7 +19,7 @@ void wakeEventLoop(int signalNumber)
 {
     const int savedErrno = errno;
     const char byte = 0;
-    // A full pipe holds wake-ups enough.
+    // A full pipe already contains enough wake-ups.
     [[maybe_unused]] const ssize_t written =
         write(writeEnds.at(static_cast<size_t>(signalNumber)), &byte, 1);
     errno = savedErrno;
@@ -75,7 +75,7 @@ void UnixSignal::drain()
     ssize_t length = 0;
     while ((length = read(m_readEnd, bytes, sizeof bytes)) > 0)
         caught = true;
-    // Something else has taken the pipe's place, and would wake the event loop for ever.
+    // Something else now has the pipe's descriptor, and would wake the event loop forever.
     if (length == 0 || (errno != EAGAIN && errno != EINTR))
         m_notifier->setEnabled(false);
     if (caught)

@@ -4,8 +4,8 @@
 
 class QSocketNotifier;
 
-/// A Unix signal as a Qt signal, delivered through the event loop. At most one object may exist for
-/// a signal at a time. Destroying it restores the signal's default course.
+/// A Unix signal as a Qt signal, delivered through the event loop. At most one object may exist per
+/// signal at a time. Its destructor restores the signal's default action.
 class UnixSignal : public QObject
 {
     Q_OBJECT

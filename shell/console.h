@@ -11,8 +11,8 @@
 /// working directory, which must be a regular file or not exist yet.
 namespace console {
 
-/// Gets a console; false when none is to be had, on Windows also when one is attached already. The
-/// standard streams stay as they are.
+/// Attaches a console; false when none is available, on Windows also when one is already attached.
+/// The standard streams stay unchanged.
 bool attach();
 
 /// The upper left corner of the console's window; nothing where the console has no window.
@@ -24,13 +24,13 @@ void showWindow();
 /// Reopens standard output and standard error, on Windows also standard input, on the console.
 void redirectStandardStreams();
 
-/// Has \a handler called when the user closes the console: its window on Windows, a hang-up of the
-/// terminal (SIGHUP) on Linux. The process survives that; interrupts keep their default course.
-/// The call may come on a thread of the system's.
+/// Makes \a handler be called when the user closes the console: its window on Windows, a hang-up of
+/// the terminal (SIGHUP) on Linux. The process survives this; interrupts keep their default action.
+/// The call may come on a thread of the system.
 void onClosed(void (*handler)());
 
-/// Lets go of a console that the user has closed. What is printed from then on goes nowhere, until
-/// the standard streams are reopened on another.
+/// Detaches from a console that the user has closed. Output is discarded from then on, until the
+/// standard streams are reopened on another console.
 void detach();
 
 } // namespace console

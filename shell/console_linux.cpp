@@ -12,13 +12,13 @@ namespace {
 
 const char *const fallbackFile = "debug-console.txt";
 
-/// The stream that attach has opened; -1 where standard error is the console as it stands.
+/// The descriptor that attach has opened; -1 when standard error already is the console.
 int attachedStream = -1;
 
 UnixSignal *hangUp = nullptr;
 
-/// The fallback file, opened to append; -1 when it is anything but a regular file. A pipe without a
-/// reader must not be waited for, nor one whose reader is slow be written to.
+/// The fallback file, opened for appending; -1 unless it is a regular file. Opening a pipe without
+/// a reader, or writing to one with a slow reader, would block.
 int openFallbackFile()
 {
     const int stream =
@@ -73,7 +73,7 @@ void onClosed(void (*handler)())
 {
     if (hangUp)
         return;
-    // It watches for the rest of the process's life, as the console's messages go on.
+    // It watches until the process ends, because messages continue to be printed.
     hangUp = new UnixSignal(SIGHUP);
     QObject::connect(hangUp, &UnixSignal::sigReceived, hangUp, handler);
     hangUp->start();

@@ -9,19 +9,19 @@
 
 namespace {
 
-/// Called on a thread of the system's.
+/// Called on a thread of the system.
 std::atomic<void (*)()> closedHandler = nullptr;
 
-/// Some C runtimes make their streams' handles the process's own standard ones. The system closes
-/// those with the console; their numbers would pass to other files and sockets then, into which the
-/// streams would print, and which reopening the streams would close.
+/// Some C runtimes use their streams' handles as the process's standard handles. The system closes
+/// those with the console; their numbers could then be reused for other files and sockets, to which
+/// the streams would print, and which reopening the streams would close.
 void keepStreamsFromTheConsolesEnd()
 {
     for (const DWORD stream : {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE})
         SetStdHandle(stream, nullptr);
 }
 
-/// Selecting text with the mouse would stop what is printed meanwhile, and with it the one thread.
+/// Selecting text with the mouse would block printing, and with it the main thread.
 void switchQuickEditOff()
 {
     HANDLE input =

@@ -2,9 +2,9 @@
 
 namespace console {
 
-/// What the console's control handler does with the control event \a event: takes it, and calls the
-/// handler of onClosed, when the user closes the window. Every other event keeps its default
-/// course.
+/// The console's control handler for the control event \a event: when the user closes the window,
+/// it calls the handler of onClosed and reports the event as handled. Every other event keeps its
+/// default action.
 bool takesControlEvent(unsigned long event);
 
 } // namespace console

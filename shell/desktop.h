@@ -3,9 +3,9 @@
 /// The place where the program's window lives.
 namespace desktop {
 
-/// Called before the application object exists. On Linux it has Qt try the displays that
-/// WAYLAND_DISPLAY and DISPLAY name, and at last the offscreen platform, which always starts,
-/// unless QT_QPA_PLATFORM is set; on Windows it does nothing.
+/// Called before the application object exists. On Linux, unless QT_QPA_PLATFORM is set, it makes
+/// Qt try the displays named by WAYLAND_DISPLAY and DISPLAY, and finally the offscreen platform,
+/// which always works; on Windows it does nothing.
 void choosePlatform();
 
 /// Attaches the calling thread to the interactive desktop "Default" of Windows; failures are

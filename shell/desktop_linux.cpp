@@ -9,7 +9,7 @@ void choosePlatform()
 {
     if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         return;
-    // Qt takes the first that starts, and aborts where none does.
+    // Qt uses the first platform that starts, and aborts if none does.
     QByteArrayList platforms{QByteArrayLiteral("offscreen")};
     if (!qEnvironmentVariableIsEmpty("DISPLAY"))
         platforms.prepend(QByteArrayLiteral("xcb"));

@@ -1,9 +1,9 @@
 #pragma once
 
-/// Makes large blocks go back to the system when they are freed, so that one large picture or
-/// backlog does not count as the program's memory for months.
+/// Makes large blocks return to the system when they are freed, so that one large picture or
+/// backlog does not remain in the program's memory for months.
 void returnLargeBlocksWhenFreed();
 
-/// Gives back what lies freed between used blocks, such as a backlog's that has been read, when it
-/// is more than a deck's pictures come to. To be called now and then.
+/// Returns free memory between used blocks to the system, for example after a backlog has been
+/// read, if it is more than a deck's pictures need. To be called now and then.
 void returnFreedMemory();

@@ -6,8 +6,8 @@
 
 void returnLargeBlocksWhenFreed()
 {
-    // Set at all, they no longer grow with the largest block that was ever freed (mallopt(3)). The
-    // pictures of a usual deck are smaller than both.
+    // Once set, these thresholds no longer grow with the largest block that was ever freed
+    // (mallopt(3)). The pictures of a usual deck are smaller than both.
     constexpr int largeBlock = 256 * 1024;
     constexpr int mostKept = 1024 * 1024;
     mallopt(M_MMAP_THRESHOLD, largeBlock);

@@ -2,7 +2,7 @@
 
 void returnLargeBlocksWhenFreed()
 {
-    // The system's heap does so.
+    // The system's heap already does this.
 }
 
 void returnFreedMemory() {}

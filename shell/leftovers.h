@@ -4,10 +4,10 @@
 
 #include <functional>
 
-/// Copies of the program that an earlier start has left behind.
+/// Copies of the program left behind by an earlier start.
 namespace leftovers {
 
-/// What the system is asked for; tests have other answers.
+/// The system functions used; tests substitute their own.
 struct System
 {
     std::function<QString()> ownExecutableName = processes::ownExecutableName;
@@ -16,8 +16,8 @@ struct System
     std::function<bool(const processes::Process &)> terminate = processes::terminate;
 };
 
-/// Ends every other process whose executable has this one's name, in whatever letters. All that
-/// happens, failures too, is a line of the debug stream.
+/// Ends every other process whose executable has the same file name, ignoring letter case. Every
+/// step, failures too, is logged to the debug stream.
 void end(const System &system = {});
 
 } // namespace leftovers

@@ -22,9 +22,9 @@ qint64 ownId();
 /// A snapshot of the processes whose executable's name is known; nothing when none can be taken.
 std::optional<QVector<Process>> snapshot();
 
-/// Ends \a process at once, with no chance to object; false when it cannot be opened for that.
-/// On Linux a process that has ended or hides its executable, or whose number has passed to another
-/// executable meanwhile, is left alone and gives false too.
+/// Kills \a process immediately; false when it cannot be opened for that. On Linux it is left
+/// alone, with false, if it has ended, hides its executable, or its process ID now belongs to
+/// another executable.
 bool terminate(const Process &process);
 
 } // namespace processes

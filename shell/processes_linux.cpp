@@ -16,7 +16,7 @@ extern "C" {
 
 namespace {
 
-/// TASK_COMM_LEN - 1: /proc/PID/comm holds no more of a name.
+/// TASK_COMM_LEN - 1: /proc/PID/comm is limited to this length.
 constexpr int longestComm = 15;
 
 QByteArray procPath(qint64 id, const char *entry)
@@ -54,7 +54,7 @@ LinkedName linkedName(qint64 id)
     return {QFile::decodeName(path.mid(path.lastIndexOf('/') + 1)), 0};
 }
 
-/// The name that the kernel keeps beside the link and that anyone may read.
+/// The name that the kernel stores besides the link and that anyone may read.
 QString keptName(qint64 id)
 {
     QFile comm(QFile::decodeName(procPath(id, "comm")));
@@ -62,8 +62,8 @@ QString keptName(qint64 id)
                                           : QString();
 }
 
-/// Another user's link cannot be read; the kept name has to serve then, so that the process is at
-/// least known to be there.
+/// Another user's link cannot be read; the kernel's name is then used, so that the process is at
+/// least known to exist.
 QString executableName(qint64 id)
 {
     const auto [name, error] = linkedName(id);
@@ -96,8 +96,9 @@ private:
     int m_number;
 };
 
-/// Ends the process through a descriptor, which names the process itself, so that no other can be
-/// hit that gets its number. 0, or why it did not; ESRCH also when it bears another name.
+/// Ends the process through a descriptor, which refers to the process itself, so that no other
+/// process that gets its ID can be hit. Returns 0 or an error number, which is ESRCH also when the
+/// process has another name.
 int endByDescriptor(const processes::Process &process)
 {
     const Descriptor descriptor(pidfd_open(static_cast<pid_t>(process.id), 0));
@@ -146,7 +147,7 @@ bool terminate(const Process &process)
     const int error = endByDescriptor(process);
     if (error == 0 || error == ESRCH)
         return error == 0;
-    // An old kernel and some sandboxes refuse descriptors of processes.
+    // Old kernels and some sandboxes refuse process descriptors.
     return bearsItsName(process) && kill(static_cast<pid_t>(process.id), SIGKILL) == 0;
 }
 

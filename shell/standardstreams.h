@@ -1,6 +1,6 @@
 #pragma once
 
-/// Puts the null device in place of the standard streams that the host has closed. Otherwise files
-/// and links of the program's own get their numbers, and what is printed goes there. Does nothing
-/// on Windows, where a program without a console has none.
+/// Opens the null device for each standard stream that the host has closed. Otherwise the program's
+/// own files and connections would get their numbers and receive what is printed. Does nothing on
+/// Windows, where a program without a console has no standard streams.
 void fillStandardStreams();

@@ -5,7 +5,7 @@
 
 void fillStandardStreams()
 {
-    // The lowest free number is taken each time.
+    // open returns the lowest free number each time.
     int taken = STDIN_FILENO;
     while (taken >= STDIN_FILENO && taken <= STDERR_FILENO)
         taken = open("/dev/null", O_RDWR);

@@ -7,7 +7,7 @@ namespace {
 
 using Owners = QHash<QString, const SensorGroup *>;
 
-/// Gives the label to the group unless another one has it. Says whether it is the group's.
+/// Gives the label to the group unless another one has it. Returns whether the group has it.
 bool take(Owners &owners, const QString &label, const SensorGroup &group)
 {
     const SensorGroup *&owner = owners[label];
@@ -16,7 +16,7 @@ bool take(Owners &owners, const QString &label, const SensorGroup &group)
     return owner == &group;
 }
 
-/// What a group's labels begin with when others have them.
+/// The prefix of a group's labels when other groups have the same labels.
 QString prefixOf(const SensorGroup &group, bool isFirstOfName)
 {
     if (group.device.isEmpty())

@@ -11,7 +11,7 @@ QJsonObject united(QJsonObject first, const QJsonObject &second)
     if (first.isEmpty())
         return second;
     for (auto member = second.begin(); member != second.end(); ++member) {
-        // A label without readings stands in for one that has some.
+        // A label without readings does not replace one that has some.
         const bool isEmpty = member.value() == QJsonValue(QJsonArray());
         if (!isEmpty || !first.contains(member.key()))
             first.insert(member.key(), member.value());

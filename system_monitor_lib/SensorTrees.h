@@ -17,11 +17,11 @@ QJsonArray reading(double value, const QString &units);
 struct SensorGroup
 {
     QString name;
-    /// What the device is called; empty for the groups of which there is only one.
+    /// The name of the device; empty for groups that exist only once.
     QString device = {};
-    /// Tells it from another device of that name, also after the next start.
+    /// Distinguishes it from another device with the same name, also after a restart.
     QString place = {};
-    /// The labels that the device may have, whether it tells them now or not.
+    /// The labels that the device may have, whether or not it has readings for them now.
     QStringList labels = {};
 };
 
@@ -38,14 +38,15 @@ public:
     void addDevice(Query query, const QString &device, const QJsonObject &tree);
     /// Adds \a tree to the list of all sensors, as \a group.
     void addGroup(const SensorGroup &group, const QJsonObject &tree);
-    /// Adds what \a other has; of a label that both have, \a other's readings count if there are
-    /// any.
+    /// Adds the contents of \a other; for a label that both have, \a other's readings count if
+    /// there are any.
     void add(const SensorTrees &other);
-    /// The groups alone.
+    /// Only the groups.
     [[nodiscard]] SensorTrees withoutReadings() const;
 
-    /// The list of all sensors, with one label for each sensor. Of the groups that may have a label
-    /// the one that was added first keeps it; the others' begin with the name of their device.
+    /// The list of all sensors, with a unique label for each sensor. Of the groups that may have a
+    /// label, the one that was added first keeps it; the labels of the others are prefixed with the
+    /// name of their device.
     [[nodiscard]] QJsonObject allSensors() const;
 
 private:

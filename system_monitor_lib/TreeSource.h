@@ -12,9 +12,9 @@ public:
     virtual ~TreeSource() = default;
     Q_DISABLE_COPY(TreeSource)
 
-    /// Called once, before any query. False when the source has nothing to give; queries may still
-    /// be made then, because a source may come to life later.
+    /// Called once, before any query. False when the source has no data; queries may still be made,
+    /// because data may become available later.
     virtual bool open() = 0;
-    /// The current tree of one query; empty when there is nothing to tell.
+    /// The current tree of one query; empty when there are no readings.
     virtual QJsonObject tree(Query query) = 0;
 };

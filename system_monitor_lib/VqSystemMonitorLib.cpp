@@ -47,7 +47,7 @@ bool VqSystemMonitorLib::initSystemMonitorLib(bool /*newerThanWindows7*/)
     return d->open();
 }
 
-// Sensors are found as they come and go; there is nothing to count ahead.
+// Sensors are found when they appear; there is nothing to count in advance.
 void VqSystemMonitorLib::getNumberOfDetectedSensors() {}
 
 void VqSystemMonitorLib::deinitSystemMonitorLib()

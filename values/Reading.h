@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// A number and the units that it is in, such as 45 and "°C".
+/// A number and its units, such as 45 and "°C".
 template <typename Number>
 struct Reading
 {

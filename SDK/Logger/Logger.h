@@ -4,10 +4,10 @@
 #include <QDateTime>
 #include <QString>
 
-/// Appends one line, "[yyyy-MM-dd hh:mm:ss] SDK/Logger MESSAGE" in UTF-8 with CR LF, the stamp in
-/// ASCII digits whatever the user's language, to "log.txt" in the current working directory.
-/// Callable from any thread. The file is opened for each line, so it may be deleted or moved at any
-/// time; a file that cannot be opened loses the line silently.
+/// Appends one line, "[yyyy-MM-dd hh:mm:ss] SDK/Logger MESSAGE" in UTF-8 with CR LF, to "log.txt"
+/// in the current working directory. The time has ASCII digits in every language. Can be called
+/// from any thread. The file is opened for each line, so it may be deleted or moved at any time; if
+/// it cannot be opened, the line is silently lost.
 void Logger(QString message);
 
 /// The line of \a message at \a time, in bytes.

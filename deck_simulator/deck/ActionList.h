@@ -20,10 +20,10 @@ struct DeckAction
 /// All actions, group by group.
 const QVector<DeckAction> &deckActions();
 
-/// Null for a uuid that is in no list.
+/// Null for a uuid that is not in the list.
 const DeckAction *findAction(const QString &uuid);
 
-/// The caption, or the uuid itself where it is in no list.
+/// The caption, or the uuid itself if it is not in the list.
 QString actionCaption(const QString &uuid);
 
 QString groupCaption(ActionGroup group);

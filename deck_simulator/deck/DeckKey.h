@@ -11,8 +11,8 @@
 
 namespace deck {
 
-/// One key of the simulated deck: what was put on it, and what the plugin has sent for it. Times
-/// are milliseconds of the host's clock.
+/// One key of the simulated deck: its action and settings, and what the plugin has sent for it.
+/// Times are milliseconds of the host's clock.
 class DeckKey
 {
 public:
@@ -23,7 +23,7 @@ public:
     [[nodiscard]] const QString &name() const { return m_name; }
     [[nodiscard]] const QString &action() const { return m_action; }
     [[nodiscard]] const QString &context() const { return m_context; }
-    /// Where it lies on the deck; nothing: where its position in the profile puts it.
+    /// Its place on the deck; if there is none, its position in the profile decides.
     [[nodiscard]] const std::optional<DeckPlace> &place() const { return m_place; }
     void setPlace(const DeckPlace &place) { m_place = place; }
     /// The settings as the plugin last returned them, or as the host last changed
@@ -43,11 +43,11 @@ public:
     [[nodiscard]] std::optional<qint64> lastUpdate() const { return m_lastUpdate; }
 
     void takeTitle(const QString &title, qint64 now);
-    /// An empty text clears the picture. False for a text that is no picture: it is counted, and
-    /// the picture before it stays.
+    /// An empty text clears the picture. False for a text that is not a picture: it is counted, and
+    /// the previous picture stays.
     bool takePicture(const QString &dataUrl, qint64 now);
     void takeSettings(const QJsonObject &settings);
-    /// The host's change; no reply of the plugin's.
+    /// A change by the host, not a reply of the plugin.
     void changeSettings(const QJsonObject &settings) { m_settings = settings; }
 
 private:

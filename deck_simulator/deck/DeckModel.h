@@ -19,8 +19,8 @@ struct DeckEntry
     EntrySettings settings;
 };
 
-/// What is on which key and dial, with its settings. Keys that lie outside of a grid made smaller
-/// stay in the model and come back when it grows.
+/// The actions on keys and dials, with their settings. Keys that lie outside after the grid was
+/// made smaller stay in the model and come back when it grows.
 class DeckModel : public QObject
 {
     Q_OBJECT
@@ -34,37 +34,37 @@ public:
 
     [[nodiscard]] QSize grid() const { return m_grid; }
     [[nodiscard]] int dials() const { return m_dials; }
-    /// Out of range is brought into it.
+    /// Values out of range are limited to it.
     void setGrid(const QSize &grid);
     void setDials(int dials);
-    /// Whether the deck has that place.
+    /// Whether the place exists on the deck.
     [[nodiscard]] bool contains(const DeckPlace &place) const;
 
     [[nodiscard]] const QVector<DeckEntry> &entries() const { return m_entries; }
-    /// Null for an empty place, or an unknown context.
+    /// Null for an empty place or an unknown context.
     [[nodiscard]] const DeckEntry *at(const DeckPlace &place) const;
     [[nodiscard]] const DeckEntry *find(const QString &context) const;
-    /// The first key without an action, row by row; nothing on a full deck: column -1.
+    /// The first key without an action, row by row; column -1 when the deck is full.
     [[nodiscard]] DeckPlace firstEmptyKey() const;
 
-    /// Puts an action on an empty place; false elsewhere.
+    /// Puts an action on an empty place; false if the place is not empty or does not exist.
     bool put(const DeckPlace &place, const QString &action);
     bool put(const DeckPlace &place, const QString &action, const EntrySettings &settings);
     bool remove(const DeckPlace &place);
-    /// What lies on \a to comes to \a from.
+    /// What was on \a to moves to \a from.
     bool move(const DeckPlace &from, const DeckPlace &to);
     /// False when there is no such key.
     bool changeSettings(const QString &context, const EntrySettings &settings);
-    /// As changeSettings, for values that come from the plugin: settingsAdopted instead of
+    /// Like changeSettings, for values that come from the plugin: emits settingsAdopted instead of
     /// settingsChanged.
     bool adoptSettings(const QString &context, const EntrySettings &settings);
     void clear();
-    /// Takes over a whole deck. Entries that share a place with one before are left out, and so are
-    /// those on places that no deck has.
+    /// Replaces the whole deck. Entries on the place of an earlier entry, or on a place that no
+    /// deck has, are left out.
     void restore(const QSize &grid, int dials, const QVector<DeckEntry> &entries);
 
 Q_SIGNALS:
-    /// Keys came, went or moved, or the deck has another size.
+    /// Keys were added, removed or moved, or the size of the deck has changed.
     void layoutChanged();
     void settingsChanged(const QString &context);
     void settingsAdopted(const QString &context);

@@ -10,7 +10,7 @@
 
 namespace deck {
 
-/// Width and height of a key in pixels, as the host tells the plugin.
+/// Width and height of a key in pixels, as the host sends them to the plugin.
 constexpr int deckKeyPixels = 144;
 
 /// A deck: its name, its grid and the keys on it, filled row by row. The grid may have room for
@@ -35,7 +35,7 @@ DeckProfile kindsDeck(int columns);
 /// A deck without keys, \a columns keys wide.
 DeckProfile emptyDeck(int columns);
 
-/// A deck that shows what settings do, \a columns keys wide: titles, lines, sizes, colours and
+/// A deck that demonstrates settings, \a columns keys wide: titles, lines, sizes, colours and
 /// transparency, and one key for each of \a fontSpecs ("FAMILY|STYLE").
 DeckProfile settingsDeck(int columns, const QStringList &fontSpecs);
 

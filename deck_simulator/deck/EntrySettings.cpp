@@ -70,7 +70,7 @@ QJsonObject settingsMessage(const EntrySettings &settings, const QSize &geometry
         {QStringLiteral("switchFrequency"), settings.switchFrequency},
         {QStringLiteral("showVolumeName"), settings.showVolumeName},
     };
-    // A panel sends its choice of a sensor under the first name, the plugin keeps it under the
+    // A panel sends its choice of a sensor under the first name, the plugin stores it under the
     // second.
     insertChoice(parameters, "SystemDataSelect", settings.selectValue);
     insertChoice(parameters, "SelectValue", settings.selectValue);

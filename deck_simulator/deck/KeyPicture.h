@@ -5,11 +5,11 @@
 
 namespace deck {
 
-/// Pictures wider or higher than this many pixels are refused before they are decoded.
+/// Pictures wider or higher than this number of pixels are rejected before they are decoded.
 constexpr int maximumPictureSide = 4096;
 
-/// The picture in a text "data:image/png;base64,...". A null image when the prefix is another one,
-/// the base64 or the PNG is broken, or a side is longer than maximumPictureSide.
+/// The picture in a text "data:image/png;base64,...". A null image when it has another prefix, the
+/// base64 or the PNG is broken, or a side is longer than maximumPictureSide.
 QImage decodeKeyPicture(const QString &dataUrl);
 
 } // namespace deck

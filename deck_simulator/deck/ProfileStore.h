@@ -10,20 +10,20 @@ namespace deck {
 class ProfileStore
 {
 public:
-    /// A larger file is no profile, bytes.
+    /// The maximum size of a profile file in bytes; a larger one is not a profile.
     static constexpr qint64 maximumSize = qint64(4) << 20;
 
     explicit ProfileStore(const QString &path);
 
     [[nodiscard]] const QString &path() const { return m_path; }
 
-    /// The first profile when there is no file. A file that is broken, wholly or in part, is set
-    /// aside as FILE.broken (FILE.broken-2, ...), and message() says so.
+    /// The default profile when there is no file. A file that is broken, completely or in part, is
+    /// renamed to FILE.broken (FILE.broken-2, ...), and message() says so.
     StoredProfile load();
-    /// Writes the whole file or leaves the old one. False with a message() when that fails, or when
-    /// a broken file could not be set aside and would be lost.
+    /// Writes the whole file or keeps the old one. False, with a message(), when that fails, or
+    /// when a broken file could not be renamed and would be lost.
     bool save(const StoredProfile &profile);
-    /// What the user has to know of the last load or save; empty for nothing.
+    /// A message for the user about the last load or save; empty when there is none.
     [[nodiscard]] const QString &message() const { return m_message; }
 
 private:

@@ -10,18 +10,19 @@
 
 namespace deck {
 
-/// What the plugin is started with, beside the deck.
+/// The settings with which the plugin is started, besides the deck.
 struct LaunchChoices
 {
     QString language = QStringLiteral("en");
-    /// The info text goes without its double quotes, as behind a command line that eats them.
+    /// The info text is passed without its double quotes, as after a command line that removes
+    /// them.
     bool quoteStripped = false;
     QString recording; ///< A recording of sensors; empty: live readings.
 };
 
 bool operator==(const LaunchChoices &left, const LaunchChoices &right);
 
-/// All that the window keeps between its runs.
+/// Everything that the window saves between runs.
 struct StoredProfile
 {
     QSize grid{8, 4};
@@ -35,8 +36,8 @@ struct StoredProfile
 /// The profile as a JSON text.
 QByteArray profileText(const StoredProfile &profile);
 
-/// The profile in a JSON text; what is wrong with it is told in \a faults, and left out. Nothing
-/// of a text that is no profile is taken: the result is then a profile without keys.
+/// The profile in a JSON text; invalid parts are described in \a faults and left out. If the text
+/// is not a profile at all, the result is a profile without keys.
 StoredProfile readProfile(const QByteArray &text, QStringList *faults);
 
 /// The deck of the first start.

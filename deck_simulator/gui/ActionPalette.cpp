@@ -60,7 +60,7 @@ int ActionPalette::widestRow() const
     for (const DeckAction &action : deckActions())
         text = qMax(text, fontMetrics().horizontalAdvance(action.caption));
     const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    // Two levels, the icon, the scroll bar and some air.
+    // Two levels, the icon, the scroll bar and some margin.
     return 2 * m_view->indentation() + 2 * icon + text +
            m_view->verticalScrollBar()->sizeHint().width();
 }
@@ -101,7 +101,7 @@ void ActionPalette::choose(const QModelIndex &index)
     Q_EMIT actionChosen(uuid);
 }
 
-// Of the list and of the search alike.
+// For the list and the search field.
 void ActionPalette::keyPressEvent(QKeyEvent *event)
 {
     const int key = event->key();

@@ -19,7 +19,7 @@ class ActionPalette : public QWidget
 public:
     explicit ActionPalette(QWidget *parent = nullptr);
 
-    /// Goes to the search field.
+    /// Moves the focus to the search field.
     void startSearch();
     [[nodiscard]] QLineEdit *searchField() const { return m_search; }
     [[nodiscard]] QTreeView *view() const { return m_view; }
@@ -28,7 +28,7 @@ public:
 
 Q_SIGNALS:
     void actionChosen(const QString &uuid);
-    /// The user wants none: Escape.
+    /// The user has cancelled with Escape.
     void left();
 
 protected:

@@ -13,7 +13,7 @@ public:
     /// The role of an action's uuid; groups have none.
     static constexpr int uuidRole = Qt::UserRole + 1;
 
-    /// The role of the text that a search looks at; groups have none.
+    /// The role of the text that is searched; groups have none.
     static constexpr int searchRole = Qt::UserRole + 2;
 
     explicit ActionTreeModel(QObject *parent = nullptr);

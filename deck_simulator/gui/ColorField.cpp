@@ -80,7 +80,7 @@ void ColorField::openPicker()
     const QString before = m_text->text();
     auto *picker = new QColorDialog(QColor(before), this);
     picker->setAttribute(Qt::WA_DeleteOnClose);
-    // The key shows each colour while it is being looked for.
+    // The key shows each colour while the user is choosing.
     connect(picker, &QColorDialog::currentColorChanged, this,
             [this](const QColor &color) { edit(color.name()); });
     connect(picker, &QDialog::rejected, this, [this, before] { edit(before); });

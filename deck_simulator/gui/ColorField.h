@@ -7,8 +7,8 @@ class QToolButton;
 
 namespace deck {
 
-/// A colour as a text, with a button that shows it and opens a picker. Any text is taken, as the
-/// plugin may be tried with texts that are no colours.
+/// A colour as text, with a button that shows it and opens a picker. Any text is accepted, so that
+/// the plugin can be tested with invalid colours.
 class ColorField : public QWidget
 {
     Q_OBJECT

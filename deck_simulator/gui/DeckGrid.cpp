@@ -313,7 +313,7 @@ void DeckGrid::focusOutEvent(QFocusEvent *event)
 
 bool DeckGrid::event(QEvent *event)
 {
-    // The window must not take the keys that move, press and remove for its own.
+    // The window must not handle the keys that move, press and remove.
     if (event->type() == QEvent::ShortcutOverride) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (isPressKey(key) || key == Qt::Key_Delete || key == Qt::Key_F2)

@@ -21,14 +21,14 @@ public:
     explicit DeckGrid(DeckModel *model, QWidget *parent = nullptr);
 
     [[nodiscard]] DeckPlace current() const { return m_current; }
-    /// A place that the deck does not have changes nothing.
+    /// Does nothing for a place that the deck does not have.
     void setCurrent(const DeckPlace &place);
     /// Null for a place that the deck does not have.
     [[nodiscard]] KeyCell *cell(const DeckPlace &place) const;
 
     /// What the plugin has sent for the key.
     void showLive(const QString &context, const QString &title, const QImage &picture);
-    /// No plugin: the keys show their captions.
+    /// Without a plugin the keys show their captions.
     void clearLive();
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -40,7 +40,7 @@ Q_SIGNALS:
     void dialPressed(const QString &context, bool down);
     void dialTurned(const QString &context, int ticks, bool pressed);
     void editRequested(const DeckPlace &place);
-    /// An empty place wants an action.
+    /// The user asks for an action on an empty place.
     void actionWanted(const DeckPlace &place);
 
 protected:

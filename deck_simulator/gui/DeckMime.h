@@ -9,14 +9,14 @@
 
 namespace deck {
 
-/// What is dragged about the deck: an action from the list, or a key from another place. The caller
-/// owns the data.
+/// The data of a drag: an action from the list, or a key from another place. The caller owns the
+/// data.
 QMimeData *actionMime(const QString &action);
 QMimeData *placeMime(const DeckPlace &place);
 
-/// Empty when \a data carries no action.
+/// Empty when \a data contains no action.
 QString actionFrom(const QMimeData &data);
-/// Nothing when \a data carries no place.
+/// Nothing when \a data contains no place.
 std::optional<DeckPlace> placeFrom(const QMimeData &data);
 
 /// The type of an action's data.

@@ -8,7 +8,7 @@ namespace deck {
 
 class DeckRunner;
 
-/// The link, its traffic and how the plugin ended last.
+/// Shows the link, its traffic and how the plugin last ended.
 class DeckStatusBar : public QStatusBar
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     explicit DeckStatusBar(QWidget *parent = nullptr);
 
     void showState(const DeckRunner &runner);
-    /// What the labels say, from the left.
+    /// The texts of the labels, from left to right.
     [[nodiscard]] QStringList texts() const;
 
 private:

@@ -169,7 +169,7 @@ void DeckWindow::loadProfile(const QString &language)
     m_pluginBar->showState();
     restoreGeometry(m_profile.windowGeometry);
     restoreState(m_profile.windowState);
-    // Nobody may miss that a deck has been set aside.
+    // The user must notice that a deck has been set aside.
     if (!m_store.message().isEmpty()) {
         m_log.tell(m_store.message());
         m_messages->showMessage(m_store.message());

@@ -23,13 +23,13 @@ class MessageBar;
 class PluginBar;
 class SettingsPanel;
 
-/// What the window is opened with.
+/// The options with which the window is opened.
 struct WindowSettings
 {
     SessionSettings session;
     QString profileFile;
     QString language; ///< In place of the profile's; empty: that.
-    /// Where the plugin's data server is looked for.
+    /// The port of the plugin's data server.
     quint16 dataServerPort = InspectorClient::usualPort;
 };
 
@@ -43,14 +43,14 @@ class DeckWindow : public QMainWindow
 public:
     explicit DeckWindow(const WindowSettings &settings, QWidget *parent = nullptr);
 
-    /// Starts the plugin. For a window that is shown.
+    /// Starts the plugin. To be called when the window is shown.
     void start();
 
     /// Writes a picture of the window to a file once the keys have been shown for some time, and
     /// closes it.
     /// When the plugin ends before, the window closes with a failure().
     void takeScreenshot(const QString &file, std::chrono::milliseconds after);
-    /// Why there is no screenshot, several lines perhaps; empty when all went well.
+    /// Why there is no screenshot, possibly several lines; empty on success.
     [[nodiscard]] const QString &failure() const { return m_failure; }
 
     [[nodiscard]] DeckModel *model() { return &m_model; }

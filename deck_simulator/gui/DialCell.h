@@ -13,7 +13,7 @@ class DialCell : public KeyCell
 public:
     explicit DialCell(int number, QWidget *parent = nullptr);
 
-    /// Turns it by \a ticks, clockwise above 0.
+    /// Turns it by \a ticks, clockwise if positive.
     void turn(int ticks);
     [[nodiscard]] QRect knobRect() const;
 

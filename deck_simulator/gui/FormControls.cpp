@@ -51,7 +51,7 @@ void fill(QComboBox *combo, const QVector<ListEntry> &entries, const QString &va
                                   : QStringLiteral("%1: %2").arg(entry.label, entry.reading);
         wanted.append({entry.value, label, {}, {}});
     }
-    // An open list must not be taken from under the user's hand for nothing.
+    // An open list must not be closed needlessly while it is being used.
     if (present != wanted) {
         combo->clear();
         for (const ListEntry &entry : qAsConst(wanted))

@@ -10,7 +10,7 @@ class QSpinBox;
 
 namespace deck {
 
-/// \a control with that object name.
+/// Returns \a control with that object name.
 template <typename Control>
 Control *named(Control *control, const char *name)
 {
@@ -18,7 +18,7 @@ Control *named(Control *control, const char *name)
     return control;
 }
 
-/// Controls with that object name, guarded from the wheel (see WheelGuard). The caller owns them.
+/// Controls with that object name, protected from the wheel (see WheelGuard). The caller owns them.
 QComboBox *makeChoice(const char *name, const QVector<ListEntry> &entries = {});
 QSpinBox *makeNumber(const char *name, int least, int greatest, const QString &unit);
 
@@ -28,7 +28,7 @@ void select(QComboBox *combo, const QString &value);
 /// Offers \a entries and selects \a value. An open list with the same entries stays open.
 void fill(QComboBox *combo, const QVector<ListEntry> &entries, const QString &value);
 
-/// \a entries, or one that says that there is none and stands for what was chosen.
+/// \a entries, or a single one that says that there are none and keeps the chosen value.
 QVector<ListEntry> orNone(const QVector<ListEntry> &entries, const QString &chosen);
 
 } // namespace deck

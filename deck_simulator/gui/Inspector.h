@@ -12,19 +12,20 @@ namespace deck {
 
 class SettingsPanel;
 
-/// What a host does around a settings panel: shows it the selected key, sends its changes through
-/// the model, gives it the plugin's lists, and what the plugin's data server tells.
+/// The host's part around a settings panel: it shows the selected key in the panel, passes its
+/// changes to the model, and supplies the plugin's lists and the readings of the plugin's data
+/// server.
 class Inspector : public QObject
 {
     Q_OBJECT
 
 public:
-    /// None of them is owned; they outlive this object. \a dataServerPort is where the plugin's
-    /// data server is.
+    /// None of them is owned; they outlive this object. \a dataServerPort is the port of the
+    /// plugin's data server.
     Inspector(DeckModel *model, DeckRunner *runner, SettingsPanel *panel, quint16 dataServerPort,
               QObject *parent = nullptr);
 
-    /// The key that is selected from now on.
+    /// Selects another key.
     void select(const DeckPlace &place);
 
 private:

@@ -13,7 +13,7 @@ namespace deck {
 
 namespace {
 
-// A deck is dark in a light room too.
+// A deck is dark even in a light colour scheme.
 const QColor keyColor(0x08, 0x08, 0x0a);
 const QColor keyEdgeColor(0x4a, 0x4c, 0x52);
 const QColor captionColor(0xa8, 0xac, 0xb4);
@@ -24,7 +24,7 @@ constexpr int holdTime = 200; // milliseconds
 QString toolTipOf(const KeyFace &face)
 {
     const QString text = face.title.isEmpty() ? face.caption : face.title;
-    // As it stands, whatever it looks like.
+    // As plain text, whatever it looks like.
     return text.isEmpty()
                ? QString()
                : QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped());

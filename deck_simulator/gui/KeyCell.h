@@ -11,8 +11,8 @@ class QMimeData;
 
 namespace deck {
 
-/// One LCD key on the screen. It shows its face and reports what the mouse does to it: a key that
-/// is dragged is not pressed, so a press is reported with its release, or once it lasts.
+/// One LCD key on the screen. It shows its face and reports mouse actions. Dragging a key must not
+/// press it, so a press is reported on release, or once it has lasted for some time.
 class KeyCell : public QWidget
 {
     Q_OBJECT
@@ -24,13 +24,13 @@ public:
     [[nodiscard]] const KeyFace &face() const { return m_face; }
     [[nodiscard]] bool isOccupied() const { return !m_face.caption.isEmpty(); }
     void setFace(const KeyFace &face);
-    /// The key that the keyboard and the settings panel are at.
+    /// Marks the key that has the keyboard focus and is shown in the settings panel.
     void setCurrent(bool current);
     [[nodiscard]] bool isDown() const { return m_down; }
     void setDown(bool down);
 
 Q_SIGNALS:
-    /// The mouse went down on it.
+    /// The mouse button was pressed on it.
     void chosen();
     void pressed();
     void released();
@@ -52,11 +52,11 @@ protected:
     void dragLeaveEvent(QDragLeaveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
-    /// The part that takes the picture.
+    /// The part that shows the picture.
     [[nodiscard]] virtual QRect screenRect() const;
     /// Whether pressing at this point presses the key.
     [[nodiscard]] virtual bool pressesAt(const QPoint &point) const;
-    /// Paints the ground of the key, below its face.
+    /// Paints the background of the key, below its face.
     virtual void paintGround(QPainter &painter);
     void paintScreen(QPainter &painter, const QRect &rect);
 

@@ -21,7 +21,7 @@ enum Source { both, fileOnly, debugOnly };
 QFont fixedFont()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    // Not every platform knows one.
+    // Not every platform has one.
     if (!QFontInfo(font).fixedPitch()) {
         font.setFamily(QStringLiteral("monospace"));
         font.setStyleHint(QFont::TypeWriter);

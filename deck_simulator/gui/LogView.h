@@ -12,7 +12,7 @@ class QToolButton;
 namespace deck {
 
 /// The plugin's log and debug stream, with a filter. It follows the end unless the user has
-/// scrolled away from it or marks text.
+/// scrolled away or is selecting text.
 class LogView : public QWidget
 {
     Q_OBJECT

@@ -8,8 +8,8 @@ class QToolButton;
 
 namespace deck {
 
-/// A message above the deck, in as many lines as it needs. It can be closed; without a message it
-/// takes no place.
+/// A message above the deck, with as many lines as it needs. It can be closed; without a message it
+/// takes no space.
 class MessageBar : public QFrame
 {
     Q_OBJECT
@@ -17,12 +17,12 @@ class MessageBar : public QFrame
 public:
     explicit MessageBar(QWidget *parent = nullptr);
 
-    /// Shows it until another one comes or it is closed.
+    /// Shows a message until another one is shown or the user closes it.
     void showMessage(const QString &text);
-    /// Likewise, but not for long.
+    /// The same, but only for a short time.
     void showBriefly(const QString &text);
     void clear();
-    /// What is shown; empty for nothing.
+    /// The message that is shown; empty when there is none.
     [[nodiscard]] const QString &message() const { return m_message; }
     [[nodiscard]] QToolButton *closeButton() const { return m_close; }
 

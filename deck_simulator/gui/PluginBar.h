@@ -9,8 +9,8 @@ class QComboBox;
 
 namespace deck {
 
-/// The life of the plugin: start and stop, mishaps of the host, and what it is started with. A
-/// change of the latter starts a running plugin again.
+/// Controls the plugin: start and stop, faults of the host, and launch settings. Changing a launch
+/// setting restarts a running plugin.
 class PluginBar : public QToolBar
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     /// \a runner is not owned and outlives this object.
     explicit PluginBar(DeckRunner *runner, QWidget *parent = nullptr);
 
-    /// Shows what the runner is at, and what it starts the plugin with.
+    /// Shows the runner's state and launch settings.
     void showState();
     void useRecording(const QString &file);
 

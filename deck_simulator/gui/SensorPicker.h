@@ -12,7 +12,7 @@ class QTreeView;
 
 namespace deck {
 
-/// A searchable list of sensors in their groups, with what they read.
+/// A searchable list of sensors in their groups, with their readings.
 class SensorPicker : public QWidget
 {
     Q_OBJECT
@@ -20,9 +20,9 @@ class SensorPicker : public QWidget
 public:
     explicit SensorPicker(QWidget *parent = nullptr);
 
-    /// The readings alone are renewed where the sensors are the same as before.
+    /// If the sensors are the same as before, only the readings are updated.
     void setEntries(const QVector<ListEntry> &entries);
-    /// The sensor that is chosen.
+    /// The chosen sensor.
     void setCurrent(const QString &value);
     [[nodiscard]] QLineEdit *searchField() const { return m_search; }
     [[nodiscard]] QTreeView *view() const { return m_view; }
@@ -36,7 +36,7 @@ private:
     void showCurrent();
     void filter(const QString &text);
     void choose(const QModelIndex &index);
-    /// The first that the search has found.
+    /// The first match of the search.
     void chooseFound();
 
     QStandardItemModel *m_model;

@@ -28,10 +28,10 @@ public:
     explicit SettingsForm(QWidget *parent = nullptr);
 
     void setAction(const QString &action);
-    /// Shows settings; nothing is reported.
+    /// Shows settings without emitting signals.
     void setSettings(const EntrySettings &settings);
     [[nodiscard]] const EntrySettings &settings() const { return m_settings; }
-    /// What there is to choose from.
+    /// The available choices.
     void setLists(const SettingsLists &lists);
     void setSensors(const QVector<ListEntry> &sensors);
     void focusFirst();
@@ -39,7 +39,7 @@ public:
 Q_SIGNALS:
     /// The user has changed a setting.
     void edited(const EntrySettings &settings);
-    /// The user is done: Enter or Escape.
+    /// The user has finished with Enter or Escape.
     void left();
 
 protected:

@@ -12,7 +12,7 @@ namespace deck {
 
 class SettingsForm;
 
-/// The settings of the selected key: what it is, what it reads now, and the form.
+/// The settings of the selected key: its name, its current reading, and the form.
 class SettingsPanel : public QWidget
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
     /// The key that is shown; empty for none.
     [[nodiscard]] const QString &context() const { return m_context; }
     [[nodiscard]] SettingsForm *form() const { return m_form; }
-    /// What the key reads now, in lines.
+    /// The key's current reading, in lines.
     void setPreview(const QString &text);
     [[nodiscard]] QString preview() const;
     [[nodiscard]] QSize sizeHint() const override;

@@ -4,14 +4,14 @@
 
 namespace deck {
 
-/// Keeps the mouse wheel from changing a field that nobody has clicked: it scrolls what the field
-/// lies in.
+/// Keeps the mouse wheel from changing a field that the user has not clicked: the wheel scrolls the
+/// area that contains the field instead.
 class WheelGuard : public QObject
 {
     Q_OBJECT
 
 public:
-    /// \a field is guarded from now on, and owns this object.
+    /// Protects \a field, which owns this object.
     explicit WheelGuard(QWidget *field);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

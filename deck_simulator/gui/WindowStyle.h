@@ -4,7 +4,7 @@
 
 namespace deck {
 
-/// Gives the application the colours "light" or "dark"; any other name leaves the desktop's.
+/// Sets the application's colours to "light" or "dark"; any other name keeps the desktop's.
 void applyColors(const QString &name);
 
 /// Scales the texts of the application's windows, in percent.

@@ -299,7 +299,7 @@ const DeckKey *DeckHost::keyAt(const DeckPlace &place) const
     return found == m_deck.keys.end() ? nullptr : &*found;
 }
 
-// A key stays where it lies when one before it goes.
+// A key keeps its place when one before it is removed.
 void DeckHost::fixPlace(DeckKey &key, int index) const
 {
     const int columns = qMax(1, m_deck.grid.width());

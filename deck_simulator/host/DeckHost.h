@@ -13,7 +13,7 @@ class QWebSocketServer;
 
 namespace deck {
 
-/// What came over the link, and what of it was refused.
+/// Counts of received frames, and of those that were rejected.
 struct LinkCounters
 {
     quint64 frames = 0;
@@ -27,14 +27,14 @@ struct LinkCounters
 };
 
 /// The host's end of the plugin link: a WebSocket server on a loopback port. It waits for a
-/// registration, puts the deck's keys on and takes titles, pictures and settings for them. Whatever
-/// else arrives is counted and dropped.
+/// registration, sends the deck's keys and receives titles, pictures and settings for them.
+/// Everything else that arrives is counted and dropped.
 class DeckHost : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Longer messages are dropped, bytes.
+    /// The maximum size of a message in bytes; longer ones are dropped.
     static constexpr int maximumMessage = 4 * 1024 * 1024;
     /// A message longer than this closes the link while it is still being received, bytes.
     static constexpr quint64 endingMessage = 16 * quint64(maximumMessage);
@@ -50,41 +50,42 @@ public:
     [[nodiscard]] QString pluginUUID() const { return m_pluginUUID; }
 
     [[nodiscard]] bool isRegistered() const { return m_link != nullptr; }
-    /// The keys in the order in which they came, and the size of the deck.
+    /// The keys in the order in which they were added, and the size of the deck.
     [[nodiscard]] const QVector<DeckKey> &keys() const { return m_deck.keys; }
     [[nodiscard]] QSize grid() const { return m_deck.grid; }
-    /// Null when there is no such key, or nothing on that place; good until a key comes or goes.
+    /// Null when there is no such key, or nothing on that place; valid until a key is added or
+    /// removed.
     [[nodiscard]] const DeckKey *key(const QString &context) const;
     [[nodiscard]] const DeckKey *keyAt(const DeckPlace &place) const;
     [[nodiscard]] const LinkCounters &counters() const { return m_counters; }
     /// Milliseconds since this object was made; the clock of DeckKey::lastUpdate.
     [[nodiscard]] qint64 now() const { return m_clock.elapsed(); }
 
-    /// Puts a key on the deck, in place of one with the same context.
+    /// Puts a key on the deck, replacing one with the same context.
     void putKey(const DeckKey &key);
-    /// False when there is no such key, here and below.
+    /// False when there is no such key; the same applies below.
     bool removeKey(const QString &context);
-    /// Gives the plugin other settings for a key; its reply follows as settingsReplied.
+    /// Sends the plugin new settings for a key; its reply is reported by settingsReplied.
     bool changeSettings(const QString &context, const QJsonObject &settings);
     /// Sends an event about a key, such as "keyDown"; \a extra is added to its payload. False also
     /// when no plugin is registered.
     bool sendKeyEvent(const QString &event, const QString &context, const QJsonObject &extra = {});
-    /// Sends any text to the plugin, as it stands. False when no plugin is registered.
+    /// Sends any text unchanged to the plugin. False when no plugin is registered.
     bool sendText(const QString &text);
     bool sendMessage(const QJsonObject &message);
 
-    /// Takes the keys off, closes the link and listens no more; linkClosed follows when a plugin
-    /// was registered.
+    /// Removes the keys, closes the link and stops listening; linkClosed follows when a plugin was
+    /// registered.
     void close();
-    /// Breaks the link without a word and listens no more, as a host that dies does.
+    /// Breaks the link without closing it and stops listening, like a host that dies.
     void die();
 
 Q_SIGNALS:
-    /// The plugin has registered and its keys have been put on.
+    /// The plugin has registered and its keys have been sent.
     void registered();
-    /// A connection sent something else than the registration first; it is being closed.
+    /// The first message of a connection was not the registration; the connection is being closed.
     void registrationRefused(const QString &reason);
-    /// The link of the registered plugin is gone, whoever closed it.
+    /// The link of the registered plugin is closed, from whichever side.
     void linkClosed();
     void keyChanged(const QString &context);
     /// The plugin has sent settings for the key; keyChanged follows.

@@ -138,8 +138,8 @@ QJsonObject DeckRunner::message(const DeckEntry &entry) const
 {
     const QSize keySize(deckKeyPixels, deckKeyPixels);
     const DeckKey *shown = key(entry.context);
-    // The plugin takes the font size for the width that it is told, and the picture it drew last
-    // for the present one: the size of that picture leaves the font size as it is.
+    // The plugin relates the font size to the width that it is sent and to the last picture that it
+    // drew: sending the size of that picture leaves the font size unchanged.
     const bool tellsPicture =
         !entry.settings.fillsKey && shown != nullptr && !shown->pictureSize().isEmpty();
     return settingsMessage(entry.settings, tellsPicture ? shown->pictureSize() : keySize);
@@ -229,7 +229,7 @@ void DeckRunner::onSettingsReplied(const QString &context)
     // A reply to settings that have changed since would undo the change.
     if (awaited == 0 && entry != nullptr) {
         EntrySettings settings = settingsFrom(reply, entry->settings);
-        // Only a key that fills itself is given its size by the plugin.
+        // The size in the reply is only used for a key with "fill the key".
         if (!settings.fillsKey)
             settings.fontSize = entry->settings.fontSize;
         m_model->adoptSettings(context, settings);
@@ -257,7 +257,7 @@ void DeckRunner::onSessionEnded()
         return;
     }
     m_startAgain = false;
-    // The old session's ports and folders are given back first.
+    // The old session's ports and folders are released first.
     connect(session, &QObject::destroyed, this, &DeckRunner::start);
 }
 

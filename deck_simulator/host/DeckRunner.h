@@ -13,8 +13,8 @@
 
 namespace deck {
 
-/// Runs the plugin on the deck of a model, again and again: what changes in the model is told to
-/// the plugin at once, and what the plugin makes of settings comes back into the model.
+/// Runs the plugin repeatedly on the deck of a model: changes in the model are sent to the plugin
+/// at once, and the settings that the plugin returns are stored in the model.
 class DeckRunner : public QObject
 {
     Q_OBJECT
@@ -24,12 +24,12 @@ public:
     /// setLaunch. \a model is not owned and outlives this object.
     DeckRunner(const SessionSettings &settings, DeckModel *model, QObject *parent = nullptr);
 
-    /// For the next start.
+    /// Takes effect at the next start.
     void setLaunch(const LaunchChoices &launch) { m_launch = launch; }
     [[nodiscard]] const LaunchChoices &launch() const { return m_launch; }
 
     void start();
-    /// Called again, it does not wait for the plugin.
+    /// When called a second time, it does not wait for the plugin.
     void stop();
     void restart();
     void letHostDie();
@@ -39,35 +39,35 @@ public:
     /// Whether a plugin is registered on the deck.
     [[nodiscard]] bool isLinked() const;
     [[nodiscard]] QString stateText() const;
-    /// How the plugin ended last; empty before.
+    /// How the plugin last ended; empty before that.
     [[nodiscard]] const QString &lastExit() const { return m_lastExit; }
-    /// Where the plugin runs, or ran last.
+    /// The folder in which the plugin runs, or last ran.
     [[nodiscard]] const QString &workFolder() const { return m_workFolder; }
     [[nodiscard]] double framesPerSecond() const { return m_meter.framesPerSecond(); }
     [[nodiscard]] double bytesPerSecond() const { return m_meter.bytesPerSecond(); }
     [[nodiscard]] qint64 pluginPid() const;
 
-    /// What the plugin has sent for a key last; null without a plugin.
+    /// What the plugin last sent for a key; null without a plugin.
     [[nodiscard]] const DeckKey *key(const QString &context) const;
 
     /// Sends an event about a key; false without a plugin or such a key.
     bool sendKeyEvent(const QString &event, const QString &context, const QJsonObject &extra = {});
     void press(const QString &context, bool down);
-    /// Clockwise for \a ticks above 0.
+    /// Clockwise if \a ticks is positive.
     void rotate(const QString &context, int ticks, bool pressed);
     void pressDial(const QString &context, bool down);
-    /// The settings panel shows this key now; empty: none.
+    /// Tells the plugin which key the settings panel shows; empty for none.
     void inspect(const QString &context);
 
 Q_SIGNALS:
     void stateChanged();
-    /// What has been told of an earlier run holds no longer.
+    /// Messages about an earlier run are no longer valid.
     void aboutToStart();
     /// The plugin has been started in this folder.
     void started(const QString &workFolder);
-    /// The plugin has registered and its keys are on.
+    /// The plugin has registered and its keys have been sent.
     void linked();
-    /// The plugin has ended for good; \a failure is empty when all went well.
+    /// The plugin has ended for good; \a failure is empty on success.
     void ended(const QString &failure);
     void keyChanged(const QString &context);
     /// New lists for the settings panel.

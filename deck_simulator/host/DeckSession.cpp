@@ -179,7 +179,7 @@ bool DeckSession::moveService()
 {
     if (!m_service->moveToAnotherPort())
         return false;
-    // A plugin started from now on reads the file; the one that runs is told.
+    // A plugin started from now on reads the file; the running one is told.
     const bool announced = m_service->announce(m_systemDrive.path());
     m_host->sendMessage({{QStringLiteral("event"), QStringLiteral("hwInfoPort")},
                          {QStringLiteral("hwInfoPort"), QString::number(m_service->port())}});

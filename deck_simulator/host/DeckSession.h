@@ -17,27 +17,28 @@
 
 namespace deck {
 
-/// What a session is run with.
+/// The settings of a session.
 struct SessionSettings
 {
     QString program; ///< The plugin's executable.
     QString language = QStringLiteral("en");
-    /// The info text goes without its double quotes, as behind a command line that eats them.
+    /// The info text is passed without its double quotes, as after a command line that removes
+    /// them.
     bool quoteStripped = false;
     QVector<FontFile> fonts;
-    /// A recording of sensors, empty for live readings; nothing: as this program's environment has
-    /// it.
+    /// A recording of sensors, empty for live readings; if not set, this program's environment
+    /// decides.
     std::optional<QString> recording;
-    /// Where the plugin runs; empty for a temporary folder, which is removed at the end unless the
-    /// plugin failed.
+    /// The plugin's working folder; empty for a temporary folder, which is removed at the end
+    /// unless the plugin failed.
     QString workFolder;
     std::chrono::milliseconds registrationLimit{20000};
-    /// How long the plugin may take to end by itself once it has lost its link.
+    /// How long the plugin may take to end by itself after it has lost its link.
     std::chrono::milliseconds endingPatience{2000};
 };
 
-/// One run of a plugin on a simulated deck: the hardware-information service, the host's end of the
-/// link and the plugin's process, from start to end. Shows nothing.
+/// One run of a plugin on a simulated deck, from start to end: the hardware-information service,
+/// the host's end of the link and the plugin's process. It has no user interface.
 class DeckSession : public QObject
 {
     Q_OBJECT
@@ -46,14 +47,14 @@ public:
     DeckSession(const SessionSettings &settings, const DeckProfile &deck,
                 QObject *parent = nullptr);
 
-    /// keysAppeared follows, or ended with a failure.
+    /// Followed by keysAppeared, or by ended with a failure.
     void start();
-    /// Takes the keys off, closes the link and waits for the plugin; ended follows. Called again,
-    /// it kills the plugin at once.
+    /// Removes the keys, closes the link and waits for the plugin; ended follows. A second call
+    /// kills the plugin at once.
     void end();
-    /// As end, but without a word to the plugin: the host dies.
+    /// Like end, but without notifying the plugin: the host dies.
     void letHostDie();
-    /// The hardware-information service goes to another port, and the plugin is told. False when
+    /// Moves the hardware-information service to another port and tells the plugin. False when
     /// there is no other port.
     bool moveService();
 
@@ -63,22 +64,22 @@ public:
     [[nodiscard]] qint64 pluginPid() const { return m_process->pid(); }
     /// Absolute path; empty before the start.
     [[nodiscard]] QString workFolder() const { return m_workFolder; }
-    /// What the session is at, in words: "registered", ...
+    /// The state of the session in words: "registered", ...
     [[nodiscard]] QString stateText() const;
     /// Whether it has been told to end.
     [[nodiscard]] bool isEnding() const
     {
         return m_state == State::Ending || m_state == State::Ended;
     }
-    /// How the plugin ended: "exit status 0", ...; empty while it has not.
+    /// How the plugin ended: "exit status 0", ...; empty before that.
     [[nodiscard]] QString exitText() const { return m_exitText; }
-    /// Why the session failed, several lines perhaps; empty when it did not.
+    /// Why the session failed, possibly several lines; empty if it did not.
     [[nodiscard]] QString failure() const { return m_failure; }
 
 Q_SIGNALS:
     void keysAppeared();
     void keyChanged(const QString &context);
-    /// Something to tell the user that does not end the session.
+    /// A message for the user that does not end the session.
     void notice(const QString &text);
     void ended();
 
@@ -87,7 +88,7 @@ private:
 
     bool prepare();
     bool prepareFolders();
-    /// The file as the plugin is told it; empty for live readings.
+    /// The file's path as passed to the plugin; empty for live readings.
     [[nodiscard]] QString recording() const;
     void checkRecording();
     [[nodiscard]] QString info() const;
@@ -101,7 +102,7 @@ private:
     void fail(const QString &reason);
     void awaitEnd();
     void finish();
-    /// Keeps the working folder and says what is in it.
+    /// Keeps the working folder and describes its contents.
     QString keptOutput();
 
     SessionSettings m_settings;

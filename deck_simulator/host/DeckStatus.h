@@ -6,7 +6,7 @@
 
 namespace deck {
 
-/// How a run of the plugin goes.
+/// The state of a run of the plugin.
 struct DeckStatus
 {
     QString link;         ///< "registered", "waiting for the plugin", ...

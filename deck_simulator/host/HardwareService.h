@@ -20,7 +20,7 @@ public:
 
     /// Listens on a free loopback port. False when there is none; errorString says why.
     bool listen();
-    /// Ends the links and listens on another free port, false when there is none.
+    /// Closes the connections and listens on another free port; false when there is none.
     bool moveToAnotherPort();
     [[nodiscard]] quint16 port() const;
     [[nodiscard]] QString errorString() const;

@@ -12,8 +12,8 @@ public:
     /// Samples older than this do not count, milliseconds.
     static constexpr qint64 window = 3000;
 
-    /// \a now in milliseconds. A sample that is not later than the one before is left out; totals
-    /// that fall begin a new series.
+    /// \a now is in milliseconds. A sample that is not later than the previous one is ignored;
+    /// decreasing totals start a new series.
     void add(qint64 now, quint64 frames, quint64 bytes);
 
     /// 0 before the second sample.

@@ -9,7 +9,7 @@
 
 namespace deck {
 
-/// Reads the values of options and keeps the first complaint about one.
+/// Reads the values of options and remembers the first error.
 class OptionReader
 {
 public:
@@ -19,16 +19,16 @@ public:
     int integer(const QCommandLineOption &option, int least, int greatest);
     /// "COLUMN,ROW".
     QPoint point(const QCommandLineOption &option);
-    /// A time above 0, a day at most.
+    /// A time above 0 and at most one day.
     std::chrono::milliseconds seconds(const QCommandLineOption &option);
-    /// The files that the option names; there is a complaint about one that cannot be read.
+    /// The files that the option names; one that cannot be read is an error.
     QStringList readableFiles(const QCommandLineOption &option);
-    /// An empty text is complained of where it was given.
+    /// An option given with an empty text is an error.
     QString text(const QCommandLineOption &option);
-    /// A complaint about something else.
+    /// Reports another error.
     void complain(const QString &complaint);
 
-    /// The first complaint; empty for none.
+    /// The first error; empty when there is none.
     [[nodiscard]] const QString &error() const { return m_error; }
 
 private:

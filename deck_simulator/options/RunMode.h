@@ -4,8 +4,8 @@
 
 namespace deck {
 
-/// Whether the simulator opens its window: where there is a display, or where one is asked for with
-/// "--window", unless an option asks for a run without one.
+/// Whether the simulator opens its window: yes if there is a display or "--window" was given,
+/// unless an option asks for a run without a window.
 bool opensWindow(const SimulatorOptions &options, bool hasDisplay);
 
 } // namespace deck

@@ -9,15 +9,15 @@
 
 namespace deck {
 
-/// The deck that a run without a window begins with: the metrics that every machine has, every kind
-/// of key, what settings do, or no key.
+/// The initial deck of a run without a window: the metrics that every machine has, every kind of
+/// key, a demonstration of settings, or no key.
 enum class Deck { Readings, Kinds, Settings, Empty };
 
-/// What the command line asks for.
+/// The options of the command line.
 struct SimulatorOptions
 {
     QString plugin; ///< The plugin's executable.
-    /// A run without a window is asked for: by name, or by an option that has a sense only there.
+    /// A run without a window is requested, explicitly or by an option that only makes sense there.
     bool headless = false;
     bool window = false; ///< The window is asked for by name.
     QString profileFile; ///< The window's profile; empty: the user's own.
@@ -25,7 +25,7 @@ struct SimulatorOptions
     QString screenshotFile;
     QString colors;     ///< "light", "dark"; empty: the desktop's.
     int textSize = 100; ///< Of the window, in percent of the desktop's, 50 to 300.
-    /// The key that the window begins with, from 0.
+    /// The key that is selected first, counted from 0.
     QPoint selectedKey;
     QString language = QStringLiteral("en");
     bool languageGiven = false; ///< By an option; else the window takes that of its profile.
@@ -37,13 +37,14 @@ struct SimulatorOptions
     int columns = 5;      ///< Keys in a row, 1 to 16.
     int keySize = 144;    ///< Pixels of a key on the snapshot, 32 to 512.
     bool quiet = false;
-    /// When the snapshot or the screenshot is taken, counted from the appearance of the keys.
+    /// When the snapshot or the screenshot is taken, counted from the moment when the keys appear.
     std::chrono::milliseconds snapshotAfter{4000};
-    /// When the program ends by itself, counted likewise; nothing: when it is interrupted.
+    /// When the program ends by itself, counted likewise; if not set, it runs until it is
+    /// interrupted.
     std::optional<std::chrono::milliseconds> runFor;
 };
 
-/// The options, or else a text for the user: an answer (exit status 0) or an error (2).
+/// The options, or a text for the user: a reply (exit status 0) or an error (2).
 struct ParsedOptions
 {
     std::optional<SimulatorOptions> options;

@@ -8,23 +8,23 @@ class QWebSocket;
 
 namespace deck {
 
-/// A settings panel's connection to the plugin's data server on this machine. It asks for what the
-/// panel shows once a second, and connects again when the server has gone.
+/// A settings panel's connection to the plugin's data server on this machine. Once a second it
+/// requests what the panel shows; it reconnects when the connection is lost.
 class InspectorClient : public QObject
 {
     Q_OBJECT
 
 public:
     static constexpr quint16 usualPort = 24509;
-    /// Between two rounds of requests, milliseconds.
+    /// The time between two rounds of requests in milliseconds.
     static constexpr int period = 1000;
 
     explicit InspectorClient(quint16 port = usualPort, QObject *parent = nullptr);
     ~InspectorClient() override;
     Q_DISABLE_COPY(InspectorClient)
 
-    /// What to ask for from now on, at once when the server is there; nothing: the connection is
-    /// given up.
+    /// What to request from now on, starting at once if the server is available; if empty, the
+    /// connection is closed.
     void setRequests(const QStringList &requests);
     [[nodiscard]] bool isConnected() const;
 

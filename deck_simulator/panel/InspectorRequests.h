@@ -9,21 +9,21 @@
 
 namespace deck {
 
-/// What a settings panel asks the plugin's data server for, while it shows a key of \a action: bare
-/// names. Empty where the server knows nothing of that action.
+/// The requests (bare names) that a settings panel sends to the plugin's data server while it shows
+/// a key of \a action. Empty if the server has nothing for that action.
 QStringList inspectorRequests(const QString &action);
 
 /// The server's replies so far, by request.
 class InspectorReadings
 {
 public:
-    /// Takes one reply of the server. False for one that is none.
+    /// Stores one reply of the server. False if it is not a reply.
     bool take(const QByteArray &reply);
     void clear();
 
-    /// What \a action reads now, in lines; empty before the replies.
+    /// The current reading of \a action, in lines; empty before the replies.
     [[nodiscard]] QString previewText(const QString &action, const EntrySettings &settings) const;
-    /// The tree of all sensors; empty when it was not asked for.
+    /// The tree of all sensors; empty when it was not requested.
     [[nodiscard]] const QJsonObject &sensors() const { return m_sensors; }
 
 private:

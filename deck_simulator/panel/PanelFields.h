@@ -6,7 +6,7 @@
 
 namespace deck {
 
-/// Which settings apply to a key, beside title, font and colour, which apply to every one.
+/// The settings that apply to a key, besides title, font and colour, which apply to every key.
 struct PanelFields
 {
     bool temperatureUnit = false;

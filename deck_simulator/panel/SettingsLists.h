@@ -18,7 +18,7 @@ struct ListEntry
 
 bool operator==(const ListEntry &left, const ListEntry &right);
 
-/// What a plugin's settings reply offers to choose from. Whatever a reply lacks is empty.
+/// The choices that a plugin's settings reply offers. Whatever a reply lacks is empty.
 struct SettingsLists
 {
     QVector<ListEntry> fonts;
@@ -30,7 +30,7 @@ struct SettingsLists
     QString pump; ///< The reading of the pump.
 };
 
-/// At most so many entries are taken of each list.
+/// The maximum number of entries taken from each list.
 constexpr int longestList = 10000;
 
 SettingsLists listsFrom(const QJsonObject &reply);

@@ -10,17 +10,16 @@ namespace deck {
 class FileTail
 {
 public:
-    /// At most so many bytes are read at a time; of a file that grows faster, the middle is passed
-    /// over.
+    /// The maximum number of bytes read at a time; if a file grows faster, the middle is skipped.
     static constexpr qint64 longestStep = 1 << 20;
 
-    /// Follows \a path from its present end, or from the start of a file that is yet to come.
+    /// Follows \a path from its current end, or from the start of a file that does not exist yet.
     void follow(const QString &path);
     [[nodiscard]] const QString &path() const { return m_path; }
     /// The lines that were completed since the last call. A file that has become shorter is read
     /// from its start.
     QStringList newLines();
-    /// What stands behind the last line end.
+    /// The text after the last line end.
     QString takeRest();
 
 private:

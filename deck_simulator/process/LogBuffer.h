@@ -8,7 +8,7 @@
 
 namespace deck {
 
-/// Where a line of the plugin's comes from.
+/// The origin of a line.
 enum class LogSource {
     File,  ///< log.txt
     Debug, ///< The debug stream.
@@ -21,7 +21,7 @@ struct LogLine
     QString text;
 };
 
-/// Which lines are shown.
+/// Selects the lines that are shown.
 struct LogFilter
 {
     bool file = true;
@@ -35,9 +35,9 @@ bool matches(const LogLine &line, const LogFilter &filter);
 class LogBuffer
 {
 public:
-    /// Older lines are dropped.
+    /// The maximum number of lines; older ones are dropped.
     static constexpr int mostLines = 20000;
-    /// Longer lines are cut.
+    /// The maximum length of a line; longer ones are truncated.
     static constexpr int longestLine = 2000;
 
     /// The line as it was taken.

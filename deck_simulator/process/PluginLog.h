@@ -14,14 +14,14 @@ class PluginLog : public QObject
     Q_OBJECT
 
 public:
-    /// Between two looks at the files, milliseconds.
+    /// The interval between two checks of the files in milliseconds.
     static constexpr int period = 300;
 
     explicit PluginLog(QObject *parent = nullptr);
 
-    /// From the start of a plugin in that folder on.
+    /// Follows the files from the start of a plugin in that folder.
     void follow(const QString &folder);
-    /// Reads the rest, for a plugin that has ended.
+    /// Reads the rest after a plugin has ended.
     void finish();
     void tell(const QString &text);
     void clear();

@@ -25,22 +25,22 @@ public:
     };
 
     explicit PluginProcess(QObject *parent = nullptr);
-    /// Kills the process when it still runs.
+    /// Kills the process if it is still running.
     ~PluginProcess() override;
     Q_DISABLE_COPY(PluginProcess)
 
-    /// Called once. failedToStart or ended follows.
+    /// To be called once. failedToStart or ended follows.
     void start(const Launch &launch);
     [[nodiscard]] bool isRunning() const;
-    /// 0 while it does not run.
+    /// 0 while it is not running.
     [[nodiscard]] qint64 pid() const;
 
-    /// Gives the process \a patience to end by itself, then asks it to terminate, and kills it when
-    /// it still runs after \a killAfter.
+    /// Gives the process \a patience to end by itself, then asks it to terminate, and kills it if
+    /// it is still running after \a killAfter.
     void stop(std::chrono::milliseconds patience,
               std::chrono::milliseconds killAfter = std::chrono::seconds(2));
     void kill();
-    /// True when the process has been made to end by stop or kill.
+    /// True when stop or kill has ended the process.
     [[nodiscard]] bool wasForced() const { return m_forced; }
     [[nodiscard]] bool endedWell() const;
     /// "exit status 3", "signal 9 (Killed)".

@@ -4,7 +4,7 @@
 
 namespace deck {
 
-/// Why a file is no recording of sensors; empty when it is one.
+/// Why a file is not a recording of sensors; empty when it is one.
 QString recordingFault(const QString &fileName);
 
 } // namespace deck

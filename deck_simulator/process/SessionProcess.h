@@ -7,11 +7,11 @@ class QProcess;
 
 namespace deck {
 
-/// A process that has no part in the caller's terminal: it cannot write to it, and the terminal's
+/// A process that is detached from the caller's terminal: it cannot write to it, and the terminal's
 /// interrupt key does not reach it. On Linux it also ends when the caller dies.
 QProcess *createSessionProcess(QObject *parent);
 
-/// What ended a process that did not end by itself, from QProcess::exitCode: a signal's number and
+/// The reason why a process crashed or was killed, from QProcess::exitCode: a signal's number and
 /// name, or an exception code.
 QString describeCrash(int code);
 

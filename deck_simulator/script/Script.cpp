@@ -44,7 +44,7 @@ const Verb *findVerb(const QString &name)
     return found == std::end(verbs) ? nullptr : found;
 }
 
-// Reads the members of one line and keeps the first complaint.
+// Reads the members of one line and remembers the first error.
 class StepReader
 {
 public:
@@ -170,7 +170,7 @@ void readMembers(StepReader &reader, ScriptStep &step)
     }
 }
 
-// A complaint, or an empty text.
+// An error message, or an empty text.
 QString readStep(const QByteArray &line, std::chrono::milliseconds before, ScriptStep &step)
 {
     QJsonParseError error{};

@@ -13,7 +13,7 @@
 
 namespace deck {
 
-/// One step of a script. Which members count depends on what it does.
+/// One step of a script. Which members are used depends on its kind.
 struct ScriptStep
 {
     enum class Kind {
@@ -44,7 +44,7 @@ struct ScriptStep
     QString file;
 };
 
-/// A script, or what is wrong with it: several lines perhaps, each with the number of its line.
+/// A script, or a description of its errors, possibly several lines, each with its line number.
 struct ParsedScript
 {
     QVector<ScriptStep> steps; ///< In the order of their times.

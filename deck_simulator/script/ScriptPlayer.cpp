@@ -64,7 +64,7 @@ void ScriptPlayer::playDue()
             end(QStringLiteral("Line %1 of the script: %2.").arg(step.line).arg(failure));
             return;
         }
-        // An expectation goes on by itself once it has come true.
+        // An expectation continues by itself once it is met.
         if (step.kind == Kind::Expect)
             return;
         ++m_next;
@@ -190,7 +190,7 @@ void ScriptPlayer::beginToWait(const ScriptStep &step)
     const DeckKey *key = keyOf(step);
     m_picturesBefore = key == nullptr ? 0 : key->pictures();
     m_patience.start(step.within);
-    // A title that is there already counts.
+    // A title that is already there counts too.
     if (step.title)
         checkExpectation();
 }
@@ -212,7 +212,7 @@ void ScriptPlayer::checkExpectation()
     m_waiting = false;
     m_patience.stop();
     ++m_next;
-    // From the event loop, for a step may take a key off that is just being changed.
+    // From the event loop, because a step may remove a key that is just being changed.
     m_stepTimer.start(0);
 }
 

@@ -9,8 +9,8 @@
 
 namespace deck {
 
-/// Plays a script on a session whose keys have appeared. Steps come at their times or, after an
-/// expectation that had to wait, as soon as they can.
+/// Plays a script on a session whose keys have appeared. Steps run at their times or, after an
+/// expectation that had to wait, as soon as possible.
 class ScriptPlayer : public QObject
 {
     Q_OBJECT
@@ -22,9 +22,9 @@ public:
     void start();
 
 Q_SIGNALS:
-    /// The next step is to write a picture of the deck.
+    /// The next step has to write a picture of the deck.
     void snapshotWanted(const QString &file);
-    /// The last step has been played, or one failed: then \a failure says why.
+    /// The last step has been played, or one has failed: then \a failure says why.
     void finished(const QString &failure);
 
 private:

@@ -14,7 +14,7 @@
 
 namespace deck {
 
-/// Bytes that put \a lines on a terminal in place of the \a previousLines lines written before. The
+/// Bytes that replace the \a previousLines lines written before on a terminal with \a lines. The
 /// cursor is hidden while they are written, and ends below the last line.
 QByteArray replacementFrame(const QStringList &lines, int previousLines);
 
@@ -32,12 +32,12 @@ public:
     /// Plays these steps once the keys have appeared, and ends after them.
     void setScript(const QVector<ScriptStep> &steps) { m_script = steps; }
     void start();
-    /// The user wants the end. A second call does not wait for the plugin.
+    /// The user wants to end the run. A second call does not wait for the plugin.
     void interrupt();
 
 Q_SIGNALS:
-    /// The session is over and everything is shown. 0 is well, 1 is a failure, told on standard
-    /// error.
+    /// The session is over and everything has been shown. 0 is success, 1 is a failure that was
+    /// reported on standard error.
     void finished(int exitStatus);
 
 private:

@@ -8,7 +8,7 @@ namespace deck {
 
 /// Reports, from the event loop, that the user wants the program to end: SIGINT, SIGTERM and SIGHUP
 /// on Linux, Ctrl+C, Ctrl+Break and the closing of the console on Windows. Only one object may
-/// exist at a time; what was in force before comes back with its end.
+/// exist at a time; its destructor restores the previous handling.
 class InterruptWatcher : public QObject
 {
     Q_OBJECT

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::array<int, 3> watchedSignals{SIGINT, SIGTERM, SIGHUP};
 
-// A signal handler has nothing else to reach the watcher by.
+// A signal handler has no other way to reach the watcher.
 volatile sig_atomic_t writeEnd = -1;
 
 extern "C" void noteSignal(int)
@@ -62,7 +62,7 @@ InterruptWatcher::InterruptWatcher(QObject *parent)
     sigemptyset(&action.sa_mask);
     for (size_t i = 0; i < watchedSignals.size(); ++i) {
         sigaction(watchedSignals.at(i), nullptr, &d->previous.at(i));
-        // nohup and background jobs begin with signals ignored, and mean it.
+        // nohup and background jobs start with signals ignored, which is intended.
         if (d->previous.at(i).sa_handler != SIG_IGN)
             sigaction(watchedSignals.at(i), &action, nullptr);
     }

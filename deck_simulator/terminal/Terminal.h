@@ -9,8 +9,8 @@
 
 namespace deck {
 
-/// Standard output, which may be a terminal. The terminal's modes that were changed are put back at
-/// the end; the cursor is hidden only within a single write.
+/// Standard output, which may be a terminal. Changed terminal modes are restored at the end; the
+/// cursor is hidden only within a single write.
 class Terminal
 {
 public:
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] bool isInteractive() const;
     /// Columns and rows; an unknown size is 80 columns and 24 rows.
     [[nodiscard]] QSize size() const;
-    /// Writes UTF-8. False once nobody reads the output any more.
+    /// Writes UTF-8. False when nobody reads the output any more.
     bool write(const QByteArray &text);
 
 private:

@@ -15,11 +15,12 @@ struct TableColumn
     int minimum = 0;
 };
 
-/// Terminal columns that \a text takes: Chinese, Japanese and Korean characters and emoji take two,
-/// combining marks none.
+/// The number of terminal columns that \a text takes: Chinese, Japanese and Korean characters and
+/// emoji take two, combining marks none.
 int displayWidth(const QString &text);
 
-/// \a text cut or padded to exactly \a width terminal columns; a cut text ends with "…".
+/// \a text truncated or padded to exactly \a width terminal columns; a truncated text ends with
+/// "…".
 QString fitted(const QString &text, int width, bool rightAligned = false);
 
 /// The table as lines, the headers first, none of them wider than \a width. Columns are narrowed as

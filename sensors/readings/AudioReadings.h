@@ -13,5 +13,5 @@ struct AudioReadings
     int selectedVolume = -1; ///< Of the selected device, truncated; -1 when it cannot be read.
 };
 
-/// Asks every device of \a source and, by itself, the one at \a selectedIndex.
+/// Queries every device of \a source, and separately the one at \a selectedIndex.
 AudioReadings readAudio(AudioSource &source, int selectedIndex);

@@ -4,7 +4,7 @@
 
 #include <QJsonObject>
 
-/// What the CPU tree holds: load, and the means over the cores of clock and voltage.
+/// The contents of the CPU tree: load, and the mean clock and voltage over the cores.
 struct CpuReadings
 {
     Reading<unsigned> usage; ///< 0 to 100.

@@ -19,7 +19,8 @@ int freePercent(const DriveSpace &space)
 {
     if (space.totalBytes == 0)
         return 0;
-    // Of the largest drives only the upper bits count, so that a hundredfold fits.
+    // For the largest drives only the upper bits are used, so that multiplying by 100 does not
+    // overflow.
     const int shift = space.totalBytes > std::numeric_limits<quint64>::max() / 100 ? 7 : 0;
     const quint64 freeBytes = std::min(space.freeBytes, space.totalBytes) >> shift;
     return static_cast<int>(freeBytes * 100 / (space.totalBytes >> shift));

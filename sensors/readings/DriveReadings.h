@@ -19,5 +19,6 @@ struct DriveReadings
     unsigned allDrivesTotalGB = 0; ///< Likewise.
 };
 
-/// Asks every fixed drive of \a source; one that does not answer costs a line in the plugin's log.
+/// Queries every fixed drive of \a source; for one that does not answer, a line is written to the
+/// plugin's log.
 DriveReadings readDrives(DriveSource &source);

@@ -64,7 +64,7 @@ Reading<double> temperatureReading(const QJsonObject &gpuTree, const QJsonObject
 {
     if (const auto own = ownReading(temperatureChain, gpuTree))
         return *own;
-    // The CPU's sensor names its units by the letter alone.
+    // The CPU's sensor gives its units as the letter only.
     const Reading<double> enhanced = enhancedReading(temperatureChain, enhancedTree);
     return {enhanced.value, withDegreeSign(enhanced.units)};
 }

@@ -5,7 +5,7 @@
 #include <QJsonObject>
 #include <QString>
 
-/// The readings of one GPU, held to the ranges that systemInfor names.
+/// The readings of one GPU, limited to the ranges given in systemInfor.
 struct GpuReadings
 {
     Reading<int> temperature;
@@ -18,10 +18,10 @@ struct GpuReadings
     Reading<double> voltage;
 };
 
-/// The name of the GPU with the most memory, the earlier one of equals; "NustIN" when there is
-/// none at all.
+/// The name of the GPU with the most memory, the first one among equals; "NustIN" when there is
+/// none.
 QString chosenGpu(const QJsonObject &gpuTrees);
 
-/// Reads each metric from \a gpuTree under the first label of its chain, else from the CPU's
-/// \a enhancedTree, under which integrated graphics are filed.
+/// Reads each metric from \a gpuTree under the first existing label of its list, else from the
+/// CPU's \a enhancedTree, which contains integrated graphics.
 GpuReadings gpuReadings(const QJsonObject &gpuTree, const QJsonObject &enhancedTree);

@@ -11,10 +11,10 @@ struct NetworkReadings
     Reading<double> down;
 };
 
-/// \a kilobytesPerSecond, raised to at least 0, in the largest units that keep it readable: "Kb/s"
-/// (KB/s in fact), "MB/s" or "GB/s". Above 1024 the next units are taken.
+/// \a kilobytesPerSecond, at least 0, in the largest suitable units: "Kb/s" (actually KB/s), "MB/s"
+/// or "GB/s". Above 1024 the next units are used.
 Reading<double> scaledRate(double kilobytesPerSecond);
 
-/// Sums "Current UP rate" and "Current DL rate" over all adapters. A reading whose units are none
-/// of "KB/s", "MB/s" and "GB/s" is not added.
+/// Sums "Current UP rate" and "Current DL rate" over all adapters. A reading whose units are not
+/// "KB/s", "MB/s" or "GB/s" is ignored.
 NetworkReadings networkReadings(const QJsonObject &adapterTrees);

@@ -20,7 +20,7 @@ namespace {
 
 using Info = systemInfor;
 
-/// Takes \a reading over into the snapshot's members for its number and its units.
+/// Stores \a reading in the snapshot's members for its number and its units.
 template <typename Number>
 void store(const Reading<Number> &reading, Number &number, QString &units)
 {
@@ -75,7 +75,7 @@ void refreshCpu(VqSystemMonitorLib *library)
     store(cpu.voltage, Info::CpuVoltage, Info::CpuVoltageUnits);
 }
 
-/// Returns the enhanced tree, under which integrated graphics are filed.
+/// Returns the enhanced tree, which contains integrated graphics.
 QJsonObject refreshCpuHeat(VqSystemMonitorLib *library)
 {
     // Compatibility: queries-twice

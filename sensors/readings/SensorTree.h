@@ -12,7 +12,7 @@
 /// holds "value" and "units".
 namespace sensortree {
 
-/// Whether \a key contains \a label, without regard to letter case.
+/// Whether \a key contains \a label, ignoring letter case.
 bool containsLabel(const QString &key, const QString &label);
 
 /// The first key, in the object's sorted order, that contains \a label.
@@ -42,7 +42,7 @@ Reading<int> wholeNumber(const Reading<double> &reading, unsigned cap);
 /// \a reading as a share in whole percent, capped at 100.
 Reading<unsigned> shareOf(const Reading<double> &reading);
 
-/// \a reading held to \a lowest and \a highest.
+/// \a reading limited to the range \a lowest to \a highest.
 Reading<double> heldTo(const Reading<double> &reading, double lowest, double highest);
 
 /// "°C" for "C"; any other units stay as they are.

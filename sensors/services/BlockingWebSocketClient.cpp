@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Bytes of what nobody reads.
+/// The maximum size of messages in bytes; nobody reads them.
 constexpr quint64 longestMessage = 64ULL * 1024;
 
 } // namespace
@@ -43,7 +43,7 @@ void BlockingWebSocketClient::attempt(const QUrl &url)
     QEventLoop loop;
     QTimer timer;
     connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
-    // Queued: an address that is no address fails inside open, before the loop runs.
+    // Queued, because an invalid address already fails inside open, before the loop runs.
     connect(socket, &QWebSocket::connected, &loop, &QEventLoop::quit, Qt::QueuedConnection);
     connect(socket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), &loop,
             &QEventLoop::quit, Qt::QueuedConnection);

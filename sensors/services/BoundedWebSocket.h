@@ -5,7 +5,7 @@
 class QUrl;
 class QWebSocket;
 
-/// Opens \a socket on \a url, as QWebSocket::open does. A frame or message of more than
-/// \a longestMessage bytes closes the connection before it is read, and no more than twice as many
-/// bytes wait to be read.
+/// Opens \a socket on \a url, as QWebSocket::open does. A frame or message of more than \a
+/// longestMessage bytes closes the connection before it is read, and at most twice as many bytes
+/// are buffered.
 void openBounded(QWebSocket &socket, const QUrl &url, quint64 longestMessage);

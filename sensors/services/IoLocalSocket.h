@@ -23,8 +23,8 @@ public:
     bool isConnected() const { return connected; }
 
 protected:
-    /// The whole reply; an empty object when not connected, when none comes within three seconds
-    /// or when what has come by then is no JSON.
+    /// The whole reply; an empty object when not connected, when no reply arrives within three
+    /// seconds, or when the data received by then is not JSON.
     QJsonObject fetch();
 
 private:
@@ -41,9 +41,9 @@ private:
     bool connected = false;
 };
 
-/// The text "socket 错误:" as a timeout logs it: without as many leading bytes as \a errorCode
-/// says.
+/// The text "socket 错误:" as a timeout logs it: shortened at the front by \a errorCode bytes.
 QString socketErrorLabel(int errorCode);
 
-/// The object in a reply of the service; an empty one and a logged line when it is no JSON.
+/// The object in a reply of the service; if it is not JSON, a line is logged and the object is
+/// empty.
 QJsonObject parseServiceReply(const QByteArray &reply);

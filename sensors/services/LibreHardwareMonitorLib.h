@@ -2,7 +2,8 @@
 
 #include <QObject>
 
-/// Stands beside the system-monitor library for the plugin's lifetime; it has nothing of its own.
+/// Exists beside the system-monitor library for the plugin's lifetime; it has no function of its
+/// own.
 class LibreHardwareMonitorLib : public QObject
 {
     Q_OBJECT

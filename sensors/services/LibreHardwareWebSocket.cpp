@@ -19,10 +19,11 @@ namespace {
 
 constexpr int noPort = -1;
 
-/// Far above any real configuration; what is longer is cut.
+/// Far above any real configuration; a longer one is truncated.
 constexpr qint64 longestFile = 1024LL * 1024;
 
-/// Bytes of a reply: some thirty times that of a machine of a thousand sensors.
+/// The maximum size of a reply in bytes: some thirty times that of a machine with a thousand
+/// sensors.
 constexpr quint64 longestReply = 4ULL * 1024 * 1024;
 
 constexpr int attemptCount = 3;
@@ -70,7 +71,7 @@ void LibreHardwareWebSocket::setPort(int newPort)
 int LibreHardwareWebSocket::readConfiguredPort()
 {
     const QString path = configurationPath();
-    // Anything but a regular file is none: reading a pipe might never end.
+    // Only a regular file is accepted: reading a pipe might never end.
     if (!QFileInfo(path).isFile()) {
         qWarning() << "Config file not found:" << path;
         return noPort;
@@ -185,7 +186,7 @@ QJsonObject serviceResult(const QString &message)
     const int code = reply.value(QLatin1String("code")).toInt();
     QJsonObject result = reply.value(QLatin1String("result")).toObject();
     // Compatibility: code-as-character
-    // The code stands as the character that it numbers.
+    // The code is logged as the character with that number.
     LogDebug(QStringLiteral("method:") + method + QStringLiteral(" code:") +
              QLatin1Char(static_cast<char>(code)) + QStringLiteral(" result:") + indented(result));
     return result;

@@ -33,7 +33,7 @@ public:
     bool connectWithRetries(int attempts, int timeoutMs);
 
     /// Sends one text frame and waits up to three seconds for the next one, whose "result" is
-    /// returned: an empty object when none comes or it is no JSON.
+    /// returned: an empty object when none arrives or it is not JSON.
     QJsonObject request(const QByteArray &text);
 
     const QUrl &address() const { return url; }
@@ -41,7 +41,7 @@ public:
 private Q_SLOTS:
     void onConnected();
     void onDisconnected();
-    /// Not connected: a failed attempt tells its error itself.
+    /// Not connected to anything: a failed attempt logs its error itself.
     void onError(QAbstractSocket::SocketError error);
     void onTextMessage(const QString &msg);
 

@@ -8,7 +8,7 @@
 
 class httptcpGetMonitorData;
 
-/// Where the machine's performance service is to be found. This release requests nothing of it.
+/// The address of the machine's performance service. This release sends it no requests.
 class PerfDataSource : public QObject
 {
     Q_OBJECT

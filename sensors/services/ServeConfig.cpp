@@ -22,14 +22,14 @@ bool hasWideLineEnd(const QByteArray &text, int at)
     return lineEnd == "\r\n" || lineEnd == "\n\r";
 }
 
-/// One line of an INI file, which goes on behind a line end that is quoted or escaped.
+/// One line of an INI file, which continues after a quoted or escaped line end.
 struct Line
 {
     QByteArray text;
     int equals = -1; ///< Where the first sign of equality is.
 };
 
-/// The lines of an INI file without comments and blank ones.
+/// The lines of an INI file, without comments and blank lines.
 class Lines
 {
 public:
@@ -88,7 +88,7 @@ private:
     int m_at = 0;
 };
 
-/// "%6F" and "%U006F" are an o, a backslash parts groups.
+/// "%6F" and "%U006F" are an o; a backslash separates groups.
 QString unescapedName(const QByteArray &name)
 {
     QString result;
@@ -135,7 +135,7 @@ QString escaped(const QByteArray &value, int &at)
     return {};
 }
 
-/// The text that \a value is; an empty one when it is a list of several.
+/// The text of \a value; empty when it is a list of several values.
 QString unescapedValue(const QByteArray &value)
 {
     QString result;
@@ -154,7 +154,7 @@ QString unescapedValue(const QByteArray &value)
     return result;
 }
 
-/// \a text without the marks of a value that says of itself that it is a text.
+/// \a text without the marks of a value that is explicitly typed as a text.
 QString unwrapped(const QString &text)
 {
     for (const char *const mark : {"@String(", "@ByteArray("}) {

@@ -5,8 +5,8 @@
 #include <QString>
 #include <QUrl>
 
-/// What the machine's performance service answers over HTTP. This release requests nothing: what
-/// the signals carry is written to the plugin's log.
+/// The HTTP replies of the machine's performance service. This release sends no requests; what the
+/// signals carry would be written to the plugin's log.
 class httptcpGetMonitorData : public QObject
 {
     Q_OBJECT

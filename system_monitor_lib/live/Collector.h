@@ -13,10 +13,10 @@ public:
     Q_DISABLE_COPY(Collector)
 
     /// Takes a sample and adds its labels to \a trees. \a nowNs is monotonic time in nanoseconds,
-    /// for rates and for sources that are to be read rarely. False when the source cannot be read.
+    /// used for rates and for sources that are read rarely. False when the source cannot be read.
     virtual bool collect(qint64 nowNs, SensorTrees &trees) = 0;
 
-    /// What a sample may take before the collector counts as slow.
+    /// The longest time for a sample before the collector counts as slow.
     [[nodiscard]] virtual std::chrono::nanoseconds patience() const
     {
         return std::chrono::milliseconds(50);

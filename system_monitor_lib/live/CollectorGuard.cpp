@@ -15,15 +15,15 @@ bool CollectorGuard::rests(qint64 nowNs) const
 
 void CollectorGuard::ask(qint64 nowNs, SensorTrees &trees)
 {
-    // One second out of a hundred is what a hanging device may cost.
+    // A hanging device may cost at most one second out of a hundred.
     constexpr qint64 share = 100;
     const qint64 start = m_stopwatch();
-    // Only of one that may have to rest a copy is kept, which costs some time.
+    // A copy costs some time, so it is kept only for a collector that may have to be paused.
     SensorTrees copy;
     m_wasReadable = m_guarded->collect(nowNs, m_wasSlow ? copy : trees);
     const qint64 spent = m_stopwatch() - start;
     const bool isSlow = spent > m_guarded->patience().count();
-    // A single slow one is no fault: a library may have been loaded.
+    // A single slow sample is not an error: a library may have been loaded.
     const bool mustRest = isSlow && m_wasSlow;
     m_wasSlow = isSlow;
     m_askedNs = nowNs;

@@ -5,15 +5,15 @@
 
 #include <memory>
 
-/// Keeps a collector that has become slow, such as one whose device hangs, from stopping the
-/// others: after two slow samples in a row, and after each slow one from then on, it rests. Its
-/// last readings stand in meanwhile, until they are too old; then its devices have none.
+/// Keeps a slow collector, such as one whose device hangs, from blocking the others: after two slow
+/// samples in a row, and after each slow one from then on, the collector is paused. Meanwhile its
+/// last readings are used until they are too old; then its devices have no readings.
 class CollectorGuard : public Collector
 {
 public:
-    /// How old readings may become.
+    /// The maximum age of readings.
     static constexpr std::chrono::nanoseconds oldest = std::chrono::seconds(75);
-    /// The longest rest.
+    /// The longest pause.
     static constexpr std::chrono::nanoseconds longestRest = std::chrono::minutes(5);
 
     CollectorGuard(std::unique_ptr<Collector> guarded, const MonotonicClock &stopwatch);

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vector>
 
-/// The \a name of \a device, and its place as well where several of \a all bear that name.
+/// The \a name of \a device, including its place if several of \a all have that name.
 template <typename Device>
 QString distinctName(const Device &device, const std::vector<Device> &all, QString Device::*name)
 {

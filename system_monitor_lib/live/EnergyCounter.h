@@ -2,15 +2,16 @@
 
 #include "system_monitor_lib/live/files/Attribute.h"
 
-/// A counter of energy in microjoules, and what it said last.
+/// A counter of energy in microjoules, and its last value.
 class EnergyCounter
 {
 public:
-    /// \a range is the path of the number at which it starts anew, empty where there is none.
+    /// \a range is the path of the number at which the counter wraps around; empty when there is
+    /// none.
     explicit EnergyCounter(const QString &path, const QString &range = {});
 
-    /// Watts since the last call. Nothing when the counter cannot be read, was set anew or has
-    /// never counted, and after the first call.
+    /// Watts since the last call. Nothing when the counter cannot be read, was reset or has never
+    /// counted, and after the first call.
     std::optional<double> watts(qint64 nowNs);
     /// Forgets the last call.
     void reset() { m_previous.reset(); }

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// More than anything here can draw; a counter that was set anew can look like it.
+/// More than anything here can consume; a counter that was reset can look like this.
 constexpr double highestPower = 5000;
 
 std::optional<quint64> counted(Attribute &attribute)

@@ -9,8 +9,8 @@
 
 namespace {
 
-/// The model follows ": ", where readers of the group look for it. Without one they would take
-/// what follows in another group's name.
+/// The model follows ": ", where it is looked for. If it were missing, what follows in another
+/// group's name would be taken.
 QString cpuGroup(const MachineRoots &roots)
 {
     const QString model = cpuModel(roots);

@@ -13,13 +13,13 @@
 class LiveSource : public TreeSource
 {
 public:
-    /// A sample of at most this age serves further queries.
+    /// The maximum age of a sample that is reused for further queries.
     static constexpr std::chrono::nanoseconds freshness = std::chrono::milliseconds(250);
 
     explicit LiveSource(const MachineRoots &roots = thisMachine(),
                         const MonotonicClock &clock = monotonicNanoseconds);
 
-    /// Takes the first sample, from which the first rates are counted. False when nothing of this
+    /// Takes the first sample, on which the first rates are based. False when nothing on this
     /// machine can be read.
     bool open() override;
     QJsonObject tree(Query query) override;

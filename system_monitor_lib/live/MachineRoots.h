@@ -3,8 +3,8 @@
 #include <QString>
 #include <QStringList>
 
-/// Where the readings of a machine lie; another place holds a captured machine. Without meaning on
-/// systems that have no such files.
+/// The locations of a machine's readings; other locations may hold a captured machine. They have no
+/// meaning on systems without such files.
 struct MachineRoots
 {
     QString proc = QStringLiteral("/proc");
@@ -13,7 +13,7 @@ struct MachineRoots
     QString pciIds = {};
     /// The list of AMD cards by number and revision; empty when there is none.
     QString amdIds = {};
-    /// NVIDIA's management library, loaded when it is there; empty when it shall not be.
+    /// NVIDIA's management library, loaded if it exists; empty when it must not be loaded.
     QString nvidiaLibrary = {};
     /// Whether the chips of the board are read. They are always those of this machine.
     bool boardChips = false;

@@ -8,7 +8,7 @@ MachineRoots thisMachine()
 {
     MachineRoots roots;
     std::array<wchar_t, MAX_PATH> folder{};
-    // By its whole path: a bare name would be searched in the working directory too.
+    // With its full path: a bare name would also be searched for in the working directory.
     const UINT length = GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size()));
     if (length > 0 && length < folder.size())
         roots.nvidiaLibrary = QString::fromWCharArray(folder.data()) + QStringLiteral("\\nvml.dll");

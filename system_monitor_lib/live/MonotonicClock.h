@@ -7,6 +7,6 @@
 /// A source of time in nanoseconds that never goes back.
 using MonotonicClock = std::function<qint64()>;
 
-/// Nanoseconds since some fixed moment, the time that the machine slept included, so that a sleep
-/// shows as a gap.
+/// Nanoseconds since some fixed moment, including the time that the machine was asleep, so that
+/// sleep shows as a gap.
 qint64 monotonicNanoseconds();

@@ -4,17 +4,17 @@
 
 #include <chrono>
 
-/// Says when something that is done rarely is due again.
+/// Tells when something that is done rarely is due again.
 class Pace
 {
 public:
     explicit Pace(std::chrono::nanoseconds period);
 
-    /// True at first, and whenever the period has passed since the last time that it was true.
+    /// True at first, and whenever the period has passed since it was last true.
     bool isDue(qint64 nowNs);
-    /// Makes the next question true.
+    /// Makes the next call return true.
     void expire() { m_started = false; }
-    /// Holds from the next time on.
+    /// Takes effect the next time.
     void setPeriod(std::chrono::nanoseconds period) { m_period = period; }
 
 private:
@@ -23,5 +23,5 @@ private:
     bool m_started = false;
 };
 
-/// How often the devices of the machine are listed anew.
+/// How often the list of devices is refreshed.
 inline constexpr std::chrono::nanoseconds listingPeriod = std::chrono::seconds(10);

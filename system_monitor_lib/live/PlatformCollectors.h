@@ -7,9 +7,9 @@
 #include <memory>
 #include <vector>
 
-/// The collectors of hardware sensors in the way of this platform. Windows gives its programs
-/// neither the processor's heat and power nor the board's sensors without a driver of their own. \a
-/// cpuGroup is the processor's group of sensors; \a stopwatch tells which sensors are slow to read.
+/// The hardware-sensor collectors of this platform. Windows gives programs neither the processor's
+/// temperature and power nor the board's sensors without a special driver. \a cpuGroup is the
+/// processor's group of sensors; \a stopwatch is used to find sensors that are slow to read.
 std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &roots,
                                                            const QString &cpuGroup,
                                                            const MonotonicClock &stopwatch);

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QtGlobal>
 
-/// What tells one state of a file from the next without reading it.
+/// Distinguishes one state of a file from the next without reading the file.
 struct FileStamp
 {
     enum class Kind { Missing, Regular, Other };
@@ -13,11 +13,11 @@ struct FileStamp
     quint64 identity = 0;  ///< Changes when another file takes the name, where the system tells.
     qint64 modifiedNs = 0; ///< Last change of the content, nanoseconds since 1970.
     qint64 changedNs = 0;  ///< Last change of content or attributes, where the system tells.
-    // Times outside 1678 to 2262 are held to these years.
+    // Times outside 1678 to 2262 are limited to these years.
 };
 
 bool operator==(const FileStamp &a, const FileStamp &b);
 
-/// The state of a file, that of its target where \a path is a link. It reads nothing of the content
-/// and waits for nobody. Whatever cannot be looked at counts as missing.
+/// The state of a file, or of its target if \a path is a link. It reads none of the content and
+/// never blocks. A file that cannot be examined counts as missing.
 FileStamp fileStamp(const QString &path);

@@ -50,7 +50,7 @@ qint64 nanosecondsSince1970(quint64 ticksSince1601)
 FileStamp fileStamp(const QString &path)
 {
     const std::wstring nativePath = QDir::toNativeSeparators(path).toStdWString();
-    // A path by itself would tell of a link, an open file tells of its target.
+    // A path would give information about a link, an open file gives it about the target.
     constexpr DWORD everything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     HANDLE file = CreateFileW(nativePath.c_str(), FILE_READ_ATTRIBUTES, everything, nullptr,
                               OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);

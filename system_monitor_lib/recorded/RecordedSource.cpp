@@ -9,15 +9,15 @@
 
 namespace {
 
-/// Time stamps of files advance in steps of up to 10 ms (a tick of the kernel), so two writes that
-/// follow one another closely may bear the same stamp.
+/// Time stamps of files advance in steps of up to 10 ms (a tick of the kernel), so two writes in
+/// quick succession may have the same stamp.
 constexpr std::chrono::nanoseconds stampResolution = std::chrono::milliseconds(50);
 
 bool isSettled(const FileStamp &stamp)
 {
     using namespace std::chrono;
     const nanoseconds now = system_clock::now().time_since_epoch();
-    // Not the difference: the stamp may be as far from now as its type can be.
+    // Not computed as a difference, which could overflow: the stamp may have any value of its type.
     const nanoseconds changed(stamp.changedNs);
     return changed < now - stampResolution || changed > now + stampResolution;
 }

@@ -10,8 +10,8 @@
 #include <variant>
 
 /// Serves the trees of a recording (see Recording.h). The file is read again whenever it has
-/// changed; while it is missing or broken the last good trees stay, and each change for the worse
-/// is one logged line.
+/// changed; while it is missing or broken the last good trees stay, and a line is logged each time
+/// that it becomes missing or broken.
 class RecordedSource : public TreeSource
 {
 public:
@@ -25,7 +25,7 @@ public:
     QJsonObject tree(Query query) override;
 
 private:
-    /// Looks at the file, and reads it when it is not the one that was read last.
+    /// Checks the file, and reads it if it differs from the one read last.
     void refresh();
     /// The file's bytes, or why there are none.
     [[nodiscard]] std::variant<QByteArray, QString> content() const;
@@ -35,7 +35,8 @@ private:
     const QString m_path;
     SensorTrees m_trees;
     bool m_good = false;
-    /// The state in which the file was read last, and whether it can be told from a later one.
+    /// The state in which the file was read last, and whether it can be distinguished from a later
+    /// one.
     FileStamp m_stamp;
     bool m_settled = false;
     QString m_reported;

@@ -13,11 +13,11 @@
 struct Recording
 {
     SensorTrees trees;
-    /// One text per member that is no object and was therefore passed over.
+    /// One text per member that is not an object and was therefore skipped.
     QStringList remarks;
 };
 
-/// Gives the recording, or a text saying why \a json is none.
+/// Returns the recording, or a text saying why \a json is not one.
 std::variant<Recording, QString> parseRecording(const QByteArray &json);
 
 /// The members of a recording of \a trees; queries without readings are left out.

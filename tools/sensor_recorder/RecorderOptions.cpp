@@ -41,7 +41,7 @@ std::variant<RecorderOptions, RecorderMessage> parseRecorderOptions(const QStrin
     const double seconds = parser.value(interval).toDouble(&isTime);
     if (!isCount || count < 1 || count > mostSamples)
         return RecorderMessage{QStringLiteral("--samples takes a number from 1 on.\n"), 2};
-    // Below this the readings would not be taken anew.
+    // With a shorter interval the readings would not be refreshed.
     if (!isTime || !(seconds >= 0.5) || seconds > longestInterval)
         return RecorderMessage{QStringLiteral("--interval takes seconds, 0.5 or more.\n"), 2};
     return RecorderOptions{parser.positionalArguments().constFirst(), count,

@@ -12,22 +12,22 @@
 /// One chip that libsensors found.
 struct BoardChip
 {
-    /// As sensors(1) shows it, such as "nct6798-isa-0290".
+    /// Its name as sensors(1) shows it, such as "nct6798-isa-0290".
     QString name;
-    /// Its driver's name for it, such as "nct6798".
+    /// The driver's name for it, such as "nct6798".
     QString driver = {};
     /// The rest of its name: the bus and the address.
     QString place = {};
     /// Its number in the library's list.
     std::size_t index = 0;
-    /// Chips in the order of this come in the order of their buses: first what is soldered to the
-    /// board, last what comes and goes.
+    /// Sorting by this sorts chips by their buses: first those on the board, last those that can be
+    /// plugged in.
     int busOrder = 0;
 };
 
 /// The chips of the board, read through libsensors, which applies the user's own labels and
-/// corrections (sensors.conf(5)). Its state is the whole process's, so there is one of these at a
-/// time. GPUs and drives are not among the chips: they must not be woken.
+/// corrections (sensors.conf(5)). libsensors has process-wide state, so only one of these objects
+/// may exist at a time. GPUs and drives are excluded, because they must not be woken.
 class BoardChips
 {
 public:
@@ -37,13 +37,13 @@ public:
 
     /// By bus, then by name.
     [[nodiscard]] const std::vector<BoardChip> &chips() const { return m_chips; }
-    /// The labels that read() can give, without asking the chip.
+    /// The labels that read() can return, without accessing the chip.
     [[nodiscard]] QStringList labels(const BoardChip &chip) const;
     /// The fans and pumps among them.
     [[nodiscard]] FanChip fans(const BoardChip &chip) const;
-    /// The present readings of a chip by label. Of sensors of one label all but the first bear the
-    /// chip's own name for them as well, such as "CPU Fan (fan3)". What cannot be read, is said to
-    /// be faulty or is implausible is left out.
+    /// The current readings of a chip by label. If several sensors have the same label, all but the
+    /// first also include the chip's own name for the sensor, such as "CPU Fan (fan3)". Sensors
+    /// that cannot be read, report a fault or have implausible values are left out.
     [[nodiscard]] QJsonObject read(const BoardChip &chip) const;
 
 private:

@@ -18,7 +18,7 @@
 
 namespace {
 
-/// Puts the process's locale back, which libsensors changes while it reads its configuration.
+/// Restores the process's locale, which libsensors changes while it reads its configuration.
 class LocaleKeeper
 {
 public:

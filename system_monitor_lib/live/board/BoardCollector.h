@@ -11,18 +11,17 @@
 #include <memory>
 #include <optional>
 
-/// The voltage of the processor's cores among the readings of a chip: those under a label such as
+/// The core voltage of the processor among the readings of a chip: those under a label such as
 /// "Vcore". Empty when there is none.
 QJsonArray coreVoltage(const QJsonObject &chip);
 
-/// How long a chip rests that took \a spentNs to read: so long that it costs little time in the
-/// end. None for a quick one.
+/// How long to pause a chip that took \a spentNs to read, so that it costs little time on average.
+/// 0 for a fast chip.
 std::chrono::nanoseconds restAfter(qint64 spentNs);
 
-/// The board's temperatures, voltages, fans and pumps, one group per chip, under the labels that
-/// the chip or the user gives them; and the voltage of the processor's cores for the CPU query as
-/// "Core VID". A fan or pump that is known to be the processor's also bears the label "CPU Fan" or
-/// "AIO Pump".
+/// The board's temperatures, voltages, fans and pumps, one group per chip, under the labels given
+/// by the chip or the user; and the processor's core voltage for the CPU query as "Core VID". A fan
+/// or pump that is known to be the processor's also gets the label "CPU Fan" or "AIO Pump".
 class BoardCollector : public Collector
 {
 public:
@@ -30,7 +29,7 @@ public:
                    const MonotonicClock &stopwatch = monotonicNanoseconds);
 
     bool collect(qint64 nowNs, SensorTrees &trees) override;
-    /// Slow chips rest by themselves, and cost the quick ones nothing.
+    /// Slow chips are paused individually and do not delay the fast ones.
     [[nodiscard]] std::chrono::nanoseconds patience() const override
     {
         return std::chrono::seconds(1);
@@ -41,15 +40,15 @@ private:
     {
         BoardChip chip;
         QStringList mayHave;
-        /// The labels that some of its sensors have besides, because readers look for them.
+        /// Additional labels of some of its sensors, by which they are looked up.
         QHash<QString, QString> usualLabels;
         Pace pace{std::chrono::nanoseconds(0)};
         QJsonObject labels;
     };
 
-    /// Lists the chips anew when some came or went.
+    /// Refreshes the list of chips when some were added or removed.
     void look();
-    /// Gives a fan the label by which readers know it.
+    /// Gives a fan the label by which it is looked up.
     void name(const std::optional<FanPlace> &fan, const QString &usualLabel);
 
     const MachineRoots m_roots;

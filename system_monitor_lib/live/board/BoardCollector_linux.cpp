@@ -43,7 +43,8 @@ void BoardCollector::look()
     if (m_chips && present == m_present)
         return;
     m_present = present;
-    // The library's state is the process's: the old one goes before the new one comes.
+    // The library's state is process-wide: the old object must be deleted before the new one is
+    // created.
     m_chips.reset();
     m_chips = std::make_unique<BoardChips>();
     m_groups.clear();

@@ -27,7 +27,7 @@ bool has(const FanHeader &fan, const char *word)
     return fan.label.contains(QLatin1String(word), Qt::CaseInsensitive);
 }
 
-/// The header of the processor's fan where nothing has a label.
+/// The header of the processor's fan if no fan has a label that identifies it.
 struct Convention
 {
     const char *drivers;

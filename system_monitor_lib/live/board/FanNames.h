@@ -19,17 +19,17 @@ struct FanChip
     std::vector<FanHeader> fans;
 };
 
-/// Which fan is whose.
+/// A fan or pump and the chip that it belongs to.
 struct FanPlace
 {
     std::size_t chip = 0;
     QString label;
 };
 
-/// The fan that is to be called "CPU Fan" besides, because readers look for that label: one whose
-/// own label says that it is the processor's, else the header at which the chip's maker or the
-/// board's kind puts it. Nothing where a label says so already, and where several chips would have
-/// one.
+/// The fan that also gets the label "CPU Fan", by which it is looked up: one whose own label
+/// identifies it as the processor's, else the fan at the header that the chip's maker or this kind
+/// of board uses for it. Nothing when a fan has that label already, or when the rule applies to
+/// several chips.
 std::optional<FanPlace> cpuFan(const std::vector<FanChip> &chips);
 
 /// The same for "AIO Pump": a pump by its label, those of drivers for water coolers first.

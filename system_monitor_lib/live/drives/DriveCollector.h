@@ -8,15 +8,15 @@
 #include <memory>
 #include <vector>
 
-/// "Drive Temperature" (whole °C) of each drive that the drivers nvme and drivetemp serve, for the
-/// drive query and the groups "Drive: NAME". A drive is called by its model, and by its place as
-/// well where several bear the same one. A turning disk is asked only after it served somebody
-/// else, because only then it is known to be awake.
+/// "Drive Temperature" (whole °C) of each drive that the drivers nvme and drivetemp support, for
+/// the drive query and the groups "Drive: NAME". A drive is named after its model, and also its
+/// place if several have the same model. A rotating disk is only read after it has been used,
+/// because only then it is known to be awake.
 class DriveCollector : public Collector
 {
 public:
     static constexpr std::chrono::nanoseconds readingPeriod = std::chrono::seconds(30);
-    /// How long the last temperature of a disk stands that nobody uses.
+    /// How long the last temperature of an unused disk stays valid.
     static constexpr std::chrono::nanoseconds idlePeriod = std::chrono::minutes(10);
 
     explicit DriveCollector(const MachineRoots &roots);
@@ -31,9 +31,9 @@ private:
         QString place;
         QString order;
         std::unique_ptr<Attribute> temperature;
-        /// "suspended" while its bus sleeps.
+        /// "suspended" while its bus is asleep.
         std::unique_ptr<Attribute> runtimeStatus;
-        /// What a turning disk has served so far; null when the drive has no moving parts.
+        /// The I/O statistics of a rotating disk; null when the drive has no moving parts.
         std::unique_ptr<Attribute> served;
         QString lastServed;
         std::optional<double> celsius;

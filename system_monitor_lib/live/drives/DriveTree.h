@@ -12,6 +12,6 @@ struct DriveName
     QString place; ///< Tells it from another one of that model.
 };
 
-/// Adds the drive \a name, with "Drive Temperature" where \a celsius is known. The readers of that
-/// label take a number that is not whole for 0, so that it is rounded.
+/// Adds the drive \a name, with "Drive Temperature" if \a celsius is known. It is rounded, because
+/// a temperature that is not a whole number would be read as 0.
 void addDrive(SensorTrees &trees, const DriveName &name, std::optional<double> celsius);

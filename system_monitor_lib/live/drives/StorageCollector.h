@@ -9,8 +9,8 @@
 #include <functional>
 
 /// "Drive Temperature" (whole °C) of each drive that \a drives lists, for the drive query and the
-/// groups "Drive: NAME". A drive is called by its model, and by its place as well where several
-/// bear the same one.
+/// groups "Drive: NAME". A drive is named after its model, and also its place if several have the
+/// same model.
 class StorageCollector : public Collector
 {
 public:
@@ -25,13 +25,13 @@ public:
 private:
     [[nodiscard]] QString name(const StorageDrive &drive) const;
 
-    /// Those that have told a temperature come first: many drives have no sensor, and theirs is not
-    /// the one that the list of all sensors calls by the plain label.
+    /// Drives that have reported a temperature come first: many drives have no sensor, and these
+    /// must not take the unprefixed label in the list of all sensors.
     std::vector<StorageDrive> inOrder();
 
     const Drives m_list;
     Pace m_reading{readingPeriod};
     std::vector<StorageDrive> m_drives;
-    /// The places of the drives that have told one, in that order.
+    /// The places of the drives that have reported a temperature, in that order.
     QStringList m_told;
 };

@@ -13,6 +13,6 @@ struct StorageDrive
     std::optional<double> celsius; ///< Absent while it sleeps and where it has no sensor.
 };
 
-/// The drives that Windows numbers. They are opened without any right to their contents; one that
-/// sleeps is not woken.
+/// The drives that Windows numbers. They are opened without any access right to their contents; a
+/// sleeping drive is not woken.
 std::vector<StorageDrive> storageDrives();

@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// A text by which devices sort as they are built in: by their place in the tree of devices, those
-/// on USB after all others, because they come and go. \a device is a link into that tree.
+/// A sort key that orders devices as they are built in: by their place in the tree of devices,
+/// those on USB last, because they can be plugged in. \a device is a link into that tree.
 QString orderOfDevice(const QString &device);

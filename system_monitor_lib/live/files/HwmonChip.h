@@ -14,12 +14,12 @@ struct HwmonChip
 {
     /// The name that its driver gives it.
     QString name;
-    /// Its folder, every link resolved, so that another chip that takes its number later has
-    /// another folder.
+    /// Its folder with every link resolved, so that another chip that later gets the same number
+    /// has another folder.
     QString directory;
 };
 
-/// The chips that are there now.
+/// The chips that exist now.
 std::vector<HwmonChip> hwmonChips(const MachineRoots &roots);
 
 /// The path of the input of the temperature whose label is \a label; empty when there is none.

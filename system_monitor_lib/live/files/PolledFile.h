@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-/// A file that is read over and over: it stays open and is read from its start each time, which
-/// makes a file of /proc or /sys give its present content. It is opened anew when it has gone.
+/// A file that is read repeatedly: it stays open and is read from its start each time, which makes
+/// a file in /proc or /sys return its current content. It is reopened when it was removed.
 class PolledFile
 {
 public:
@@ -20,7 +20,7 @@ public:
 
 private:
     [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
-    /// Whether the open file still has its name, or any name.
+    /// Whether the open file still has its name, or any name at all.
     [[nodiscard]] bool isInPlace() const;
     void open();
     void close();

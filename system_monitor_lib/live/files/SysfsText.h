@@ -13,12 +13,12 @@ std::optional<qint64> parseInteger(std::string_view text);
 /// Parses an attribute of /sys that holds one word or name. Empty when it holds none.
 QString parseWord(std::string_view text);
 
-/// Whether a device of this power/runtime_status sleeps, or is on its way to or from it. One that
-/// cannot be read does not.
+/// Whether a device with this power/runtime_status is asleep, falling asleep or waking up. False
+/// when the status cannot be read.
 bool meansAsleep(const QString &runtimeStatus);
 
-/// Parses a temperature in thousandths of a degree and gives °C. Nothing outside of 0 to 140 °C,
-/// where sensors that are not connected and limits that are not set lie.
+/// Parses a temperature in thousandths of a degree and returns °C. Nothing outside 0 to 140 °C,
+/// which is what sensors that are not connected and limits that are not set report.
 std::optional<double> parseCelsius(std::string_view text);
 
 /// Whether a temperature in °C is one that hardware can have.

@@ -6,7 +6,7 @@ namespace {
 
 constexpr int hexadecimal = 16;
 
-/// Nothing but the number counts: lists write "C8" and "0xc8", with or without leading zeros.
+/// Only the number counts: lists write "C8" and "0xc8", with or without leading zeros.
 int number(const QString &digits)
 {
     bool isNumber = false;

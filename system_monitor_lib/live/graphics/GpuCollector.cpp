@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Readers choose the GPU with the most memory.
+/// The GPU with the most memory is the one that is shown.
 QJsonObject labelsForChoice(const GpuState &gpu)
 {
     QJsonObject labels = gpu.labels;
@@ -42,7 +42,7 @@ bool GpuCollector::collect(qint64 nowNs, SensorTrees &trees)
     int nextAsleep = awake;
     for (const GpuState &gpu : gpus) {
         const QString name = distinctName(gpu, gpus, &GpuState::name);
-        // Readers might choose a GPU that says nothing over one that does.
+        // Otherwise a GPU without readings might be chosen over one that has some.
         if (!gpu.labels.isEmpty())
             trees.addDevice(Query::GpuInfo, name, labelsForChoice(gpu));
         const int number = gpu.labels.isEmpty() ? nextAsleep++ : nextAwake++;

@@ -6,8 +6,9 @@
 #include <memory>
 
 /// The readings of each GPU, for the GPU query and the groups "GPU [#N]: NAME". The GPU with the
-/// most memory of its own is number 0; one that sleeps comes last and has a group only. In the list
-/// of all sensors the labels are those of the GPU with the most memory, also while it sleeps.
+/// most memory of its own is number 0; a sleeping GPU comes last and has only a group. In the list
+/// of all sensors the unprefixed labels belong to the GPU with the most memory, even while it
+/// sleeps.
 class GpuCollector : public Collector
 {
 public:

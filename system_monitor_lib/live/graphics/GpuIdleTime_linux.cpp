@@ -9,8 +9,8 @@
 
 namespace {
 
-/// The file of the time in milliseconds; empty when there is none. i915 counts with RC6 switched
-/// off too, but counts nothing.
+/// The file of the time in milliseconds; empty when there is none. With RC6 disabled, i915 still
+/// has the file, but its value stays constant.
 QString idleFile(const QString &card, const QString &driver)
 {
     if (driver == QLatin1String("xe")) {

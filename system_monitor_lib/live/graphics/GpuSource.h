@@ -6,25 +6,26 @@
 
 #include <vector>
 
-/// A GPU and what it says at one moment.
+/// A GPU and its readings at one moment.
 struct GpuState
 {
     QString name;
-    /// Tells it from another GPU of the same name.
+    /// Distinguishes it from another GPU with the same name.
     QString place;
-    /// Its own memory in MB, 0 when it has none or does not tell.
+    /// Its own memory in MB; 0 when it has none or does not report it.
     double memory = 0;
-    /// Whether that is only what its window on the bus tells: enough to choose a card by, but not
-    /// for a reading.
+    /// Whether this is only the size of its window on the bus, which is good enough for choosing a
+    /// card, but not for a reading.
     bool isMemoryOfWindow = false;
     QJsonObject labels;
-    /// What only the list of all sensors has besides.
+    /// Additional readings for the list of all sensors only.
     QJsonObject listed = {};
     /// The labels that it may have while it is awake.
     QStringList mayHave = {};
 };
 
-/// One way to reach GPUs. Each stands alone: what hides one vendor's GPUs leaves the others'.
+/// One way to access GPUs. Each is independent: if the GPUs of one vendor cannot be read, the
+/// others' still can.
 class GpuSource
 {
 public:
@@ -32,14 +33,14 @@ public:
     virtual ~GpuSource() = default;
     Q_DISABLE_COPY(GpuSource)
 
-    /// The GPUs that are there now. One that sleeps has no labels and is not woken.
+    /// The GPUs that exist now. A sleeping one has no labels and is not woken.
     virtual std::vector<GpuState> read(qint64 nowNs) = 0;
 };
 
 /// The labels that addMemoryLabels() may add.
 QStringList memoryLabelNames();
 
-/// Adds "GPU Memory Usage" (%), "GPU Memory Allocated" and "GPU Memory Total" (MB) of sizes in
-/// bytes, and gives the total in MB. Free memory has no label: readers would choose the GPU by it,
-/// and so another one whenever the load moves.
+/// Adds "GPU Memory Usage" (%), "GPU Memory Allocated" and "GPU Memory Total" (MB) from sizes in
+/// bytes, and returns the total in MB. Free memory has no label, because the GPU would then be
+/// chosen by it, and the choice would change with the load.
 double addMemoryLabels(QJsonObject &labels, quint64 usedBytes, quint64 totalBytes);

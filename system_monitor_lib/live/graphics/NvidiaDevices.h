@@ -7,20 +7,21 @@
 #include <optional>
 #include <vector>
 
-/// How one NVIDIA device stands.
+/// The power state of one NVIDIA device.
 struct NvidiaDevice
 {
-    /// Its place on the bus, such as "0000:09:00.0"; empty for all that the library counts.
+    /// Its place on the bus, such as "0000:09:00.0"; empty if it stands for all devices of the
+    /// library.
     QString address;
     /// The numbers of maker and product, such as "10de:2504"; empty when unknown.
     QString pciId;
     bool sleeps = false;
-    /// How long after its last user it goes to sleep; nothing when it stays awake, or for longer
-    /// than anyone would wait.
+    /// How long after its last use it goes to sleep; nothing when it stays awake, or only sleeps
+    /// after a very long time.
     std::optional<std::chrono::nanoseconds> sleepsAfter;
 };
 
-/// The NVIDIA devices of the machine as the system tells of them, which wakes none.
+/// The NVIDIA devices of the machine as the system lists them, which wakes none of them.
 class NvidiaDevices
 {
 public:
@@ -28,7 +29,7 @@ public:
     ~NvidiaDevices();
     Q_DISABLE_COPY(NvidiaDevices)
 
-    /// A single one without address, awake, when the system does not tell.
+    /// A single device without address, awake, when the system does not list them.
     std::vector<NvidiaDevice> look(qint64 nowNs);
 
 private:

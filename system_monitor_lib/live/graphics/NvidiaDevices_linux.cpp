@@ -12,7 +12,7 @@ namespace {
 
 constexpr qint64 longestDelayMs = 60'000;
 
-/// Of the attributes "vendor" and "device", which the kernel knows by heart: this wakes nothing.
+/// For the attributes "vendor" and "device", which the kernel has cached: this wakes nothing.
 QString pciIdOf(const QString &directory)
 {
     const QString vendor = attributeWord(directory + QStringLiteral("/vendor")).mid(2);

@@ -73,7 +73,7 @@ NvidiaDevices::NvidiaDevices(const MachineRoots & /*roots*/) {}
 
 NvidiaDevices::~NvidiaDevices() = default;
 
-// The system does not tell whether a device waits for its last user to go.
+// The system does not report whether a device is waiting for its last user.
 std::vector<NvidiaDevice> NvidiaDevices::look(qint64 /*nowNs*/)
 {
     return {{QString(), QString(), allSleep(), std::nullopt}};

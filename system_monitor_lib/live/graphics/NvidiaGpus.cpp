@@ -91,7 +91,7 @@ void NvidiaGpus::prepare(qint64 nowNs)
         asks = asks || isAsked;
         if (isAsked == (before == NvidiaRest::Turn::Ask))
             continue;
-        // The others go on at once.
+        // The others continue at once.
         m_retry.expire();
         if (unit.isHeld)
             letGo();
@@ -99,7 +99,7 @@ void NvidiaGpus::prepare(qint64 nowNs)
     if (!asks)
         letGo();
     else if ((!m_library || m_lost) && m_retry.isDue(nowNs)) {
-        // Only a new start finds a GPU that came back.
+        // Only a restart of the library finds a GPU that came back.
         letGo();
         m_library = NvidiaLibrary::load(m_fileName);
     }

@@ -6,12 +6,12 @@
 #include "system_monitor_lib/live/graphics/NvidiaLibrary.h"
 #include "system_monitor_lib/live/graphics/NvidiaRest.h"
 
-/// The labels of what an NVIDIA GPU tells, and its memory in MB; absurd values are left out.
+/// The labels of an NVIDIA GPU's readings, and its memory in MB; implausible values are left out.
 GpuState nvidiaState(const NvidiaReadings &readings);
 
-/// The GPUs of NVIDIA's own driver. The library holds every GPU that it was asked about, and so is
-/// let go when one of them is to be let alone or no GPU answers. It is started anew, rarely, while
-/// a GPU is lost. What a GPU said last stands while it is let alone.
+/// The GPUs of NVIDIA's own driver. The library keeps every GPU in use that it has queried, so it
+/// is released when one of them has to be left alone or no GPU answers. While a GPU is lost, the
+/// library is restarted now and then. The last readings of a GPU stay while it is left alone.
 class NvidiaGpus : public GpuSource
 {
 public:
@@ -22,7 +22,7 @@ public:
     std::vector<GpuState> read(qint64 nowNs) override;
 
 private:
-    /// One device, or all of them where the system does not tell them apart.
+    /// One device, or all of them if the system does not list them separately.
     struct Unit
     {
         NvidiaDevice device;
@@ -34,10 +34,10 @@ private:
 
     void look(qint64 nowNs);
     void letGo();
-    /// Makes the library ready where a unit is to be asked.
+    /// Loads the library if a unit is to be queried.
     void prepare(qint64 nowNs);
     void ask(Unit &unit, qint64 nowNs);
-    /// One that slept from the start has a name all the same: the list of PCI devices tells it.
+    /// A GPU that has been asleep since the start still has a name, from the list of PCI devices.
     void nameSleeper(Unit &unit) const;
     std::vector<NvidiaReadings> readings(const QString &address);
 

@@ -42,7 +42,7 @@ bool meansLost(int code)
     return code == gpuIsLost || code == uninitialized || code == driverNotLoaded;
 }
 
-/// Collects what the optional functions answer for one GPU.
+/// Collects the results of the optional functions for one GPU.
 class Questions
 {
 public:

@@ -5,7 +5,7 @@
 #include <memory>
 #include <optional>
 
-/// What one NVIDIA GPU tells. What its driver does not support is absent.
+/// The readings of one NVIDIA GPU. Those that its driver does not support are absent.
 struct NvidiaReadings
 {
     QString name;
@@ -24,7 +24,7 @@ struct NvidiaReadings
 };
 
 /// NVIDIA's management library while it is loaded and initialised. Its functions are declared here
-/// as its public reference gives them; only those that every release has are required.
+/// according to its public reference; only those that exist in every release are required.
 class NvidiaLibrary
 {
 public:

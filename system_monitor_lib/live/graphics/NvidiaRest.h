@@ -2,19 +2,19 @@
 
 #include "system_monitor_lib/live/graphics/NvidiaDevices.h"
 
-/// When one NVIDIA device may be asked. One that is held cannot go to sleep: one that has had
-/// nothing to do for a while is let alone for as long as it needs for that, and again minutes later
-/// where it stayed awake.
+/// Decides when one NVIDIA device may be queried. A device that is held by the library cannot go to
+/// sleep. One that has been idle for a while is therefore left alone for as long as it needs to
+/// fall asleep; if it stays awake, this is tried again minutes later.
 class NvidiaRest
 {
 public:
-    /// How long a device has had nothing to do before it is let alone.
+    /// How long a device has to be idle before it is left alone.
     static constexpr std::chrono::nanoseconds idleTime = std::chrono::seconds(10);
-    /// How much longer than it needs.
+    /// How much longer than needed it is left alone.
     static constexpr std::chrono::nanoseconds margin = std::chrono::seconds(3);
-    /// How long it is asked again when it stayed awake all the same.
+    /// How long it is queried again if it stayed awake.
     static constexpr std::chrono::nanoseconds pause = std::chrono::minutes(5);
-    /// What a device says sooner after it woke is not trusted.
+    /// Readings within this time after waking up are not trusted.
     static constexpr std::chrono::nanoseconds wakingTime = std::chrono::seconds(2);
 
     enum class Turn {
@@ -24,7 +24,7 @@ public:
     };
 
     Turn turn(const NvidiaDevice &device, qint64 nowNs);
-    /// Takes note of what the device answered.
+    /// Takes note of the device's reply.
     void setIdle(bool idle, qint64 nowNs);
 
 private:

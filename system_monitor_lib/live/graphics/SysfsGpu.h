@@ -15,7 +15,7 @@
 class SysfsGpu
 {
 public:
-    /// What a GPU says sooner after it woke is not trusted.
+    /// Readings within this time after waking up are not trusted.
     static constexpr std::chrono::nanoseconds wakingTime = std::chrono::seconds(2);
 
     /// \a card is its folder, links resolved.
@@ -23,9 +23,9 @@ public:
     ~SysfsGpu();
     Q_DISABLE_COPY(SysfsGpu)
 
-    /// The folders that it reads; another place means that it must be made anew.
+    /// The folders that it reads; if one of them moves, the object has to be recreated.
     [[nodiscard]] QString place() const { return m_card + m_hwmon; }
-    /// The place that a GPU of this folder would have.
+    /// The place of a GPU with this folder.
     static QString placeOf(const QString &card);
     /// Whether GPUs of this driver can be read.
     static bool isKnown(const QString &driver);
@@ -37,12 +37,12 @@ private:
 
     void open(const QString &driver);
     void openEnergy(const QString &driver, const MachineRoots &roots);
-    /// Whether it is a part of the processor: those are on the first bus.
+    /// Whether it is part of the processor: such GPUs are on the first bus.
     [[nodiscard]] bool isBuiltIn() const;
     [[nodiscard]] QString resolved(const QString &file) const;
     bool isAwake(qint64 nowNs);
     void addMemory(QJsonObject &labels);
-    /// The memory of a card that does not tell it itself.
+    /// The memory of a card that does not report it itself.
     void askWindow();
     void addPower(qint64 nowNs);
     void addLoad(qint64 nowNs);
@@ -55,7 +55,7 @@ private:
     Attribute m_memoryUsed;
     Attribute m_memoryTotal;
     std::vector<std::unique_ptr<EnergyCounter>> m_energies;
-    /// Whether it is the energy of a zone of the processor that they count.
+    /// Whether they count the energy of a zone of the processor.
     bool m_isPowerOfZone = false;
     GpuIdleTime m_idleTime;
     bool m_slept = false;

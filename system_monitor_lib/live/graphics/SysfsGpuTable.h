@@ -4,8 +4,8 @@
 
 #include <vector>
 
-/// Where a driver tells what. The first file that exists serves its label. "hwmon" stands for the
-/// GPU's folder of that kind.
+/// Which file of a driver has which reading. The first file that exists is used for its label.
+/// "hwmon" stands for the GPU's hwmon folder.
 struct SysfsGpuRow
 {
     const char *driver;
@@ -14,8 +14,8 @@ struct SysfsGpuRow
     double divisor;
     const char *units;
     double highest;
-    /// Whether it is for the list of all sensors alone: the readers of the GPU query might take it
-    /// for another reading.
+    /// Whether it is only for the list of all sensors, because in the GPU query its label could be
+    /// mistaken for another reading.
     bool isForListOnly = false;
 };
 

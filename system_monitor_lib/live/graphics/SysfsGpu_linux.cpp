@@ -16,8 +16,8 @@ namespace {
 const QString powerLabel = QStringLiteral("GPU Power");
 const QString loadLabel = QStringLiteral("GPU Core Load");
 
-/// The folder of the energy counter of the processor's graphics; empty when there is none or
-/// several, of which nobody knows whose they are.
+/// The folder of the energy counter of the processor's graphics; empty when there is none, or when
+/// there are several, which cannot be assigned.
 QString uncoreZone(const MachineRoots &roots)
 {
     QStringList zones;
@@ -39,7 +39,7 @@ QString hwmonOf(const QString &card)
     return names.isEmpty() ? QString() : chips.filePath(names.first());
 }
 
-/// Its name as sold, or by its number.
+/// Its retail name, or a name made from its number.
 QString nameOf(const QString &card, const QString &driver, const QString &pciId,
                const MachineRoots &roots)
 {
@@ -97,7 +97,7 @@ SysfsGpu::SysfsGpu(const QString &card, const QString &driver, const MachineRoot
     m_state.name = nameOf(card, driver, parseUevent(uevent.read(), "PCI_ID"), roots);
     open(driver);
     openEnergy(driver, roots);
-    // The driver knows the size by heart: this wakes nothing.
+    // The driver has cached the size: this wakes nothing.
     QJsonObject memory;
     addMemory(memory);
     if (m_state.memory > 0)
@@ -189,13 +189,13 @@ void SysfsGpu::addMemory(QJsonObject &labels)
 void SysfsGpu::askWindow()
 {
     constexpr std::size_t longestList = 4096;
-    // What is built into the processor has no memory of its own.
+    // Graphics built into the processor have no memory of their own.
     if (isBuiltIn())
         return;
     const QString device = m_card + QStringLiteral("/device/");
     PolledFile windows(device + QStringLiteral("resource"), longestList);
     quint64 bytes = parseLargestWindow(windows.read()).value_or(0);
-    // A part of the memory may have to do as a window; this says of how much. It wakes the card.
+    // The window may cover only a part of the memory; this gives the full size. It wakes the card.
     PolledFile sizes(device + QStringLiteral("resource2_resize"), longestList);
     if (!meansAsleep(m_runtimeStatus.word()))
         bytes = std::max(bytes, parseLargestSize(sizes.read()).value_or(0));
@@ -208,12 +208,12 @@ void SysfsGpu::addPower(qint64 nowNs)
 {
     std::optional<double> power;
     for (const auto &energy : m_energies) {
-        // The first one counts nothing on some cards.
+        // The first one never changes on some cards.
         const std::optional<double> watts = energy->watts(nowNs);
         if (watts && power.value_or(0) <= 0)
             power = watts;
     }
-    // On many processors the zone of the graphics stands still, whatever they do.
+    // On many processors the counter of the graphics zone never changes.
     if (power && (*power > 0 || !m_isPowerOfZone))
         m_state.labels.insert(powerLabel, reading(*power, QStringLiteral("W")));
 }

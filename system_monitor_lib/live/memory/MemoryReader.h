@@ -14,7 +14,7 @@ public:
     ~MemoryReader();
     Q_DISABLE_COPY(MemoryReader)
 
-    /// Nothing when the system does not tell.
+    /// Nothing when the system does not report it.
     std::optional<MemoryState> read();
 
 private:

@@ -29,7 +29,7 @@ private:
     static constexpr std::size_t longestArc = std::size_t{32} * 1024;
     PolledFile m_meminfo;
     PolledFile m_arc;
-    /// ZFS is not loaded later on machines that live on it.
+    /// Machines that depend on ZFS load it before this program starts.
     bool m_hasArc;
 };
 

@@ -6,6 +6,6 @@
 struct MemoryState
 {
     quint64 total = 0;
-    /// What programs can have without anything being paged out.
+    /// The memory that programs can get without swapping.
     quint64 available = 0;
 };

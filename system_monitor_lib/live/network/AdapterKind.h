@@ -2,16 +2,16 @@
 
 #include <QString>
 
-/// What an entry of /sys/class/net stands for.
+/// What an entry of /sys/class/net represents.
 enum class AdapterKind {
     Physical,
-    /// The near end of a pair whose far end is elsewhere, as in a container: the only way out where
+    /// The local end of a pair whose other end is elsewhere, as in a container: the only way out if
     /// there is no physical adapter.
     Link,
-    /// Counts what another one counts too, or nothing that leaves the machine: guests' ends, ports
-    /// of a switch, bridges, tunnels.
+    /// Traffic that another adapter also counts, or that does not leave the machine: the host's
+    /// ends of guests' adapters, ports of a switch, bridges, tunnels.
     Other,
 };
 
-/// \a folder is the entry's. What it says does not change while the adapter exists.
+/// \a folder is the folder of the entry. The kind does not change while the adapter exists.
 AdapterKind adapterKind(const QString &folder);

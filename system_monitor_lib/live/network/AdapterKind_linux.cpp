@@ -20,8 +20,8 @@ bool isPortOfASwitch(const QString &folder)
     return parseUevent(uevent.read(), "DEVTYPE") == QLatin1String("dsa");
 }
 
-/// An Ethernet adapter whose other end is in another part of the system, and which rests on nothing
-/// here.
+/// An Ethernet adapter whose other end is in another part of the system, and which is not based on
+/// another adapter here.
 bool isNearEnd(const QString &folder)
 {
     const QString own = attributeWord(folder + QStringLiteral("/ifindex"));
@@ -38,7 +38,7 @@ AdapterKind adapterKind(const QString &folder)
     const QString device = folder + QStringLiteral("/device");
     if (!QFileInfo::exists(device))
         return isNearEnd(folder) ? AdapterKind::Link : AdapterKind::Other;
-    // The end of a guest's adapter that its host sees.
+    // The host's end of a guest's adapter.
     const bool isGuests =
         linkedName(device + QStringLiteral("/subsystem")) == QLatin1String("xen-backend");
     return isGuests || isPortOfASwitch(folder) ? AdapterKind::Other : AdapterKind::Physical;

@@ -10,16 +10,16 @@
 struct AdapterCounters
 {
     QString name;
-    /// Another number says that another adapter has taken the name.
+    /// Another number means that another adapter now has this name.
     quint64 identity = 0;
     quint64 receivedBytes = 0;
     quint64 sentBytes = 0;
-    /// Adapters in the order of these come in the order of their slots, those on USB last.
+    /// Sorting by this sorts adapters by their slots, those on USB last.
     QString order = {};
 };
 
-/// Reads the physical network adapters: the entries of /sys/class/net with a device on Linux, or in
-/// a container what leads out of it; GetIfTable2 on Windows.
+/// Reads the physical network adapters: on Linux the entries of /sys/class/net with a device, or in
+/// a container the adapters that lead out of it; on Windows GetIfTable2.
 class AdapterReader
 {
 public:
@@ -27,12 +27,12 @@ public:
     ~AdapterReader();
     Q_DISABLE_COPY(AdapterReader)
 
-    /// The adapters that are there now and whose counters can be read. Nothing when the system does
-    /// not list any adapters at all.
+    /// The adapters that exist now and whose counters can be read. Nothing when the system cannot
+    /// list adapters at all.
     std::optional<std::vector<AdapterCounters>> read();
 
-    /// The present speed of an adapter's link in bytes per second, 0 when unknown. Drivers may ask
-    /// the hardware for it, so it is not for every sample.
+    /// The current speed of an adapter's link in bytes per second, 0 when unknown. Drivers may
+    /// query the hardware for it, so it should not be called for every sample.
     [[nodiscard]] double linkBytesPerSecond(const QString &name) const;
 
 private:

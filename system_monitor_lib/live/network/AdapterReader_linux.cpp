@@ -25,7 +25,7 @@ struct DirectoryCloser
 
 using Directory = std::unique_ptr<DIR, DirectoryCloser>;
 
-/// False when the directory was removed; another one may bear its name by now.
+/// False when the directory was removed; another one may have its name by now.
 bool isInPlace(DIR &directory)
 {
     struct stat status = {};
@@ -46,8 +46,8 @@ struct Files
     PolledFile sent;
 };
 
-/// An entry of the listing. One that does not count is remembered too, without files, so that it is
-/// not looked at again.
+/// An entry of the listing. An adapter that does not count is remembered too, without files, so
+/// that it is not examined again.
 struct Entry
 {
     quint64 inode = 0;
@@ -71,13 +71,14 @@ public:
     {
     }
 
-    /// Brings the entries up to date. False when there is no listing.
+    /// Updates the entries. False when there is no listing.
     bool list();
-    /// Stands at the start of the listing, kept open between reads. False when there is none.
+    /// Goes to the start of the listing, which is kept open between reads. False when there is
+    /// none.
     bool rewind();
     void see(const dirent &listed);
-    /// Whether another physical adapter counts what this one does, as a virtual machine's does that
-    /// has a real one to go through. That may change at any time.
+    /// Whether another physical adapter counts the same traffic, as in a virtual machine whose
+    /// adapter goes through a real one. That may change at any time.
     [[nodiscard]] bool isPartOfPhysical(const Entry &entry) const;
 
     const QString root;
@@ -105,7 +106,7 @@ bool AdapterReader::Private::list()
         return false;
     }
     ++pass;
-    // readdir is safe here: the stream is this function's own.
+    // readdir is safe here, because no one else uses this stream.
     while (const dirent *listed = ::readdir(directory.get())) { // NOLINT(concurrency-mt-unsafe)
         if (listed->d_name[0] != '.')
             see(*listed);

@@ -10,11 +10,11 @@ namespace {
 const QString upLabel = QStringLiteral("Current UP rate");
 const QString downLabel = QStringLiteral("Current DL rate");
 
-/// Bytes per second below which every link is fast enough (10 Mbit/s), so that it is not asked.
+/// Bytes per second that every link can carry (10 Mbit/s), so that the link speed is not queried.
 constexpr double slowestLink = 1'250'000;
 
-/// Some drivers bring their counters up to date every second or two only, so that one interval may
-/// carry what two have earned.
+/// Some drivers update their counters only every second or two, so that one interval may contain
+/// the traffic of two.
 constexpr double lateCounters = 2;
 
 /// Bytes per second that no link carries (1 Tbit/s).
@@ -85,7 +85,7 @@ bool NetworkCollector::isPossible(double rate, const Excess &before, Excess &now
     if (state.linkSpeed <= 0 || rate <= state.linkSpeed * lateCounters)
         return true;
     now.isSeen = true;
-    // A counter jumps once; an emulated adapter goes on.
+    // A faulty counter jumps once; an emulated adapter does so repeatedly.
     now.isLasting = (before.isLasting || before.isSeen) && rate <= fastestLink;
     return now.isLasting;
 }

@@ -15,7 +15,7 @@ public:
     bool collect(qint64 nowNs, SensorTrees &trees) override;
 
 private:
-    /// Whether an adapter moves more than its link can, which emulated ones do.
+    /// Whether an adapter carries more than its link speed, as emulated ones do.
     struct Excess
     {
         bool isSeen = false;    ///< In this sample.
@@ -25,18 +25,18 @@ private:
     {
         AdapterCounters counters;
         qint64 timeNs = 0;
-        /// Bytes per second as last asked for, 0 when unknown.
+        /// Bytes per second as last queried, 0 when unknown.
         double linkSpeed = 0;
         Excess sent;
         Excess received;
     };
 
-    /// The labels that the step from \a previous to \a current gives.
+    /// The labels for the change from \a previous to \a current.
     QJsonObject labels(const State &previous, State &current) const;
     /// Whether the adapter can have carried this rate (bytes per second).
     bool isPossible(double rate, const Excess &before, Excess &now, State &state) const;
 
     AdapterReader m_reader;
-    /// By name; an adapter that has gone takes its state along.
+    /// By name; when an adapter is removed, so is its state.
     QHash<QString, State> m_states;
 };

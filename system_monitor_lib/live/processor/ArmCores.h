@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-/// The kinds of cores of an ARM processor out of /proc/cpuinfo, which tells them by the numbers of
-/// maker and part, such as "ARM Cortex-A76 / Cortex-A55": the later ones first, which are the big
-/// ones on processors of two kinds. Empty when there are none or one is unknown.
+/// The kinds of cores of an ARM processor from /proc/cpuinfo, which identifies them by the numbers
+/// of maker and part, such as "ARM Cortex-A76 / Cortex-A55". Later cores come first, because they
+/// are the big ones on processors with two kinds. Empty when there are none or one is unknown.
 QString armCores(std::string_view cpuInfo);

@@ -6,10 +6,11 @@
 #include <memory>
 #include <vector>
 
-/// "Core N Clock" (MHz) of each physical core, for the CPU query and the processor's group: what
-/// Windows' power manager calls its nominal clock (CallNtPowerInformation), times the performance
-/// counter "% Processor Performance" of all processors; where there is no such counter, what the
-/// power manager calls the present clock. Processors beyond the first 64 are not told.
+/// "Core N Clock" (MHz) of each physical core, for the CPU query and the processor's group: the
+/// nominal clock according to Windows' power manager (CallNtPowerInformation), multiplied by the
+/// performance counter "% Processor Performance" of all processors; if there is no such counter,
+/// the current clock according to the power manager. Processors beyond the first 64 are not
+/// reported.
 class CoreClockCollector : public Collector
 {
 public:

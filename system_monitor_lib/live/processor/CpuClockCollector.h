@@ -10,13 +10,14 @@
 #include <vector>
 
 /// "Core N Clock" (MHz) of each physical core, counted from 0 without gaps, for the CPU query and
-/// the processor's group: of cpufreq/scaling_cur_freq, or where no core has that, of /proc/cpuinfo.
+/// the processor's group: from cpufreq/scaling_cur_freq, or, if no core has that, from
+/// /proc/cpuinfo.
 class CpuClockCollector : public Collector
 {
 public:
-    /// A core's clock that takes longer than this to read is slow.
+    /// Reading a core's clock counts as slow if it takes longer than this.
     static constexpr std::chrono::nanoseconds slow = std::chrono::milliseconds(1);
-    /// Some drivers take up to 20 ms per core. Of a slow one only the first core is asked, and
+    /// Some drivers take up to 20 ms per core. With a slow driver only the first core is read, and
     /// rarely.
     static constexpr std::chrono::nanoseconds slowPeriod = std::chrono::seconds(10);
 
@@ -33,7 +34,7 @@ private:
         std::unique_ptr<Attribute> clock;
     };
 
-    /// Finds the cores anew when processors were put on or off line.
+    /// Finds the cores again when processors went online or offline.
     void look();
     QJsonObject frequencies();
     QJsonObject cpuInfoClocks();
@@ -45,7 +46,7 @@ private:
     Pace m_reading{std::chrono::nanoseconds(0)};
     PolledFile m_cpuInfo;
     std::vector<Core> m_cores;
-    /// Whether the first core has a clock of its own; taken for granted after each look().
+    /// Whether the first core has its own clock; assumed after each look().
     bool m_hasFrequencies = true;
     QJsonObject m_clocks;
 };

@@ -4,6 +4,6 @@
 
 #include <vector>
 
-/// The numbers of the first processor of each core that is on line, in order. A machine that does
-/// not tell its cores has one processor per core.
+/// The numbers of the first processor of each online core, in order. If the machine does not report
+/// its cores, each processor is a core.
 std::vector<int> firstProcessors(const MachineRoots &roots);

@@ -47,7 +47,7 @@ std::map<int, double> parseCpuClocks(std::string_view text)
         const std::size_t colon = line->find(':');
         if (colon == std::string_view::npos)
             continue;
-        // Of the many lines of a processor, two are made a text of.
+        // Of the many lines of a processor, only two are converted to strings.
         const std::string_view key = trimmed(line->substr(0, colon));
         const std::string_view value = line->substr(colon + 1);
         bool isNumber = false;

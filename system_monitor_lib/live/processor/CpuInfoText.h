@@ -5,12 +5,12 @@
 #include <map>
 #include <string_view>
 
-/// The name of the processor out of /proc/cpuinfo, blanks run together: "model name" (x86, older
-/// ARM; in another letter case LoongArch), "cpu" (POWER), "cpu model" (MIPS), "uarch" (RISC-V),
-/// else what boards call "Hardware" or "Model". Empty when there is none.
+/// The name of the processor from /proc/cpuinfo, with repeated blanks merged: "model name" (x86,
+/// older ARM; in another letter case LoongArch), "cpu" (POWER), "cpu model" (MIPS), "uarch"
+/// (RISC-V), else what boards call "Hardware" or "Model". Empty when there is none.
 QString parseCpuModel(std::string_view text);
 
-/// The clocks out of /proc/cpuinfo ("cpu MHz") by number of the processor ("processor"). Only some
+/// The clocks from /proc/cpuinfo ("cpu MHz") by number of the processor ("processor"). Only some
 /// architectures have them.
 std::map<int, double> parseCpuClocks(std::string_view text);
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What the device tree calls the machine. Its texts end in a zero byte.
+/// The device tree's name of the machine. Its texts end with a zero byte.
 QString boardModel(const MachineRoots &roots)
 {
     constexpr std::size_t longestName = 256;
@@ -23,7 +23,7 @@ QString boardModel(const MachineRoots &roots)
 
 QString cpuModel(const MachineRoots &roots)
 {
-    // The first processor's lines say enough on most machines; the whole file asks every core.
+    // On most machines the first processor's lines are enough; the whole file queries every core.
     constexpr std::size_t firstProcessor = 4096;
     constexpr std::size_t everything = std::size_t{1024} * 1024;
     const QString path = roots.proc + QStringLiteral("/cpuinfo");

@@ -33,7 +33,7 @@ QStringList firstLabelled(const Chips &chips, const QStringList &labels)
     return {};
 }
 
-/// Of a machine with several packages the lowest is meant. Old kernels call it physical.
+/// On a machine with several packages the lowest one is used. Old kernels call it physical.
 QStringList intelPackage(const Chips &chips)
 {
     constexpr int mostPackages = 16;
@@ -75,7 +75,7 @@ struct Zone
     QString input;
 };
 
-/// The thermal zones, which chips of the same names stand for on some kernels.
+/// The thermal zones, which some kernels represent by chips with the same names.
 std::vector<Zone> thermalZones(const MachineRoots &roots, const Chips &chips)
 {
     std::vector<Zone> zones;

@@ -10,7 +10,7 @@
 #include <vector>
 
 /// "CPU Package" (°C) of the processor's own sensor, for the temperature query, the enhanced query
-/// and the processor's group. Where its maker calls it Tctl or Tdie, it also bears the label "CPU
+/// and the processor's group. If its maker calls it Tctl or Tdie, it also has the label "CPU
 /// (Tctl/Tdie)" in the enhanced query.
 class CpuTemperatureCollector : public Collector
 {
@@ -21,7 +21,7 @@ public:
 
 private:
     void look();
-    /// Nothing when no sensor tells a temperature.
+    /// Nothing when no sensor reports a temperature.
     [[nodiscard]] std::optional<double> hottest() const;
 
     const MachineRoots m_roots;

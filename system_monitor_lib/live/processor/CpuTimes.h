@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-/// What all processors together have spent since the start of the machine, in any one unit.
+/// The time that all processors together have spent since the machine started, in any one unit.
 struct CpuTimes
 {
     quint64 busy = 0;

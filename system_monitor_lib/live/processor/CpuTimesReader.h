@@ -14,7 +14,7 @@ public:
     ~CpuTimesReader();
     Q_DISABLE_COPY(CpuTimesReader)
 
-    /// Nothing when the system does not tell.
+    /// Nothing when the system does not report it.
     std::optional<CpuTimes> read();
 
 private:

@@ -8,10 +8,11 @@
 #include <memory>
 #include <vector>
 
-/// "CPU Package Power" (W, all packages together) of the processor's energy counters
+/// "CPU Package Power" (W, all packages together) from the processor's energy counters
 /// (Documentation/power/powercap in the kernel), for the enhanced query and the processor's group.
-/// Current kernels let only root read them. Readers match labels by their parts and would take the
-/// power for a temperature that is missing: then the enhanced query has an empty "CPU Package".
+/// Current kernels let only root read them. Labels are matched by parts, so the power could be
+/// taken for a missing temperature; if there is no temperature, the enhanced query therefore has an
+/// empty "CPU Package".
 class RaplCollector : public Collector
 {
 public:

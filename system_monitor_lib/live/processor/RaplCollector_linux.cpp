@@ -9,8 +9,8 @@
 
 namespace {
 
-/// The folders of the packages' zones. Their numbers say nothing; what the memory-mapped interface
-/// counts is counted by the other one too.
+/// The folders of the packages' zones. Their numbers have no meaning; the memory-mapped interface
+/// counts the same energy as the other one.
 QStringList packageZones(const MachineRoots &roots)
 {
     static const QRegularExpression package(QStringLiteral("^package-\\d+(-die-\\d+)?$"));
@@ -61,7 +61,7 @@ bool RaplCollector::collect(qint64 nowNs, SensorTrees &trees)
             ++known;
         }
     }
-    // Some of several packages would pass for all of them.
+    // The sum over only some of the packages would be taken for the total.
     if (known == 0 || known < m_zones.size())
         return false;
     const QJsonObject tree{
