@@ -1,3 +1,4 @@
+#include "sensors/machine/MountPlaces.h"
 #include "sensors/machine/MountedDrives_linux.h"
 #include "tests/support/FileTree.h"
 
@@ -19,6 +20,8 @@ private Q_SLOTS:
     void listsOnlyFixedDrives();
     void keepsTheOrderAndTheFirstMountOfEach();
     void countsAllOfACardThatHoldsTheSystem();
+    void tellsThePlacesOfDrives_data();
+    void tellsThePlacesOfDrives();
     void listsAPoolOnce();
     void addsUpAPool_data();
     void addsUpAPool();
@@ -230,6 +233,43 @@ void tst_MountedDrives::countsAllOfACardThatHoldsTheSystem()
              (QStringList{QStringLiteral("/"), QStringLiteral("/data")}));
 }
 
+void tst_MountedDrives::tellsThePlacesOfDrives_data()
+{
+    QTest::addColumn<QString>("place");
+    QTest::addColumn<bool>("isDrive");
+    for (const char *place : {"/boot",
+                              "/boot/efi",
+                              "/efi",
+                              "/var/lib/docker/a",
+                              "/run/docker/a",
+                              "/var/lib/containers/a",
+                              "/run/containers/a",
+                              "/run/containerd/a",
+                              "/var/lib/containerd/a",
+                              "/var/lib/kubelet/a",
+                              "/var/lib/rancher/a",
+                              "/var/lib/lxc/a",
+                              "/var/lib/lxd/a",
+                              "/var/lib/incus/a",
+                              "/var/lib/machines/a",
+                              "/var/lib/snapd/a",
+                              "/var/snap/a",
+                              "/snap/a",
+                              "/data/kubelet/pods/a",
+                              "/data/kubelet/plugins/a",
+                              "/home/me/.local/share/containers/storage/a"})
+        QTest::newRow(place) << QString::fromLatin1(place) << false;
+    for (const char *place : {"/", "/home", "/bootes", "/efi2", "/var/lib/dockers/a",
+                              "/var/lib/docker", "/srv/boot", "/containers", "/run/media/me/disk"})
+        QTest::newRow(place) << QString::fromLatin1(place) << true;
+}
+
+void tst_MountedDrives::tellsThePlacesOfDrives()
+{
+    QFETCH(QString, place);
+    QTEST(isPlaceOfADrive(place), "isDrive");
+}
+
 void tst_MountedDrives::listsAPoolOnce()
 {
     m_tree->write(QStringLiteral("proc/self/mountinfo"),
@@ -280,6 +320,7 @@ void tst_MountedDrives::leavesOutWhatIsCovered_data()
     row("nothing", "", {data});
     row("network over the drive", "22 21 0:60 / /mnt/data rw - nfs4 nas:/x rw\n", {});
     row("network over its folder", "22 20 0:60 / /mnt rw - nfs4 nas:/x rw\n", {});
+    row("network over everything", "22 20 0:60 / / rw - nfs4 nas:/x rw\n", {});
     row("network beside it", "22 20 0:60 / /mnt/dat rw - nfs4 nas:/x rw\n", {data});
     row("network in it", "22 21 0:60 / /mnt/data/nas rw - nfs4 nas:/x rw\n", {data});
     row("mounted again in its place", "22 21 8:1 / /mnt/data rw - ext4 /dev/sda1 rw\n", {data});
