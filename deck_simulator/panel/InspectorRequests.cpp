@@ -59,7 +59,9 @@ QString infoText(const QString &request, const QJsonValue &info)
     // These come without a unit.
     if (request.endsWith(QLatin1String(" MB")))
         return info.toString() + QStringLiteral(" MB");
-    if (request.endsWith(QLatin1String("Space")) || request == QLatin1String("Memory Model"))
+    if (request == QLatin1String("Memory Model"))
+        return info.toString() + QStringLiteral(" GB that the system may use, rounded");
+    if (request.endsWith(QLatin1String("Space")))
         return info.toString() + QStringLiteral(" GB");
     if (request.endsWith(QLatin1String("EndpointVolume")))
         return info.toString() + QStringLiteral(" %");

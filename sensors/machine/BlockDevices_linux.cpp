@@ -16,54 +16,47 @@ QByteArray attribute(const QString &folder, const QString &name)
     return file.open(QIODevice::ReadOnly) ? file.read(longest).trimmed() : QByteArray();
 }
 
-bool isInMemoryOrForeign(const QString &disk)
+bool isOnTheNetwork(const QString &disk)
 {
-    static const QRegularExpression names(QStringLiteral("^(sr|fd|zram|nbd|ram)[0-9]+$"));
+    static const QRegularExpression names(QStringLiteral("/(nbd|rbd|drbd)[0-9]+$"));
+    // A disk of iSCSI hangs below the session with the machine that has it.
+    static const QRegularExpression session(QStringLiteral("/session[0-9]+/"));
+    return names.match(disk).hasMatch() || session.match(disk).hasMatch();
+}
+
+/// Optical, a floppy, or in memory.
+bool isNoDisk(const QString &disk)
+{
+    static const QRegularExpression names(QStringLiteral("/(sr|fd|zram|ram)[0-9]+$"));
     return names.match(disk).hasMatch();
 }
 
-bool isOnUsb(const QString &device)
+/// A stick, or a card in whichever reader. USB disks say that they are not removable; built-in
+/// readers never say that their cards are.
+bool isRemovableMedium(const QString &disk)
 {
-    return QFileInfo(device + QStringLiteral("/subsystem"))
-        .symLinkTarget()
-        .endsWith(QLatin1String("/usb"));
+    static const QRegularExpression memoryStick(QStringLiteral("/(mspblk|msblk)[0-9]+$"));
+    return attribute(disk, QStringLiteral("removable")) != "0" ||
+           attribute(disk, QStringLiteral("device/type")).startsWith("SD") ||
+           memoryStick.match(disk).hasMatch();
 }
 
-/// What the nearest USB device above \a disk says of the socket that it sits in.
-bool sitsInRemovableSocket(const QString &disk)
-{
-    bool onUsb = false;
-    for (QDir device(disk); device.exists() && !device.isRoot();) {
-        if (isOnUsb(device.path())) {
-            onUsb = true;
-            const QByteArray socket = attribute(device.path(), QStringLiteral("removable"));
-            if (!socket.isEmpty())
-                return socket != "fixed";
-        }
-        device.setPath(QFileInfo(device.path()).path());
-    }
-    return onUsb;
-}
-
-bool isFixedDisk(const QString &disk)
-{
-    return !isInMemoryOrForeign(QFileInfo(disk).fileName()) &&
-           attribute(disk, QStringLiteral("removable")) == "0" && !sitsInRemovableSocket(disk);
-}
-
-/// \a depth bounds what a broken tree could lead through.
-bool liesOnFixedDisks(const QString &device, int depth)
+/// Adds the disks that \a device lies on. False when one is out of reach, which \a depth bounds
+/// against broken trees, or on the network.
+bool addDisks(const QString &device, int depth, QStringList &disks)
 {
     if (device.isEmpty() || depth == 0)
         return false;
     const QString disk =
         QFile::exists(device + QStringLiteral("/partition")) ? QFileInfo(device).path() : device;
+    if (isOnTheNetwork(disk))
+        return false;
     const QFileInfoList parts =
         QDir(disk + QStringLiteral("/slaves")).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot);
     if (parts.isEmpty())
-        return isFixedDisk(disk);
-    return std::all_of(parts.begin(), parts.end(), [depth](const QFileInfo &part) {
-        return liesOnFixedDisks(part.canonicalFilePath(), depth - 1);
+        disks.append(disk);
+    return std::all_of(parts.begin(), parts.end(), [depth, &disks](const QFileInfo &part) {
+        return addDisks(part.canonicalFilePath(), depth - 1, disks);
     });
 }
 
@@ -93,12 +86,38 @@ BlockDevices::BlockDevices(const QString &sysRoot, const QString &devRoot)
 {
 }
 
-bool BlockDevices::isFixed(DeviceNumber device) const
+QStringList BlockDevices::disksOf(DeviceNumber device) const
 {
     constexpr int deepestStack = 8;
     const QString entry =
         QStringLiteral("%1/dev/block/%2:%3").arg(m_sysRoot).arg(device.major).arg(device.minor);
-    return liesOnFixedDisks(QFileInfo(entry).canonicalFilePath(), deepestStack);
+    QStringList disks;
+    const bool isComplete = addDisks(QFileInfo(entry).canonicalFilePath(), deepestStack, disks);
+    return isComplete ? disks : QStringList();
+}
+
+bool BlockDevices::isFixed(DeviceNumber device, const QStringList &systemDisks) const
+{
+    const QStringList disks = disksOf(device);
+    return !disks.isEmpty() &&
+           std::all_of(disks.begin(), disks.end(), [&systemDisks](const QString &disk) {
+               return !isNoDisk(disk) && (!isRemovableMedium(disk) || systemDisks.contains(disk));
+           });
+}
+
+QVector<DeviceNumber> BlockDevices::membersOfBtrfs(DeviceNumber device) const
+{
+    const QDir fileSystems(m_sysRoot + QStringLiteral("/fs/btrfs"));
+    for (const QString &id : fileSystems.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const QDir folder(fileSystems.filePath(id) + QStringLiteral("/devices"));
+        QVector<DeviceNumber> members;
+        for (const QString &name : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+            members.append(
+                parseDeviceNumber(attribute(folder.filePath(name), QStringLiteral("dev"))));
+        if (members.contains(device))
+            return members;
+    }
+    return {device};
 }
 
 DeviceNumber BlockDevices::deviceAt(const QByteArray &path) const

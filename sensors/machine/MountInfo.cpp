@@ -37,8 +37,12 @@ std::optional<Mount> parseLine(const QByteArray &line)
     const int separator = fields.indexOf("-", firstTag);
     if (separator < 0 || separator + 2 >= fields.size())
         return std::nullopt;
-    return Mount{parseDeviceNumber(fields.at(2)), unescaped(fields.at(3)),
-                 QFile::decodeName(unescaped(fields.at(4))), fields.at(separator + 1),
+    return Mount{fields.at(0).toUInt(),
+                 fields.at(1).toUInt(),
+                 parseDeviceNumber(fields.at(2)),
+                 unescaped(fields.at(3)),
+                 QFile::decodeName(unescaped(fields.at(4))),
+                 fields.at(separator + 1),
                  unescaped(fields.at(separator + 2))};
 }
 

@@ -22,6 +22,8 @@ DeviceNumber parseDeviceNumber(const QByteArray &text);
 /// One line of /proc/PID/mountinfo (proc(5)).
 struct Mount
 {
+    unsigned id = 0;
+    unsigned parent = 0; ///< The mount in which the mount point lies.
     DeviceNumber device;
     QByteArray root; ///< The folder of the file system that is mounted; "/" unless it is a part.
     QString mountPoint;

@@ -1,5 +1,7 @@
 #include "sensors/machine/MountedDrives_linux.h"
 
+#include "sensors/machine/MountPlaces.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -50,7 +52,50 @@ bool isPartOfAFileSystem(const Mount &mount)
            mount.fileSystem != "btrfs";
 }
 
+QByteArray poolOf(const Mount &mount)
+{
+    return mount.source.split('/').first();
+}
+
+bool isDataSet(const Mount &mount)
+{
+    const bool isSnapshot = mount.source.contains('@');
+    return mount.fileSystem == "zfs" && !isSnapshot && !poolOf(mount).isEmpty();
+}
+
+/// Whether something was mounted later over \a mount or over a folder that leads to it, so that
+/// its path leads elsewhere, perhaps to a network that does not answer.
+bool isCovered(const Mount &mount, const QVector<Mount> &mounts)
+{
+    return std::any_of(mounts.begin(), mounts.end(), [&mount](const Mount &other) {
+        if (other.id == mount.id)
+            return false;
+        return (other.parent == mount.id && other.mountPoint == mount.mountPoint) ||
+               (other.parent == mount.parent && liesIn(other.mountPoint, mount.mountPoint));
+    });
+}
+
+std::optional<DriveSpace> spaceAt(const QString &folder)
+{
+    struct statvfs state = {};
+    if (::statvfs(QFile::encodeName(folder).constData(), &state) != 0)
+        return std::nullopt;
+    return DriveSpace{quint64(state.f_bavail) * state.f_frsize,
+                      quint64(state.f_blocks) * state.f_frsize};
+}
+
 } // namespace
+
+DriveSpace poolSpace(const QVector<DriveSpace> &dataSets)
+{
+    DriveSpace pool;
+    for (const DriveSpace &dataSet : dataSets) {
+        pool.freeBytes = std::max(pool.freeBytes, dataSet.freeBytes);
+        pool.totalBytes += dataSet.totalBytes - std::min(dataSet.freeBytes, dataSet.totalBytes);
+    }
+    pool.totalBytes += pool.freeBytes;
+    return pool;
+}
 
 MountedDrives::MountedDrives(const QString &procRoot, const QString &sysRoot,
                              const QString &devRoot)
@@ -82,28 +127,77 @@ void MountedDrives::readDrives()
 {
     m_mountInfo.seek(0);
     const QVector<Mount> mounts = parseMountInfo(m_mountInfo.readAll());
+    const QStringList systemDisks = disksOfTheSystem(mounts);
     m_drives.clear();
     QVector<DeviceNumber> seen;
     for (const Mount &mount : mounts) {
         if (isReadOnlyImage(mount.fileSystem) || isPartOfAFileSystem(mount) ||
             seen.contains(mount.device))
             continue;
-        const DeviceNumber disk = fixedDisk(mount);
-        if (disk == DeviceNumber{})
+        if (isDataSet(mount)) {
+            if (!isCovered(mount, mounts)) {
+                seen.append(mount.device);
+                addDataSet(mount);
+            }
+            continue;
+        }
+        if (!isPlaceOfADrive(mount.mountPoint))
+            continue;
+        const QVector<DeviceNumber> devices = devicesOf(mount);
+        const bool isFixed = std::all_of(devices.begin(), devices.end(), [&](DeviceNumber device) {
+            return m_devices.isFixed(device, systemDisks);
+        });
+        if (devices.isEmpty() || !isFixed || isCovered(mount, mounts))
             continue;
         seen.append(mount.device);
-        m_drives.append({mount.mountPoint, m_devices.label(disk)});
+        m_drives.append({mount.mountPoint, m_devices.label(devices.first()), {}, {}});
     }
+    // A pool that is mounted only where no drive is.
+    const auto noDrive = [](const Drive &drive) { return drive.root.isEmpty(); };
+    m_drives.erase(std::remove_if(m_drives.begin(), m_drives.end(), noDrive), m_drives.end());
 }
 
-/// 0:0 when the file system is not on fixed disks.
-DeviceNumber MountedDrives::fixedDisk(const Mount &mount) const
+/// Nothing but the pool's own tools tells the disks of a pool: they count as fixed.
+void MountedDrives::addDataSet(const Mount &mount)
 {
+    const QByteArray name = poolOf(mount);
+    auto pool = std::find_if(m_drives.begin(), m_drives.end(),
+                             [&name](const Drive &drive) { return drive.pool == name; });
+    if (pool == m_drives.end())
+        pool = m_drives.insert(m_drives.end(), {{}, QString::fromUtf8(name), name, {}});
+    if (pool->root.isEmpty() && isPlaceOfADrive(mount.mountPoint))
+        pool->root = mount.mountPoint;
+    pool->dataSets.append(mount.mountPoint);
+}
+
+/// None where the file system is not on disks of this machine.
+QVector<DeviceNumber> MountedDrives::devicesOf(const Mount &mount) const
+{
+    if (mount.fileSystem == "bcachefs") {
+        QVector<DeviceNumber> devices;
+        for (const QByteArray &source : mount.source.split(':'))
+            devices.append(m_devices.deviceAt(source));
+        if (!devices.contains(DeviceNumber{}))
+            return devices;
+    }
     // Networks, memory and overlays have major number 0, and so has btrfs, which may span disks.
-    DeviceNumber disk = mount.device;
-    if (disk.major == 0)
-        disk = mount.fileSystem == "btrfs" ? m_devices.deviceAt(mount.source) : DeviceNumber{};
-    return m_devices.isFixed(disk) ? disk : DeviceNumber{};
+    if (mount.device.major != 0)
+        return {mount.device};
+    if (mount.fileSystem != "btrfs")
+        return {};
+    return m_devices.membersOfBtrfs(m_devices.deviceAt(mount.source));
+}
+
+QStringList MountedDrives::disksOfTheSystem(const QVector<Mount> &mounts) const
+{
+    QStringList disks;
+    for (const Mount &mount : mounts) {
+        if (mount.mountPoint != QLatin1String("/"))
+            continue;
+        for (const DeviceNumber device : devicesOf(mount))
+            disks += m_devices.disksOf(device);
+    }
+    return disks;
 }
 
 std::optional<QString> MountedDrives::volumeName(const QString &root)
@@ -116,7 +210,8 @@ std::optional<QString> MountedDrives::volumeName(const QString &root)
     if (folder.get() < 0 && errno != EACCES)
         return std::nullopt;
     std::array<char, FSLABEL_MAX> label{};
-    if (folder.get() >= 0 && ::ioctl(folder.get(), FS_IOC_GETFSLABEL, label.data()) == 0)
+    if (drive->pool.isEmpty() && folder.get() >= 0 &&
+        ::ioctl(folder.get(), FS_IOC_GETFSLABEL, label.data()) == 0)
         return QString::fromUtf8(label.data(),
                                  static_cast<int>(qstrnlen(label.data(), FSLABEL_MAX)));
     return drive->recordedLabel;
@@ -124,9 +219,14 @@ std::optional<QString> MountedDrives::volumeName(const QString &root)
 
 std::optional<DriveSpace> MountedDrives::space(const QString &root)
 {
-    struct statvfs state = {};
-    if (::statvfs(QFile::encodeName(root).constData(), &state) != 0)
-        return std::nullopt;
-    return DriveSpace{quint64(state.f_bavail) * state.f_frsize,
-                      quint64(state.f_blocks) * state.f_frsize};
+    const auto drive = std::find_if(m_drives.begin(), m_drives.end(),
+                                    [&root](const Drive &each) { return each.root == root; });
+    if (drive == m_drives.end() || drive->dataSets.isEmpty())
+        return spaceAt(root);
+    QVector<DriveSpace> dataSets;
+    for (const QString &dataSet : qAsConst(drive->dataSets)) {
+        if (const std::optional<DriveSpace> space = spaceAt(dataSet))
+            dataSets.append(*space);
+    }
+    return dataSets.isEmpty() ? std::nullopt : std::make_optional(poolSpace(dataSets));
 }

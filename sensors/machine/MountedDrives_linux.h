@@ -6,8 +6,13 @@
 #include <QFile>
 #include <QVector>
 
+/// The space of a ZFS pool by that of its data sets, each of which says what it holds itself and
+/// the space that is free to it: all that they hold, and the most that is free.
+DriveSpace poolSpace(const QVector<DriveSpace> &dataSets);
+
 /// The fixed drives among the mounted file systems: one for each file system, at the place where it
-/// was mounted first. Read-only images and parts of a file system mounted elsewhere are left out.
+/// was mounted first, and one for each pool of ZFS. Read-only images, parts of a file system
+/// mounted elsewhere, and what the system starts from or a container has for itself are left out.
 class MountedDrives : public DriveSource
 {
 public:
@@ -24,11 +29,15 @@ private:
     {
         QString root;
         QString recordedLabel; ///< By the device manager, for file systems that cannot be asked.
+        QByteArray pool;       ///< Of ZFS; empty for other file systems.
+        QStringList dataSets;  ///< Where those of the pool are mounted.
     };
 
     bool hasChanged();
     void readDrives();
-    DeviceNumber fixedDisk(const Mount &mount) const;
+    void addDataSet(const Mount &mount);
+    QVector<DeviceNumber> devicesOf(const Mount &mount) const;
+    QStringList disksOfTheSystem(const QVector<Mount> &mounts) const;
 
     QFile m_mountInfo;
     BlockDevices m_devices;

@@ -20,6 +20,8 @@ private Q_SLOTS:
     void tellsTheSpaceThatIsFreeToTheCaller();
     void namesARelabelledDrive();
     void listsBtrfsOnceWithItsSubvolumes();
+    void addsUpTheDataSetsOfAPool();
+    void leavesOutADriveInAFolderOfContainers();
     void leavesOutImagesAndParts_data();
     void leavesOutImagesAndParts();
     void leavesOutARemovableDrive();
@@ -123,6 +125,33 @@ void tst_LoopDrives::listsBtrfsOnceWithItsSubvolumes()
                                "mount $(findmnt -no SOURCE sub | cut -d[ -f1) top")));
     QCOMPARE(newRoots(), QStringList{path("sub")});
     QCOMPARE(m_drives->volumeName(path("sub")), std::make_optional(QStringLiteral("pool")));
+}
+
+/// Two file systems stand for the data sets of a pool.
+void tst_LoopDrives::addsUpTheDataSetsOfAPool()
+{
+    QVERIFY(m_folder->mountExt4(QStringLiteral("a"), QString(), QStringLiteral("48M")));
+    QVERIFY(m_folder->mountExt4(QStringLiteral("b"), QString(), QStringLiteral("16M")));
+    QVERIFY(run(QStringLiteral("mkdir -p proc/self && printf '%s\\n' "
+                               "\"20 1 0:30 / $PWD/a rw - zfs tank rw\" "
+                               "\"21 1 0:31 / $PWD/b rw - zfs tank/b rw\" >proc/self/mountinfo")));
+    MountedDrives drives(path("proc"), QStringLiteral("/sys"), QStringLiteral("/dev"));
+    QCOMPARE(drives.fixedRoots(), QStringList{path("a")});
+    const std::optional<DriveSpace> pool = drives.space(path("a"));
+    QVERIFY(pool.has_value());
+    const std::optional<DriveSpace> large = m_drives->space(path("a"));
+    const std::optional<DriveSpace> small = m_drives->space(path("b"));
+    QCOMPARE(pool->freeBytes, large->freeBytes);
+    QVERIFY(small->totalBytes > small->freeBytes);
+    QCOMPARE(pool->totalBytes, large->totalBytes + small->totalBytes - small->freeBytes);
+}
+
+void tst_LoopDrives::leavesOutADriveInAFolderOfContainers()
+{
+    QVERIFY(run(QStringLiteral("mkdir -p containers/storage")));
+    QVERIFY(m_folder->mountExt4(QStringLiteral("containers/storage/mnt"), QString(),
+                                QStringLiteral("16M")));
+    QCOMPARE(newRoots(), QStringList());
 }
 
 void tst_LoopDrives::leavesOutImagesAndParts_data()

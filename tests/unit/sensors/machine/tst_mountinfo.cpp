@@ -25,6 +25,8 @@ void tst_MountInfo::readsALine()
         "90 22 0:45 /@home /home rw - btrfs /dev/mapper/luks-1 rw,subvol=/@home\n");
     QCOMPARE(mounts.size(), 2);
     QCOMPARE(mounts.at(0).device, (DeviceNumber{259, 2}));
+    QCOMPARE(mounts.at(1).id, 90U);
+    QCOMPARE(mounts.at(1).parent, 22U);
     QCOMPARE(mounts.at(0).root, QByteArray("/"));
     QCOMPARE(mounts.at(0).mountPoint, QStringLiteral("/"));
     QCOMPARE(mounts.at(0).fileSystem, QByteArray("ext4"));
