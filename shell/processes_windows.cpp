@@ -35,7 +35,7 @@ qint64 ownId()
 
 std::optional<QVector<Process>> snapshot()
 {
-    const HANDLE raw = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    HANDLE raw = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
     if (raw == INVALID_HANDLE_VALUE)
         return std::nullopt;
     const Handle handle(raw);

@@ -40,7 +40,7 @@ void RawWebSocketService::sendInsteadOfAHandshake(const QByteArray &part, int pa
     m_parts = parts;
 }
 
-QByteArray RawWebSocketService::header(char firstByte, quint64 length)
+QByteArray RawWebSocketService::header(char firstByte, qint64 length)
 {
     constexpr char eightBytesFollow = 127;
     QByteArray size(8, '\0');

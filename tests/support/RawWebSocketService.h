@@ -34,7 +34,7 @@ public:
     bool isForsaken() const { return m_isForsaken; }
 
     /// The header of an unmasked frame of 64 KiB or more; its first byte is \x81 for a whole text.
-    static QByteArray header(char firstByte, quint64 length);
+    static QByteArray header(char firstByte, qint64 length);
 
 private:
     void takeConnection();

@@ -16,6 +16,7 @@ class CoreClockCollector : public Collector
 public:
     explicit CoreClockCollector(const QString &group);
     ~CoreClockCollector() override;
+    Q_DISABLE_COPY(CoreClockCollector)
 
     bool collect(qint64 nowNs, SensorTrees &trees) override;
 

@@ -52,6 +52,7 @@ std::vector<unsigned> processorClocks(std::optional<double> performance)
     if (CallNtPowerInformation(ProcessorInformation, nullptr, 0, processors.data(), size) != 0)
         return {};
     std::vector<unsigned> megahertz;
+    megahertz.reserve(processors.size());
     for (const ProcessorPower &processor : processors)
         megahertz.push_back(actualMegahertz(processor.maxMhz, processor.currentMhz, performance));
     return megahertz;

@@ -40,7 +40,7 @@ QString cpuModel(const MachineRoots &roots)
 
 QString cpuDescription(const MachineRoots &roots)
 {
-    const QString architecture = QSysInfo::currentCpuArchitecture();
+    QString architecture = QSysInfo::currentCpuArchitecture();
     const std::size_t cores = firstProcessors(roots).size();
     if (cores == 0)
         return architecture;

@@ -38,9 +38,8 @@ QStringList intelPackage(const Chips &chips)
 {
     constexpr int mostPackages = 16;
     for (int package = 0; package < mostPackages && !chips.empty(); ++package) {
-        const QStringList input =
-            firstLabelled(chips, {QStringLiteral("Package id %1").arg(package),
-                                  QStringLiteral("Physical id %1").arg(package)});
+        QStringList input = firstLabelled(chips, {QStringLiteral("Package id %1").arg(package),
+                                                  QStringLiteral("Physical id %1").arg(package)});
         if (!input.isEmpty())
             return input;
     }

@@ -48,8 +48,7 @@ void tst_InspectorRequests::makesPreviews_data()
         << QByteArrayList{"{\"event\":\"Memory Used MB\",\"info\":\"1536\"}"}
         << QStringLiteral("1536 MB");
     QTest::newRow("installed memory")
-        << uuid("system.Memory_Model")
-        << QByteArrayList{"{\"event\":\"Memory Model\",\"info\":\"31\"}"}
+        << keyuuid::memoryModel << QByteArrayList{"{\"event\":\"Memory Model\",\"info\":\"31\"}"}
         << QStringLiteral("31 GB that the system may use, rounded");
     QTest::newRow("two readings")
         << keyuuid::netWork

@@ -456,13 +456,13 @@ void HardwareReadingsTest::equalGpusHaveDistinctNames()
 
 void HardwareReadingsTest::listOfCardsIsFoundInOneOfItsPlaces()
 {
-    const QString first = path(QStringLiteral("misc/pci.ids"));
-    const QString second = path(QStringLiteral("hwdata/pci.ids"));
-    QCOMPARE(firstFile({first, second}), QString());
-    QVERIFY(writeFile(second, "list"));
-    QCOMPARE(firstFile({first, second}), second);
-    QVERIFY(writeFile(first, "list"));
-    QCOMPARE(firstFile({first, second}), first);
+    const QString preferred = path(QStringLiteral("misc/pci.ids"));
+    const QString other = path(QStringLiteral("hwdata/pci.ids"));
+    QCOMPARE(firstFile({preferred, other}), QString());
+    QVERIFY(writeFile(other, "list"));
+    QCOMPARE(firstFile({preferred, other}), other);
+    QVERIFY(writeFile(preferred, "list"));
+    QCOMPARE(firstFile({preferred, other}), preferred);
 }
 
 void HardwareReadingsTest::modelAndReadingsAreOfOneCard_data()

@@ -52,7 +52,7 @@ void StorageCollectorTest::namesAndRounds()
 {
     const SensorTrees trees = collect(0);
     QVERIFY(m_collected);
-    const QJsonObject drives = trees.tree(Query::SmartInfo);
+    const QJsonObject &drives = trees.tree(Query::SmartInfo);
     QCOMPARE(
         drives.keys(),
         (QStringList{QStringLiteral("Disk A"), QStringLiteral("Disk B (PhysicalDrive1)"),
@@ -71,12 +71,12 @@ void StorageCollectorTest::firstThatTellsKeepsThePlainLabel()
     const auto labelsOf = [](const SensorTrees &trees, const QString &drive) {
         return trees.allSensors().value(QStringLiteral("Drive: ") + drive).toObject().keys();
     };
-    const QString second = QStringLiteral("Disk B (PhysicalDrive1)");
+    const QString other = QStringLiteral("Disk B (PhysicalDrive1)");
     m_drives[0].celsius.reset();
-    QCOMPARE(labelsOf(collect(0), second), QStringList{temperature});
+    QCOMPARE(labelsOf(collect(0), other), QStringList{temperature});
     m_drives[0].celsius = 38.5;
     const SensorTrees trees = collect(60'000'000'000);
-    QCOMPARE(labelsOf(trees, second), QStringList{temperature});
+    QCOMPARE(labelsOf(trees, other), QStringList{temperature});
     QCOMPARE(labelsOf(trees, QStringLiteral("Disk A")),
              QStringList{QStringLiteral("Disk A Drive Temperature")});
 }
