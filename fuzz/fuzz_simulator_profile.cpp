@@ -9,11 +9,13 @@ using namespace deck;
 
 /// The file is read once, so it does not matter here that the framework never frees repeated
 /// members.
-// NOLINTNEXTLINE(clang-diagnostic-reserved-identifier)
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wreserved-identifier" // The sanitizer's name for it.
 extern "C" const char *__asan_default_options()
 {
     return "detect_leaks=0";
 }
+#pragma clang diagnostic pop
 
 extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 {
