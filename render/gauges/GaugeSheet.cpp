@@ -21,10 +21,19 @@ constexpr int longestTitle = 64;
 /// Shares of the side.
 constexpr qreal titleSize = 0.15;
 constexpr qreal leastTitleSize = 0.10;
+/// In pixels: smaller letters cannot be read, so that fewer of them tell more.
+constexpr int leastLegible = 9;
 constexpr qreal titleMargin = 0.05;
 constexpr qreal markSize = 0.135;
 constexpr qreal markMargin = 0.04;
 constexpr qreal markGap = 0.025;
+
+/// Of a value above its unit: how far it is raised, its size at most, the unit's size, and the
+/// unit's base line below the value's middle.
+constexpr qreal stackedRise = 0.05;
+constexpr qreal stackedSize = 0.30;
+constexpr qreal stackedUnitSize = 0.13;
+constexpr qreal stackedUnitBase = 0.24;
 
 /// Shares of the value's size.
 constexpr qreal halfTheValue = 0.5;
@@ -60,6 +69,17 @@ std::array<QColor, inks> colorsOf(const Content &content, const Look &look)
     return {look.color, look.critical, look.critical};
 }
 
+/// \a value with its digits alike, as they are in width.
+QString shapeOf(const QString &value)
+{
+    QString shape = value.left(longestValue);
+    std::replace_if(
+        shape.begin(), shape.end(),
+        [](QChar each) { return each >= QLatin1Char('0') && each <= QLatin1Char('9'); },
+        QLatin1Char('0'));
+    return shape;
+}
+
 /// A value and its unit in fonts of one size.
 class ValueTexts
 {
@@ -75,6 +95,11 @@ public:
     }
 
     [[nodiscard]] qreal width() const { return m_value.width() + m_gap + m_unit.width(); }
+    /// That with another value.
+    [[nodiscard]] qreal widthWith(const QString &value) const
+    {
+        return DigitLine(limited(value, longestValue), m_font).width() + m_gap + m_unit.width();
+    }
 
     /// \a middle is that of a capital letter's height.
     void draw(InkCanvas &canvas, qreal left, qreal middle) const
@@ -129,7 +154,27 @@ void GaugeSheet::drawTexts(const TextPlaces &titled, const TextPlaces &bare)
                           length(places.valueCentre) - height / 2, width, height},
                          height,
                          halfTheValue};
-    drawValue(m_content.first, room, valueSize(m_content.first, room), Qt::AlignHCenter);
+    const Reading &reading = m_content.first;
+    const int size = valueSize(reading, room);
+    if (!reading.unit.isEmpty() && size < length(places.stackedBelow))
+        drawStacked(reading, room);
+    else
+        drawValue(reading, room, size, Qt::AlignHCenter);
+}
+
+void GaugeSheet::drawStacked(const Reading &reading, ValueRoom room)
+{
+    room.area.translate(0, -length(stackedRise));
+    room.largest = length(stackedSize);
+    Reading bare = reading;
+    bare.unit.clear();
+    drawValue(bare, room, valueSize(bare, room), Qt::AlignHCenter);
+
+    const PlainLine unit(limited(reading.unit, longestUnit),
+                         fontOf(m_look.font, QFont::Bold, pixels(stackedUnitSize)));
+    painter().setPen(m_canvas.colorOf(Ink::Letters, unitStrength));
+    unit.draw(painter(), QPointF(qRound(room.area.center().x() - unit.width() / 2),
+                                 qRound(room.area.center().y() + length(stackedUnitBase))));
 }
 
 void GaugeSheet::drawTitle(qreal base)
@@ -144,7 +189,7 @@ void GaugeSheet::drawTitle(qreal base)
     qreal width = PlainLine(title, font).width();
     if (width > right - left) {
         const auto fitting = static_cast<int>(font.pixelSize() * (right - left) / width);
-        font.setPixelSize(std::max(fitting, pixels(leastTitleSize)));
+        font.setPixelSize(std::max({fitting, pixels(leastTitleSize), leastLegible}));
         title = QFontMetricsF(font).elidedText(title, Qt::ElideRight, right - left);
         width = PlainLine(title, font).width();
     }
@@ -156,11 +201,10 @@ void GaugeSheet::drawTitle(qreal base)
 
 int GaugeSheet::valueSize(const Reading &reading, const ValueRoom &room) const
 {
+    const bool isWidest = shapeOf(reading.value) == shapeOf(reading.widest);
     const auto widthAt = [&](int size) {
-        const auto width = [&](const QString &value) {
-            return ValueTexts(value, reading.unit, m_look, size, room.unit).width();
-        };
-        return std::max(width(reading.value), width(reading.widest));
+        const ValueTexts texts(reading.value, reading.unit, m_look, size, room.unit);
+        return isWidest ? texts.width() : std::max(texts.width(), texts.widthWith(reading.widest));
     };
     int size = std::max(1, static_cast<int>(room.largest));
     qreal width = widthAt(size);

@@ -14,6 +14,8 @@ struct TextPlaces
     qreal valueCentre; ///< The middle of the value's digits.
     qreal valueSize;   ///< The most that the font may have.
     qreal valueWidth;  ///< The most that value and unit may take.
+    /// Below this size of the value its unit stands on a line of its own; 0: never.
+    qreal stackedBelow = 0;
 };
 
 /// One value with its unit, and the room that they have.
@@ -64,6 +66,8 @@ public:
     QImage finished();
 
 private:
+    /// Draws the value in \a room with the unit below it.
+    void drawStacked(const Reading &reading, ValueRoom room);
     void drawExtreme(const QRectF &box);
 
     const Content &m_content;

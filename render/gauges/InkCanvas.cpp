@@ -1,6 +1,8 @@
 #include "render/gauges/InkCanvas.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <numeric>
 #include <utility>
 
 namespace gauge {
@@ -103,6 +105,32 @@ private:
     std::array<QRgb, known> m_mixed = {};
 };
 
+/// Turns the weights of a row into colours. Most pixels are like their neighbours: blocks of such
+/// ones are passed over at once.
+void colorRow(QRgb *pixel, const QRgb *end, Mixer &mixer)
+{
+    constexpr std::ptrdiff_t block = 8;
+    QRgb last = 0;
+    QRgb color = mixer.colorOf(0);
+    while (pixel != end) {
+        const std::ptrdiff_t count = std::min(block, end - pixel);
+        const QRgb different =
+            std::accumulate(pixel, pixel + count, QRgb{0},
+                            [last](QRgb all, QRgb weights) { return all | (weights ^ last); });
+        if (different == 0) {
+            std::fill_n(pixel, count, color);
+            pixel += count;
+            continue;
+        }
+        std::transform(pixel, pixel + count, pixel, [&](QRgb weights) {
+            last = weights;
+            return mixer.colorOf(stepsOf(weights));
+        });
+        pixel += count;
+        color = *(pixel - 1);
+    }
+}
+
 } // namespace
 
 InkCanvas::InkCanvas(const QSize &size, const std::array<QColor, inks> &colors)
@@ -127,15 +155,7 @@ QImage InkCanvas::finished(const QColor &ground, qreal opacity)
     Mixer mixer(m_colors, ground, opacity);
     for (int y = 0; y < m_weights.height(); ++y) {
         auto *const row = reinterpret_cast<QRgb *>(m_weights.scanLine(y));
-        QRgb last = 0;
-        QRgb color = mixer.colorOf(0);
-        std::transform(row, row + m_weights.width(), row, [&](QRgb weights) {
-            if (weights != last) {
-                last = weights;
-                color = mixer.colorOf(stepsOf(weights));
-            }
-            return color;
-        });
+        colorRow(row, row + m_weights.width(), mixer);
     }
     m_weights.reinterpretAsFormat(QImage::Format_ARGB32);
     return std::move(m_weights);

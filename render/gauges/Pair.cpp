@@ -2,8 +2,8 @@
 #include "render/gauges/GaugeStyles.h"
 #include "render/gauges/TraceCurve.h"
 
+#include <QLineF>
 #include <QPen>
-#include <QPolygonF>
 
 #include <algorithm>
 
@@ -13,6 +13,8 @@ namespace {
 
 /// Of the graph below each rate.
 constexpr qreal height = 0.22;
+/// On a wide sheet, beside it: above it is room for the mark in the corner.
+constexpr qreal heightBeside = 0.32;
 constexpr qreal margin = 0.05;
 constexpr qreal valueSize = 0.21;
 constexpr qreal arrowHeight = 0.15;
@@ -36,13 +38,14 @@ Row rowOf(const GaugeSheet &sheet, bool isUpload)
     const QRectF area = sheet.gaugeArea();
     const qreal bottom = isUpload ? qRound(area.height() / 2) : area.bottom();
     const qreal top = isUpload ? area.top() : qRound(area.height() / 2);
-    const qreal graphTop = sheet.isWide() ? top : bottom - sheet.pixels(height);
+    const qreal graphTop = bottom - sheet.pixels(sheet.isWide() ? heightBeside : height);
     const QRectF texts = sheet.textArea();
-    const qreal inset = sheet.length(margin);
+    const qreal left = texts.left() + std::max(sheet.length(margin), sheet.leftMarkRoom());
+    const qreal right =
+        texts.right() - std::max(sheet.length(margin), sheet.isWide() ? 0 : sheet.rightMarkRoom());
     return {isUpload ? &sheet.content().first : &sheet.content().second,
             isUpload ? Ink::Gauge : Ink::Second, isUpload,
-            QRectF(QPointF(texts.left() + inset, top),
-                   QPointF(texts.right() - inset, sheet.isWide() ? bottom : graphTop)),
+            QRectF(QPointF(left, top), QPointF(right, sheet.isWide() ? bottom : graphTop)),
             QRectF(QPointF(area.left(), graphTop), QPointF(area.right(), bottom))};
 }
 
@@ -56,12 +59,13 @@ void drawArrow(GaugeSheet &sheet, const Row &row)
     const qreal wing = size.width() / 2;
     QPainter &painter = sheet.painter();
     painter.setBrush(Qt::NoBrush);
+    // Single lines with such ends are painted much faster than round ones.
     painter.setPen(QPen(sheet.canvas().colorOf(row.ink),
-                        std::max<qreal>(1, sheet.length(arrowLine)), Qt::SolidLine, Qt::RoundCap,
-                        Qt::RoundJoin));
-    painter.drawLine(QPointF(x, end), QPointF(x, tip));
-    painter.drawPolyline(
-        QPolygonF({{x - wing, tip + sign * wing}, {x, tip}, {x + wing, tip + sign * wing}}));
+                        std::max<qreal>(1, sheet.length(arrowLine)), Qt::SolidLine, Qt::SquareCap));
+    const QPointF top(x, tip);
+    painter.drawLines(QVector<QLineF>{{{x, end}, top},
+                                      {{x - wing, tip + sign * wing}, top},
+                                      {{x + wing, tip + sign * wing}, top}});
 }
 
 } // namespace

@@ -17,8 +17,8 @@ constexpr qreal margin = 0.06;
 constexpr qreal start = 225;
 constexpr qreal whole = -270;
 
-constexpr TextPlaces titled{0.935, 0.49, 0.34, 0.60};
-constexpr TextPlaces bare{0, 0.50, 0.34, 0.60};
+constexpr TextPlaces titled{0.95, 0.49, 0.34, 0.60, 0.27};
+constexpr TextPlaces bare{0, 0.50, 0.34, 0.60, 0.27};
 constexpr TextPlaces titledBeside{0.26, 0.60, 0.38, 0.90};
 constexpr TextPlaces bareBeside{0, 0.50, 0.44, 0.90};
 

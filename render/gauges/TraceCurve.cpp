@@ -12,6 +12,9 @@ namespace gauge {
 
 namespace {
 
+/// In seconds; nothing older is looked at.
+constexpr double longestSpan = 1e6;
+
 constexpr qreal fillStrength = 0.35;
 constexpr qreal thresholdStrength = 0.25;
 
@@ -50,7 +53,7 @@ public:
         flush();
         if (column <= m_column)
             return;
-        if (m_curve.isEmpty() && m_before)
+        if (m_curve.isEmpty() && m_before && sample.x() > m_area.left())
             m_curve.append(enteringBetween(*m_before, sample));
         m_column = column;
         m_sum = sample;
@@ -99,6 +102,30 @@ void fillBelow(QPainter &painter, const QPolygonF &curve, qreal bottom)
     painter.drawPolygon(shape);
 }
 
+/// The segments of \a curve, shifted sideways by \a offset.
+QVector<QLineF> segmentsOf(const QPolygonF &curve, qreal offset)
+{
+    QVector<QLineF> segments;
+    segments.reserve(curve.size());
+    for (int i = 1; i < curve.size(); ++i) {
+        const QLineF segment(curve.at(i - 1), curve.at(i));
+        const qreal length = segment.length();
+        segments.append(
+            segment.translated(-segment.dy() / length * offset, segment.dx() / length * offset));
+    }
+    return segments;
+}
+
+/// Draws \a curve \a width pixels wide, as lines of one pixel beside each other, half a pixel
+/// apart: the paint engine takes several times as long for a line of two.
+void drawLine(QPainter &painter, const QPolygonF &curve, int width)
+{
+    constexpr qreal distance = 0.5;
+    const int lines = 2 * width - 1;
+    for (int line = 0; line < lines; ++line)
+        painter.drawLines(segmentsOf(curve, (line - width + 1) * distance));
+}
+
 void drawDot(QPainter &painter, const QPointF &place, qreal radius, const QRectF &area)
 {
     const QPointF inside(qBound(area.left() + radius, place.x(), area.right() - radius),
@@ -119,15 +146,16 @@ void drawDotted(QPainter &painter, const QRectF &area, double share, int width, 
 
 QVector<QPolygonF> curvesOf(const Trace &trace, double span, const QRectF &area)
 {
-    const double seconds = span >= 1 ? span : 1;
+    const double seconds = span >= 1 ? std::min(span, longestSpan) : 1;
     QVector<QPolygonF> curves;
     CurveMaker maker(area);
     for (const QVector<Point> &run : trace) {
         maker.beginRun();
         for (const Point &point : run) {
             if (std::isfinite(point.age) && std::isfinite(point.share))
-                maker.add({area.right() - std::max(0.0, point.age) / seconds * area.width(),
-                           area.bottom() - qBound(0.0, point.share, 1.0) * area.height()});
+                maker.add(
+                    {area.right() - qBound(0.0, point.age, longestSpan) / seconds * area.width(),
+                     area.bottom() - qBound(0.0, point.share, 1.0) * area.height()});
         }
         const QPolygonF curve = maker.endRun();
         if (!curve.isEmpty())
@@ -147,8 +175,11 @@ void drawTrace(InkCanvas &canvas, const QRectF &area, const Trace &trace, double
 
     painter.setPen(Qt::NoPen);
     painter.setBrush(canvas.colorOf(ink, fillStrength));
+    // The line hides what is uneven at the top.
+    painter.setRenderHint(QPainter::Antialiasing, false);
     for (const QPolygonF &curve : curves)
         fillBelow(painter, curve, area.bottom());
+    painter.setRenderHint(QPainter::Antialiasing);
     for (const double threshold : thresholds) {
         if (isInScale(threshold))
             drawDotted(painter, scale, threshold, width,
@@ -157,12 +188,12 @@ void drawTrace(InkCanvas &canvas, const QRectF &area, const Trace &trace, double
     painter.setBrush(canvas.colorOf(ink));
     for (const QPolygonF &curve : curves) {
         if (curve.size() == 1)
-            drawDot(painter, curve.first(), width, area);
+            drawDot(painter, curve.first(), 1.5 * width, area);
     }
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(canvas.colorOf(ink), width, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin));
+    painter.setPen(QPen(canvas.colorOf(ink), 1));
     for (const QPolygonF &curve : curves)
-        painter.drawPolyline(curve);
+        drawLine(painter, curve, width);
 }
 
 } // namespace gauge

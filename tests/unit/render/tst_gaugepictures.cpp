@@ -6,6 +6,7 @@
 
 #include <QtTest>
 
+#include <cmath>
 #include <functional>
 
 using gauge::Content;
@@ -76,6 +77,14 @@ void setMissing(Content &content)
         reading.share.reset();
         reading.trace.clear();
     });
+}
+
+QVector<gauge::Point> hourOfSamples()
+{
+    QVector<gauge::Point> run;
+    for (int age = 3600; age >= 0; --age)
+        run.append({double(age), 0.5 + 0.3 * std::sin(age / 300.0) + 0.2 * std::sin(age * 1.3)});
+    return run;
 }
 
 void setGap(Content &content)
