@@ -173,6 +173,7 @@ void drawTrace(InkCanvas &canvas, const QRectF &area, const Trace &trace, double
     const QRectF scale = area.adjusted(0, width / 2.0, 0, -width / 2.0);
     const QVector<QPolygonF> curves = curvesOf(trace, span, scale);
 
+    painter.setClipRect(area);
     painter.setPen(Qt::NoPen);
     painter.setBrush(canvas.colorOf(ink, fillStrength));
     // The line hides what is uneven at the top.
@@ -194,6 +195,7 @@ void drawTrace(InkCanvas &canvas, const QRectF &area, const Trace &trace, double
     painter.setPen(QPen(canvas.colorOf(ink), 1));
     for (const QPolygonF &curve : curves)
         drawLine(painter, curve, width);
+    painter.setClipping(false);
 }
 
 } // namespace gauge

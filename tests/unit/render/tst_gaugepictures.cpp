@@ -167,8 +167,7 @@ const State traceStates[] = {
     {"dense",
      [](Content &content, Look &) {
          content.span = 3600;
-         forBoth(content,
-                 [](gauge::Reading &reading) { reading.trace = {samplegauges::samples(3600, 0)}; });
+         forBoth(content, [](gauge::Reading &reading) { reading.trace = {hourOfSamples()}; });
      }},
 };
 
