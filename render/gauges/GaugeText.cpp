@@ -64,7 +64,7 @@ QString limited(const QString &text, int longest)
 PlainLine::PlainLine(const QString &text, const QFont &font)
     : m_layout(text, font)
 {
-    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+    QTextOption option(Qt::AlignLeft);
     option.setWrapMode(QTextOption::NoWrap);
     m_layout.setTextOption(option);
     m_layout.setCacheEnabled(true);

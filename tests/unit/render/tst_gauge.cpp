@@ -1,4 +1,5 @@
 #include "render/Gauge.h"
+#include "tests/support/MessageCapture.h"
 #include "tests/support/SampleGauges.h"
 #include "tests/support/TestFonts.h"
 
@@ -580,6 +581,7 @@ void tst_Gauge::paintsAnySize()
 {
     QFETCH(QSize, size);
     QFETCH(bool, painted);
+    const MessageCapture capture;
     for (const StyleName &each : styles) {
         Content content = samplegauges::contentOf(each.style);
         content.level = Level::Critical;
@@ -590,6 +592,7 @@ void tst_Gauge::paintsAnySize()
         const QImage picture = paintGauge(content, look);
         QCOMPARE(picture.size(), painted ? size : QSize(0, 0));
     }
+    QCOMPARE(MessageCapture::messages(), QStringList());
 }
 
 void tst_Gauge::paintsAnythingSoon_data()
