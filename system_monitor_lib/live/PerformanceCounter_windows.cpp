@@ -85,8 +85,7 @@ std::vector<CounterValue> PerformanceCounter::values(qint64 nowNs)
             static_cast<PDH_STATUS>(PDH_MORE_DATA))
         return {};
     // The names follow the items in the same memory.
-    std::vector<PDH_FMT_COUNTERVALUE_ITEM_W> items(
-        size / sizeof(PDH_FMT_COUNTERVALUE_ITEM_W) + 1);
+    std::vector<PDH_FMT_COUNTERVALUE_ITEM_W> items(size / sizeof(PDH_FMT_COUNTERVALUE_ITEM_W) + 1);
     size = static_cast<DWORD>(items.size() * sizeof(PDH_FMT_COUNTERVALUE_ITEM_W));
     if (PdhGetFormattedCounterArrayW(d->counter, format, &size, &count, items.data()) !=
         ERROR_SUCCESS)
@@ -95,8 +94,7 @@ std::vector<CounterValue> PerformanceCounter::values(qint64 nowNs)
     for (DWORD index = 0; index < count && index < items.size(); ++index) {
         const PDH_FMT_COUNTERVALUE_ITEM_W &item = items[index];
         if (isValid(item.FmtValue.CStatus))
-            values.push_back(
-                {QString::fromWCharArray(item.szName), item.FmtValue.doubleValue});
+            values.push_back({QString::fromWCharArray(item.szName), item.FmtValue.doubleValue});
     }
     return values;
 }

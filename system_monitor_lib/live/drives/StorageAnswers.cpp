@@ -30,7 +30,8 @@ std::optional<double> parseDriveCelsius(const QByteArray &answer)
         if (offset + sensorSize > answer.size())
             break;
         // Sensor 0 is the drive's own; others are parts of it.
-        const auto celsius = numberAt<qint16>(answer, offset + temperatureOffset).value_or(notReported);
+        const auto celsius =
+            numberAt<qint16>(answer, offset + temperatureOffset).value_or(notReported);
         if (celsius != notReported && isPlausibleCelsius(celsius))
             return celsius;
     }

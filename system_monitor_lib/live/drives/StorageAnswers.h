@@ -5,8 +5,8 @@
 
 #include <optional>
 
-/// Replies of drives to IOCTL_STORAGE_QUERY_PROPERTY and IOCTL_DISK_PERFORMANCE of Windows, with the
-/// layouts documented in the Windows driver kit. A reply may be truncated or contain anything.
+/// Replies of drives to IOCTL_STORAGE_QUERY_PROPERTY and IOCTL_DISK_PERFORMANCE of Windows, with
+/// the layouts documented in the Windows driver kit. A reply may be truncated or contain anything.
 
 /// The temperature of the drive itself in °C, from a STORAGE_TEMPERATURE_DATA_DESCRIPTOR. Nothing
 /// when no sensor reports a plausible value.

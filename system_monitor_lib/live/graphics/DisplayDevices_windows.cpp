@@ -25,10 +25,9 @@ using DeviceList = std::unique_ptr<HDEVINFO, ListDestroyer>;
 std::optional<DWORD> numberOf(HDEVINFO list, SP_DEVINFO_DATA &device, DWORD property)
 {
     DWORD number = 0;
-    const bool known =
-        SetupDiGetDeviceRegistryPropertyW(list, &device, property, nullptr,
-                                          reinterpret_cast<BYTE *>(&number), sizeof(number),
-                                          nullptr);
+    const bool known = SetupDiGetDeviceRegistryPropertyW(list, &device, property, nullptr,
+                                                         reinterpret_cast<BYTE *>(&number),
+                                                         sizeof(number), nullptr);
     return known ? std::optional(number) : std::nullopt;
 }
 

@@ -61,8 +61,7 @@ QHash<quint64, GpuUsage> gpuUsage(const std::vector<CounterValue> &engines,
         if (!part || !isUsable(counted))
             continue;
         GpuUsage &adapter = usage[part->luid];
-        adapter.memoryBytes =
-            adapter.memoryBytes.value_or(0) + static_cast<quint64>(counted.value);
+        adapter.memoryBytes = adapter.memoryBytes.value_or(0) + static_cast<quint64>(counted.value);
         // Without any engine the counters may be at their first sample.
         if (!engines.empty())
             adapter.loadPercent = 0;

@@ -58,8 +58,8 @@ void GraphicsCards::list()
                 return card.address == address;
             });
         if (!isListed)
-            cards.push_back({adapter.luid, nameOf(adapter), adapter.memoryBytes, address,
-                             type.maySleep});
+            cards.push_back(
+                {adapter.luid, nameOf(adapter), adapter.memoryBytes, address, type.maySleep});
     }
     m_cards = std::move(cards);
 }

@@ -34,8 +34,8 @@ template <typename Function>
 void find(HMODULE library, const char *name, Function &function)
 {
     if (library)
-        function = reinterpret_cast<Function>(
-            reinterpret_cast<void (*)()>(GetProcAddress(library, name)));
+        function =
+            reinterpret_cast<Function>(reinterpret_cast<void (*)()>(GetProcAddress(library, name)));
 }
 
 /// From the system's folder alone. Never unloaded, because others may use it as well.
@@ -155,10 +155,7 @@ public:
         return m_kernel.ask(luid, topic, question);
     }
 
-    std::vector<CounterValue> engineLoads(qint64 nowNs) override
-    {
-        return m_engines.values(nowNs);
-    }
+    std::vector<CounterValue> engineLoads(qint64 nowNs) override { return m_engines.values(nowNs); }
 
     std::vector<CounterValue> memoryInUse(qint64 nowNs) override { return m_memory.values(nowNs); }
 

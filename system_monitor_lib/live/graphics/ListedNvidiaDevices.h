@@ -4,8 +4,8 @@
 #include "system_monitor_lib/live/graphics/GraphicsCards.h"
 #include "system_monitor_lib/live/graphics/NvidiaDevices.h"
 
-/// The NVIDIA devices in Windows' tree of devices. As long as NVIDIA's library cannot be loaded, the
-/// tree is not read, and the library is tried again every 10 seconds.
+/// The NVIDIA devices in Windows' tree of devices. As long as NVIDIA's library cannot be loaded,
+/// the tree is not read, and the library is tried again every 10 seconds.
 class ListedNvidiaDevices : public NvidiaDevices
 {
 public:

@@ -90,8 +90,8 @@ void NvidiaGpus::prepare(qint64 nowNs)
 {
     bool asks = false;
     for (Unit &unit : m_units) {
-        const GpuRest::Turn before =
-            std::exchange(unit.turn, unit.rest.turn(unit.device.sleeps, unit.device.sleepsAfter, nowNs));
+        const GpuRest::Turn before = std::exchange(
+            unit.turn, unit.rest.turn(unit.device.sleeps, unit.device.sleepsAfter, nowNs));
         const bool isAsked = unit.turn == GpuRest::Turn::Ask;
         asks = asks || isAsked;
         if (isAsked == (before == GpuRest::Turn::Ask))
@@ -148,8 +148,9 @@ void NvidiaGpus::nameSleeper(Unit &unit) const
     if (!unit.device.name.isEmpty())
         state.name = unit.device.name;
     else
-        state.name = listed.isEmpty() ? QStringLiteral("NVIDIA GPU %1").arg(unit.device.pciId.toUpper())
-                                  : QStringLiteral("NVIDIA %1").arg(listed);
+        state.name = listed.isEmpty()
+                         ? QStringLiteral("NVIDIA GPU %1").arg(unit.device.pciId.toUpper())
+                         : QStringLiteral("NVIDIA %1").arg(listed);
     state.place = unit.device.address;
     state.mayHave = nvidiaLabels();
     unit.states.push_back(state);

@@ -28,8 +28,7 @@ std::vector<CoreMask> physicalCores()
     DWORD size = 0;
     GetLogicalProcessorInformationEx(RelationProcessorCore, nullptr, &size);
     QByteArray answer(static_cast<int>(size), '\0');
-    auto *const first =
-        reinterpret_cast<SYSTEM_LOGICAL_PROCESSOR_INFORMATION_EX *>(answer.data());
+    auto *const first = reinterpret_cast<SYSTEM_LOGICAL_PROCESSOR_INFORMATION_EX *>(answer.data());
     if (size == 0 || !GetLogicalProcessorInformationEx(RelationProcessorCore, first, &size))
         return {};
     return parseCores(answer.left(static_cast<int>(size)));
@@ -38,10 +37,9 @@ std::vector<CoreMask> physicalCores()
 /// The clock that the system measured when it started; 0 when it does not tell.
 unsigned registeredMegahertz(unsigned processor)
 {
-    const std::wstring key =
-        QStringLiteral("HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\%1")
-            .arg(processor)
-            .toStdWString();
+    const std::wstring key = QStringLiteral("HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\%1")
+                                 .arg(processor)
+                                 .toStdWString();
     DWORD megahertz = 0;
     DWORD size = sizeof(megahertz);
     const LSTATUS status = RegGetValueW(HKEY_LOCAL_MACHINE, key.c_str(), L"~MHz", RRF_RT_REG_DWORD,
@@ -110,8 +108,7 @@ bool CoreClockCollector::collect(qint64 nowNs, SensorTrees &trees)
 {
     if (m_listing.isDue(nowNs))
         look();
-    const QJsonObject clocks =
-        coreClocks(m_cores, processorClocks(m_performance.value(nowNs)));
+    const QJsonObject clocks = coreClocks(m_cores, processorClocks(m_performance.value(nowNs)));
     trees.add(Query::CpuInfo, clocks);
     trees.addDevice(Query::AllSensorsData, m_group, clocks);
     return !clocks.isEmpty();

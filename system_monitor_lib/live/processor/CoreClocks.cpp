@@ -80,8 +80,7 @@ QJsonObject coreClocks(const std::vector<CoreMask> &cores,
     for (std::size_t core = 0; core < cores.size(); ++core) {
         const CoreMask &mask = cores[core];
         if (mask.group < megahertz.size())
-            addClock(labels, core, qCountTrailingZeroBits(mask.processors),
-                     megahertz[mask.group]);
+            addClock(labels, core, qCountTrailingZeroBits(mask.processors), megahertz[mask.group]);
     }
     return labels;
 }

@@ -1,0 +1,91 @@
+#include "system_monitor_lib/live/processor/CpuLoadCollector.h"
+#include "tests/unit/system_monitor_lib/labels.h"
+
+#include <QtTest>
+
+Q_DECLARE_METATYPE(CpuLoadFigure)
+
+namespace {
+
+const QString label = QStringLiteral("Total CPU Usage");
+
+} // namespace
+
+/// Which of the system's figure and the processors' times counts.
+class CpuLoadCollectorTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void figureCounts_data();
+    void figureCounts();
+    void timesCountWithoutFigure_data();
+    void timesCountWithoutFigure();
+    void figureAloneIsEnough();
+};
+
+void CpuLoadCollectorTest::figureCounts_data()
+{
+    QTest::addColumn<double>("figure");
+    QTest::addColumn<double>("load");
+    QTest::newRow("idle") << 0.0 << 0.0;
+    QTest::newRow("busy") << 42.5 << 42.5;
+    QTest::newRow("more than the nominal clock does") << 131.7 << 100.0;
+    QTest::newRow("endless") << qInf() << 100.0;
+}
+
+void CpuLoadCollectorTest::figureCounts()
+{
+    QFETCH(const double, figure);
+    CpuLoadCollector collector({}, QStringLiteral("CPU"),
+                               [figure](qint64 /*nowNs*/) { return figure; });
+    SensorTrees trees;
+    QVERIFY(collector.collect(0, trees));
+    const QJsonObject tree = trees.tree(Query::CpuInfo);
+    QTEST(value(tree, label), "load");
+    QCOMPARE(units(tree, label), QStringLiteral("%"));
+    QCOMPARE(trees.tree(Query::AllSensorsData).value(QStringLiteral("CPU")).toObject(), tree);
+}
+
+void CpuLoadCollectorTest::timesCountWithoutFigure_data()
+{
+    QTest::addColumn<CpuLoadFigure>("figure");
+    QTest::newRow("no such figure") << CpuLoadFigure();
+    QTest::newRow("not at the moment")
+        << CpuLoadFigure([](qint64 /*nowNs*/) { return std::nullopt; });
+    QTest::newRow("no number") << CpuLoadFigure([](qint64 /*nowNs*/) { return qQNaN(); });
+    QTest::newRow("negative") << CpuLoadFigure([](qint64 /*nowNs*/) { return -1.0; });
+}
+
+void CpuLoadCollectorTest::timesCountWithoutFigure()
+{
+    QFETCH(const CpuLoadFigure, figure);
+    CpuLoadCollector collector({}, QStringLiteral("CPU"), figure);
+    qint64 now = 0;
+    const auto load = [&] {
+        SensorTrees trees;
+        collector.collect(now += 1'000'000, trees);
+        return value(trees.tree(Query::CpuInfo), label);
+    };
+    QCOMPARE(load(), -1.0);
+    // The machine's clocks of the processors advance in steps.
+    double last = -1;
+    QTRY_VERIFY(last >= 0 || (last = load()) >= 0);
+    QVERIFY(last <= 100);
+}
+
+void CpuLoadCollectorTest::figureAloneIsEnough()
+{
+    MachineRoots nowhere;
+    nowhere.proc = QStringLiteral("/nowhere");
+    CpuLoadCollector collector(nowhere, QStringLiteral("CPU"),
+                               [](qint64 /*nowNs*/) { return 7.0; });
+    for (qint64 now = 0; now < 3; ++now) {
+        SensorTrees trees;
+        QVERIFY(collector.collect(now, trees));
+        QCOMPARE(value(trees.tree(Query::CpuInfo), label), 7.0);
+    }
+}
+
+QTEST_GUILESS_MAIN(CpuLoadCollectorTest)
+#include "tst_cpuloadcollector.moc"
