@@ -31,7 +31,7 @@ bool isCard(const GpuState &known, const GraphicsCard &card)
 {
     const bool hasAddress = known.place.contains(QLatin1Char(':')) && !card.address.isEmpty();
     if (hasAddress)
-        return known.place.compare(card.address, Qt::CaseInsensitive) == 0;
+        return isSamePlace(known.place, card.address);
     return !known.name.isEmpty() && (known.name.endsWith(card.name, Qt::CaseInsensitive) ||
                                      card.name.endsWith(known.name, Qt::CaseInsensitive));
 }

@@ -26,3 +26,11 @@ QString pciAddress(quint32 bus, quint32 address)
         .arg(address >> bitsOfFunction, 2, 16, QLatin1Char('0'))
         .arg(address & functionMask);
 }
+
+bool isSamePlace(const QString &first, const QString &second)
+{
+    const auto withoutDomain = [](const QString &address) {
+        return address.section(QLatin1Char(':'), 1).toLower();
+    };
+    return !withoutDomain(first).isEmpty() && withoutDomain(first) == withoutDomain(second);
+}

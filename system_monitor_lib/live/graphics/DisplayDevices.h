@@ -21,6 +21,10 @@ QString pciIdOfInstance(const QString &instance);
 /// The place on the bus that Windows' numbers of bus and address mean.
 QString pciAddress(quint32 bus, quint32 address);
 
+/// Whether two addresses mean the same place. The domain does not count, because only some of
+/// Windows' answers have one.
+bool isSamePlace(const QString &first, const QString &second);
+
 /// The graphics devices of the machine. Nothing here wakes one.
 class DisplayDevices
 {

@@ -18,6 +18,6 @@ bool DisplayPower::sleeps(const QString &address, qint64 nowNs)
 {
     const std::vector<DisplayDevice> &devices = look(nowNs);
     return std::any_of(devices.begin(), devices.end(), [&](const DisplayDevice &device) {
-        return device.address == address && m_devices->sleeps(device.instance);
+        return isSamePlace(device.address, address) && m_devices->sleeps(device.instance);
     });
 }

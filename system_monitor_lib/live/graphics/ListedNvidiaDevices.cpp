@@ -34,7 +34,7 @@ std::vector<NvidiaDevice> ListedNvidiaDevices::look(qint64 nowNs)
             device.name = listed.name;
             device.sleeps = m_power->sleeps(listed.address, nowNs);
             if (std::any_of(cards.begin(), cards.end(), [&listed](const GraphicsCard &card) {
-                    return card.maySleep && card.address == listed.address;
+                    return card.maySleep && isSamePlace(card.address, listed.address);
                 }))
                 device.sleepsAfter = GraphicsCards::sleepDelay;
             found.push_back(device);

@@ -206,6 +206,8 @@ void AdapterGpusTest::libraryComesFirst_data()
     QTest::addColumn<QString>("name");
     QTest::newRow("by address") << "0000:03:00.0"
                                 << "Its own name";
+    QTest::newRow("in a domain") << "0001:03:00.0"
+                                 << "Its own name";
     QTest::newRow("by name") << "0"
                              << "AMD Large";
     QTest::newRow("by the end of its name") << "0"

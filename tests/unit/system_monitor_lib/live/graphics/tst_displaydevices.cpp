@@ -12,6 +12,8 @@ private Q_SLOTS:
     void findsThePciId();
     void findsTheAddress_data();
     void findsTheAddress();
+    void domainDoesNotCount_data();
+    void domainDoesNotCount();
 };
 
 void DisplayDevicesTest::findsThePciId_data()
@@ -54,6 +56,32 @@ void DisplayDevicesTest::findsTheAddress()
     QFETCH(const quint32, bus);
     QFETCH(const quint32, address);
     QTEST(pciAddress(bus, address), "text");
+}
+
+void DisplayDevicesTest::domainDoesNotCount_data()
+{
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    QTest::addColumn<bool>("isSame");
+    QTest::newRow("same") << "0000:c1:00.0"
+                          << "0000:C1:00.0" << true;
+    QTest::newRow("other domain") << "0000:01:00.0"
+                                  << "0100:01:00.0" << true;
+    QTest::newRow("other bus") << "0000:01:00.0"
+                               << "0000:02:00.0" << false;
+    QTest::newRow("other function") << "0000:01:00.0"
+                                    << "0000:01:00.1" << false;
+    QTest::newRow("unknown") << ""
+                             << "" << false;
+    QTest::newRow("numbers") << "0"
+                             << "0" << false;
+}
+
+void DisplayDevicesTest::domainDoesNotCount()
+{
+    QFETCH(const QString, first);
+    QFETCH(const QString, second);
+    QTEST(isSamePlace(first, second), "isSame");
 }
 
 QTEST_APPLESS_MAIN(DisplayDevicesTest)
