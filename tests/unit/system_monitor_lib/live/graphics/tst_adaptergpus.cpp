@@ -62,6 +62,7 @@ private Q_SLOTS:
     void libraryComesFirst_data();
     void libraryComesFirst();
     void libraryOfAnotherCard();
+    void libraryWithTwoEqualCards();
     void cardThatMayNotSleepIsAlwaysAsked();
     void idleCardIsLeftAlone();
     void cardIsNotLeftAlone_data();
@@ -256,6 +257,21 @@ void AdapterGpusTest::libraryOfAnotherCard()
     QCOMPARE(states.front().labels, known.labels);
     QCOMPARE(states[2].place, largePlace);
     QCOMPARE(states[2].labels.size(), 9);
+}
+
+void AdapterGpusTest::libraryWithTwoEqualCards()
+{
+    m_system->present[0].name = m_system->present[1].name;
+    GpuState known;
+    known.name = QStringLiteral("AMD Large");
+    known.labels = {{QStringLiteral("GPU Power"), reading(88.5, QStringLiteral("W"))}};
+    known.place = QStringLiteral("0");
+    m_library->states = {known, known};
+    m_library->states.back().place = QStringLiteral("1");
+    const std::vector<GpuState> states = m_gpus->read(0);
+    QCOMPARE(states.size(), std::size_t{2});
+    QCOMPARE(states[0].labels.size(), 5);
+    QCOMPARE(states[1].labels.size(), 10);
 }
 
 void AdapterGpusTest::cardThatMayNotSleepIsAlwaysAsked()

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void figureCounts();
     void timesCountWithoutFigure_data();
     void timesCountWithoutFigure();
+    void figureComesBeforeTimes();
     void figureAloneIsEnough();
 };
 
@@ -72,6 +73,33 @@ void CpuLoadCollectorTest::timesCountWithoutFigure()
     double last = -1;
     QTRY_VERIFY(last >= 0 || (last = load()) >= 0);
     QVERIFY(last <= 100);
+}
+
+void CpuLoadCollectorTest::figureComesBeforeTimes()
+{
+    std::optional<double> figure;
+    CpuLoadCollector collector({}, QStringLiteral("CPU"),
+                               [&figure](qint64 /*nowNs*/) { return figure; });
+    qint64 now = 0;
+    const auto load = [&] {
+        SensorTrees trees;
+        collector.collect(now += 1'000'000, trees);
+        return value(trees.tree(Query::CpuInfo), label);
+    };
+    // No processor is that busy.
+    constexpr double absurd = 1e-9;
+    double last = -1;
+    QTRY_VERIFY(last >= 0 || (last = load()) >= 0);
+    figure = absurd;
+    // The times advance meanwhile.
+    CpuTimesReader reader({});
+    const auto total = [&reader] {
+        const CpuTimes times = reader.read().value_or(CpuTimes());
+        return times.busy + times.idle;
+    };
+    const quint64 before = total();
+    QTRY_VERIFY(total() != before);
+    QCOMPARE(load(), absurd);
 }
 
 void CpuLoadCollectorTest::figureAloneIsEnough()
