@@ -60,7 +60,7 @@ private:
         return answer;
     }
 
-    const HANDLE m_handle;
+    HANDLE m_handle;
 };
 
 class NumberedDrives : public StorageSystem

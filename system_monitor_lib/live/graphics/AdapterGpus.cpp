@@ -9,6 +9,7 @@ using namespace adapter_answers;
 namespace {
 
 const QString loadLabel = QStringLiteral("GPU Core Load");
+const QString allocatedLabel = QStringLiteral("GPU Memory Allocated");
 
 QStringList adapterLabels()
 {
@@ -34,6 +35,18 @@ bool isCard(const GpuState &known, const GraphicsCard &card)
         return isSamePlace(known.place, card.address);
     return !known.name.isEmpty() && (known.name.endsWith(card.name, Qt::CaseInsensitive) ||
                                      card.name.endsWith(known.name, Qt::CaseInsensitive));
+}
+
+bool isAsleep(const GpuState &known)
+{
+    return known.isLeftAlone && known.labels.isEmpty();
+}
+
+/// Whether the counters have nothing to add.
+bool hasUsage(const GpuState &known)
+{
+    return isAsleep(known) ||
+           (known.labels.contains(loadLabel) && known.labels.contains(allocatedLabel));
 }
 
 double megabytesOf(const GraphicsCard &card)
@@ -145,7 +158,7 @@ GpuState AdapterGpus::own(Unit &unit, const GpuUsage &usage, qint64 nowNs)
 
 void AdapterGpus::supplement(GpuState &known, Unit &unit, const GpuUsage &usage) const
 {
-    const bool sleeps = known.isLeftAlone && known.labels.isEmpty();
+    const bool sleeps = isAsleep(known);
     if (sleeps)
         unit.measured = {};
     else if (!known.isLeftAlone)
@@ -166,27 +179,44 @@ void AdapterGpus::supplement(GpuState &known, Unit &unit, const GpuUsage &usage)
     }
 }
 
+std::vector<GpuState *> AdapterGpus::match(std::vector<GpuState> &gpus) const
+{
+    std::vector<GpuState *> matches;
+    for (const Unit &unit : m_units) {
+        const auto isIt = [&](GpuState &gpu) {
+            return isCard(gpu, unit.card) &&
+                   std::find(matches.begin(), matches.end(), &gpu) == matches.end();
+        };
+        const auto known = std::find_if(gpus.begin(), gpus.end(), isIt);
+        matches.push_back(known == gpus.end() ? nullptr : &*known);
+    }
+    return matches;
+}
+
+QHash<quint64, GpuUsage> AdapterGpus::usage(const std::vector<GpuState *> &matches,
+                                            qint64 nowNs) const
+{
+    if (std::all_of(matches.begin(), matches.end(),
+                    [](const GpuState *known) { return known && hasUsage(*known); }))
+        return {};
+    GraphicsSystem &system = m_cards->system();
+    return gpuUsage(system.engineLoads(nowNs), system.memoryInUse(nowNs));
+}
+
 std::vector<GpuState> AdapterGpus::read(qint64 nowNs)
 {
     std::vector<GpuState> gpus = m_library->read(nowNs);
     look(nowNs);
-    if (m_units.empty())
-        return gpus;
-    GraphicsSystem &system = m_cards->system();
-    const auto usage = gpuUsage(system.engineLoads(nowNs), system.memoryInUse(nowNs));
-    std::vector<bool> isTaken(gpus.size());
+    const std::vector<GpuState *> matches = match(gpus);
+    const QHash<quint64, GpuUsage> usages = usage(matches, nowNs);
     std::vector<GpuState> others;
-    for (Unit &unit : m_units) {
-        const GpuUsage used = usage.value(unit.card.luid);
-        std::size_t index = 0;
-        while (index < gpus.size() && (isTaken[index] || !isCard(gpus[index], unit.card)))
-            ++index;
-        if (index == gpus.size()) {
+    for (std::size_t index = 0; index < m_units.size(); ++index) {
+        Unit &unit = m_units[index];
+        const GpuUsage used = usages.value(unit.card.luid);
+        if (matches[index])
+            supplement(*matches[index], unit, used);
+        else
             others.push_back(own(unit, used, nowNs));
-        } else {
-            isTaken[index] = true;
-            supplement(gpus[index], unit, used);
-        }
     }
     std::move(others.begin(), others.end(), std::back_inserter(gpus));
     return gpus;

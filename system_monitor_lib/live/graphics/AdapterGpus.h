@@ -33,6 +33,11 @@ private:
     };
 
     void look(qint64 nowNs);
+    /// The library's GPU for each card; null for one that the library does not know.
+    std::vector<GpuState *> match(std::vector<GpuState> &gpus) const;
+    /// By card. The counters are not read if the library knows all that they know.
+    [[nodiscard]] QHash<quint64, GpuUsage> usage(const std::vector<GpuState *> &matches,
+                                                 qint64 nowNs) const;
     [[nodiscard]] QByteArray ask(const Unit &unit, adapter_answers::Topic topic,
                                  quint32 node = 0) const;
     quint32 drawingNode(Unit &unit) const;

@@ -53,7 +53,7 @@ std::vector<std::vector<unsigned>> nominalClocks()
     const WORD count = GetActiveProcessorGroupCount();
     std::vector<std::vector<unsigned>> groups(count > 1 ? count : 0);
     unsigned processor = 0;
-    for (WORD group = 0; group < groups.size(); ++group) {
+    for (WORD group = 0; count > 1 && group < count; ++group) {
         const DWORD inGroup = GetActiveProcessorCount(group);
         for (DWORD index = 0; index < inGroup; ++index)
             groups[group].push_back(registeredMegahertz(processor++));

@@ -64,7 +64,11 @@ public:
         return answers.value(luid).value(asked);
     }
 
-    std::vector<CounterValue> engineLoads(qint64 /*nowNs*/) override { return engines; }
+    std::vector<CounterValue> engineLoads(qint64 /*nowNs*/) override
+    {
+        ++counted;
+        return engines;
+    }
     std::vector<CounterValue> memoryInUse(qint64 /*nowNs*/) override { return memory; }
 
     std::vector<DisplayAdapter> present;
@@ -74,6 +78,8 @@ public:
     quint32 firstDrawingNode = 0;
 
     int listed = 0;
+    /// How often the counters were read.
+    int counted = 0;
     /// How often the drivers were asked for readings.
     QMap<quint64, int> questions;
     quint32 lastNode = 99;

@@ -1,3 +1,4 @@
+#include "system_monitor_lib/live/graphics/AdapterGpus.h"
 #include "system_monitor_lib/live/graphics/ListedNvidiaDevices.h"
 #include "system_monitor_lib/live/graphics/NvidiaGpus.h"
 #include "tests/unit/system_monitor_lib/live/graphics/FakeGraphics.h"
@@ -37,6 +38,8 @@ private Q_SLOTS:
     void idleGpuOfALaptopIsLetGo();
     void gpuThatStaysAwakeIsNotLetGo();
     void sleepingGpuHasAName();
+    void driverIsLeftAloneWithTheLibrary();
+    void countersAreNotReadBesideTheLibrary();
 
 private:
     [[nodiscard]] std::unique_ptr<NvidiaDevices> devices(const QString &file) const
@@ -178,6 +181,43 @@ void ListedNvidiaDevicesTest::sleepingGpuHasAName()
     QCOMPARE(states.front().place, small);
     QVERIFY(states.front().isLeftAlone);
     QCOMPARE(inUse(), 0);
+}
+
+void ListedNvidiaDevicesTest::driverIsLeftAloneWithTheLibrary()
+{
+    m_system->answers[2][FakeGraphics::Topic::AdapterPerformance] =
+        adapterPerformance(405'000'000, 0, 412);
+    AdapterGpus all(gpus(), m_cards, m_power);
+    for (qint64 time = 0; time < 10 + 15 + 3; ++time) {
+        const GpuState state = all.read(time * second).front();
+        QCOMPARE(state.place, small);
+        // The library's, and the fan's speed.
+        QCOMPARE(state.labels.size(), 8);
+        QVERIFY(state.labels.contains(QStringLiteral("GPU Fan")));
+        QCOMPARE(m_system->questions.value(2), 2 * static_cast<int>(qMin(time + 1, qint64{10})));
+        QCOMPARE(inUse(), time < 10 ? 1 : 0);
+    }
+    m_tree->sleeping = QStringList{smallInstance};
+    QVERIFY(all.read(28 * second).front().labels.isEmpty());
+    QCOMPARE(m_system->questions.value(2), 20);
+}
+
+void ListedNvidiaDevicesTest::countersAreNotReadBesideTheLibrary()
+{
+    m_system->present.erase(m_system->present.begin());
+    AdapterGpus all(gpus(), m_cards, m_power);
+    QCOMPARE(all.read(0).size(), std::size_t{1});
+    QCOMPARE(m_system->counted, 0);
+    qputenv("FAKE_NVML_CODE", "3");
+    qputenv("FAKE_NVML_FAIL", "Utilization");
+    all.read(second);
+    QCOMPARE(m_system->counted, 1);
+    qputenv("FAKE_NVML_FAIL", "MemoryInfo");
+    all.read(2 * second);
+    QCOMPARE(m_system->counted, 2);
+    m_tree->sleeping = QStringList{smallInstance};
+    all.read(3 * second);
+    QCOMPARE(m_system->counted, 2);
 }
 
 QTEST_GUILESS_MAIN(ListedNvidiaDevicesTest)
