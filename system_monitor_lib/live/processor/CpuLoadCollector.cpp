@@ -16,9 +16,13 @@ CpuLoadCollector::CpuLoadCollector(const MachineRoots &roots, const QString &gro
 
 bool CpuLoadCollector::collect(qint64 nowNs, SensorTrees &trees)
 {
+    const bool wasPaused = m_previous && !isUsableInterval(nowNs - m_previous->timeNs);
     // Read in any case, so that they are ready when the figure is missing.
     const std::optional<double> busy = busyPercent(nowNs);
-    const std::optional<double> figure = figurePercent(nowNs);
+    std::optional<double> figure = figurePercent(nowNs);
+    // It is a mean as well.
+    if (wasPaused)
+        figure.reset();
     const std::optional<double> load = figure ? figure : busy;
     QJsonObject tree;
     if (load)

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void timesCountWithoutFigure_data();
     void timesCountWithoutFigure();
     void figureComesBeforeTimes();
+    void figureOfALongPauseDoesNotCount();
     void figureAloneIsEnough();
 };
 
@@ -100,6 +101,21 @@ void CpuLoadCollectorTest::figureComesBeforeTimes()
     const quint64 before = total();
     QTRY_VERIFY(total() != before);
     QCOMPARE(load(), absurd);
+}
+
+void CpuLoadCollectorTest::figureOfALongPauseDoesNotCount()
+{
+    constexpr qint64 second = 1'000'000'000;
+    CpuLoadCollector collector({}, QStringLiteral("CPU"), [](qint64 /*nowNs*/) { return 7.0; });
+    const auto loadAt = [&collector](qint64 seconds) {
+        SensorTrees trees;
+        collector.collect(seconds * second, trees);
+        return value(trees.tree(Query::CpuInfo), label);
+    };
+    QCOMPARE(loadAt(1), 7.0);
+    QCOMPARE(loadAt(11), 7.0);
+    QCOMPARE(loadAt(22), -1.0);
+    QCOMPARE(loadAt(23), 7.0);
 }
 
 void CpuLoadCollectorTest::figureAloneIsEnough()
