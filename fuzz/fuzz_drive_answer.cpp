@@ -16,5 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (const auto celsius = parseDriveCelsius(answer))
         fuzz::require(isPlausibleCelsius(*celsius));
     fuzz::require(parseDriveModel(answer).size() <= 2 * answer.size() + 1);
+    parseIsRotating(answer);
+    fuzz::require(parseServed(answer).size() <= answer.size());
     return 0;
 }

@@ -1,19 +1,36 @@
 #include "system_monitor_lib/live/PlatformCollectors.h"
 
 #include "system_monitor_lib/live/drives/StorageCollector.h"
+#include "system_monitor_lib/live/graphics/AdapterGpus.h"
 #include "system_monitor_lib/live/graphics/GpuCollector.h"
+#include "system_monitor_lib/live/graphics/ListedNvidiaDevices.h"
 #include "system_monitor_lib/live/graphics/NvidiaGpus.h"
 #include "system_monitor_lib/live/processor/CoreClockCollector.h"
+
+namespace {
+
+std::vector<std::unique_ptr<GpuSource>> gpuSources(const MachineRoots &roots)
+{
+    const auto cards = std::make_shared<GraphicsCards>(graphicsSystem());
+    const auto power = std::make_shared<DisplayPower>(displayDevices());
+    auto nvidia = std::make_unique<NvidiaGpus>(
+        roots, std::make_unique<ListedNvidiaDevices>(roots.nvidiaLibrary, power, cards));
+    std::vector<std::unique_ptr<GpuSource>> sources;
+    sources.push_back(std::make_unique<AdapterGpus>(std::move(nvidia), cards, power));
+    return sources;
+}
+
+} // namespace
 
 std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &roots,
                                                            const QString &cpuGroup,
                                                            const MonotonicClock & /*stopwatch*/)
 {
-    std::vector<std::unique_ptr<GpuSource>> gpus;
-    gpus.push_back(std::make_unique<NvidiaGpus>(roots));
     std::vector<std::unique_ptr<Collector>> collectors;
     collectors.push_back(std::make_unique<CoreClockCollector>(cpuGroup));
-    collectors.push_back(std::make_unique<StorageCollector>(storageDrives));
-    collectors.push_back(std::make_unique<GpuCollector>(std::move(gpus)));
+    const auto drives = std::make_shared<StorageDrives>(storageSystem());
+    collectors.push_back(
+        std::make_unique<StorageCollector>([drives](qint64 nowNs) { return drives->read(nowNs); }));
+    collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
     return collectors;
 }

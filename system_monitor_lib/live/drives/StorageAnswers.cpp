@@ -1,19 +1,9 @@
 #include "system_monitor_lib/live/drives/StorageAnswers.h"
 
+#include "system_monitor_lib/live/BinaryAnswer.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
 
-#include <QtEndian>
-
 namespace {
-
-/// The little-endian number at \a offset; 0 when the answer ends before.
-template <typename Number>
-Number numberAt(const QByteArray &answer, int offset)
-{
-    if (offset < 0 || offset > answer.size() - static_cast<int>(sizeof(Number)))
-        return 0;
-    return qFromLittleEndian<Number>(answer.constData() + offset);
-}
 
 /// The text that begins at \a offset and ends with a zero. 0 stands for no text.
 QString textAt(const QByteArray &answer, quint32 offset)
@@ -34,13 +24,14 @@ std::optional<double> parseDriveCelsius(const QByteArray &answer)
     constexpr int sensorSize = 16;
     constexpr int temperatureOffset = 2;
     constexpr qint16 notReported = -0x8000;
-    const int count = numberAt<quint16>(answer, countOffset);
+    const int count = numberAt<quint16>(answer, countOffset).value_or(0);
     for (int sensor = 0; sensor < count; ++sensor) {
         const int offset = sensorsOffset + sensor * sensorSize;
         if (offset + sensorSize > answer.size())
             break;
         // Sensor 0 is the drive's own; others are parts of it.
-        const auto celsius = numberAt<qint16>(answer, offset + temperatureOffset);
+        const auto celsius =
+            numberAt<qint16>(answer, offset + temperatureOffset).value_or(notReported);
         if (celsius != notReported && isPlausibleCelsius(celsius))
             return celsius;
     }
@@ -51,7 +42,24 @@ QString parseDriveModel(const QByteArray &answer)
 {
     constexpr int makerOffset = 12;
     constexpr int productOffset = 16;
-    const QString maker = textAt(answer, numberAt<quint32>(answer, makerOffset));
-    const QString product = textAt(answer, numberAt<quint32>(answer, productOffset));
+    const QString maker = textAt(answer, numberAt<quint32>(answer, makerOffset).value_or(0));
+    const QString product = textAt(answer, numberAt<quint32>(answer, productOffset).value_or(0));
     return QStringLiteral("%1 %2").arg(maker, product).trimmed();
+}
+
+bool parseIsRotating(const QByteArray &answer)
+{
+    constexpr int penaltyOffset = 8;
+    return numberAt<quint8>(answer, penaltyOffset) != quint8{0};
+}
+
+QByteArray parseServed(const QByteArray &answer)
+{
+    // The bytes read and written, and the numbers of reads and writes.
+    constexpr int bytesSize = 16;
+    constexpr int countsOffset = 40;
+    constexpr int countsSize = 8;
+    if (answer.size() < countsOffset + countsSize)
+        return {};
+    return answer.left(bytesSize) + answer.mid(countsOffset, countsSize);
 }

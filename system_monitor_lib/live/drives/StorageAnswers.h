@@ -5,8 +5,8 @@
 
 #include <optional>
 
-/// Replies of drives to IOCTL_STORAGE_QUERY_PROPERTY of Windows, with the layouts documented in the
-/// Windows driver kit. A reply may be truncated or contain anything.
+/// Replies of drives to IOCTL_STORAGE_QUERY_PROPERTY and IOCTL_DISK_PERFORMANCE of Windows, with
+/// the layouts documented in the Windows driver kit. A reply may be truncated or contain anything.
 
 /// The temperature of the drive itself in °C, from a STORAGE_TEMPERATURE_DATA_DESCRIPTOR. Nothing
 /// when no sensor reports a plausible value.
@@ -15,3 +15,11 @@ std::optional<double> parseDriveCelsius(const QByteArray &answer);
 /// The maker's name, if there is one, and the product's, from a STORAGE_DEVICE_DESCRIPTOR. Empty
 /// when the drive has no name.
 QString parseDriveModel(const QByteArray &answer);
+
+/// Whether the drive has moving parts, from a DEVICE_SEEK_PENALTY_DESCRIPTOR. True when it does not
+/// say.
+bool parseIsRotating(const QByteArray &answer);
+
+/// What a DISK_PERFORMANCE counts about reading and writing, which changes whenever the drive is
+/// used. Empty when the answer is too short.
+QByteArray parseServed(const QByteArray &answer);

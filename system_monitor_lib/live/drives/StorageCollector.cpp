@@ -13,7 +13,7 @@ StorageCollector::StorageCollector(Drives drives)
 bool StorageCollector::collect(qint64 nowNs, SensorTrees &trees)
 {
     if (m_reading.isDue(nowNs))
-        m_drives = m_list();
+        m_drives = m_list(nowNs);
     for (const StorageDrive &drive : inOrder())
         addDrive(trees,
                  {name(drive), drive.model.isEmpty() ? drive.place : drive.model, drive.place},

@@ -16,7 +16,7 @@ class StorageCollector : public Collector
 public:
     static constexpr std::chrono::nanoseconds readingPeriod = std::chrono::seconds(30);
 
-    using Drives = std::function<std::vector<StorageDrive>()>;
+    using Drives = std::function<std::vector<StorageDrive>(qint64 nowNs)>;
 
     explicit StorageCollector(Drives drives);
 

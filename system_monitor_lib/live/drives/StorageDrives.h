@@ -1,7 +1,11 @@
 #pragma once
 
+#include "system_monitor_lib/live/drives/StorageSystem.h"
+
+#include <QHash>
 #include <QString>
 
+#include <chrono>
 #include <optional>
 #include <vector>
 
@@ -13,6 +17,32 @@ struct StorageDrive
     std::optional<double> celsius; ///< Absent while it sleeps and where it has no sensor.
 };
 
-/// The drives that Windows numbers. They are opened without any access right to their contents; a
-/// sleeping drive is not woken.
-std::vector<StorageDrive> storageDrives();
+/// The drives that Windows numbers. A sleeping drive is not woken. A hard disk is asked for its
+/// temperature only after it has been used, because the question would keep it from falling asleep;
+/// a drive that does not tell whether it is one counts as one.
+class StorageDrives
+{
+public:
+    /// How long the last temperature of an unused disk stays valid.
+    static constexpr std::chrono::nanoseconds idlePeriod = std::chrono::minutes(10);
+
+    explicit StorageDrives(std::unique_ptr<StorageSystem> system);
+
+    std::vector<StorageDrive> read(qint64 nowNs);
+
+private:
+    struct Known
+    {
+        QString model;
+        /// What the disk has served so far; empty when nobody counts it.
+        QByteArray served;
+        std::optional<double> celsius;
+        qint64 readNs = 0;
+    };
+
+    /// Whether the drive has been used since the last call.
+    static bool isUsed(OpenDrive &drive, Known &known, bool isNew);
+
+    const std::unique_ptr<StorageSystem> m_system;
+    QHash<QString, Known> m_known;
+};

@@ -22,6 +22,8 @@ struct GpuState
     QJsonObject listed = {};
     /// The labels that it may have while it is awake.
     QStringList mayHave = {};
+    /// Whether the GPU itself must not be queried now, because it is asleep or may fall asleep.
+    bool isLeftAlone = false;
 };
 
 /// One way to access GPUs. Each is independent: if the GPUs of one vendor cannot be read, the

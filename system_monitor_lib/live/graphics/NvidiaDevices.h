@@ -18,21 +18,22 @@ struct NvidiaDevice
     bool sleeps = false;
     /// How long after its last use it goes to sleep; nothing when it stays awake, or only sleeps
     /// after a very long time.
-    std::optional<std::chrono::nanoseconds> sleepsAfter;
+    std::optional<std::chrono::nanoseconds> sleepsAfter = {};
+    /// What the system calls it; empty when it has no name for it.
+    QString name = {};
 };
 
 /// The NVIDIA devices of the machine as the system lists them, which wakes none of them.
 class NvidiaDevices
 {
 public:
-    explicit NvidiaDevices(const MachineRoots &roots);
-    ~NvidiaDevices();
+    NvidiaDevices() = default;
+    virtual ~NvidiaDevices() = default;
     Q_DISABLE_COPY(NvidiaDevices)
 
     /// A single device without address, awake, when the system does not list them.
-    std::vector<NvidiaDevice> look(qint64 nowNs);
-
-private:
-    class Private;
-    const std::unique_ptr<Private> d;
+    virtual std::vector<NvidiaDevice> look(qint64 nowNs) = 0;
 };
+
+/// The devices of this system.
+std::unique_ptr<NvidiaDevices> nvidiaDevices(const MachineRoots &roots);

@@ -53,52 +53,51 @@ private:
     Attribute m_delay;
 };
 
-} // namespace
-
-class NvidiaDevices::Private
+class SysfsDevices : public NvidiaDevices
 {
 public:
-    explicit Private(const MachineRoots &roots)
-        : driver(roots.sys + QStringLiteral("/bus/pci/drivers/nvidia"))
+    explicit SysfsDevices(const MachineRoots &roots)
+        : m_driver(roots.sys + QStringLiteral("/bus/pci/drivers/nvidia"))
     {
     }
 
+    std::vector<NvidiaDevice> look(qint64 nowNs) override
+    {
+        if (m_listing.isDue(nowNs))
+            list();
+        std::vector<NvidiaDevice> found;
+        for (const auto &device : m_devices)
+            found.push_back(device->state());
+        if (found.empty())
+            found.emplace_back();
+        return found;
+    }
+
+private:
     void list()
     {
         // Beside the devices, whose names are addresses, lie the driver's own files.
-        const QDir folder(driver);
+        const QDir folder(m_driver);
         const QStringList names =
             folder.entryList({QStringLiteral("*:*:*.*")}, QDir::Dirs | QDir::NoDotAndDotDot);
         const bool same = std::equal(
-            names.begin(), names.end(), devices.begin(), devices.end(),
+            names.begin(), names.end(), m_devices.begin(), m_devices.end(),
             [](const QString &name, const auto &known) { return name == known->address; });
         if (same)
             return;
-        devices.clear();
+        m_devices.clear();
         for (const QString &name : names)
-            devices.push_back(std::make_unique<Files>(name, folder.filePath(name)));
+            m_devices.push_back(std::make_unique<Files>(name, folder.filePath(name)));
     }
 
-    const QString driver;
-    Pace listing{listingPeriod};
-    std::vector<std::unique_ptr<Files>> devices;
+    const QString m_driver;
+    Pace m_listing{listingPeriod};
+    std::vector<std::unique_ptr<Files>> m_devices;
 };
 
-NvidiaDevices::NvidiaDevices(const MachineRoots &roots)
-    : d(std::make_unique<Private>(roots))
-{
-}
+} // namespace
 
-NvidiaDevices::~NvidiaDevices() = default;
-
-std::vector<NvidiaDevice> NvidiaDevices::look(qint64 nowNs)
+std::unique_ptr<NvidiaDevices> nvidiaDevices(const MachineRoots &roots)
 {
-    if (d->listing.isDue(nowNs))
-        d->list();
-    std::vector<NvidiaDevice> found;
-    for (const auto &device : d->devices)
-        found.push_back(device->state());
-    if (found.empty())
-        found.emplace_back();
-    return found;
+    return std::make_unique<SysfsDevices>(roots);
 }

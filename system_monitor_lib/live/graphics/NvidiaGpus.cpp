@@ -54,16 +54,21 @@ GpuState nvidiaState(const NvidiaReadings &readings)
 }
 
 NvidiaGpus::NvidiaGpus(const MachineRoots &roots)
+    : NvidiaGpus(roots, nvidiaDevices(roots))
+{
+}
+
+NvidiaGpus::NvidiaGpus(const MachineRoots &roots, std::unique_ptr<NvidiaDevices> devices)
     : m_fileName(roots.nvidiaLibrary)
     , m_pciIds(roots.pciIds)
-    , m_devices(roots)
+    , m_devices(std::move(devices))
 {
 }
 
 void NvidiaGpus::look(qint64 nowNs)
 {
     std::vector<Unit> units;
-    for (const NvidiaDevice &device : m_devices.look(nowNs)) {
+    for (const NvidiaDevice &device : m_devices->look(nowNs)) {
         const auto known =
             std::find_if(m_units.begin(), m_units.end(), [&device](const Unit &unit) {
                 return unit.device.address == device.address;
@@ -85,11 +90,11 @@ void NvidiaGpus::prepare(qint64 nowNs)
 {
     bool asks = false;
     for (Unit &unit : m_units) {
-        const NvidiaRest::Turn before =
-            std::exchange(unit.turn, unit.rest.turn(unit.device, nowNs));
-        const bool isAsked = unit.turn == NvidiaRest::Turn::Ask;
+        const GpuRest::Turn before = std::exchange(
+            unit.turn, unit.rest.turn(unit.device.sleeps, unit.device.sleepsAfter, nowNs));
+        const bool isAsked = unit.turn == GpuRest::Turn::Ask;
         asks = asks || isAsked;
-        if (isAsked == (before == NvidiaRest::Turn::Ask))
+        if (isAsked == (before == GpuRest::Turn::Ask))
             continue;
         // The others continue at once.
         m_retry.expire();
@@ -140,8 +145,12 @@ void NvidiaGpus::nameSleeper(Unit &unit) const
         pciDeviceName(m_pciIds, unit.device.pciId.section(QLatin1Char(':'), 0, 0),
                       unit.device.pciId.section(QLatin1Char(':'), 1, 1));
     GpuState state;
-    state.name = listed.isEmpty() ? QStringLiteral("NVIDIA GPU %1").arg(unit.device.pciId.toUpper())
-                                  : QStringLiteral("NVIDIA %1").arg(listed);
+    if (!unit.device.name.isEmpty())
+        state.name = unit.device.name;
+    else
+        state.name = listed.isEmpty()
+                         ? QStringLiteral("NVIDIA GPU %1").arg(unit.device.pciId.toUpper())
+                         : QStringLiteral("NVIDIA %1").arg(listed);
     state.place = unit.device.address;
     state.mayHave = nvidiaLabels();
     unit.states.push_back(state);
@@ -157,17 +166,19 @@ std::vector<GpuState> NvidiaGpus::read(qint64 nowNs)
     bool answered = false;
     std::vector<GpuState> found;
     for (Unit &unit : m_units) {
-        if (unit.turn == NvidiaRest::Turn::Sleeps) {
+        if (unit.turn == GpuRest::Turn::Sleeps) {
             nameSleeper(unit);
             for (GpuState &state : unit.states)
                 state.labels = {};
-        } else if (unit.turn == NvidiaRest::Turn::Ask) {
+        } else if (unit.turn == GpuRest::Turn::Ask) {
             if (m_library)
                 ask(unit, nowNs);
             else
                 unit.states.clear();
             answered = answered || !unit.states.empty();
         }
+        for (GpuState &state : unit.states)
+            state.isLeftAlone = unit.turn != GpuRest::Turn::Ask;
         found.insert(found.end(), unit.states.begin(), unit.states.end());
     }
     if (!answered)

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "system_monitor_lib/live/Pace.h"
+#include "system_monitor_lib/live/graphics/GpuRest.h"
 #include "system_monitor_lib/live/graphics/GpuSource.h"
 #include "system_monitor_lib/live/graphics/NvidiaDevices.h"
 #include "system_monitor_lib/live/graphics/NvidiaLibrary.h"
-#include "system_monitor_lib/live/graphics/NvidiaRest.h"
 
 /// The labels of an NVIDIA GPU's readings, and its memory in MB; implausible values are left out.
 GpuState nvidiaState(const NvidiaReadings &readings);
@@ -18,6 +18,7 @@ public:
     static constexpr std::chrono::nanoseconds retryPeriod = std::chrono::seconds(30);
 
     explicit NvidiaGpus(const MachineRoots &roots);
+    NvidiaGpus(const MachineRoots &roots, std::unique_ptr<NvidiaDevices> devices);
 
     std::vector<GpuState> read(qint64 nowNs) override;
 
@@ -26,8 +27,8 @@ private:
     struct Unit
     {
         NvidiaDevice device;
-        NvidiaRest rest;
-        NvidiaRest::Turn turn = NvidiaRest::Turn::Ask;
+        GpuRest rest;
+        GpuRest::Turn turn = GpuRest::Turn::Ask;
         bool isHeld = false;
         std::vector<GpuState> states;
     };
@@ -43,7 +44,7 @@ private:
 
     const QString m_fileName;
     const QString m_pciIds;
-    NvidiaDevices m_devices;
+    const std::unique_ptr<NvidiaDevices> m_devices;
     Pace m_retry{retryPeriod};
     std::unique_ptr<NvidiaLibrary> m_library;
     std::vector<Unit> m_units;

@@ -157,6 +157,14 @@ NvidiaLibrary::~NvidiaLibrary()
     d->shutdown();
 }
 
+bool NvidiaLibrary::canLoad(const QString &fileName)
+{
+    QLibrary library(fileName);
+    const bool loads = !fileName.isEmpty() && library.load();
+    library.unload();
+    return loads;
+}
+
 std::unique_ptr<NvidiaLibrary> NvidiaLibrary::load(const QString &fileName)
 {
     auto loaded = std::make_unique<Private>(fileName);

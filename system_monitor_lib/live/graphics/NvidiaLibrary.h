@@ -28,6 +28,8 @@ struct NvidiaReadings
 class NvidiaLibrary
 {
 public:
+    /// Whether there is such a library, which is not initialised: that wakes no GPU.
+    static bool canLoad(const QString &fileName);
     /// Null when the library is missing or lacks a required function, or when its driver does not
     /// answer.
     static std::unique_ptr<NvidiaLibrary> load(const QString &fileName);

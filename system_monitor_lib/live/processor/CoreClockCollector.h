@@ -2,29 +2,30 @@
 
 #include "system_monitor_lib/live/Collector.h"
 #include "system_monitor_lib/live/Pace.h"
-
-#include <memory>
-#include <vector>
+#include "system_monitor_lib/live/PerformanceCounter.h"
+#include "system_monitor_lib/live/processor/CoreClocks.h"
 
 /// "Core N Clock" (MHz) of each physical core, for the CPU query and the processor's group: the
 /// nominal clock according to Windows' power manager (CallNtPowerInformation), multiplied by the
 /// performance counter "% Processor Performance" of all processors; if there is no such counter,
-/// the current clock according to the power manager. Processors beyond the first 64 are not
-/// reported.
+/// the current clock according to the power manager. It knows only the first group of processors:
+/// where there are more than 64, the nominal clocks come from the registry.
 class CoreClockCollector : public Collector
 {
 public:
     explicit CoreClockCollector(const QString &group);
-    ~CoreClockCollector() override;
-    Q_DISABLE_COPY(CoreClockCollector)
 
     bool collect(qint64 nowNs, SensorTrees &trees) override;
 
 private:
-    class Performance;
+    void look();
+    [[nodiscard]] std::vector<std::vector<unsigned>>
+    processorClocks(std::optional<double> performance) const;
 
     const QString m_group;
-    const std::unique_ptr<Performance> m_performance;
+    PerformanceCounter m_performance;
     Pace m_listing{listingPeriod};
-    std::vector<quint64> m_cores;
+    std::vector<CoreMask> m_cores;
+    /// The nominal clocks by group; empty where there is only one group.
+    std::vector<std::vector<unsigned>> m_nominal;
 };

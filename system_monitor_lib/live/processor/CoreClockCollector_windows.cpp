@@ -1,12 +1,9 @@
 #include "system_monitor_lib/live/processor/CoreClockCollector.h"
 
-#include "system_monitor_lib/live/processor/CoreClocks.h"
-
 #include <algorithm>
 
 #include <windows.h>
 
-#include <pdh.h>
 #include <powrprof.h>
 
 namespace {
@@ -25,24 +22,46 @@ struct ProcessorPower
 };
 static_assert(sizeof(ProcessorPower) == 24);
 
-/// A mask of processors for each physical core; empty when the system does not tell.
-std::vector<quint64> coreMasks()
+/// Empty when the system does not tell.
+std::vector<CoreMask> physicalCores()
 {
     DWORD size = 0;
-    GetLogicalProcessorInformation(nullptr, &size);
-    std::vector<SYSTEM_LOGICAL_PROCESSOR_INFORMATION> relations(
-        size / sizeof(SYSTEM_LOGICAL_PROCESSOR_INFORMATION));
-    if (relations.empty() || !GetLogicalProcessorInformation(relations.data(), &size))
+    GetLogicalProcessorInformationEx(RelationProcessorCore, nullptr, &size);
+    QByteArray answer(static_cast<int>(size), '\0');
+    auto *const first = reinterpret_cast<SYSTEM_LOGICAL_PROCESSOR_INFORMATION_EX *>(answer.data());
+    if (size == 0 || !GetLogicalProcessorInformationEx(RelationProcessorCore, first, &size))
         return {};
-    std::vector<quint64> masks;
-    for (const auto &relation : relations) {
-        if (relation.Relationship == RelationProcessorCore)
-            masks.push_back(relation.ProcessorMask);
-    }
-    return masks;
+    return parseCores(answer.left(static_cast<int>(size)));
 }
 
-std::vector<unsigned> processorClocks(std::optional<double> performance)
+/// The clock that the system measured when it started; 0 when it does not tell.
+unsigned registeredMegahertz(unsigned processor)
+{
+    const std::wstring key = QStringLiteral("HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\%1")
+                                 .arg(processor)
+                                 .toStdWString();
+    DWORD megahertz = 0;
+    DWORD size = sizeof(megahertz);
+    const LSTATUS status = RegGetValueW(HKEY_LOCAL_MACHINE, key.c_str(), L"~MHz", RRF_RT_REG_DWORD,
+                                        nullptr, &megahertz, &size);
+    return status == ERROR_SUCCESS ? megahertz : 0;
+}
+
+/// By group. Empty where there is only one.
+std::vector<std::vector<unsigned>> nominalClocks()
+{
+    const WORD count = GetActiveProcessorGroupCount();
+    std::vector<std::vector<unsigned>> groups(count > 1 ? count : 0);
+    unsigned processor = 0;
+    for (WORD group = 0; count > 1 && group < count; ++group) {
+        const DWORD inGroup = GetActiveProcessorCount(group);
+        for (DWORD index = 0; index < inGroup; ++index)
+            groups[group].push_back(registeredMegahertz(processor++));
+    }
+    return groups;
+}
+
+std::vector<unsigned> clocksOfGroup(std::optional<double> performance)
 {
     SYSTEM_INFO system = {};
     GetSystemInfo(&system);
@@ -60,55 +79,36 @@ std::vector<unsigned> processorClocks(std::optional<double> performance)
 
 } // namespace
 
-/// The performance counter, which compares each sample with the one before.
-class CoreClockCollector::Performance
-{
-public:
-    Performance()
-    {
-        if (PdhOpenQueryW(nullptr, 0, &m_query) != ERROR_SUCCESS)
-            m_query = nullptr;
-        if (m_query && PdhAddEnglishCounterW(
-                           m_query, L"\\Processor Information(_Total)\\% Processor Performance", 0,
-                           &m_counter) != ERROR_SUCCESS)
-            m_counter = nullptr;
-    }
-    ~Performance()
-    {
-        if (m_query)
-            PdhCloseQuery(m_query);
-    }
-    Q_DISABLE_COPY(Performance)
-
-    /// In percent of the nominal clock; nothing at first and where Windows has no such counter.
-    std::optional<double> percent()
-    {
-        PDH_FMT_COUNTERVALUE value = {};
-        if (!m_counter || PdhCollectQueryData(m_query) != ERROR_SUCCESS ||
-            PdhGetFormattedCounterValue(m_counter, PDH_FMT_DOUBLE | PDH_FMT_NOCAP100, nullptr,
-                                        &value) != ERROR_SUCCESS)
-            return std::nullopt;
-        return value.doubleValue;
-    }
-
-private:
-    PDH_HQUERY m_query = nullptr;
-    PDH_HCOUNTER m_counter = nullptr;
-};
-
 CoreClockCollector::CoreClockCollector(const QString &group)
     : m_group(group)
-    , m_performance(std::make_unique<Performance>())
+    , m_performance(QStringLiteral("\\Processor Information(_Total)\\% Processor Performance"))
 {
 }
 
-CoreClockCollector::~CoreClockCollector() = default;
+void CoreClockCollector::look()
+{
+    m_cores = physicalCores();
+    m_nominal = nominalClocks();
+}
+
+std::vector<std::vector<unsigned>>
+CoreClockCollector::processorClocks(std::optional<double> performance) const
+{
+    if (m_nominal.empty())
+        return {clocksOfGroup(performance)};
+    std::vector<std::vector<unsigned>> megahertz = m_nominal;
+    for (std::vector<unsigned> &group : megahertz) {
+        for (unsigned &clock : group)
+            clock = actualMegahertz(clock, clock, performance);
+    }
+    return megahertz;
+}
 
 bool CoreClockCollector::collect(qint64 nowNs, SensorTrees &trees)
 {
     if (m_listing.isDue(nowNs))
-        m_cores = coreMasks();
-    const QJsonObject clocks = coreClocks(m_cores, processorClocks(m_performance->percent()));
+        look();
+    const QJsonObject clocks = coreClocks(m_cores, processorClocks(m_performance.value(nowNs)));
     trees.add(Query::CpuInfo, clocks);
     trees.addDevice(Query::AllSensorsData, m_group, clocks);
     return !clocks.isEmpty();

@@ -2,34 +2,51 @@
 
 #include "system_monitor_lib/live/Rates.h"
 
-CpuLoadCollector::CpuLoadCollector(const MachineRoots &roots, const QString &group)
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+CpuLoadCollector::CpuLoadCollector(const MachineRoots &roots, const QString &group,
+                                   CpuLoadFigure figure)
     : m_reader(roots)
+    , m_figure(std::move(figure))
     , m_group(group)
 {
 }
 
 bool CpuLoadCollector::collect(qint64 nowNs, SensorTrees &trees)
 {
-    const std::optional<CpuTimes> times = m_reader.read();
+    const bool wasPaused = m_previous && !isUsableInterval(nowNs - m_previous->timeNs);
+    // Read in any case, so that they are ready when the figure is missing.
+    const std::optional<double> busy = busyPercent(nowNs);
+    std::optional<double> figure = figurePercent(nowNs);
+    // It is a mean as well.
+    if (wasPaused)
+        figure.reset();
+    const std::optional<double> load = figure ? figure : busy;
     QJsonObject tree;
-    if (times) {
-        const Sample sample{*times, nowNs};
-        tree = labels(sample);
-        m_previous = sample;
-    } else {
-        m_previous.reset();
-    }
+    if (load)
+        tree.insert(QStringLiteral("Total CPU Usage"), reading(*load, QStringLiteral("%")));
     trees.add(Query::CpuInfo, tree);
     trees.addDevice(Query::AllSensorsData, m_group, tree);
-    return times.has_value();
+    return m_previous || figure;
 }
 
-QJsonObject CpuLoadCollector::labels(const Sample &sample) const
+std::optional<double> CpuLoadCollector::busyPercent(qint64 nowNs)
 {
-    if (!m_previous || !isUsableInterval(sample.timeNs - m_previous->timeNs))
-        return {};
-    const std::optional<double> load = cpuLoadPercent(m_previous->times, sample.times);
-    if (!load)
-        return {};
-    return {{QStringLiteral("Total CPU Usage"), reading(*load, QStringLiteral("%"))}};
+    const std::optional<CpuTimes> times = m_reader.read();
+    const std::optional<Sample> previous =
+        std::exchange(m_previous, times ? std::optional(Sample{*times, nowNs}) : std::nullopt);
+    if (!times || !previous || !isUsableInterval(nowNs - previous->timeNs))
+        return std::nullopt;
+    return cpuLoadPercent(previous->times, *times);
+}
+
+std::optional<double> CpuLoadCollector::figurePercent(qint64 nowNs) const
+{
+    constexpr double highestLoad = 100;
+    const std::optional<double> figure = m_figure ? m_figure(nowNs) : std::nullopt;
+    if (!figure || std::isnan(*figure) || *figure < 0)
+        return std::nullopt;
+    return std::min(*figure, highestLoad);
 }

@@ -6,7 +6,8 @@
 #include <memory>
 #include <optional>
 
-/// Reads the processors' times: /proc/stat on Linux, GetSystemTimes on Windows.
+/// Reads the processors' times: /proc/stat on Linux; on Windows GetSystemTimes, or where there are
+/// more than 64 processors the times of each group of them.
 class CpuTimesReader
 {
 public:

@@ -1,8 +1,13 @@
 #include "system_monitor_lib/live/LiveSource.h"
+#include "system_monitor_lib/live/PerformanceCounter.h"
 #include "system_monitor_lib/live/drives/StorageDrives.h"
+#include "system_monitor_lib/live/graphics/AdapterAnswers.h"
+#include "system_monitor_lib/live/graphics/DisplayDevices.h"
+#include "system_monitor_lib/live/graphics/GraphicsSystem.h"
 #include "system_monitor_lib/live/graphics/NvidiaDevices.h"
 #include "system_monitor_lib/live/processor/CoreClockCollector.h"
 #include "system_monitor_lib/live/processor/CpuModel.h"
+#include "system_monitor_lib/live/processor/CpuTimesReader.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QDir>
@@ -19,7 +24,15 @@ private Q_SLOTS:
     void readsEverySource();
     void clocksEveryCore();
     void groupBearsTheProcessorsName();
+    void processorTimesAdvance();
+    void counterGivesAValue();
+    void counterThatDoesNotExistGivesNothing_data();
+    void counterThatDoesNotExistGivesNothing();
+    void adaptersHaveNumbersOfTheirOwn();
+    void adapterThatDoesNotExistAnswersNothing();
+    void graphicsDevicesHaveAddressesOfTheirOwn();
     void drivesHaveNamesOfTheirOwn();
+    void driveThatDoesNotExistIsNotOpened();
     void nvidiaLibraryIsTheSystems();
     void nothingSleepsThatIsNotThere();
 };
@@ -59,10 +72,99 @@ void LiveMachineTest::groupBearsTheProcessorsName()
     QVERIFY(source.tree(Query::AllSensorsData).contains(QStringLiteral("CPU [#0]: ") + model));
 }
 
+void LiveMachineTest::processorTimesAdvance()
+{
+    CpuTimesReader reader({});
+    const std::optional<CpuTimes> first = reader.read();
+    QVERIFY(first.has_value());
+    QTRY_VERIFY(reader.read().value_or(*first).idle + reader.read().value_or(*first).busy >
+                first->idle + first->busy);
+}
+
+void LiveMachineTest::counterGivesAValue()
+{
+    PerformanceCounter counter(QStringLiteral("\\System\\System Up Time"));
+    const std::optional<double> seconds = counter.value(0);
+    if (!seconds)
+        QSKIP("This system has no such counter");
+    QVERIFY(*seconds > 0);
+}
+
+void LiveMachineTest::counterThatDoesNotExistGivesNothing_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("set") << R"(\Nothing of the kind(_Total)\% Load)";
+    QTest::newRow("counter") << R"(\System\Nothing of the kind)";
+    QTest::newRow("all instances") << R"(\Nothing of the kind(*)\% Load)";
+    QTest::newRow("no path") << "% Load";
+    QTest::newRow("nothing") << "";
+}
+
+void LiveMachineTest::counterThatDoesNotExistGivesNothing()
+{
+    QFETCH(const QString, path);
+    PerformanceCounter counter(path);
+    for (const qint64 seconds : {0, 1, 61}) {
+        QVERIFY(!counter.value(seconds * 1'000'000'000).has_value());
+        QVERIFY(counter.values(seconds * 1'000'000'000).empty());
+    }
+}
+
+void LiveMachineTest::adaptersHaveNumbersOfTheirOwn()
+{
+    const std::unique_ptr<GraphicsSystem> graphics = graphicsSystem();
+    QList<quint64> luids;
+    for (int pass = 0; pass < 2; ++pass) {
+        luids.clear();
+        for (const DisplayAdapter &adapter : graphics->adapters()) {
+            QVERIFY(!luids.contains(adapter.luid));
+            QCOMPARE(adapter.name, adapter.name.simplified());
+            luids += adapter.luid;
+        }
+    }
+    for (const CounterValue &load : graphics->engineLoads(0))
+        QVERIFY(load.instance.contains(QStringLiteral("luid")));
+    for (const CounterValue &used : graphics->memoryInUse(0))
+        QVERIFY(used.instance.contains(QStringLiteral("luid")));
+    if (luids.isEmpty())
+        QSKIP("This machine shows no graphics adapters");
+}
+
+void LiveMachineTest::adapterThatDoesNotExistAnswersNothing()
+{
+    using namespace adapter_answers;
+    const std::unique_ptr<GraphicsSystem> graphics = graphicsSystem();
+    for (const Topic topic : {Topic::Address, Topic::Type, Topic::NodeMetadata,
+                              Topic::NodePerformance, Topic::AdapterPerformance})
+        QVERIFY(graphics->ask(0xffff'ffff'ffff, static_cast<quint32>(topic), question(topic))
+                    .isEmpty());
+}
+
+void LiveMachineTest::graphicsDevicesHaveAddressesOfTheirOwn()
+{
+    const std::unique_ptr<DisplayDevices> tree = displayDevices();
+    QStringList addresses;
+    for (const DisplayDevice &device : tree->list()) {
+        QVERIFY(!addresses.contains(device.address));
+        QVERIFY(!pciIdOfInstance(device.instance).isEmpty());
+        tree->sleeps(device.instance);
+        addresses += device.address;
+    }
+    QVERIFY(!tree->sleeps(QStringLiteral("nothing of the kind")));
+    if (addresses.isEmpty())
+        QSKIP("This machine shows no graphics devices");
+}
+
+void LiveMachineTest::driveThatDoesNotExistIsNotOpened()
+{
+    QVERIFY(!storageSystem()->open(QStringLiteral("PhysicalDrive4711")));
+}
+
 void LiveMachineTest::drivesHaveNamesOfTheirOwn()
 {
     QStringList places;
-    for (const StorageDrive &drive : storageDrives()) {
+    StorageDrives drives(storageSystem());
+    for (const StorageDrive &drive : drives.read(0)) {
         QVERIFY(!places.contains(drive.place));
         QVERIFY(drive.place.startsWith(QStringLiteral("PhysicalDrive")));
         QVERIFY(drive.celsius.value_or(20) >= 0 && drive.celsius.value_or(20) <= 140);
@@ -84,7 +186,7 @@ void LiveMachineTest::nothingSleepsThatIsNotThere()
 {
     if (QFileInfo::exists(thisMachine().nvidiaLibrary))
         QSKIP("This machine may have an NVIDIA GPU");
-    const std::vector<NvidiaDevice> devices = NvidiaDevices({}).look(0);
+    const std::vector<NvidiaDevice> devices = nvidiaDevices({})->look(0);
     QCOMPARE(devices.size(), std::size_t{1});
     QVERIFY(devices.front().address.isEmpty());
     QVERIFY(!devices.front().sleeps);

@@ -1,18 +1,9 @@
 #include "system_monitor_lib/live/drives/StorageAnswers.h"
+#include "tests/unit/system_monitor_lib/bytes.h"
 
-#include <QtEndian>
 #include <QtTest>
 
 namespace {
-
-/// A little-endian number as bytes.
-template <typename Number>
-QByteArray bytes(Number number)
-{
-    QByteArray text(sizeof(Number), '\0');
-    qToLittleEndian(number, text.data());
-    return text;
-}
 
 QByteArray sensor(quint16 index, qint16 celsius)
 {
@@ -37,6 +28,15 @@ QByteArray device(quint32 maker, quint32 product, const QByteArray &texts)
 
 constexpr quint32 textsOffset = 36;
 
+/// A DISK_PERFORMANCE: bytes read and written, times of reading, writing and idling, numbers of
+/// reads and writes, depth of the queue, splits, time of the question, number, name and a gap.
+QByteArray performance(qint64 read, qint64 written, quint32 reads, quint32 writes, qint64 idle = 7)
+{
+    return bytes(read) + bytes(written) + bytes<qint64>(1) + bytes<qint64>(2) + bytes(idle) +
+           bytes(reads) + bytes(writes) + bytes<quint32>(0) + bytes<quint32>(3) + bytes(idle) +
+           bytes<quint32>(0) + gap(20);
+}
+
 } // namespace
 
 /// Bytes as drives answer them.
@@ -49,6 +49,10 @@ private Q_SLOTS:
     void findsTheTemperature();
     void findsTheModel_data();
     void findsTheModel();
+    void findsWhetherItRotates_data();
+    void findsWhetherItRotates();
+    void servedChangesWithEachUse_data();
+    void servedChangesWithEachUse();
     void survivesEveryCut();
 };
 
@@ -98,6 +102,42 @@ void StorageAnswersTest::findsTheModel()
 {
     QFETCH(const QByteArray, answer);
     QTEST(parseDriveModel(answer), "model");
+}
+
+void StorageAnswersTest::findsWhetherItRotates_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<bool>("rotates");
+    const QByteArray head = bytes<quint32>(12) + bytes<quint32>(12);
+    QTest::newRow("hard disk") << head + bytes<quint8>(1) + gap(3) << true;
+    QTest::newRow("no moving parts") << head + bytes<quint8>(0) + gap(3) << false;
+    QTest::newRow("cut") << head << true;
+    QTest::newRow("unknown") << QByteArray() << true;
+}
+
+void StorageAnswersTest::findsWhetherItRotates()
+{
+    QFETCH(const QByteArray, answer);
+    QTEST(parseIsRotating(answer), "rotates");
+}
+
+void StorageAnswersTest::servedChangesWithEachUse_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<bool>("changes");
+    QTest::newRow("read") << performance(4608, 512, 11, 3) << true;
+    QTest::newRow("written") << performance(4096, 1024, 10, 4) << true;
+    QTest::newRow("read nothing") << performance(4096, 512, 11, 3) << true;
+    QTest::newRow("time has passed") << performance(4096, 512, 10, 3, 99) << false;
+}
+
+void StorageAnswersTest::servedChangesWithEachUse()
+{
+    QFETCH(const QByteArray, answer);
+    QTEST(parseServed(answer) != parseServed(performance(4096, 512, 10, 3)), "changes");
+    QCOMPARE(answer.size(), 88);
+    QVERIFY(parseServed(answer.left(47)).isEmpty());
+    QVERIFY(!parseServed(answer.left(48)).isEmpty());
 }
 
 void StorageAnswersTest::survivesEveryCut()

@@ -42,7 +42,7 @@ void StorageCollectorTest::init()
                 {QStringLiteral("PhysicalDrive1"), QStringLiteral("Disk B"), 41.0},
                 {QStringLiteral("PhysicalDrive2"), QStringLiteral("Disk B"), {}},
                 {QStringLiteral("PhysicalDrive7"), QString(), 29.0}};
-    m_collector = std::make_unique<StorageCollector>([this] {
+    m_collector = std::make_unique<StorageCollector>([this](qint64 /*nowNs*/) {
         ++m_lists;
         return m_drives;
     });

@@ -1,14 +1,17 @@
 #pragma once
 
-#include "system_monitor_lib/live/graphics/NvidiaDevices.h"
+#include <QtGlobal>
 
-/// Decides when one NVIDIA device may be queried. A device that is held by the library cannot go to
-/// sleep. One that has been idle for a while is therefore left alone for as long as it needs to
-/// fall asleep; if it stays awake, this is tried again minutes later.
-class NvidiaRest
+#include <chrono>
+#include <optional>
+
+/// Decides when one GPU may be queried. A GPU that is queried may not be able to go to sleep. One
+/// that has been idle for a while is therefore left alone for as long as it needs to fall asleep;
+/// if it stays awake, this is tried again minutes later.
+class GpuRest
 {
 public:
-    /// How long a device has to be idle before it is left alone.
+    /// How long a GPU has to be idle before it is left alone.
     static constexpr std::chrono::nanoseconds idleTime = std::chrono::seconds(10);
     /// How much longer than needed it is left alone.
     static constexpr std::chrono::nanoseconds margin = std::chrono::seconds(3);
@@ -23,8 +26,9 @@ public:
         Sleeps,   ///< Nothing holds; also while it wakes.
     };
 
-    Turn turn(const NvidiaDevice &device, qint64 nowNs);
-    /// Takes note of the device's reply.
+    /// \a sleepsAfter is how long after its last use it goes to sleep; nothing when it stays awake.
+    Turn turn(bool sleeps, std::optional<std::chrono::nanoseconds> sleepsAfter, qint64 nowNs);
+    /// Takes note of the GPU's load.
     void setIdle(bool idle, qint64 nowNs);
 
 private:

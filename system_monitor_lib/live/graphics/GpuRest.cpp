@@ -1,8 +1,9 @@
-#include "system_monitor_lib/live/graphics/NvidiaRest.h"
+#include "system_monitor_lib/live/graphics/GpuRest.h"
 
-NvidiaRest::Turn NvidiaRest::turn(const NvidiaDevice &device, qint64 nowNs)
+GpuRest::Turn GpuRest::turn(bool sleeps, std::optional<std::chrono::nanoseconds> sleepsAfter,
+                            qint64 nowNs)
 {
-    if (device.sleeps) {
+    if (sleeps) {
         *this = {};
         m_sleptNs = nowNs;
         return Turn::Sleeps;
@@ -16,12 +17,12 @@ NvidiaRest::Turn NvidiaRest::turn(const NvidiaDevice &device, qint64 nowNs)
     }
     const bool pauses = m_pauseNs && nowNs < *m_pauseNs;
     const bool isIdle = m_idleNs && nowNs - *m_idleNs >= idleTime.count();
-    if (!m_restNs && device.sleepsAfter && isIdle && !pauses)
-        m_restNs = nowNs + device.sleepsAfter->count() + margin.count();
+    if (!m_restNs && sleepsAfter && isIdle && !pauses)
+        m_restNs = nowNs + sleepsAfter->count() + margin.count();
     return m_restNs ? Turn::LetAlone : Turn::Ask;
 }
 
-void NvidiaRest::setIdle(bool idle, qint64 nowNs)
+void GpuRest::setIdle(bool idle, qint64 nowNs)
 {
     if (!idle)
         m_idleNs.reset();
