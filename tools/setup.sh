@@ -8,7 +8,7 @@ test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux pulseaud
 gate_packages=(clang-format clang-tidy git)
 fuzz_packages=(clang libclang-rt-14-dev)
 windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth
-    pulseaudio pulseaudio-utils)
+    pulseaudio pulseaudio-utils nsis)
 
 is_installed() {
     [ "$(dpkg-query -W -f '${db:Status-Abbrev}' "$1" 2>/dev/null)" = "ii " ]
