@@ -25,5 +25,6 @@ function(add_version_resource target description)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/VersionResource.rc.in ${resource} @ONLY)
     # Apart, so that the resource compiler gets none of the target's options.
     add_library(${target}_resource OBJECT ${resource})
+    set_target_properties(${target}_resource PROPERTIES AUTOMOC OFF AUTORCC OFF)
     target_link_libraries(${target} PRIVATE ${target}_resource)
 endfunction()
