@@ -72,10 +72,21 @@ counted() {
     return $status
 }
 
+# Removes the build folder $1 if it was made for a checkout in another place, for CMake refuses it.
+drop_moved_build() {
+    local made_for
+    [ -f "$1/CMakeCache.txt" ] || return 0
+    made_for=$(sed -n 's/^CMAKE_CACHEFILE_DIR:INTERNAL=//p' "$1/CMakeCache.txt")
+    [ "$made_for" -ef "$1" ] && return 0
+    echo "$1 was made as $made_for: it is built anew"
+    rm -rf "$1"
+}
+
 # build PRESET [TARGET...]: configures and builds.
 build() {
     local preset=$1
     shift
+    drop_moved_build "build/$preset"
     echo "Building preset $preset"
     quietly cmake --preset "$preset" || return
     NINJA_STATUS="[%f/%t] " counted "$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
