@@ -8,7 +8,7 @@ test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux pulseaud
 gate_packages=(clang-format clang-tidy git)
 fuzz_packages=(clang libclang-rt-14-dev)
 windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth
-    pulseaudio pulseaudio-utils)
+    pulseaudio pulseaudio-utils nsis)
 
 is_installed() {
     [ "$(dpkg-query -W -f '${db:Status-Abbrev}' "$1" 2>/dev/null)" = "ii " ]
@@ -18,7 +18,8 @@ as_root() {
     if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
 }
 
-# install_packages NAME...: installs those that are missing; says nothing when there are none.
+# install_packages NAME...: installs those that are missing; says nothing when there are none. Where it
+# cannot, it leaves it to the build to find out what is missing.
 install_packages() {
     local package missing=()
     for package in "$@"; do
@@ -26,8 +27,8 @@ install_packages() {
     done
     [ ${#missing[@]} -eq 0 ] && return 0
     if ! command -v apt-get >/dev/null; then
-        echo "These packages are missing, and this system has no apt-get: ${missing[*]}" >&2
-        return 1
+        echo "Here is no apt-get: \"Build by hand\" in README.md lists what to install" >&2
+        return 0
     fi
     echo "Installing missing packages: ${missing[*]}"
     local install=(env DEBIAN_FRONTEND=noninteractive
@@ -72,10 +73,21 @@ counted() {
     return $status
 }
 
+# Removes the build folder $1 if it was made for a checkout in another place, for CMake refuses it.
+drop_moved_build() {
+    local made_for
+    [ -f "$1/CMakeCache.txt" ] || return 0
+    made_for=$(sed -n 's/^CMAKE_CACHEFILE_DIR:INTERNAL=//p' "$1/CMakeCache.txt")
+    [ "$made_for" -ef "$1" ] && return 0
+    echo "$1 was made as $made_for: it is built anew"
+    rm -rf "$1"
+}
+
 # build PRESET [TARGET...]: configures and builds.
 build() {
     local preset=$1
     shift
+    drop_moved_build "build/$preset"
     echo "Building preset $preset"
     quietly cmake --preset "$preset" || return
     NINJA_STATUS="[%f/%t] " counted "$preset" cmake --build --preset "$preset" ${1:+--target "$@"}

@@ -92,19 +92,16 @@ bool DeckSession::prepareFolders()
 
 QString DeckSession::recording() const
 {
-    if (m_settings.recording)
-        return m_settings.recording->isEmpty()
-                   ? QString()
-                   : QFileInfo(*m_settings.recording).absoluteFilePath();
-    return qEnvironmentVariable(recordingVariable);
+    // The plugin would look from its working folder.
+    const QString file = m_settings.recording.value_or(qEnvironmentVariable(recordingVariable));
+    return file.isEmpty() ? QString() : QFileInfo(file).absoluteFilePath();
 }
 
 void DeckSession::checkRecording()
 {
-    if (recording().isEmpty())
+    const QString file = recording();
+    if (file.isEmpty())
         return;
-    // The plugin looks from its working folder.
-    const QString file = QDir(m_workFolder).absoluteFilePath(recording());
     const QString fault = recordingFault(file);
     if (!fault.isEmpty())
         Q_EMIT notice(QStringLiteral("The recording %1 cannot be used: %2. There are no readings.")

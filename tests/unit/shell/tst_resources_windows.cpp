@@ -1,4 +1,4 @@
-#include <QCoreApplication>
+#include <QDir>
 #include <QVersionNumber>
 #include <QtTest>
 
@@ -6,24 +6,37 @@
 
 #include <vector>
 
-/// The icon and the version that the plugin's file carries; this program carries them too.
+/// The version and the icon that the files of the programs carry.
 class tst_Resources_windows : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void bearsTheVersion_data();
     void bearsTheVersion();
     void bearsItsNames_data();
     void bearsItsNames();
     void hasAnIconOfEverySize_data();
     void hasAnIconOfEverySize();
-
-private:
-    std::vector<char> m_information;
 };
 
 namespace {
+
+std::wstring pathOf(const QString &name)
+{
+    const QString path = QDir(QStringLiteral(FOLDER)).filePath(name);
+    return QDir::toNativeSeparators(path).toStdWString();
+}
+
+std::vector<char> versionInformation(const QString &name)
+{
+    const std::wstring path = pathOf(name);
+    DWORD unused = 0;
+    std::vector<char> information(GetFileVersionInfoSizeW(path.c_str(), &unused));
+    if (!GetFileVersionInfoW(path.c_str(), 0, DWORD(information.size()), information.data()))
+        return {};
+    return information;
+}
 
 quint64 packed(const QVersionNumber &version)
 {
@@ -31,61 +44,83 @@ quint64 packed(const QVersionNumber &version)
            quint64(version.microVersion()) << 16U;
 }
 
+const char *const files[] = {"QtSystemMonitor.exe", "SystemMonitorLib1.dll", "deck_simulator.exe",
+                             "sensor_recorder.exe"};
+
 } // namespace
 
-void tst_Resources_windows::initTestCase()
+void tst_Resources_windows::bearsTheVersion_data()
 {
-    const std::wstring path = QCoreApplication::applicationFilePath().toStdWString();
-    DWORD unused = 0;
-    m_information.resize(GetFileVersionInfoSizeW(path.c_str(), &unused));
-    QVERIFY(!m_information.empty());
-    QVERIFY(
-        GetFileVersionInfoW(path.c_str(), 0, DWORD(m_information.size()), m_information.data()));
+    QTest::addColumn<DWORD>("type");
+    for (const char *file : files)
+        QTest::newRow(file) << DWORD(QByteArray(file).endsWith(".dll") ? VFT_DLL : VFT_APP);
 }
 
 void tst_Resources_windows::bearsTheVersion()
 {
+    const std::vector<char> information =
+        versionInformation(QLatin1String(QTest::currentDataTag()));
     void *found = nullptr;
     UINT size = 0;
-    QVERIFY(VerQueryValueW(m_information.data(), L"\\", &found, &size));
+    QVERIFY(!information.empty());
+    QVERIFY(VerQueryValueW(information.data(), L"\\", &found, &size));
     QCOMPARE(size, UINT(sizeof(VS_FIXEDFILEINFO)));
     const auto *const fixed = static_cast<const VS_FIXEDFILEINFO *>(found);
     const quint64 expected = packed(QVersionNumber::fromString(QStringLiteral(PROJECT_VERSION)));
     QCOMPARE(quint64(fixed->dwFileVersionMS) << 32U | fixed->dwFileVersionLS, expected);
     QCOMPARE(quint64(fixed->dwProductVersionMS) << 32U | fixed->dwProductVersionLS, expected);
+    QTEST(fixed->dwFileType, "type");
 }
 
 void tst_Resources_windows::bearsItsNames_data()
 {
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("value");
-    QTest::newRow("ProductName") << "QtSystemMonitor";
-    QTest::newRow("OriginalFilename") << "QtSystemMonitor.exe";
-    QTest::newRow("FileVersion") << PROJECT_VERSION;
-    QTest::newRow("ProductVersion") << PROJECT_VERSION;
+    const auto row = [](const char *file, const char *key, const char *value) {
+        QTest::addRow("%s, %s", file, key)
+            << QString::fromLatin1(file) << QString::fromLatin1(key) << QString::fromLatin1(value);
+    };
+    for (const char *file : files) {
+        row(file, "ProductName", "QtSystemMonitor");
+        row(file, "OriginalFilename", file);
+        row(file, "FileVersion", PROJECT_VERSION);
+        row(file, "ProductVersion", PROJECT_VERSION);
+    }
+    row("QtSystemMonitor.exe", "FileDescription", "Hardware gauges for the keys of a control deck");
 }
 
 void tst_Resources_windows::bearsItsNames()
 {
-    const QString key = QStringLiteral("\\StringFileInfo\\040904B0\\%1")
-                            .arg(QLatin1String(QTest::currentDataTag()));
+    QFETCH(QString, file);
+    QFETCH(QString, key);
+    const std::vector<char> information = versionInformation(file);
+    const QString block = QStringLiteral("\\StringFileInfo\\040904B0\\%1").arg(key);
     void *found = nullptr;
     UINT size = 0;
-    QVERIFY(VerQueryValueW(m_information.data(), key.toStdWString().c_str(), &found, &size));
+    QVERIFY(!information.empty());
+    QVERIFY(VerQueryValueW(information.data(), block.toStdWString().c_str(), &found, &size));
     QTEST(QString::fromWCharArray(static_cast<const wchar_t *>(found)), "value");
 }
 
 void tst_Resources_windows::hasAnIconOfEverySize_data()
 {
+    QTest::addColumn<QString>("file");
     QTest::addColumn<int>("size");
-    for (const int size : {16, 20, 24, 32, 48, 256})
-        QTest::addRow("%d", size) << size;
+    for (const char *file : {"QtSystemMonitor.exe", "deck_simulator.exe"}) {
+        for (const int size : {16, 20, 24, 32, 48, 256})
+            QTest::addRow("%s, %d", file, size) << QString::fromLatin1(file) << size;
+    }
 }
 
 void tst_Resources_windows::hasAnIconOfEverySize()
 {
+    QFETCH(QString, file);
     QFETCH(int, size);
-    HANDLE icon = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, size, size,
-                             LR_DEFAULTCOLOR);
+    HMODULE module = LoadLibraryExW(pathOf(file).c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    QVERIFY(module != nullptr);
+    HANDLE icon = LoadImageW(module, MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_DEFAULTCOLOR);
+    FreeLibrary(module);
     QVERIFY(icon != nullptr);
     ICONINFO information = {};
     QVERIFY(GetIconInfo(static_cast<HICON>(icon), &information));

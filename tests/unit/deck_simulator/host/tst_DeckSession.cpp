@@ -16,6 +16,7 @@ private Q_SLOTS:
 
     void runsAPluginFromStartToEnd();
     void keepsAGivenWorkFolder();
+    void findsARecordingFromItsOwnFolder();
     void failsWithoutAPlugin();
     void failsWithAnUnusableWorkFolder();
     void reportsAPluginThatEndsAtOnce();
@@ -92,6 +93,28 @@ void tst_DeckSession::keepsAGivenWorkFolder()
         QCOMPARE(session.workFolder(), m_settings.workFolder);
     }
     QVERIFY(QFile::exists(m_settings.workFolder + QStringLiteral("/plugin-stderr.txt")));
+}
+
+void tst_DeckSession::findsARecordingFromItsOwnFolder()
+{
+    play("panel");
+    const QTemporaryDir folder;
+    m_settings.workFolder = folder.path();
+    qputenv("SYSTEM_MONITOR_RECORDING", "recordings/mine.json");
+    DeckSession session(m_settings, defaultDeck(5));
+    QSignalSpy notices(&session, &DeckSession::notice);
+    QSignalSpy appeared(&session, &DeckSession::keysAppeared);
+    session.start();
+    qunsetenv("SYSTEM_MONITOR_RECORDING");
+    QTRY_COMPARE(appeared.count(), 1);
+
+    QFile file(folder.filePath(QStringLiteral("recording.txt")));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString absolute =
+        QDir::current().absoluteFilePath(QStringLiteral("recordings/mine.json"));
+    QCOMPARE(QString::fromUtf8(file.readAll()).trimmed(), absolute);
+    QCOMPARE(notices.count(), 1);
+    QVERIFY(notices.at(0).at(0).toString().contains(QDir::toNativeSeparators(absolute)));
 }
 
 void tst_DeckSession::failsWithoutAPlugin()
