@@ -10,10 +10,10 @@ namespace gauge {
 /// Where the texts of a style stand, in shares of the sheet's side.
 struct TextPlaces
 {
-    qreal titleBase;   ///< The title's base line.
-    qreal valueCentre; ///< The middle of the value's digits.
-    qreal valueSize;   ///< The most that the font may have.
-    qreal valueWidth;  ///< The most that value and unit may take.
+    qreal titleBase = 0;   ///< The title's base line.
+    qreal valueCentre = 0; ///< The middle of the value's digits.
+    qreal valueSize = 0;   ///< The most that the font may have.
+    qreal valueWidth = 0;  ///< The most that value and unit may take.
     /// Below this size of the value its unit stands on a line of its own; 0: never.
     qreal stackedBelow = 0;
 };
@@ -21,9 +21,9 @@ struct TextPlaces
 /// One value with its unit, and the room that they have.
 struct ValueRoom
 {
-    QRectF area;   ///< In pixels.
-    qreal largest; ///< The value's font size at most, in pixels.
-    qreal unit;    ///< The unit's size, as a share of the value's.
+    QRectF area;       ///< In pixels.
+    qreal largest = 0; ///< The value's font size at most, in pixels.
+    qreal unit = 0;    ///< The unit's size, as a share of the value's.
 };
 
 /// What all styles share: the canvas, its parts, texts and marks. Lengths named as shares are those

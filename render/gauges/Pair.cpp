@@ -26,9 +26,9 @@ constexpr qreal unitShare = 0.66;
 
 struct Row
 {
-    const Reading *reading;
-    Ink ink;
-    bool isUpload;
+    const Reading *reading = nullptr;
+    Ink ink = Ink::Gauge;
+    bool isUpload = true;
     QRectF text;  ///< Of arrow and rate.
     QRectF graph; ///< In whole pixels.
 };
