@@ -312,6 +312,12 @@ void tst_KeyGauges::colorsLettersBeyondGivenThresholds()
         QCOMPARE(colored.pass(), plainIn(color));
         QCOMPARE(colored.key().color, QStringLiteral("#ffffff"));
     }
+    // Settings without thresholds find the key as it was.
+    Info::GpuLoad = 90;
+    colored.pass();
+    colored.key().imageWidth = 144;
+    colored.apply(payloadWith("{}"));
+    QCOMPARE(colored.pass(), plainIn("#ffffff"));
 }
 
 void tst_KeyGauges::leavesOtherTextsUncolored_data()
@@ -503,8 +509,10 @@ void tst_KeyGauges::switchingDrivesAddsNoSample()
     // A tick is no pass.
     looping.press();
     still.press();
+    Info::DriveFreePercent = {20, 40};
     for (int tick = 0; tick < 5; ++tick)
-        looping.tick(QStringLiteral("10% Used"));
+        looping.tick(QStringLiteral("80% Used"));
+    Info::DriveFreePercent = {90, 40};
     QCOMPARE(looping.pass(), still.pass());
 }
 
