@@ -10,11 +10,14 @@ namespace {
 const QString anything = QStringLiteral("…");
 const QString anyNumber = QStringLiteral("#");
 
-QString compact(const QJsonValue &value)
+/// For people: pictures are long.
+QString shortText(const QJsonValue &value)
 {
     const QString array =
         QString::fromUtf8(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact));
-    return array.mid(1, array.size() - 2);
+    const QString text = array.mid(1, array.size() - 2);
+    constexpr int enough = 200;
+    return text.size() <= enough ? text : text.left(enough) + anything;
 }
 
 QString at(const QString &place, const QString &difference)
@@ -87,5 +90,5 @@ QString jsonpattern::difference(const QJsonValue &pattern, const QJsonValue &val
         return arrayDifference(pattern.toArray(), value.toArray());
     if (pattern == value)
         return {};
-    return QStringLiteral("is %1 and not %2").arg(compact(value), compact(pattern));
+    return QStringLiteral("is %1 and not %2").arg(shortText(value), shortText(pattern));
 }

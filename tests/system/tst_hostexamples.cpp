@@ -357,8 +357,9 @@ void tst_HostExamples::awaitFromPlugin(const Example &example)
     if (isWithoutSound(example.text))
         QSKIP(qPrintable(QStringLiteral("no sound server: ") + m_sound->reason()));
     const auto hasCome = [this, &pattern] { return closest(pattern).isEmpty(); };
-    constexpr int twoPasses = 5000;
-    QVERIFY2(QTest::qWaitFor(hasCome, twoPasses), qPrintable(closest(pattern)));
+    QVERIFY2(QTest::qWaitFor(hasCome, patience), qPrintable(closest(pattern)));
+    if (eventOf(pattern) == setImage)
+        QVERIFY(FakeHost::hasInk(m_host->images(contextOf(pattern)).constLast()));
 }
 
 /// How the last message of the pattern's kind differs from it; empty when any does not.
