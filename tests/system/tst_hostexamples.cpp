@@ -62,7 +62,6 @@ private:
     std::unique_ptr<SoundServer> m_sound;
     bool m_hasSound = false;
     MountFolder m_drives;
-    QTemporaryDir m_folder;
     std::unique_ptr<RunningPlugin> m_plugin;
     std::unique_ptr<PluginProcess> m_refused; ///< The last one with a wrong command line.
     DataServerClient m_panel;
