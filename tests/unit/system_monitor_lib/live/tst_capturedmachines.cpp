@@ -1,6 +1,6 @@
 #include "system_monitor_lib/live/LiveSource.h"
+#include "tests/support/CapturedMachine.h"
 #include "tests/unit/system_monitor_lib/labels.h"
-#include "tests/unit/system_monitor_lib/machine.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
