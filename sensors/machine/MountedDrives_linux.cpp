@@ -86,17 +86,6 @@ std::optional<DriveSpace> spaceAt(const QString &folder)
 
 } // namespace
 
-DriveSpace poolSpace(const QVector<DriveSpace> &dataSets)
-{
-    DriveSpace pool;
-    for (const DriveSpace &dataSet : dataSets) {
-        pool.freeBytes = std::max(pool.freeBytes, dataSet.freeBytes);
-        pool.totalBytes += dataSet.totalBytes - std::min(dataSet.freeBytes, dataSet.totalBytes);
-    }
-    pool.totalBytes += pool.freeBytes;
-    return pool;
-}
-
 MountedDrives::MountedDrives(const QString &procRoot, const QString &sysRoot,
                              const QString &devRoot)
     : m_mountInfo(procRoot + QStringLiteral("/self/mountinfo"))
@@ -155,6 +144,7 @@ void MountedDrives::readDrives()
     // A pool that is mounted only where no drive is.
     const auto noDrive = [](const Drive &drive) { return drive.root.isEmpty(); };
     m_drives.erase(std::remove_if(m_drives.begin(), m_drives.end(), noDrive), m_drives.end());
+    readPools();
 }
 
 /// Nothing but the pool's own tools tells the disks of a pool: they count as fixed.
@@ -168,6 +158,19 @@ void MountedDrives::addDataSet(const Mount &mount)
     if (pool->root.isEmpty() && isPlaceOfADrive(mount.mountPoint))
         pool->root = mount.mountPoint;
     pool->dataSets.append(mount.mountPoint);
+}
+
+void MountedDrives::readPools()
+{
+    QHash<QByteArray, PoolSpace> pools;
+    for (const Drive &drive : qAsConst(m_drives)) {
+        if (drive.pool.isEmpty())
+            continue;
+        PoolSpace pool = m_pools.value(drive.pool);
+        pool.setDataSets(drive.dataSets);
+        pools.insert(drive.pool, pool);
+    }
+    m_pools.swap(pools);
 }
 
 /// None where the file system is not on disks of this machine.
@@ -221,12 +224,7 @@ std::optional<DriveSpace> MountedDrives::space(const QString &root)
 {
     const auto drive = std::find_if(m_drives.begin(), m_drives.end(),
                                     [&root](const Drive &each) { return each.root == root; });
-    if (drive == m_drives.end() || drive->dataSets.isEmpty())
+    if (drive == m_drives.end() || drive->pool.isEmpty())
         return spaceAt(root);
-    QVector<DriveSpace> dataSets;
-    for (const QString &dataSet : qAsConst(drive->dataSets)) {
-        if (const std::optional<DriveSpace> space = spaceAt(dataSet))
-            dataSets.append(*space);
-    }
-    return dataSets.isEmpty() ? std::nullopt : std::make_optional(poolSpace(dataSets));
+    return m_pools[drive->pool].refresh(spaceAt);
 }

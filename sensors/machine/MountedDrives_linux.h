@@ -1,14 +1,12 @@
 #pragma once
 
 #include "sensors/machine/BlockDevices_linux.h"
+#include "sensors/machine/PoolSpace.h"
 #include "sensors/machine/drives.h"
 
 #include <QFile>
+#include <QHash>
 #include <QVector>
-
-/// The space of a ZFS pool by that of its data sets, each of which says what it holds itself and
-/// the space that is free to it: all that they hold, and the most that is free.
-DriveSpace poolSpace(const QVector<DriveSpace> &dataSets);
 
 /// The fixed drives among the mounted file systems: one for each file system, at the place where it
 /// was mounted first, and one for each pool of ZFS. Read-only images, parts of a file system
@@ -36,10 +34,12 @@ private:
     bool hasChanged();
     void readDrives();
     void addDataSet(const Mount &mount);
+    void readPools();
     QVector<DeviceNumber> devicesOf(const Mount &mount) const;
     QStringList disksOfTheSystem(const QVector<Mount> &mounts) const;
 
     QFile m_mountInfo;
     BlockDevices m_devices;
     QVector<Drive> m_drives;
+    QHash<QByteArray, PoolSpace> m_pools; ///< By their names.
 };

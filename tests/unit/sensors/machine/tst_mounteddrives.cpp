@@ -8,8 +8,6 @@
 
 #include <memory>
 
-Q_DECLARE_METATYPE(DriveSpace)
-
 /// Which mounts of a machine are its fixed drives, on the machines of tests/fixtures and by written
 /// tables and device trees.
 class tst_MountedDrives : public QObject
@@ -25,8 +23,6 @@ private Q_SLOTS:
     void tellsThePlacesOfDrives_data();
     void tellsThePlacesOfDrives();
     void listsAPoolOnce();
-    void addsUpAPool_data();
-    void addsUpAPool();
     void leavesOutWhatIsCovered_data();
     void leavesOutWhatIsCovered();
     void namesAVolumeByTheDeviceManager_data();
@@ -137,8 +133,9 @@ void tst_MountedDrives::listsOnlyFixedDrives_data()
     row("the rest of the card", "/data", true);
     row("small board's firmware", "/boot/firmware", false);
     row("another card", "/media/other", false);
-    machine = QStringLiteral("tablet-with-soldered-memory");
-    row("eMMC", "/", true);
+    machine = QStringLiteral("small-board-with-soldered-memory");
+    row("USB disk as root", "/", true);
+    row("eMMC", "/storage", true);
     row("where the system starts from", "/boot", false);
     row("card", "/media/card", false);
     row("memory stick", "/media/memory-stick", false);
@@ -157,7 +154,7 @@ void tst_MountedDrives::listsOnlyFixedDrives_data()
     row("RAID with a stick", "/mirror-with-a-stick", false);
     row("device tree without end", "/without-end", false);
     machine = QStringLiteral("btrfs-and-bcachefs-desktop");
-    row("root on a part", "/", true);
+    row("btrfs subvolume as root", "/", true);
     row("btrfs subvolume", "/data", true);
     row("second subvolume", "/home", false);
     row("btrfs with a stick", "/mixed", false);
@@ -178,6 +175,7 @@ void tst_MountedDrives::listsOnlyFixedDrives_data()
     row("compressed memory", "/mnt/compressed", false);
     row("memory disk", "/mnt/memory", false);
     row("disk whose name only begins so", "/mnt/name-begins-so", true);
+    row("disk whose name only ends so", "/mnt/name-ends-so", true);
     machine = QStringLiteral("container");
     row("overlay", "/", false);
     row("file of the host", "/etc/hosts", false);
@@ -187,7 +185,7 @@ void tst_MountedDrives::listsOnlyFixedDrives_data()
     row("user's container", "/home/me/.local/share/containers/storage/b", false);
     row("container's overlay", "/var/lib/docker/overlay2/c/merged", false);
     machine = QStringLiteral("cluster-node");
-    row("node", "/", true);
+    row("root on a part", "/", true);
     row("pod", "/var/lib/kubelet/pods/a/volumes/kubernetes.io~csi/b/mount", false);
     row("pods' volume", "/var/lib/kubelet/plugins/kubernetes.io/csi/c/globalmount", false);
     row("pod in another place", "/data/kubelet/pods/d/volumes/e", false);
@@ -267,29 +265,6 @@ void tst_MountedDrives::listsAPoolOnce()
     QCOMPARE(drives->fixedRoots(),
              (QStringList{QStringLiteral("/"), QStringLiteral("/tank"), QStringLiteral("/data")}));
     QCOMPARE(drives->volumeName(QStringLiteral("/")), std::make_optional(QStringLiteral("rpool")));
-}
-
-void tst_MountedDrives::addsUpAPool_data()
-{
-    QTest::addColumn<QVector<DriveSpace>>("dataSets");
-    QTest::addColumn<DriveSpace>("pool");
-    const auto row = [](const char *name, const QVector<DriveSpace> &dataSets, DriveSpace pool) {
-        QTest::newRow(name) << dataSets << pool;
-    };
-    row("one", {{60, 100}}, {60, 100});
-    row("two", {{60, 100}, {60, 65}}, {60, 105});
-    row("one with a quota", {{60, 100}, {5, 10}}, {60, 105});
-    row("a reserve", {{60, 100}, {80, 80}}, {80, 120});
-    row("more free than there is", {{60, 100}, {20, 10}}, {60, 100});
-    row("none", {}, {0, 0});
-}
-
-void tst_MountedDrives::addsUpAPool()
-{
-    QFETCH(QVector<DriveSpace>, dataSets);
-    QFETCH(DriveSpace, pool);
-    QCOMPARE(poolSpace(dataSets).freeBytes, pool.freeBytes);
-    QCOMPARE(poolSpace(dataSets).totalBytes, pool.totalBytes);
 }
 
 void tst_MountedDrives::leavesOutWhatIsCovered_data()
