@@ -117,6 +117,8 @@ void CapturedMachinesTest::givesItsReadings_data()
                                    "bond-of-two",
                                    "xen-host",
                                    "router-board",
+                                   "power-server",
+                                   "loongarch-desktop",
                                    "zfs-server"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
