@@ -5,36 +5,22 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <memory>
 
-#include <fcntl.h>
+#include <dirent.h>
 #include <linux/fs.h>
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/statvfs.h>
-#include <unistd.h>
 
 namespace {
 
-class Descriptor
+struct FolderCloser
 {
-public:
-    explicit Descriptor(const QString &folder)
-        : m_descriptor(::open(QFile::encodeName(folder).constData(),
-                              O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK))
-    {
-    }
-    ~Descriptor()
-    {
-        if (m_descriptor >= 0)
-            ::close(m_descriptor);
-    }
-    Q_DISABLE_COPY(Descriptor)
-
-    int get() const { return m_descriptor; }
-
-private:
-    int m_descriptor;
+    void operator()(DIR *folder) const { ::closedir(folder); }
 };
+
+using OpenFolder = std::unique_ptr<DIR, FolderCloser>;
 
 /// Images of programs and media: always full, never written to.
 bool isReadOnlyImage(const QByteArray &fileSystem)
@@ -209,12 +195,12 @@ std::optional<QString> MountedDrives::volumeName(const QString &root)
                                     [&root](const Drive &each) { return each.root == root; });
     if (drive == m_drives.end())
         return std::nullopt;
-    const Descriptor folder(root);
-    if (folder.get() < 0 && errno != EACCES)
+    const OpenFolder folder(::opendir(QFile::encodeName(root).constData()));
+    if (!folder && errno != EACCES)
         return std::nullopt;
     std::array<char, FSLABEL_MAX> label{};
-    if (drive->pool.isEmpty() && folder.get() >= 0 &&
-        ::ioctl(folder.get(), FS_IOC_GETFSLABEL, label.data()) == 0)
+    if (drive->pool.isEmpty() && folder &&
+        ::ioctl(::dirfd(folder.get()), FS_IOC_GETFSLABEL, label.data()) == 0)
         return QString::fromUtf8(label.data(),
                                  static_cast<int>(qstrnlen(label.data(), FSLABEL_MAX)));
     return drive->recordedLabel;
