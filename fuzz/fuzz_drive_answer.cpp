@@ -2,7 +2,7 @@
 #include "system_monitor_lib/live/drives/StorageAnswers.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
 
-// What a drive answers on Windows.
+// The answer of a drive to the query for its temperature on Windows.
 
 extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 {

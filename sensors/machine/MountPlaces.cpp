@@ -5,8 +5,8 @@
 
 namespace {
 
-/// What is mounted in these belongs to a container, a pod or a snap. A disk mounted at one of them
-/// is a drive.
+/// What is mounted below these belongs to a container, a pod or a snap. A disk mounted at one of
+/// these folders itself is a drive.
 const std::array<const char *, 15> inhabited{
     "/var/lib/docker",  "/run/docker",      "/var/lib/containers",
     "/run/containers",  "/run/containerd",  "/var/lib/containerd",
@@ -14,7 +14,7 @@ const std::array<const char *, 15> inhabited{
     "/var/lib/lxd",     "/var/lib/incus",   "/var/lib/machines",
     "/var/lib/snapd",   "/var/snap",        "/snap"};
 
-/// The same of users and of distributions that put them elsewhere.
+/// The same for folders in home directories and those of distributions with other paths.
 const std::array<const char *, 3> inhabitedAnywhere{"/kubelet/pods/", "/kubelet/plugins/",
                                                     "/containers/storage/"};
 

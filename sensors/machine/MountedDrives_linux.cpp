@@ -22,7 +22,7 @@ struct FolderCloser
 
 using OpenFolder = std::unique_ptr<DIR, FolderCloser>;
 
-/// Images of programs and media: always full, never written to.
+/// Images of programs and media, which are always full and cannot be written to.
 bool isReadOnlyImage(const QByteArray &fileSystem)
 {
     static const std::array<const char *, 6> images{"squashfs", "erofs",  "iso9660",
@@ -33,7 +33,7 @@ bool isReadOnlyImage(const QByteArray &fileSystem)
 
 bool isPartOfAFileSystem(const Mount &mount)
 {
-    // A system may itself run from a part, and subvolumes are the way of btrfs.
+    // A system may itself run from such a part, and mounting subvolumes is usual with btrfs.
     return mount.root != "/" && mount.mountPoint != QLatin1String("/") &&
            mount.fileSystem != "btrfs";
 }
@@ -49,8 +49,8 @@ bool isDataSet(const Mount &mount)
     return mount.fileSystem == "zfs" && !isSnapshot && !poolOf(mount).isEmpty();
 }
 
-/// Whether something was mounted later over \a mount or over a folder that leads to it, so that
-/// its path leads elsewhere, perhaps to a network that does not answer.
+/// Whether something was mounted later over \a mount or over a folder above it, so that its path
+/// leads elsewhere, perhaps to a network that does not answer.
 bool isCovered(const Mount &mount, const QVector<Mount> &mounts)
 {
     return std::any_of(mounts.begin(), mounts.end(), [&mount](const Mount &other) {
@@ -127,13 +127,13 @@ void MountedDrives::readDrives()
         seen.append(mount.device);
         m_drives.append({mount.mountPoint, m_devices.label(devices.first()), {}, {}});
     }
-    // A pool that is mounted only where no drive is.
+    // A pool without a mount that counts as a drive.
     const auto noDrive = [](const Drive &drive) { return drive.root.isEmpty(); };
     m_drives.erase(std::remove_if(m_drives.begin(), m_drives.end(), noDrive), m_drives.end());
     readPools();
 }
 
-/// Nothing but the pool's own tools tells the disks of a pool: they count as fixed.
+/// Only the tools of ZFS can list the disks of a pool, so they count as fixed.
 void MountedDrives::addDataSet(const Mount &mount)
 {
     const QByteArray name = poolOf(mount);
@@ -159,7 +159,7 @@ void MountedDrives::readPools()
     m_pools.swap(pools);
 }
 
-/// None where the file system is not on disks of this machine.
+/// None if the file system is not on disks of this machine.
 QVector<DeviceNumber> MountedDrives::devicesOf(const Mount &mount) const
 {
     if (mount.fileSystem == "bcachefs") {
@@ -169,7 +169,7 @@ QVector<DeviceNumber> MountedDrives::devicesOf(const Mount &mount) const
         if (!devices.contains(DeviceNumber{}))
             return devices;
     }
-    // Networks, memory and overlays have major number 0, and so has btrfs, which may span disks.
+    // File systems on networks, in memory and overlays have major number 0, but so does btrfs.
     if (mount.device.major != 0)
         return {mount.device};
     if (mount.fileSystem != "btrfs")
