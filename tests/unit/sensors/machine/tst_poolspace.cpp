@@ -6,7 +6,7 @@
 
 Q_DECLARE_METATYPE(DriveSpace)
 
-/// A pool whose data sets are answered for by this test.
+/// A pool whose data sets answer as the test wants.
 class tst_PoolSpace : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ private:
 
     PoolSpace m_pool;
     QMap<QString, DriveSpace> m_answers;
-    QStringList m_asked; ///< By the last refresh.
+    QStringList m_asked; ///< The data sets asked by the last refresh.
 };
 
 namespace {

@@ -63,7 +63,7 @@ public:
     NoMoreFiles()
     {
         ::getrlimit(RLIMIT_NOFILE, &m_before);
-        // The limit is the first free number, below which there must be none.
+        // The limit is the lowest free number, so there is no free number below it.
         const int next = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
         ::close(next);
         rlimit none = m_before;
@@ -165,7 +165,7 @@ void CapturedMachinesTest::samplesWithoutOpeningFiles()
 
     const NoMoreFiles noMoreFiles;
     QVERIFY(NoMoreFiles::isInForce());
-    // A GPU whose sleep can be seen no more would be awake for long enough by now.
+    // If its sleep were no longer visible, a GPU would count as awake for long enough by now.
     now += 3 * second;
     QCOMPARE(describe(source), before);
 }

@@ -26,7 +26,7 @@ const QString diskFolder =
 
 } // namespace
 
-/// What happens to captured machines that are not well.
+/// Captured machines with faulty or missing files.
 class HardwareReadingsTest : public QObject
 {
     Q_OBJECT
