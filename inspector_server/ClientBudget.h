@@ -28,7 +28,7 @@ public:
     void takeOut(qint64 bytes);
 
     bool isSpent(std::chrono::nanoseconds now) override;
-    [[nodiscard]] std::chrono::nanoseconds wait() const override;
+    std::chrono::nanoseconds wait() const override;
 
 private:
     TimeBudget m_time{timePerSecond, timeBurst};

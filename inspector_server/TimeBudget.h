@@ -12,7 +12,7 @@ public:
 
     void takeTime(std::chrono::nanoseconds time) override;
     bool isSpent(std::chrono::nanoseconds now) override;
-    [[nodiscard]] std::chrono::nanoseconds wait() const override;
+    std::chrono::nanoseconds wait() const override;
 
 private:
     TokenBucket m_bucket; ///< In nanoseconds.

@@ -15,5 +15,5 @@ public:
 
     /// The time until the budget is available again, as of the last call of isSpent(); 0 when it
     /// is.
-    [[nodiscard]] virtual std::chrono::nanoseconds wait() const = 0;
+    virtual std::chrono::nanoseconds wait() const = 0;
 };
