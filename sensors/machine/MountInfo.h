@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 #include <QVector>
 
@@ -14,6 +15,11 @@ struct DeviceNumber
 inline bool operator==(DeviceNumber a, DeviceNumber b)
 {
     return a.major == b.major && a.minor == b.minor;
+}
+
+inline uint qHash(DeviceNumber device, uint seed)
+{
+    return qHash(qMakePair(device.major, device.minor), seed);
 }
 
 /// 0:0, which is no device, for a text that is not of the form "8:1".

@@ -18,8 +18,7 @@ const std::array<const char *, 15> inhabited{
 const std::array<const char *, 3> inhabitedAnywhere{"/kubelet/pods/", "/kubelet/plugins/",
                                                     "/containers/storage/"};
 
-} // namespace
-
+/// Whether \a mountPoint is below \a folder; a folder is not below itself.
 bool liesIn(const QString &folder, const QString &mountPoint)
 {
     if (folder == QLatin1String("/"))
@@ -27,6 +26,8 @@ bool liesIn(const QString &folder, const QString &mountPoint)
     return mountPoint.startsWith(folder) &&
            mountPoint.midRef(folder.size()).startsWith(QLatin1Char('/'));
 }
+
+} // namespace
 
 bool isPlaceOfADrive(const QString &mountPoint)
 {

@@ -5,6 +5,3 @@
 /// Whether users would call what is mounted at \a mountPoint a drive: neither what the system
 /// starts from nor what belongs to a container, a pod or a snap.
 bool isPlaceOfADrive(const QString &mountPoint);
-
-/// Whether \a mountPoint is below \a folder; a folder is not below itself.
-bool liesIn(const QString &folder, const QString &mountPoint);

@@ -2,6 +2,9 @@
 
 #include "sensors/machine/MountPlaces.h"
 
+#include <QPair>
+#include <QSet>
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -49,16 +52,33 @@ bool isDataSet(const Mount &mount)
     return mount.fileSystem == "zfs" && !isSnapshot && !poolOf(mount).isEmpty();
 }
 
+/// The places where something is mounted, each with the mount that it lies in.
+using Places = QSet<QPair<unsigned, QString>>;
+
+Places placesOf(const QVector<Mount> &mounts)
+{
+    Places places;
+    for (const Mount &mount : mounts) {
+        if (mount.parent != mount.id)
+            places.insert({mount.parent, mount.mountPoint});
+    }
+    return places;
+}
+
 /// Whether something was mounted later over \a mount or over a folder above it, so that its path
 /// leads elsewhere, perhaps to a network that does not answer.
-bool isCovered(const Mount &mount, const QVector<Mount> &mounts)
+bool isCovered(const Mount &mount, const Places &places)
 {
-    return std::any_of(mounts.begin(), mounts.end(), [&mount](const Mount &other) {
-        if (other.id == mount.id)
-            return false;
-        return (other.parent == mount.id && other.mountPoint == mount.mountPoint) ||
-               (other.parent == mount.parent && liesIn(other.mountPoint, mount.mountPoint));
-    });
+    if (places.contains({mount.id, mount.mountPoint}))
+        return true;
+    int end = mount.mountPoint.size();
+    while (end > 1) {
+        end = std::max(mount.mountPoint.lastIndexOf(QLatin1Char('/'), end - 1), 0);
+        const QString folder = mount.mountPoint.left(std::max(end, 1));
+        if (places.contains({mount.parent, folder}))
+            return true;
+    }
+    return false;
 }
 
 std::optional<DriveSpace> spaceAt(const QString &folder)
@@ -104,14 +124,15 @@ void MountedDrives::readDrives()
     const QVector<Mount> mounts = parseMountInfo(m_mountInfo.readAll());
     const QStringList systemDisks = disksOfTheSystem(mounts);
     m_drives.clear();
-    QVector<DeviceNumber> seen;
+    const Places places = placesOf(mounts);
+    QSet<DeviceNumber> seen;
     for (const Mount &mount : mounts) {
         if (isReadOnlyImage(mount.fileSystem) || isPartOfAFileSystem(mount) ||
             seen.contains(mount.device))
             continue;
         if (isDataSet(mount)) {
-            if (!isCovered(mount, mounts)) {
-                seen.append(mount.device);
+            if (!isCovered(mount, places)) {
+                seen.insert(mount.device);
                 addDataSet(mount);
             }
             continue;
@@ -122,9 +143,9 @@ void MountedDrives::readDrives()
         const bool isFixed = std::all_of(devices.begin(), devices.end(), [&](DeviceNumber device) {
             return m_devices.isFixed(device, systemDisks);
         });
-        if (devices.isEmpty() || !isFixed || isCovered(mount, mounts))
+        if (devices.isEmpty() || !isFixed || isCovered(mount, places))
             continue;
-        seen.append(mount.device);
+        seen.insert(mount.device);
         m_drives.append({mount.mountPoint, m_devices.label(devices.first()), {}, {}});
     }
     // A pool without a mount that counts as a drive.

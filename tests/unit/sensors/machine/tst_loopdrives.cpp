@@ -134,7 +134,8 @@ void tst_LoopDrives::addsUpTheDataSetsOfAPool()
     QVERIFY(m_folder->mountExt4(QStringLiteral("b"), QString(), QStringLiteral("16M")));
     QVERIFY(run(QStringLiteral("mkdir -p proc/self && printf '%s\\n' "
                                "\"20 1 0:30 / $PWD/a rw - zfs tank rw\" "
-                               "\"21 1 0:31 / $PWD/b rw - zfs tank/b rw\" >proc/self/mountinfo")));
+                               "\"21 1 0:31 / $PWD/b rw - zfs tank/b rw\" "
+                               "\"22 1 0:31 / $PWD/b rw - zfs tank/b rw\" >proc/self/mountinfo")));
     MountedDrives drives(path("proc"), QStringLiteral("/sys"), QStringLiteral("/dev"));
     QCOMPARE(drives.fixedRoots(), QStringList{path("a")});
     const std::optional<DriveSpace> pool = drives.space(path("a"));

@@ -3,6 +3,7 @@
 #include "tests/support/CapturedMachine.h"
 #include "tests/support/FileTree.h"
 
+#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -23,6 +24,8 @@ private Q_SLOTS:
     void tellsThePlacesOfDrives_data();
     void tellsThePlacesOfDrives();
     void listsAPoolOnce();
+    void readsThousandsOfDataSetsQuickly();
+    void listsARootThatIsItsOwnParent();
     void leavesOutWhatIsCovered_data();
     void leavesOutWhatIsCovered();
     void namesAVolumeByTheDeviceManager_data();
@@ -265,6 +268,27 @@ void tst_MountedDrives::listsAPoolOnce()
     QCOMPARE(drives->fixedRoots(),
              (QStringList{QStringLiteral("/"), QStringLiteral("/tank"), QStringLiteral("/data")}));
     QCOMPARE(drives->volumeName(QStringLiteral("/")), std::make_optional(QStringLiteral("rpool")));
+}
+
+void tst_MountedDrives::readsThousandsOfDataSetsQuickly()
+{
+    QByteArray table = "20 1 0:30 / /tank rw - zfs tank rw\n";
+    for (int id = 100; id < 30000; ++id) {
+        const QByteArray number = QByteArray::number(id);
+        table += number + " 20 0:" + number + " / /tank/" + number + " rw - zfs tank/" + number +
+                 " rw\n";
+    }
+    QElapsedTimer time;
+    time.start();
+    QCOMPARE(rootsOf(table), QStringList{QStringLiteral("/tank")});
+    // Comparing each mount with each other takes more than ten times as long.
+    QVERIFY2(time.elapsed() < 4000, qPrintable(QString::number(time.elapsed())));
+}
+
+/// As the first file system of a kernel is.
+void tst_MountedDrives::listsARootThatIsItsOwnParent()
+{
+    QCOMPARE(rootsOf("1 1 8:1 / / rw - ext4 /dev/sda1 rw\n"), QStringList{QStringLiteral("/")});
 }
 
 void tst_MountedDrives::leavesOutWhatIsCovered_data()
