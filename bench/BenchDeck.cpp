@@ -14,7 +14,7 @@ struct Kind
     QString title;
 };
 
-/// Every kind whose reading comes from the library.
+/// Every kind of key whose reading comes from the library.
 QVector<Kind> kinds()
 {
     QVector<Kind> kinds;

@@ -15,10 +15,11 @@ struct BenchKey
 /// The number of keys of a large deck.
 constexpr int largeDeck = 32;
 
-/// \a keys keys: every kind in turn with its English title, in Roboto Bold of 28 pixels, white.
+/// \a keys keys, of all kinds in turn, with their English titles in white Roboto Bold of 28 pixels.
 QVector<BenchKey> benchDeck(int keys);
 
-/// No display, and no fonts but those of the deck. Called before the application object exists.
+/// Sets up Qt without a display and only with the fonts of the deck. Called before the application
+/// object exists.
 void prepareEnvironment();
 
 /// Registers the deck's font; false, with a line on standard error, when it is not installed.

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int cores = 8;
 
-/// Adds a reading to \a tree. The value varies by up to a tenth.
+/// Adds a reading to \a tree. The value varies by up to 10 %.
 void add(QJsonObject &tree, const QString &label, double value, const char *units, int step)
 {
     constexpr int steps = 10;

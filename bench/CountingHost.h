@@ -4,8 +4,8 @@
 
 #include <atomic>
 
-/// A deck host on a thread of its own, whose time is not counted: takes links on a free port, reads
-/// all that comes and counts it.
+/// A deck host on a thread of its own, whose time is not counted: accepts connections on a free
+/// port, reads everything and counts it.
 class CountingHost : public QThread
 {
     Q_OBJECT

@@ -8,8 +8,8 @@
 class QWebSocket;
 class VqSystemMonitorLib;
 
-/// One pass over a deck in plain Qt: the same refresh, log lines, pictures and messages. It is
-/// given its texts, and so is spared their making.
+/// One pass over a deck in plain Qt: the same refresh, log lines, pictures and messages. Its texts
+/// are given, so it does not have to make them.
 class PlainPass
 {
 public:

@@ -4,8 +4,8 @@
 #include <QImage>
 #include <QString>
 
-/// The work on one key written with the calls that Qt offers for it and nothing else: what the
-/// plugin is measured against.
+/// The work on one key, written only with the functions that Qt offers for it: what the plugin is
+/// compared with.
 namespace plainqt {
 
 struct Key

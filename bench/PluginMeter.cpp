@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// After the first picture, so that every cache is filled.
+/// Time after the first picture in which all caches fill.
 constexpr std::chrono::milliseconds warmUp = 3s;
 
 const QString pictureMark = QStringLiteral("\"setImage\"");

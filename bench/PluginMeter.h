@@ -11,7 +11,7 @@
 
 class QWebSocket;
 
-/// Plays the host for one plugin, of whatever making: starts it, shows it a deck and measures it
+/// Acts as the host of one plugin, whoever made it: starts it, shows it a deck and measures it
 /// from the first picture on.
 class PluginMeter : public QObject
 {
@@ -21,10 +21,10 @@ public:
     struct Task
     {
         QString program;
-        QStringList arguments; ///< In front of those that a host gives.
+        QStringList arguments; ///< Precede those that a host gives.
         int keys = 32;
-        int seconds = 10;      ///< Of measuring.
-        int sampleSeconds = 0; ///< A line on the memory each so many seconds; 0 for none.
+        int seconds = 10;      ///< Duration of the measurement.
+        int sampleSeconds = 0; ///< Interval of the lines on memory; 0 for none.
     };
 
     explicit PluginMeter(const Task &task, QObject *parent = nullptr);
@@ -34,8 +34,8 @@ public:
     bool start();
 
 Q_SIGNALS:
-    /// The results have been printed: one JSON object on standard output. Or the plugin has ended
-    /// before, which is told on standard error; then \a succeeded is false.
+    /// The results have been printed as one JSON object on standard output. If the plugin ended
+    /// earlier, this is printed on standard error, and \a succeeded is false.
     void finished(bool succeeded);
 
 private:

@@ -4,13 +4,12 @@
 
 #include <optional>
 
-/// What a process has used so far, with the programs that it has started and seen end.
+/// What a process has used so far, including its children that have ended.
 struct ProcessUsage
 {
     double cpuSeconds = 0;
     qint64 residentKiB = 0;
-    qint64 anonymousKiB =
-        0; ///< Of these, what is the process's own: not its program and libraries.
+    qint64 anonymousKiB = 0; ///< The private part of it: without its program and libraries.
 };
 
 /// Nothing when there is no such process.

@@ -14,7 +14,7 @@ QByteArray content(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// schedstat's first number: nanoseconds on a processor, exact. A thread that has ended is lost.
+/// The first number of schedstat: exact processor time in nanoseconds, without ended threads.
 double threadSeconds(const QString &process)
 {
     constexpr double nanosecond = 1e-9;
@@ -29,8 +29,8 @@ double threadSeconds(const QString &process)
     return seconds;
 }
 
-/// The fields 16 and 17 of stat, in ticks. The name of the program, which may hold blanks, ends
-/// with the last parenthesis and is the second field.
+/// The fields 16 and 17 of stat, in ticks. The second field is the name of the program, which may
+/// contain blanks and ends with the last parenthesis.
 double childSeconds(const QString &process)
 {
     constexpr int firstChildField = 13;

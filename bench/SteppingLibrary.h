@@ -1,5 +1,5 @@
 #pragma once
 
-/// Lets a second pass for the library that stands in for the shared one: it takes live readings of
-/// this machine, a new sample for each step.
+/// Advances by a second the clock of the library that stands in for the shared one: it takes live
+/// readings of this machine, a new sample for each step.
 void stepOneSecond();

@@ -82,7 +82,7 @@ void refresh(benchmark::State &state)
 }
 BENCHMARK(refresh)->Unit(benchmark::kMicrosecond);
 
-/// A network key that asks for neither one line nor two has its text made but is not painted.
+/// A network key whose settings name neither one line nor two gets its text but is not painted.
 void text(benchmark::State &state)
 {
     normalAction key(nullptr, actionuuid::netWork, QStringLiteral("context"));

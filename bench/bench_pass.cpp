@@ -23,7 +23,7 @@
 #include <vector>
 
 /// The whole pass, from the refresh to the socket, with all texts changing; "plain" is the same in
-/// plain Qt. Only the time of the thread that works counts, not that of the host.
+/// plain Qt. Only the time of the working thread counts, not that of the host.
 namespace {
 
 constexpr int steps = 10;
@@ -36,7 +36,7 @@ public:
         : m_connection(m_host.port(), QStringLiteral("uuid"), QStringLiteral("register"), QString(),
                        &m_plugin)
     {
-        // The passes are run by hand.
+        // The benchmark itself starts the passes.
         m_plugin.findChild<QTimer *>()->stop();
         m_connection.Run();
         m_plainLink.open(QUrl(QStringLiteral("ws://127.0.0.1:%1").arg(m_host.port())));
@@ -47,7 +47,7 @@ public:
             m_trees.push_back(treesOf(step));
     }
 
-    /// Gives the plugin this deck in place of the present one.
+    /// Replaces the deck of the plugin with this one.
     void setDeck(int keys)
     {
         for (const BenchKey &key : qAsConst(m_deck))
@@ -136,7 +136,7 @@ private:
         Library::allSensors = trees.allSensors;
     }
 
-    /// Writes what the links hold back, as far as the host takes it.
+    /// Writes the pending data of the links, as far as the host takes it.
     static void drain()
     {
         while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
@@ -194,7 +194,7 @@ void add(const char *name, void (*function)(benchmark::State &))
 {
     auto *const added = benchmark::RegisterBenchmark(name, function);
     added->Arg(1)->Arg(largeDeck)->Arg(1000)->Unit(benchmark::kMicrosecond);
-    // So that two runs under an instruction counter differ in nothing but the number of passes.
+    // So that two runs under an instruction counter differ only in the number of passes.
     const int passes = qEnvironmentVariableIntValue("BENCH_PASSES");
     if (passes > 0)
         added->Iterations(passes);
@@ -214,7 +214,7 @@ int main(int argc, char **argv)
     add("pass", ownPass);
     add("pass/plain", plainPass);
     benchmark::RunSpecifiedBenchmarks();
-    // Losing the host ends the process in any case.
+    // Losing the host would end the process anyway.
     std::fflush(stdout);
     std::_Exit(EXIT_SUCCESS);
 }

@@ -42,7 +42,7 @@ void refresh(benchmark::State &state)
 }
 BENCHMARK(refresh)->Unit(benchmark::kMicrosecond);
 
-/// What the refresh makes of a sample that is there already.
+/// The part of the refresh that turns an existing sample into readings.
 void mapping(benchmark::State &state)
 {
     VqSystemMonitorLib library(false, nullptr);

@@ -28,7 +28,7 @@ int main(int argc, char **argv)
     if (command.isEmpty())
         parser.showHelp(EXIT_FAILURE);
 
-    // Without this service the plugin spends some twelve seconds looking for it.
+    // Without this service the plugin would look for it for about twelve seconds.
     const FakeHardwareService service;
     PluginMeter meter({command.first(), command.mid(1), parser.value(keys).toInt(),
                        parser.value(seconds).toInt(), parser.value(sample).toInt()});

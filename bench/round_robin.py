@@ -95,7 +95,7 @@ def measure(sides, rounds):
 def goals(figures):
     """Name, figure of this plugin, figure of the other side, unit, largest ratio."""
     middle = {name: statistics.median(values) for name, values in figures.items()}
-    # Of values measured one after the other; the machine may be slower in one round than in another.
+    # The values of one round, because the machine may be slower in one round than in another.
     ratio = {
         'pass': statistics.median(a / b for a, b in zip(figures['pass32'], figures['plain32'])),
         'node': statistics.median(a / b for a, b in zip(figures['cpu'], figures['node_cpu'])),

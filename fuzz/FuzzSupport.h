@@ -10,10 +10,10 @@
 
 class normalAction;
 
-/// What several fuzzers need.
+/// Code that several fuzzers use.
 namespace fuzz {
 
-/// Drops every message of the framework's debug stream but fatal ones, which end the process.
+/// Drops all of Qt's messages except fatal ones, which end the process.
 void silence();
 
 /// A silent application object without a display, and the fonts of the tests. Never deleted.
@@ -21,24 +21,24 @@ void makeApplication();
 
 QByteArray bytesOf(const std::uint8_t *data, std::size_t size);
 
-/// The input as UTF-8, the way a text message of a WebSocket comes in.
+/// The input decoded from UTF-8, as a text message of a WebSocket is.
 QString textOf(const std::uint8_t *data, std::size_t size);
 
 /// Ends the process as a finding when \a holds is false.
 void require(bool holds);
 
-/// Holds \a key to a small picture: the largest ones take half a second. Its letters may still be
-/// so large that they are drawn as outlines, and it wide enough for several strips.
+/// Limits \a key to a small picture, because the largest ones take half a second. Its letters may
+/// still be large enough to be drawn as outlines, and the picture wide enough for several strips.
 void keepSmall(normalAction &key);
 
-/// The trees and the machine that the in-memory library serves: members of \a object named after
-/// its queries as in a recording, "drives" and "devices".
+/// Sets the trees and the machine that the in-memory library serves, from the members of \a object:
+/// those named after the queries, as in a recording, "drives" and "devices".
 void serve(const QJsonObject &object);
 
 /// Serves the recording of a desktop and takes its readings.
 void takeDesktopReadings();
 
-/// One file in a folder of its own, written anew for each input.
+/// One file in a folder of its own, rewritten for each input.
 class ScratchFile
 {
 public:

@@ -2,7 +2,7 @@
 #include "system_monitor_lib/live/drives/StorageAnswers.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
 
-// What a drive answers on Windows.
+// The answers of a drive on Windows about its temperature and its model.
 
 extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 {

@@ -9,14 +9,14 @@
 #include <QJsonObject>
 #include <QVector>
 
-// What the host sends, one message to a line, and a pass over the keys that are there then.
+// Messages of the host, one per line, and then one pass over the keys.
 
 namespace {
 
 class FuzzedPlugin : public SystemMonitorPlugin
 {
 public:
-    /// Another port would have the plugin wait for a service there for seconds.
+    /// With another port the plugin would wait for a service there for seconds.
     void HwInfoPortMsg(const QString & /*message*/) override {}
 };
 

@@ -9,7 +9,7 @@
 
 #include <vector>
 
-// The command line, one argument to a line, with its info block: language and fonts.
+// The command line, one argument per line, with its info block: language and fonts.
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <QJsonDocument>
 #include <QStringList>
 
-// What a settings panel asks the data server for, one request to a line.
+// Requests of a settings panel to the data server, one per line.
 
 extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 {

@@ -4,8 +4,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
-// Any JSON. What is read, written again, reads the same. As the value of a member whose name comes
-// again, it is a fault when it is one alone, and is passed over otherwise.
+// Any JSON. A document that was read and written again reads the same. As the value of a member
+// whose name is repeated, an input is an error if it is one by itself, and is ignored otherwise.
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "fuzz/FuzzSupport.h"
 #include "json/ParseJson.h"
 
-// Any JSON reads as the framework itself reads it, with the same faults at the same places. That
-// never frees what it passes over; leaks are the matter of the target json.
+// Any JSON is read as Qt itself reads it, with the same errors at the same offsets. Qt never frees
+// repeated members; leaks of our own reader are found by the target json.
 
 namespace {
 
-/// So that what the framework leaks does not fill the memory of a long run.
+/// So that what Qt leaks does not use up the memory in a long run.
 constexpr int longest = 128;
 
 void compare(const QByteArray &text)
@@ -22,7 +22,7 @@ void compare(const QByteArray &text)
 } // namespace
 
 #pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wreserved-identifier" // The sanitizer's name for it.
+#pragma clang diagnostic ignored "-Wreserved-identifier" // The name is the sanitizer's.
 extern "C" const char *__asan_default_options()
 {
     return "detect_leaks=0";
@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     const QByteArray input = fuzz::bytesOf(data, size).left(longest);
     compare(input);
-    // A whole document would be leaked each time.
+    // Otherwise a whole document would be leaked each time.
     if (parseJson(input).isNull())
         compare(R"({"a":)" + input + R"(,"a":[1]})");
     return 0;

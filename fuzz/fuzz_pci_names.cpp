@@ -2,8 +2,8 @@
 #include "system_monitor_lib/live/graphics/AmdNames.h"
 #include "system_monitor_lib/live/graphics/PciNames.h"
 
-// The lists of PCI devices and of AMD cards. The first line is the number of the device looked up,
-// "10de:2684" or "7480,CF".
+// The lists of PCI devices and of AMD cards. The first line is the number of the device to look up,
+// such as "10de:2684" or "7480,CF".
 
 namespace {
 

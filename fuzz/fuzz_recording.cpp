@@ -3,7 +3,7 @@
 
 #include <QJsonDocument>
 
-// A recording of a machine. What is taken from one, written again, is a recording without faults.
+// A recording of a machine. What was read from one and written again is a recording without errors.
 
 extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 {

@@ -6,7 +6,7 @@
 #include "sensors/systemInfor.h"
 #include "json/ParseJson.h"
 
-// The readings out of any trees, drives and playback devices.
+// Readings from any sensor trees, drives and playback devices.
 
 namespace {
 

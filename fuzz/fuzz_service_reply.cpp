@@ -2,7 +2,7 @@
 #include "sensors/services/IoLocalSocket.h"
 #include "sensors/services/LibreHardwareWebSocket.h"
 
-// What the hardware-information services answer.
+// Replies of the hardware-information services.
 
 extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 {

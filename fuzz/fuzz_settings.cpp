@@ -12,7 +12,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-// The settings of a key: reading, painting, presses, the reply. The input is an event's message.
+// The settings of a key: parsing, painting, presses, the reply. The input is the message of an event.
 
 namespace {
 

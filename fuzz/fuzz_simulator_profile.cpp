@@ -4,13 +4,12 @@
 
 using namespace deck;
 
-// The file in which the simulator's window keeps its deck. What is read from one, written again,
-// has no faults.
+// The file in which the simulator's window saves its deck. What was read from one and written again
+// has no errors.
 
-/// The file is read once, so it does not matter here that the framework never frees repeated
-/// members.
+/// The file is read once, so it does not matter here that Qt never frees repeated members.
 #pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wreserved-identifier" // The sanitizer's name for it.
+#pragma clang diagnostic ignored "-Wreserved-identifier" // The name is the sanitizer's.
 extern "C" const char *__asan_default_options()
 {
     return "detect_leaks=0";

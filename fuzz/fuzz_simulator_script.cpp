@@ -7,10 +7,9 @@ using namespace deck;
 
 // A script that the simulator plays.
 
-/// A script is read once, so it does not matter here that the framework never frees repeated
-/// members.
+/// A script is read once, so it does not matter here that Qt never frees repeated members.
 #pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wreserved-identifier" // The sanitizer's name for it.
+#pragma clang diagnostic ignored "-Wreserved-identifier" // The name is the sanitizer's.
 extern "C" const char *__asan_default_options()
 {
     return "detect_leaks=0";

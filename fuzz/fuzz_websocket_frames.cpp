@@ -1,7 +1,7 @@
 #include "fuzz/FuzzSupport.h"
 #include "inspector_server/FrameHead.h"
 
-// What a stranger sends to the data server once it has shaken hands: frame after frame.
+// What a client sends to the data server after the handshake: frame after frame.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             break;
         }
         fuzz::require(head.size >= 2 && head.size <= FrameHead::longest && head.size <= left);
-        // What follows the head makes no difference, and without its last byte there is none.
+        // What follows the head makes no difference; without its last byte there is no head.
         fuzz::require(frameHead(start, head.size).payloadSize == head.payloadSize);
         fuzz::require(frameHead(start, head.size - 1).size == 0);
         if (head.payloadSize > static_cast<quint64>(left - head.size))

@@ -21,11 +21,6 @@ constexpr std::chrono::microseconds connectionCost = 150us;
 /// Bytes that the system buffers for a connection, in each direction, besides those kept here.
 constexpr int systemBuffer = 32 * 1024;
 
-double units(std::chrono::nanoseconds time)
-{
-    return static_cast<double>(time.count());
-}
-
 /// The size of the request in bytes; 0 while it is incomplete.
 qint64 handshakeSize(ClientSocket *socket)
 {
@@ -38,7 +33,7 @@ qint64 handshakeSize(ClientSocket *socket)
 
 Acceptor::Acceptor(QObject *parent)
     : QTcpServer(parent)
-    , m_budget(units(timePerSecond), units(timeBurst))
+    , m_budget(timePerSecond, timeBurst)
 {
     setMaxPendingConnections(mostAccepted);
     connect(&m_turns, &QTimer::timeout, this, &Acceptor::work);
@@ -50,7 +45,7 @@ Acceptor::Acceptor(QObject *parent)
 
 void Acceptor::incomingConnection(qintptr handle)
 {
-    take(connectionCost);
+    m_budget.takeTime(connectionCost);
     auto *const socket = new ClientSocket(this);
     socket->stopReading();
     if (!socket->setSocketDescriptor(handle)) {
@@ -62,30 +57,12 @@ void Acceptor::incomingConnection(qintptr handle)
     addPendingConnection(socket);
 }
 
-void Acceptor::take(std::chrono::nanoseconds time)
-{
-    m_budget.take(units(time));
-}
-
 void Acceptor::work()
 {
     const std::chrono::nanoseconds began = m_turns.now();
     for (ClientSocket *const socket : qAsConst(m_newcomers))
         socket->readUpTo(longestHandshake);
-    std::chrono::nanoseconds before = began;
-    while (!m_budget.isEmpty(before)) {
-        if (m_turns.isOver(began)) {
-            m_turns.startSoon();
-            return;
-        }
-        const bool isBusy = handOnHandshake() || takeConnection();
-        if (!isBusy)
-            return;
-        const std::chrono::nanoseconds after = m_turns.now();
-        take(after - before);
-        before = after;
-    }
-    m_turns.startAfter(m_budget.wait());
+    m_turns.work(began, m_budget, [this] { return handOnHandshake() || takeConnection(); });
 }
 
 bool Acceptor::takeConnection()
@@ -123,15 +100,15 @@ void Acceptor::forget(ClientSocket *socket)
 void Acceptor::onReadyRead(ClientSocket *socket)
 {
     const std::chrono::nanoseconds before = m_turns.now();
-    take(TurnTimer::wakeCost);
+    m_budget.takeTime(TurnTimer::wakeCost);
     if (handshakeSize(socket) > 0) {
         socket->stopReading();
         if (!m_complete.contains(socket))
             m_complete.append(socket);
-    } else if (m_budget.isEmpty(before)) {
+    } else if (m_budget.isSpent(before)) {
         socket->stopReading();
     }
-    take(m_turns.now() - before);
+    m_budget.takeTime(m_turns.now() - before);
     m_turns.startSoon();
 }
 

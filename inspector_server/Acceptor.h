@@ -1,6 +1,6 @@
 #pragma once
 
-#include "inspector_server/TokenBucket.h"
+#include "inspector_server/TimeBudget.h"
 #include "inspector_server/TurnTimer.h"
 
 #include <QList>
@@ -42,10 +42,9 @@ private:
     bool handOnHandshake();
     void onReadyRead(ClientSocket *socket);
     void forget(ClientSocket *socket);
-    void take(std::chrono::nanoseconds time);
 
     QList<ClientSocket *> m_newcomers; ///< In the order of connection; owned.
     QList<ClientSocket *> m_complete;  ///< Those whose request has come, in that order.
-    TokenBucket m_budget;
+    TimeBudget m_budget;
     TurnTimer m_turns;
 };

@@ -4,7 +4,7 @@
 
 void ClientBudget::takeTime(std::chrono::nanoseconds time)
 {
-    m_time.take(static_cast<double>(time.count()));
+    m_time.takeTime(time);
 }
 
 void ClientBudget::takeIn(qint64 bytes)
@@ -19,7 +19,7 @@ void ClientBudget::takeOut(qint64 bytes)
 
 bool ClientBudget::isSpent(std::chrono::nanoseconds now)
 {
-    const bool noTime = m_time.isEmpty(now);
+    const bool noTime = m_time.isSpent(now);
     const bool noIn = m_in.isEmpty(now);
     const bool noOut = m_out.isEmpty(now);
     return noTime || noIn || noOut;

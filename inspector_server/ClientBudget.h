@@ -1,15 +1,13 @@
 #pragma once
 
+#include "inspector_server/TimeBudget.h"
 #include "inspector_server/TokenBucket.h"
 
 #include <QtGlobal>
 
-#include <chrono>
-
 /// What the requests of all clients together may cost: elapsed time on the main thread, which is
-/// never less than processor time, and bytes in and out. What exceeds it waits. Times are from any
-/// clock that never goes back.
-class ClientBudget
+/// never less than processor time, and bytes in and out. What exceeds it waits.
+class ClientBudget : public TurnBudget
 {
 public:
     /// Per second. Connections have another 15 ms (Acceptor), and the system's calls around them
@@ -25,20 +23,15 @@ public:
     static constexpr qint64 outPerSecond = 4LL * 1024 * 1024;
     static constexpr qint64 outBurst = 4LL * 1024 * 1024;
 
-    void takeTime(std::chrono::nanoseconds time);
+    void takeTime(std::chrono::nanoseconds time) override;
     void takeIn(qint64 bytes);
     void takeOut(qint64 bytes);
 
-    /// Whether all requests have to wait.
-    bool isSpent(std::chrono::nanoseconds now);
-
-    /// The time until the budget is available again, as of the last call of isSpent(); 0 when it
-    /// is.
-    std::chrono::nanoseconds wait() const;
+    bool isSpent(std::chrono::nanoseconds now) override;
+    std::chrono::nanoseconds wait() const override;
 
 private:
-    TokenBucket m_time{std::chrono::nanoseconds(timePerSecond).count(),
-                       std::chrono::nanoseconds(timeBurst).count()};
+    TimeBudget m_time{timePerSecond, timeBurst};
     TokenBucket m_in{inPerSecond, inBurst};
     TokenBucket m_out{outPerSecond, outBurst};
 };

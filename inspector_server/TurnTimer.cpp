@@ -29,6 +29,25 @@ void TurnTimer::startSoon()
         start(0ms);
 }
 
+void TurnTimer::work(std::chrono::nanoseconds began, TurnBudget &budget,
+                     const std::function<bool()> &step)
+{
+    std::chrono::nanoseconds before = began;
+    while (!budget.isSpent(before)) {
+        if (isOver(began)) {
+            startSoon();
+            return;
+        }
+        if (!step())
+            return;
+        const std::chrono::nanoseconds after = now();
+        budget.takeTime(after - before);
+        before = after;
+    }
+    startAfter(budget.wait());
+}
+
+/// Many short waits would cost more than the work itself.
 void TurnTimer::startAfter(std::chrono::nanoseconds wait)
 {
     start(std::max(std::chrono::ceil<std::chrono::milliseconds>(wait), shortestWait));

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "inspector_server/TurnBudget.h"
+
 #include <QElapsedTimer>
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
 
 /// Schedules work for clients in the event loop: in short turns, so that keys are served in
 /// between, and never while a budget is spent. It times out when a turn begins.
@@ -24,13 +27,15 @@ public:
     /// Begins the next turn at once, unless one is already scheduled.
     void startSoon();
 
-    /// Begins the next turn after \a wait, or a little later, because many short waits would cost
-    /// more than the work itself.
-    void startAfter(std::chrono::nanoseconds wait);
-
-    /// Whether a turn that began at \a began has to end, so that others get their turn.
-    bool isOver(std::chrono::nanoseconds began) const;
+    /// Repeats \a step in the turn that began at \a began, until it returns false because nothing
+    /// is left to do. It also ends when the turn is over or the budget is spent, and then schedules
+    /// the next turn. The time since \a began is taken from \a budget.
+    void work(std::chrono::nanoseconds began, TurnBudget &budget,
+              const std::function<bool()> &step);
 
 private:
+    void startAfter(std::chrono::nanoseconds wait);
+    bool isOver(std::chrono::nanoseconds began) const;
+
     QElapsedTimer m_clock;
 };

@@ -123,7 +123,8 @@ void WebSocketServer::onNewConnection()
 
 void WebSocketServer::watch(QWebSocket *client, ClientSocket *socket)
 {
-    m_connections.insert(client, {socket, m_turns.now()});
+    m_connections.insert(client, {socket, m_turns.now(), 0});
+    countHeld(client);
     connect(socket, &QTcpSocket::readyRead, this,
             [this, client, socket] { onReadyRead(client, socket); });
     connect(socket, &QTcpSocket::bytesWritten, this,
@@ -140,6 +141,7 @@ void WebSocketServer::onDisconnected()
         return;
     m_clients.removeAll(client);
     const Connection connection = m_connections.take(client);
+    m_held -= connection.held;
     if (connection.socket)
         connection.socket->disconnect(this);
     if (m_clients.isEmpty())
@@ -153,6 +155,7 @@ void WebSocketServer::onReadyRead(QWebSocket *client, ClientSocket *socket)
     if (socket->isHandingOn())
         return;
     const std::chrono::nanoseconds began = m_turns.now();
+    countHeld(client);
     if (socket->hasFrame() || m_budget.isSpent(began)) {
         socket->stopReading();
         m_turns.startSoon();
@@ -165,6 +168,7 @@ void WebSocketServer::onReadyRead(QWebSocket *client, ClientSocket *socket)
 void WebSocketServer::onBytesWritten(QWebSocket *client, qint64 bytes)
 {
     m_budget.takeOut(bytes);
+    countHeld(client);
     const auto connection = m_connections.find(client);
     if (connection == m_connections.end())
         return;
@@ -180,22 +184,18 @@ void WebSocketServer::serveClients()
         if (!connection.socket->hasFrame())
             readOn(connection.socket);
     }
-    std::chrono::nanoseconds before = began;
-    while (!m_budget.isSpent(before)) {
-        if (m_turns.isOver(began)) {
-            m_turns.startSoon();
-            return;
-        }
-        dropWhoHoldsMost();
-        QWebSocket *const client = nextInTurn();
-        if (!client)
-            return;
-        serve(client);
-        const std::chrono::nanoseconds after = m_turns.now();
-        m_budget.takeTime(after - before);
-        before = after;
-    }
-    m_turns.startAfter(m_budget.wait());
+    m_turns.work(began, m_budget, [this] { return serveNext(); });
+}
+
+bool WebSocketServer::serveNext()
+{
+    dropWhoHoldsMost();
+    QWebSocket *const client = nextInTurn();
+    if (!client)
+        return false;
+    serve(client);
+    countHeld(client);
+    return true;
 }
 
 /// The next client with a waiting request whose last reply has been sent; null when there is none.
@@ -232,23 +232,25 @@ void WebSocketServer::serve(QWebSocket *client)
         readOn(socket);
 }
 
+/// Called whenever \a client may hold more or less than before.
+void WebSocketServer::countHeld(QWebSocket *client)
+{
+    const auto connection = m_connections.find(client);
+    if (connection == m_connections.end())
+        return;
+    const qint64 held = connection->socket->held();
+    m_held += held - connection->held;
+    connection->held = held;
+}
+
 void WebSocketServer::dropWhoHoldsMost()
 {
-    qint64 held = 0;
-    QWebSocket *greediest = nullptr;
-    qint64 most = 0;
-    for (auto entry = m_connections.cbegin(); entry != m_connections.cend(); ++entry) {
-        const qint64 share = entry->socket->held();
-        held += share;
-        if (share > most) {
-            most = share;
-            greediest = entry.key();
-        }
+    while (m_held > mostHeld) {
+        const auto greediest = std::max_element(
+            m_connections.cbegin(), m_connections.cend(),
+            [](const Connection &one, const Connection &other) { return one.held < other.held; });
+        greediest.key()->abort();
     }
-    if (held <= mostHeld || !greediest)
-        return;
-    greediest->abort();
-    dropWhoHoldsMost();
 }
 
 void WebSocketServer::dropWhoReadsNothing()

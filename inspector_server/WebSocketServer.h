@@ -57,13 +57,16 @@ private:
     {
         ClientSocket *socket = nullptr;
         std::chrono::nanoseconds lastProgress{0}; ///< When the system last took bytes for it.
+        qint64 held = 0;                          ///< Its part of m_held.
     };
 
     void shakeHands(ClientSocket *socket);
     void watch(QWebSocket *client, ClientSocket *socket);
     void onReadyRead(QWebSocket *client, ClientSocket *socket);
     void onBytesWritten(QWebSocket *client, qint64 bytes);
+    void countHeld(QWebSocket *client);
     void serveClients();
+    bool serveNext();
     QWebSocket *nextInTurn();
     void serve(QWebSocket *client);
     void dropWhoHoldsMost();
@@ -74,7 +77,8 @@ private:
     ClientSocket *m_newcomer = nullptr; ///< Whose hand is being shaken.
     QList<QWebSocket *> m_clients;      ///< In the order of connection; owned.
     QHash<QWebSocket *, Connection> m_connections;
-    int m_turnOf = 0; ///< Place of the client that is served next, if it waits.
+    qint64 m_held = 0; ///< What all connections hold.
+    int m_turnOf = 0;  ///< Place of the client that is served next, if it waits.
     ClientBudget m_budget;
     TurnTimer m_turns;
     QTimer m_unreadTimer; ///< Runs while there are clients.

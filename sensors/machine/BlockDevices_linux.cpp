@@ -19,20 +19,20 @@ QByteArray attribute(const QString &folder, const QString &name)
 bool isOnTheNetwork(const QString &disk)
 {
     static const QRegularExpression names(QStringLiteral("/(nbd|rbd|drbd)[0-9]+$"));
-    // A disk of iSCSI hangs below the session with the machine that has it.
+    // An iSCSI disk is below the session with the machine that provides it.
     static const QRegularExpression session(QStringLiteral("/session[0-9]+/"));
     return names.match(disk).hasMatch() || session.match(disk).hasMatch();
 }
 
-/// Optical, a floppy, or in memory.
+/// Optical, a floppy disk, or in memory.
 bool isNoDisk(const QString &disk)
 {
     static const QRegularExpression names(QStringLiteral("/(sr|fd|zram|ram)[0-9]+$"));
     return names.match(disk).hasMatch();
 }
 
-/// A stick, or a card in whichever reader. USB disks say that they are not removable; built-in
-/// readers never say that their cards are.
+/// A stick, or a card in any reader. USB disks report that they are not removable; built-in readers
+/// never report that their cards are.
 bool isRemovableMedium(const QString &disk)
 {
     static const QRegularExpression memoryStick(QStringLiteral("/(mspblk|msblk)[0-9]+$"));
@@ -41,8 +41,8 @@ bool isRemovableMedium(const QString &disk)
            memoryStick.match(disk).hasMatch();
 }
 
-/// Adds the disks that \a device lies on. False when one is out of reach, which \a depth bounds
-/// against broken trees, or on the network.
+/// Adds the disks that \a device is stored on. False when one cannot be determined or is on the
+/// network. \a depth limits the recursion, because a broken tree may be endless.
 bool addDisks(const QString &device, int depth, QStringList &disks)
 {
     if (device.isEmpty() || depth == 0)
@@ -60,7 +60,7 @@ bool addDisks(const QString &device, int depth, QStringList &disks)
     });
 }
 
-/// The device manager writes bytes that it does not trust in a name as "\x20".
+/// The device manager writes special characters of a name in the form "\x20".
 QString decodedLabel(const QString &name)
 {
     QByteArray label;

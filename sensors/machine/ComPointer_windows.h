@@ -2,7 +2,7 @@
 
 #include <memory>
 
-/// Releases what a COM call has handed over.
+/// Releases an object that a COM call has returned.
 struct ComRelease
 {
     template <typename Interface>

@@ -16,7 +16,7 @@ namespace {
 constexpr PROPERTYKEY friendlyName = {
     {0xa45c254e, 0xdf1c, 0x4efd, {0x80, 0x20, 0x67, 0xd1, 0x46, 0xa8, 0x50, 0xe0}}, 14};
 
-/// A property's value, cleared at its end.
+/// The value of a property, cleared by the destructor.
 class Property
 {
 public:
@@ -31,7 +31,7 @@ public:
     }
 
 private:
-    PROPVARIANT m_value = {}; // As PropVariantInit leaves it.
+    PROPVARIANT m_value = {}; // As PropVariantInit initialises it.
 };
 
 ComPointer<IMMDeviceCollection> activeDevices(IMMDeviceEnumerator &enumerator)

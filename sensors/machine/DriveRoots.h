@@ -3,6 +3,6 @@
 #include <QByteArray>
 #include <QStringList>
 
-/// The roots, such as "C:\", in \a list, where each ends with a zero. Those that do not lie wholly
-/// within its first 100 characters are not seen.
+/// The roots, such as "C:\", in \a list, where each ends with a zero. Roots that are not completely
+/// within its first 100 characters are ignored.
 QStringList driveRoots(const QByteArray &list);

@@ -12,7 +12,7 @@ bool isOctal(char character)
     return character >= '0' && character <= '7';
 }
 
-/// Blanks, tabs, line feeds and backslashes stand as a backslash and three octal digits.
+/// Blanks, tabs, line feeds and backslashes are written as a backslash and three octal digits.
 QByteArray unescaped(const QByteArray &field)
 {
     QByteArray text;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 #include <QVector>
 
@@ -16,7 +17,12 @@ inline bool operator==(DeviceNumber a, DeviceNumber b)
     return a.major == b.major && a.minor == b.minor;
 }
 
-/// Nothing like "8:1" gives 0:0, which is no device.
+inline uint qHash(DeviceNumber device, uint seed)
+{
+    return qHash(qMakePair(device.major, device.minor), seed);
+}
+
+/// 0:0, which is no device, for a text that is not of the form "8:1".
 DeviceNumber parseDeviceNumber(const QByteArray &text);
 
 /// One line of /proc/PID/mountinfo (proc(5)).
@@ -25,11 +31,11 @@ struct Mount
     unsigned id = 0;
     unsigned parent = 0; ///< The mount in which the mount point lies.
     DeviceNumber device;
-    QByteArray root; ///< The folder of the file system that is mounted; "/" unless it is a part.
+    QByteArray root; ///< The folder of the file system that is mounted; "/" for the whole.
     QString mountPoint;
     QByteArray fileSystem;
     QByteArray source;
 };
 
-/// The lines of \a text in order; what is no such line is left out.
+/// The mounts in \a text, in order; malformed lines are left out.
 QVector<Mount> parseMountInfo(const QByteArray &text);

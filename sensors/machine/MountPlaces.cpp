@@ -5,8 +5,8 @@
 
 namespace {
 
-/// What is mounted in these belongs to a container, a pod or a snap. A disk mounted at one of them
-/// is a drive.
+/// What is mounted below these belongs to a container, a pod or a snap. A disk mounted at one of
+/// these folders itself is a drive.
 const std::array<const char *, 15> inhabited{
     "/var/lib/docker",  "/run/docker",      "/var/lib/containers",
     "/run/containers",  "/run/containerd",  "/var/lib/containerd",
@@ -14,12 +14,11 @@ const std::array<const char *, 15> inhabited{
     "/var/lib/lxd",     "/var/lib/incus",   "/var/lib/machines",
     "/var/lib/snapd",   "/var/snap",        "/snap"};
 
-/// The same of users and of distributions that put them elsewhere.
+/// The same for folders in home directories and those of distributions with other paths.
 const std::array<const char *, 3> inhabitedAnywhere{"/kubelet/pods/", "/kubelet/plugins/",
                                                     "/containers/storage/"};
 
-} // namespace
-
+/// Whether \a mountPoint is below \a folder; a folder is not below itself.
 bool liesIn(const QString &folder, const QString &mountPoint)
 {
     if (folder == QLatin1String("/"))
@@ -27,6 +26,8 @@ bool liesIn(const QString &folder, const QString &mountPoint)
     return mountPoint.startsWith(folder) &&
            mountPoint.midRef(folder.size()).startsWith(QLatin1Char('/'));
 }
+
+} // namespace
 
 bool isPlaceOfADrive(const QString &mountPoint)
 {

@@ -2,41 +2,30 @@
 
 #include "sensors/machine/MountPlaces.h"
 
+#include <QPair>
+#include <QSet>
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <memory>
 
-#include <fcntl.h>
+#include <dirent.h>
 #include <linux/fs.h>
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/statvfs.h>
-#include <unistd.h>
 
 namespace {
 
-class Descriptor
+struct FolderCloser
 {
-public:
-    explicit Descriptor(const QString &folder)
-        : m_descriptor(::open(QFile::encodeName(folder).constData(),
-                              O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK))
-    {
-    }
-    ~Descriptor()
-    {
-        if (m_descriptor >= 0)
-            ::close(m_descriptor);
-    }
-    Q_DISABLE_COPY(Descriptor)
-
-    int get() const { return m_descriptor; }
-
-private:
-    int m_descriptor;
+    void operator()(DIR *folder) const { ::closedir(folder); }
 };
 
-/// Images of programs and media: always full, never written to.
+using OpenFolder = std::unique_ptr<DIR, FolderCloser>;
+
+/// Images of programs and media, which are always full and cannot be written to.
 bool isReadOnlyImage(const QByteArray &fileSystem)
 {
     static const std::array<const char *, 6> images{"squashfs", "erofs",  "iso9660",
@@ -47,7 +36,7 @@ bool isReadOnlyImage(const QByteArray &fileSystem)
 
 bool isPartOfAFileSystem(const Mount &mount)
 {
-    // A system may itself run from a part, and subvolumes are the way of btrfs.
+    // A system may itself run from such a part, and mounting subvolumes is usual with btrfs.
     return mount.root != "/" && mount.mountPoint != QLatin1String("/") &&
            mount.fileSystem != "btrfs";
 }
@@ -63,16 +52,33 @@ bool isDataSet(const Mount &mount)
     return mount.fileSystem == "zfs" && !isSnapshot && !poolOf(mount).isEmpty();
 }
 
-/// Whether something was mounted later over \a mount or over a folder that leads to it, so that
-/// its path leads elsewhere, perhaps to a network that does not answer.
-bool isCovered(const Mount &mount, const QVector<Mount> &mounts)
+/// The places where something is mounted, each with the mount that it lies in.
+using Places = QSet<QPair<unsigned, QString>>;
+
+Places placesOf(const QVector<Mount> &mounts)
 {
-    return std::any_of(mounts.begin(), mounts.end(), [&mount](const Mount &other) {
-        if (other.id == mount.id)
-            return false;
-        return (other.parent == mount.id && other.mountPoint == mount.mountPoint) ||
-               (other.parent == mount.parent && liesIn(other.mountPoint, mount.mountPoint));
-    });
+    Places places;
+    for (const Mount &mount : mounts) {
+        if (mount.parent != mount.id)
+            places.insert({mount.parent, mount.mountPoint});
+    }
+    return places;
+}
+
+/// Whether something was mounted later over \a mount or over a folder above it, so that its path
+/// leads elsewhere, perhaps to a network that does not answer.
+bool isCovered(const Mount &mount, const Places &places)
+{
+    if (places.contains({mount.id, mount.mountPoint}))
+        return true;
+    int end = mount.mountPoint.size();
+    while (end > 1) {
+        end = std::max(mount.mountPoint.lastIndexOf(QLatin1Char('/'), end - 1), 0);
+        const QString folder = mount.mountPoint.left(std::max(end, 1));
+        if (places.contains({mount.parent, folder}))
+            return true;
+    }
+    return false;
 }
 
 std::optional<DriveSpace> spaceAt(const QString &folder)
@@ -85,17 +91,6 @@ std::optional<DriveSpace> spaceAt(const QString &folder)
 }
 
 } // namespace
-
-DriveSpace poolSpace(const QVector<DriveSpace> &dataSets)
-{
-    DriveSpace pool;
-    for (const DriveSpace &dataSet : dataSets) {
-        pool.freeBytes = std::max(pool.freeBytes, dataSet.freeBytes);
-        pool.totalBytes += dataSet.totalBytes - std::min(dataSet.freeBytes, dataSet.totalBytes);
-    }
-    pool.totalBytes += pool.freeBytes;
-    return pool;
-}
 
 MountedDrives::MountedDrives(const QString &procRoot, const QString &sysRoot,
                              const QString &devRoot)
@@ -129,14 +124,15 @@ void MountedDrives::readDrives()
     const QVector<Mount> mounts = parseMountInfo(m_mountInfo.readAll());
     const QStringList systemDisks = disksOfTheSystem(mounts);
     m_drives.clear();
-    QVector<DeviceNumber> seen;
+    const Places places = placesOf(mounts);
+    QSet<DeviceNumber> seen;
     for (const Mount &mount : mounts) {
         if (isReadOnlyImage(mount.fileSystem) || isPartOfAFileSystem(mount) ||
             seen.contains(mount.device))
             continue;
         if (isDataSet(mount)) {
-            if (!isCovered(mount, mounts)) {
-                seen.append(mount.device);
+            if (!isCovered(mount, places)) {
+                seen.insert(mount.device);
                 addDataSet(mount);
             }
             continue;
@@ -147,17 +143,18 @@ void MountedDrives::readDrives()
         const bool isFixed = std::all_of(devices.begin(), devices.end(), [&](DeviceNumber device) {
             return m_devices.isFixed(device, systemDisks);
         });
-        if (devices.isEmpty() || !isFixed || isCovered(mount, mounts))
+        if (devices.isEmpty() || !isFixed || isCovered(mount, places))
             continue;
-        seen.append(mount.device);
+        seen.insert(mount.device);
         m_drives.append({mount.mountPoint, m_devices.label(devices.first()), {}, {}});
     }
-    // A pool that is mounted only where no drive is.
+    // A pool without a mount that counts as a drive.
     const auto noDrive = [](const Drive &drive) { return drive.root.isEmpty(); };
     m_drives.erase(std::remove_if(m_drives.begin(), m_drives.end(), noDrive), m_drives.end());
+    readPools();
 }
 
-/// Nothing but the pool's own tools tells the disks of a pool: they count as fixed.
+/// Only the tools of ZFS can list the disks of a pool, so they count as fixed.
 void MountedDrives::addDataSet(const Mount &mount)
 {
     const QByteArray name = poolOf(mount);
@@ -170,7 +167,20 @@ void MountedDrives::addDataSet(const Mount &mount)
     pool->dataSets.append(mount.mountPoint);
 }
 
-/// None where the file system is not on disks of this machine.
+void MountedDrives::readPools()
+{
+    QHash<QByteArray, PoolSpace> pools;
+    for (const Drive &drive : qAsConst(m_drives)) {
+        if (drive.pool.isEmpty())
+            continue;
+        PoolSpace pool = m_pools.value(drive.pool);
+        pool.setDataSets(drive.dataSets);
+        pools.insert(drive.pool, pool);
+    }
+    m_pools.swap(pools);
+}
+
+/// None if the file system is not on disks of this machine.
 QVector<DeviceNumber> MountedDrives::devicesOf(const Mount &mount) const
 {
     if (mount.fileSystem == "bcachefs") {
@@ -180,7 +190,7 @@ QVector<DeviceNumber> MountedDrives::devicesOf(const Mount &mount) const
         if (!devices.contains(DeviceNumber{}))
             return devices;
     }
-    // Networks, memory and overlays have major number 0, and so has btrfs, which may span disks.
+    // File systems on networks, in memory and overlays have major number 0, but so does btrfs.
     if (mount.device.major != 0)
         return {mount.device};
     if (mount.fileSystem != "btrfs")
@@ -206,12 +216,12 @@ std::optional<QString> MountedDrives::volumeName(const QString &root)
                                     [&root](const Drive &each) { return each.root == root; });
     if (drive == m_drives.end())
         return std::nullopt;
-    const Descriptor folder(root);
-    if (folder.get() < 0 && errno != EACCES)
+    const OpenFolder folder(::opendir(QFile::encodeName(root).constData()));
+    if (!folder && errno != EACCES)
         return std::nullopt;
     std::array<char, FSLABEL_MAX> label{};
-    if (drive->pool.isEmpty() && folder.get() >= 0 &&
-        ::ioctl(folder.get(), FS_IOC_GETFSLABEL, label.data()) == 0)
+    if (drive->pool.isEmpty() && folder &&
+        ::ioctl(::dirfd(folder.get()), FS_IOC_GETFSLABEL, label.data()) == 0)
         return QString::fromUtf8(label.data(),
                                  static_cast<int>(qstrnlen(label.data(), FSLABEL_MAX)));
     return drive->recordedLabel;
@@ -221,12 +231,7 @@ std::optional<DriveSpace> MountedDrives::space(const QString &root)
 {
     const auto drive = std::find_if(m_drives.begin(), m_drives.end(),
                                     [&root](const Drive &each) { return each.root == root; });
-    if (drive == m_drives.end() || drive->dataSets.isEmpty())
+    if (drive == m_drives.end() || drive->pool.isEmpty())
         return spaceAt(root);
-    QVector<DriveSpace> dataSets;
-    for (const QString &dataSet : qAsConst(drive->dataSets)) {
-        if (const std::optional<DriveSpace> space = spaceAt(dataSet))
-            dataSets.append(*space);
-    }
-    return dataSets.isEmpty() ? std::nullopt : std::make_optional(poolSpace(dataSets));
+    return m_pools[drive->pool].refresh(spaceAt);
 }

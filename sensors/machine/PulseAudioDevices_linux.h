@@ -6,10 +6,10 @@
 
 class PulseAudioLink;
 
-/// The sinks of the user's PulseAudio or PipeWire server that can be heard, the default one first.
-/// The first query for anything starts a thread of the sound library's, which keeps one connection
-/// for as long as this object lives and comes back by itself after the server has gone. Queries
-/// read what the server said last and wait for nothing.
+/// The active sinks of the user's PulseAudio or PipeWire server, the default one first. The first
+/// query starts a thread of the sound library, which keeps one connection for the lifetime of this
+/// object and reconnects after the server has gone. Queries return the last report of the server
+/// without waiting.
 class PulseAudioDevices : public AudioSource
 {
 public:

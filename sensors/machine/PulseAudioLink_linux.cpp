@@ -15,7 +15,7 @@ PlaybackDevice deviceOf(const pa_sink_info &sink)
     device.id = sink.name;
     device.name = QString::fromUtf8(sink.description);
     if (pa_cvolume_valid(&sink.volume) != 0) {
-        // Amplification beyond the norm is still the full volume.
+        // Amplification above 100 % counts as full volume.
         const pa_volume_t volume =
             std::min<pa_volume_t>(pa_cvolume_max(&sink.volume), PA_VOLUME_NORM);
         device.volume = 100.0F * static_cast<float>(volume) / static_cast<float>(PA_VOLUME_NORM);
@@ -162,7 +162,7 @@ void PulseAudioLink::requestSinks(const char *defaultSink)
         this));
 }
 
-/// \a endOfList is 0 for each sink, then positive; negative when the list could not be had.
+/// \a endOfList is 0 for each sink, then positive; negative when the request failed.
 void PulseAudioLink::onSink(const pa_sink_info *sink, int endOfList)
 {
     if (endOfList == 0) {

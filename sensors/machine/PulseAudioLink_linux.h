@@ -9,8 +9,8 @@ struct pa_sink_info;
 struct pa_threaded_mainloop;
 struct pa_time_event;
 
-/// One connection to the user's sound server, made anew with growing pauses (0.5 to 8 s) whenever
-/// it is lost. All that talks to the server runs on the sound library's own thread.
+/// One connection to the user's sound server, made again after growing pauses (0.5 to 8 s) whenever
+/// it is lost. All communication with the server runs on the sound library's own thread.
 class PulseAudioLink
 {
 public:
@@ -34,13 +34,13 @@ private:
     pa_context *m_context = nullptr;
     pa_time_event *m_retry = nullptr;
     quint64 m_pause;                  ///< Before the next attempt, in microseconds.
-    bool m_isListing = false;         ///< A list of devices is on its way.
-    bool m_isStale = false;           ///< Something has changed since it was asked for.
-    QByteArray m_defaultSink;         ///< Of the list on its way.
-    QVector<PlaybackDevice> m_listed; ///< What has come of it.
+    bool m_isListing = false;         ///< A list of devices has been requested.
+    bool m_isStale = false;           ///< Something has changed since the request.
+    QByteArray m_defaultSink;         ///< Of the requested list.
+    QVector<PlaybackDevice> m_listed; ///< The part of the list received so far.
 
-    /// Guards m_state, the only member that the caller's thread reads. Of a kind that the thread
-    /// sanitizer sees.
+    /// Guards m_state, the only member that the caller's thread reads. The thread sanitizer knows
+    /// this kind of mutex.
     mutable std::mutex m_stateLock;
     PlaybackState m_state;
 };

@@ -2,8 +2,8 @@
 
 #include <QStringList>
 
-/// The active playback devices of a machine. Queries on Linux read what the sound server said last
-/// and do not wait; on Windows each one asks the audio service and waits for its answer.
+/// The active playback devices of a machine. Queries on Linux return the last report of the sound
+/// server without waiting; on Windows each one asks the audio service and waits for its answer.
 class AudioSource
 {
 public:

@@ -10,7 +10,7 @@
 namespace {
 
 /// COM, initialised for the thread. It is uninitialised only if it was initialised here: a thread
-/// that somebody has set up in another way serves as well.
+/// for which COM was already initialised differently can be used as well.
 class ComSession
 {
 public:

@@ -7,12 +7,12 @@
 
 struct DriveSpace
 {
-    quint64 freeBytes = 0; ///< Free to the caller; less than what is free where space is reserved.
+    quint64 freeBytes = 0; ///< Free to this user; less than all free space if some is reserved.
     quint64 totalBytes = 0;
 };
 
-/// The fixed drives of a machine. The system answers queries from memory as a rule; where a drive
-/// hangs, or has to spin up first, they take as long as the drive does.
+/// The fixed drives of a machine. The system usually answers queries from memory; if a drive hangs
+/// or has to spin up, a query takes as long as the drive does.
 class DriveSource
 {
 public:

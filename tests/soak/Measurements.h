@@ -4,7 +4,7 @@
 #include <QString>
 #include <QVector>
 
-/// What the plugin takes, over time.
+/// The resources that the plugin uses, over time.
 class Measurements
 {
 public:

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// A plugin in fast motion, the host that it serves, and what befalls both.
+/// A plugin in fast motion, its host, and the events that both have to survive.
 class Soak
 {
 public:
@@ -24,7 +24,7 @@ public:
     {
     }
 
-    /// The exit status: 0 when the plugin takes at the end what it took after the warm-up.
+    /// The exit status: 0 when the plugin uses at the end no more than after the warm-up.
     int run(const QString &plotFile);
 
 private:

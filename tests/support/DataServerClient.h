@@ -17,7 +17,7 @@ public:
     /// Opens the connection without waiting for it.
     void openSoon(const QHostAddress &address = QHostAddress(QHostAddress::LocalHost));
 
-    /// True when the server has taken the connection.
+    /// True when the server has accepted the connection.
     bool open(const QHostAddress &address = QHostAddress(QHostAddress::LocalHost));
 
     /// The next reply after the request; a null text when none comes.

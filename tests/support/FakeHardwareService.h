@@ -22,7 +22,7 @@ public:
 
     int port() const { return m_server.serverPort(); }
 
-    /// What SystemDrive has to say for a program to find it.
+    /// The value of SystemDrive with which programs find it.
     QString drive() const { return m_drive.path(); }
 
     /// What it sends, frame by frame, on the next requests.
@@ -31,7 +31,7 @@ public:
     /// Hangs up instead of answering.
     bool diesOnRequest = false;
 
-    /// The frames that came in, greetings included.
+    /// The received frames, including the greetings.
     QStringList received;
     int connections = 0;
 

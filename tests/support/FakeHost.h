@@ -10,7 +10,7 @@
 
 class QWebSocket;
 
-/// The deck host's end of the link: takes one plugin on an ephemeral loopback port and keeps all
+/// The deck host's end of the link: accepts one plugin on an ephemeral loopback port and keeps all
 /// that it sends.
 class FakeHost : public QObject
 {
@@ -29,7 +29,7 @@ public:
     /// False also when fewer than \a count have come in time.
     bool waitForMessages(const QString &event, const QString &context, int count) const;
 
-    /// Waits until the key has been sent its next picture and title.
+    /// Waits for the next picture and title of the key.
     bool waitForUpdate(const QString &context) const;
 
     int connections() const { return m_connections; }
@@ -74,7 +74,7 @@ public:
     /// Ends the link with a closing handshake.
     void closeLink();
 
-    /// Ends the link without a word.
+    /// Ends the link without a closing handshake.
     void abortLink();
 
 private:

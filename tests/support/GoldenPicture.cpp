@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Of 255, in each of the four channels.
+/// The largest difference, of 255, in each of the four channels.
 constexpr int channelTolerance = 32;
 constexpr int pixelsPerDifferentOne = 200;
 
@@ -30,7 +30,7 @@ int differentPixels(const QImage &a, const QImage &b)
     return count;
 }
 
-/// Pixels that are all but transparent look alike, whatever their colour.
+/// Makes almost transparent pixels similar, because they look alike whatever their colour.
 QImage comparable(const QImage &image)
 {
     return image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);

@@ -15,7 +15,7 @@ struct InMemoryLibrary
     static inline QJsonObject gpuInfo;
     static inline QJsonObject networkInfo;
     static inline QJsonObject smartInfo;
-    /// Each replaces smartInfo when that has been asked for once more.
+    /// After each query of smartInfo the first of these replaces it.
     static inline QList<QJsonObject> laterSmartInfos;
     static inline QJsonObject presentMon;
     static inline QJsonObject allSensors;

@@ -4,7 +4,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-/// The object that a text literal spells.
+/// The object in a JSON text.
 inline QJsonObject json(const QByteArray &text)
 {
     return QJsonDocument::fromJson(text).object();

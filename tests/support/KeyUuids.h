@@ -41,7 +41,7 @@ inline const QString physicalDisk = QStringLiteral("com.quellor.stream.system.Ph
 inline const QString pumpSpeed = QStringLiteral("com.quellor.stream.PumpSpeed");
 inline const QString cpuFan = QStringLiteral("com.quellor.stream.CPUFan");
 
-/// What every one of them begins with.
+/// The common prefix of all of them.
 inline const QString prefix = QStringLiteral("com.quellor.stream.");
 
 } // namespace keyuuid

@@ -21,7 +21,7 @@ bool MountFolder::run(const QString &command) const
 
 bool MountFolder::mountExt4(const QString &name, const QString &label, const QString &size) const
 {
-    // A tenth of the space is kept for the administrator.
+    // A tenth of the space is reserved for the administrator.
     return run(QStringLiteral("truncate -s %3 %1.img && mkfs.ext4 -q -m 10 -L '%2' %1.img && "
                               "mkdir %1 && mount -o loop %1.img %1")
                    .arg(name, label, size));

@@ -1,7 +1,7 @@
 #include "tests/support/PeakMemory.h"
 
 #include <windows.h>
-// Behind windows.h, which it needs.
+// After windows.h, which it needs.
 #include <psapi.h>
 
 qint64 peakMemory()

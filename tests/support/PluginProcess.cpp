@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What the tester's session says to programs must not reach the plugin.
+/// Without variables of the tester's session that would change the plugin's behaviour.
 QProcessEnvironment bareEnvironment()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -22,7 +22,7 @@ QProcessEnvironment bareEnvironment()
             environment.remove(name);
     }
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    // Where the framework would otherwise prefer the journal.
+    // Otherwise Qt may log to the journal.
     environment.insert(QStringLiteral("QT_FORCE_STDERR_LOGGING"), QStringLiteral("1"));
     return environment;
 }

@@ -54,13 +54,13 @@ public:
     /// The messages of log.txt without stamp and source; empty when any line is not of its form.
     QStringList fileLog() const;
 
-    /// Where it works; log.txt lies here.
+    /// Its working folder, which contains log.txt.
     QString workingFolder() const;
 
     void freeze();
     void thaw();
 
-    /// Lets it have at most this many open files from now on.
+    /// Limits the number of its open files from now on.
     void limitDescriptors(int most);
 
     int openDescriptors() const;

@@ -10,14 +10,14 @@ class RawPanel
 public:
     explicit RawPanel(quint16 port, const QByteArray &handshake = wellFormedHandshake)
     {
-        // What is not read here is to stay with the server.
+        // So that what is not read here stays with the server.
         m_socket.setReadBufferSize(4096);
         m_socket.connectToHost(QHostAddress(QHostAddress::LocalHost), port);
         m_socket.write(handshake);
     }
 
     bool isConnected() const { return m_socket.state() == QAbstractSocket::ConnectedState; }
-    /// What the system has not taken yet.
+    /// Bytes that the system has not accepted yet.
     qint64 unsent() const { return m_socket.bytesToWrite(); }
 
     bool isGone() const { return m_socket.state() == QAbstractSocket::UnconnectedState; }
@@ -25,7 +25,7 @@ public:
     /// Whether the server has answered the handshake.
     bool isServed() { return m_socket.peek(4096).contains("101 Switching Protocols"); }
 
-    /// Whether something of an answer has come behind the handshake.
+    /// Whether a part of an answer has arrived after the handshake.
     bool hasBegunToReceive()
     {
         const QByteArray received = m_socket.peek(4096);

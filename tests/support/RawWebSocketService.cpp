@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The key of a request for a connection, as the answer has to give it back.
+/// The value of Sec-WebSocket-Accept in the answer to \a request.
 QByteArray acceptOf(const QByteArray &request)
 {
     const QByteArray name = QByteArrayLiteral("sec-websocket-key:");

@@ -19,7 +19,7 @@ constexpr char ping = '\x89';
 constexpr char unfinishedText = '\x01';
 constexpr char continuation = '\x00';
 
-/// What may wait in this process.
+/// Bytes that may wait in this process.
 constexpr qint64 mostUnsent = 256LL * 1024;
 
 QByteArray maskedFrame(char first, const QByteArray &payload)

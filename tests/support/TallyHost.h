@@ -8,7 +8,7 @@
 
 class QWebSocket;
 
-/// A deck host that keeps nothing of what it is sent but its number.
+/// A deck host that only counts what it receives.
 class TallyHost : public QObject
 {
     Q_OBJECT

@@ -128,7 +128,7 @@ void tst_DataServer::countsItsClients()
         QStringLiteral("Connection disconnected. Remaining connections: 1");
     const PluginProcess &process = m_plugin->process;
     const auto printed = [&process](const QString &line) { return process.lines().count(line); };
-    // Clients of earlier tests may just be going.
+    // Clients of earlier tests may still be disconnecting.
     QTRY_PATIENTLY(printed(QStringLiteral("New connection established. Total connections: 2")) ==
                    printed(remainingOne));
 
@@ -189,7 +189,7 @@ void tst_DataServer::outlivesRudeClients()
 
     QTRY_PATIENTLY(noWebSocket.state() == QAbstractSocket::UnconnectedState);
     QTRY_PATIENTLY(silent.state() == QAbstractSocket::UnconnectedState);
-    // Three seconds; by itself the framework would wait for ten.
+    // Three seconds; Qt by itself would wait for ten.
     QVERIFY2(sinceSilence.elapsed() < 8000, qPrintable(QString::number(sinceSilence.elapsed())));
     QVERIFY(m_plugin->process.isRunning());
 }

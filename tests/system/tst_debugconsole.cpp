@@ -73,7 +73,7 @@ void tst_DebugConsole::opensOnTheHotKey()
         process.hasLoggedInOrder({QStringLiteral("outPutName: output.txt"), pressed, opening}));
     QTRY_PATIENTLY(consoleHas(updated));
 
-    // Standard error has moved as a whole.
+    // All of standard error goes there.
     const QStringList lines = process.lines();
     QCOMPARE(lines.mid(lines.indexOf(PluginProcess::quoted(opening)) + 1), QStringList());
     QVERIFY(console().startsWith(PluginProcess::quoted(openMark).toUtf8() + '\n' +
@@ -120,7 +120,7 @@ void tst_DebugConsole::outlivesItsClosing()
 void tst_DebugConsole::opensOnAPressDuringTheStart()
 {
     m_plugin.reset();
-    // It keeps the start waiting for an answer.
+    // It makes the start wait for an answer.
     QTcpServer silent;
     QVERIFY(silent.listen(QHostAddress::Any, DataServerClient::port));
     m_plugin = std::make_unique<RunningPlugin>();
@@ -146,7 +146,7 @@ void tst_DebugConsole::opensWithoutStandardStreams()
     QVERIFY(host.waitForRegistration());
     host.appear(keyuuid::cpu, key);
     QVERIFY(host.waitForUpdate(key));
-    // Nothing that was printed has passed for the hot key.
+    // Nothing that was printed was mistaken for the hot key.
     QVERIFY(console().isNull());
 
     process.pressConsoleHotKey();

@@ -13,7 +13,7 @@
 
 #include <memory>
 
-/// Disk keys over real drives that come, fill up and go.
+/// Disk keys with real drives that are mounted, fill up and are unmounted.
 class tst_Drives : public QObject
 {
     Q_OBJECT
@@ -55,7 +55,7 @@ namespace {
 const QString uuid = keyuuid::physicalDisk;
 const QString key = QStringLiteral("disk");
 
-/// What a drive key shows of a drive.
+/// The text that a drive key shows for a drive.
 QString spaceOf(const QString &root)
 {
     const QStorageInfo drive(root);
@@ -119,7 +119,7 @@ int tst_Drives::indexOf(const QString &drive)
         .indexOf(drive);
 }
 
-/// What the data server says of a drive; empty when it does not know it.
+/// The data server's reply on a drive; empty when it does not know it.
 QJsonObject tst_Drives::drive(const QString &root)
 {
     const QJsonArray drives = json(m_panel->ask(QStringLiteral("drives")).toUtf8())

@@ -16,7 +16,7 @@
 #include <memory>
 #include <vector>
 
-/// What the machine around the plugin can do to it while it runs.
+/// Faults of the machine while the plugin runs.
 class tst_Faults : public QObject
 {
     Q_OBJECT
@@ -73,7 +73,7 @@ public:
 
     bool hasRegistered() { return lines().value(1) == QLatin1String("registered"); }
 
-    /// The number of pictures that it has been sent.
+    /// The number of pictures that it has received.
     int pictures() { return lines().constLast().toInt(); }
 
     void stop() { ::kill(pid_t(processId()), SIGSTOP); }
@@ -127,17 +127,17 @@ void tst_Faults::outlivesAHostThatIsStopped()
     const QByteArray line("The host does not read: pictures are dropped until it does");
     const auto log = [&plugin] { return plugin.content(QStringLiteral("log.txt")); };
     QTRY_PATIENTLY(log().contains(line));
-    // Some passes more.
+    // A few more passes.
     const int passes = plugin.timesLogged(passEnd);
     QTRY_PATIENTLY(plugin.timesLogged(passEnd) >= passes + 5);
     const qint64 meanwhile = plugin.residentMemory();
-    // The sanitizers keep what is freed for a while.
+    // The sanitizers keep freed memory for a while.
     constexpr int most = isSanitized ? 12 : 3;
     QVERIFY2(meanwhile < before + most * backlog, qPrintable(QString::number(meanwhile - before)));
 
     host.goOn();
     const int read = host.pictures();
-    // More than can have waited.
+    // More than can have been waiting.
     QTRY_PATIENTLY(host.pictures() >= read + 10 * keys);
     QCOMPARE(log().count(line), 1);
 }
@@ -205,7 +205,7 @@ void tst_Faults::outlivesAFullDisk()
     };
     QVERIFY2(!written().contains("Connect-serverPort: "), "the disk was not full");
 
-    // Space again: the next line is whole.
+    // There is space again: the next line is complete.
     QVERIFY(folder.run(QStringLiteral("rm full/file")));
     plugin.host.closeLink();
     QVERIFY(plugin.process.endsWithStatus(0));
@@ -301,7 +301,7 @@ void tst_Faults::goesOnAfterAPause()
     QVERIFY(plugin.start());
     plugin.host.appear(cpu, key);
     QVERIFY(updates(plugin.host));
-    // As the machine's sleep does, a stop halts the process and not the clock.
+    // Like sleep of the machine, a stop halts the process but not the clock.
     plugin.process.freeze();
     const int before = plugin.host.titles(key).size();
     QVERIFY(!QTest::qWaitFor([&] { return plugin.host.titles(key).size() > before + 1; }, 4000));
@@ -310,7 +310,7 @@ void tst_Faults::goesOnAfterAPause()
     QElapsedTimer timer;
     timer.start();
     QVERIFY(plugin.host.waitForMessages(QStringLiteral("setTitle"), key, before + 4));
-    // What was missed is not made up for.
+    // Missed passes are not repeated.
     QVERIFY2(timer.elapsed() > 900, qPrintable(QString::number(timer.elapsed())));
 }
 
@@ -322,7 +322,7 @@ void tst_Faults::showsAFontWhoseFileIsGone()
     const QString other = testfonts::find(QStringLiteral("Roboto-Bold.ttf"));
     if (other.isEmpty())
         QSKIP("this machine has no Roboto fonts");
-    // Of the machine's fonts only another family can stand in for it.
+    // Only another family of the machine's fonts can replace it.
     QTemporaryDir folder;
     QFile fontConfig(folder.filePath(QStringLiteral("fonts.conf")));
     QVERIFY(fontConfig.open(QIODevice::WriteOnly));

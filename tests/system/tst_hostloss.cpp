@@ -27,7 +27,7 @@ namespace {
 
 const QString updated = QStringLiteral("-------------------updateImages over---------------------");
 
-/// The last two lines of a lost link.
+/// The last two lines of the log after a lost link.
 bool tellsOfTheLoss(const QStringList &fileLog)
 {
     static const QRegularExpression disconnected(

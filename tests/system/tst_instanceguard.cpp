@@ -35,7 +35,7 @@ const QString notServing = QStringLiteral("WebSocket server failed to start!");
 const QString cpu = keyuuid::cpu;
 const QString key = QStringLiteral("key");
 
-/// A program that runs on under the name of its file.
+/// A program that keeps running, under the name of its file.
 class NamedProcess : public QProcess
 {
 public:
@@ -73,7 +73,7 @@ void tst_InstanceGuard::leavesAServingInstanceAlone()
     QVERIFY(!second.process.hasPrinted(ended));
     QTRY_PATIENTLY(second.process.hasPrinted(notServing));
 
-    // Both serve their hosts, the first alone serves the port.
+    // Both serve their hosts; only the first serves the port.
     for (RunningPlugin *const plugin : {&first, &second}) {
         plugin->host.appear(cpu, key);
         QVERIFY(plugin->host.waitForUpdate(key));
@@ -141,7 +141,7 @@ void tst_InstanceGuard::takesASilentListenerForAHungInstance()
     timer.start();
     QVERIFY(plugin.start());
     const qint64 taken = timer.elapsed();
-    // Before all else, for the probe, in the plugin's start.
+    // Of the start of the process, of the probe, and of the plugin's start.
     constexpr qint64 waits = 100 + 1500 + 1000;
     constexpr qint64 longest = 10000;
     QVERIFY2(taken >= waits && taken < longest, qPrintable(QString::number(taken)));

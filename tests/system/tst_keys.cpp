@@ -218,7 +218,7 @@ void tst_Keys::showsThisMachinesMemory()
     const int installed = memoryReport("MemTotal");
     QVERIFY(installed > 0);
     QVERIFY2(std::abs(total - installed) <= 2, qPrintable(QString::number(total)));
-    // The machine goes on between one look and the next.
+    // The values of the machine change between the two readings.
     const double drift = 0.1 * installed;
     QVERIFY2(used > 0 && std::abs(used + free - installed) <= drift,
              qPrintable(QString::number(used)));
@@ -253,7 +253,7 @@ void tst_Keys::answersAnAppearingKeyWithItsSettings()
     expected.insert(QStringLiteral("ActionGeometry"), json(R"({"width": 0, "height": 0})"));
     QCOMPARE(m_host->settings(context).constFirst(), expected);
 
-    // The same key again: its last picture is known by now.
+    // The same key again, whose last picture is known by now.
     QVERIFY(!nextTitle(context).isEmpty());
     m_host->appear(cpu, context, settings);
     QVERIFY(m_host->waitForMessages(setSettings, context, 2));

@@ -14,7 +14,7 @@
 #include <thread>
 #include <vector>
 
-/// What the plugin tells of the machine that it runs on, beside what the kernel says.
+/// The readings of the machine that the plugin runs on, compared with those of the kernel.
 class tst_LiveReadings : public QObject
 {
     Q_OBJECT
@@ -61,7 +61,7 @@ CpuTime cpuTime()
         return time;
     const QStringList fields =
         QString::fromLatin1(file.readLine()).simplified().split(QLatin1Char(' '));
-    // Of guests it is counted among the others already.
+    // The time of guests is already included in the others.
     for (int field = 1; field <= 8; ++field)
         time.total += fields.value(field).toDouble();
     time.idle = fields.value(4).toDouble() + fields.value(5).toDouble();
@@ -94,7 +94,7 @@ private:
     std::vector<std::thread> m_threads;
 };
 
-/// In place and at once, for the plugin reads it at any time.
+/// Overwrites the file in place with one call, because the plugin may read it at any time.
 bool writeCounter(const QString &path, qint64 value)
 {
     QFile file(path);
@@ -104,7 +104,7 @@ bool writeCounter(const QString &path, qint64 value)
 
 } // namespace
 
-/// Puts one adapter, whose traffic is even, in the place of the machine's.
+/// Replaces the machine's adapters by one with constant traffic.
 void tst_LiveReadings::initTestCase()
 {
     m_folder = std::make_unique<MountFolder>();
@@ -140,7 +140,7 @@ void tst_LiveReadings::cleanupTestCase()
     QVERIFY(m_folder->run(QStringLiteral("umount /sys/class/net")));
 }
 
-/// Until the plugin has just taken new readings.
+/// Waits until the plugin has just taken new readings.
 bool tst_LiveReadings::waitForPass() const
 {
     const auto passes = [this] {

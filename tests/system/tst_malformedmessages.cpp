@@ -7,7 +7,7 @@
 
 #include <memory>
 
-/// One plugin with one key lives through all of it.
+/// One plugin with one key has to survive all of it.
 class tst_MalformedMessages : public QObject
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ private Q_SLOTS:
     void keyIsStillUpdated();
 
 private:
-    /// True when the plugin has handled all that was sent before and answers as ever.
+    /// True when the plugin has handled everything sent before and still answers.
     bool answers();
 
     std::unique_ptr<RunningPlugin> m_plugin;

@@ -49,7 +49,7 @@ struct KeyRow
 {
     const char *name;
     QString uuid;
-    const char *settings; ///< Beside no title.
+    const char *settings; ///< Besides an empty title.
     const char *title;
 };
 
@@ -293,7 +293,7 @@ void tst_RecordedReadings::namesAudioDevices()
 
 void tst_RecordedReadings::carriesADiskTemperatureOver()
 {
-    // In the order of their appearance: a known disk, then one that there is not.
+    // In the order of their appearance: a known disk, then one that does not exist.
     const QString uuid = keyuuid::diskTemperature;
     m_host->appear(uuid, QStringLiteral("known"),
                    untitled(R"({"SelectPhysicalDisk": "Disk A", "temperatureType": "华氏度"})"));

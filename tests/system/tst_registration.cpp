@@ -29,7 +29,7 @@ private Q_SLOTS:
 
 namespace {
 
-/// The framework's platforms that the process has loaded.
+/// Qt's platform plugins that the process has loaded.
 QStringList platformsOf(const PluginProcess &process)
 {
     static const QRegularExpression library(QStringLiteral("/platforms/libq(\\w+)\\.so"));

@@ -179,7 +179,7 @@ void tst_Simulator::run(const QStringList &arguments, const QString &display)
         environment.remove(QString::fromLatin1(name));
     if (!display.isEmpty()) {
         environment.insert(QStringLiteral("DISPLAY"), display);
-        // The X platform's libraries keep what they have until the process ends.
+        // The libraries of the X platform free nothing until the process ends.
         environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
     }
     environment.insert(QStringLiteral("SYSTEM_MONITOR_RECORDING"), recording());
@@ -265,7 +265,7 @@ void tst_Simulator::showsTheWindow()
     }
     QVERIFY2(dark > 10000, qPrintable(QString::number(dark)));
     QVERIFY2(white > 1000, qPrintable(QString::number(white)));
-    // The plugin ran and ended as it should: its folder holds its log, and the profile is kept.
+    // The plugin ran and ended as it should: its folder has its log, and the profile was saved.
     QVERIFY(QFile::exists(path("work/log.txt")));
     QVERIFY(QFile::exists(path("deck.json")));
     QVERIFY(!QFile::exists(path("deck.json.broken")));

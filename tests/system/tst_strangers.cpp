@@ -45,7 +45,7 @@ const QString title = QStringLiteral("setTitle");
 /// A sanitizer's own work is counted as the program's.
 constexpr double allowance = hasHeapOfItsOwn ? 3 : 1;
 
-/// Once what is allowed in a burst is spent.
+/// After the burst has been used up.
 constexpr int warmUp = 1500;
 constexpr int window = 3000;
 
@@ -79,7 +79,7 @@ void let(int milliseconds)
     loop.exec();
 }
 
-/// The processor time of a process, its keys' included.
+/// The processor time of a process, including that for its keys.
 class Meter
 {
 public:
@@ -149,7 +149,7 @@ void tst_Strangers::takeLittleTogether_data()
                                   << 20;
     QTest::newRow("connections") << Attack{QByteArray(), 200, 1, Attack::Manner::Connect} << true
                                  << 20;
-    // As many as there may be, with all the room that each has.
+    // As many as are allowed, each with as much as is allowed.
     QTest::newRow("long requests of many")
         << Attack{QByteArray(60 * 1024, 'x'), 2, 2} << false << 128;
 }
@@ -181,7 +181,7 @@ void tst_Strangers::takeLittleTogether()
     const qint64 logged = (process.bytesPrinted() - printedBefore) * 1000 / window;
     const int titles = host.titles(key).size() - titlesBefore;
 
-    // As an instance looks for this one, for a second and a half.
+    // Like a second instance that looks for this one, for a second and a half.
     QElapsedTimer probing;
     probing.start();
     DataServerClient probe;

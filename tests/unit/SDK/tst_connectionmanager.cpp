@@ -17,7 +17,7 @@
 
 namespace {
 
-/// Losing the host ends the process with status 0, which must not pass for a test that has passed.
+/// Losing the host ends the process with status 0, which must not look like a passed test.
 bool finished = false;
 
 void failUnlessFinished()
@@ -125,7 +125,7 @@ void tst_ConnectionManager::cleanupTestCase()
 
 void tst_ConnectionManager::connectToHost()
 {
-    // Taken at once: the registration follows on the heels of the connection.
+    // Accepted at once, because the registration follows immediately.
     connect(m_host.get(), &QWebSocketServer::newConnection, this, [this] {
         m_link = m_host->nextPendingConnection();
         connect(m_link, &QWebSocket::textMessageReceived, this,
@@ -259,14 +259,14 @@ void tst_ConnectionManager::dropsPicturesWhileTheHostDoesNotRead()
     connectToHost();
     const QString context = QStringLiteral("c");
     const QString megabyte(1024 * 1024, QLatin1Char('A'));
-    // The host runs on this thread: it reads nothing meanwhile.
+    // The host runs on this thread, so it reads nothing meanwhile.
     for (int picture = 0; picture < 200; ++picture)
         m_manager->SetImage(megabyte, context, 0, -1);
     m_manager->SetTitle(QStringLiteral("dropped"), context, 0, -1);
     m_manager->SetSettings({{QStringLiteral("kept"), 1}}, context);
 
     QTRY_VERIFY(m_received.constLast().contains(QStringLiteral("kept")));
-    // The registration and the settings, and pictures between them; the system takes some, too.
+    // The registration, the settings, and pictures between them; the system buffers some as well.
     const int pictures = m_received.size() - 2;
     QVERIFY2(pictures >= 32 && pictures <= 64, qPrintable(QString::number(pictures)));
     QVERIFY(m_received.filter(QStringLiteral("dropped")).isEmpty());
@@ -284,7 +284,7 @@ void tst_ConnectionManager::dropsSettingsWhileTheHostDoesNotRead()
     connectToHost();
     const QString context = QStringLiteral("c");
     const QJsonObject megabyte{{QStringLiteral("text"), QString(1024 * 1024, QLatin1Char('A'))}};
-    // The host runs on this thread: it reads nothing meanwhile.
+    // The host runs on this thread, so it reads nothing meanwhile.
     constexpr int sent = 200;
     for (int settings = 0; settings < sent; ++settings)
         m_manager->SetSettings(megabyte, context);
@@ -292,13 +292,13 @@ void tst_ConnectionManager::dropsSettingsWhileTheHostDoesNotRead()
 
     const auto content = [this] { return m_directory->content(QStringLiteral("log.txt")); };
     QCOMPARE(content().count("The host does not read: settings are dropped until it does\r\n"), 1);
-    // Again and again, for it shows by nothing else when the host has read on.
+    // Repeatedly, because nothing else shows when the host has read on.
     const auto resend = [&] {
         m_manager->SetSettings({{QStringLiteral("after"), 1}}, context);
         return m_received.constLast().contains(QStringLiteral("after"));
     };
     QTRY_VERIFY_WITH_TIMEOUT(resend(), 20000);
-    // The system takes some, too.
+    // The system buffers some as well.
     const int taken = m_received.filter(QStringLiteral("AAAA")).size();
     QVERIFY2(taken >= 64 && taken <= 128, qPrintable(QString::number(taken)));
     QVERIFY(m_received.filter(QStringLiteral("dropped")).isEmpty());

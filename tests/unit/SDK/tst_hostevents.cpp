@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Writes down every call with all its arguments.
+/// Records every call with all its arguments.
 class RecordingPlugin : public BasePlugin
 {
 public:

@@ -3,7 +3,7 @@
 #include <QJsonDocument>
 #include <QtTest>
 
-/// The texts of messages, against those of Qt's own JSON.
+/// The texts of messages, compared with those of Qt's own JSON.
 class tst_HostMessages : public QObject
 {
     Q_OBJECT

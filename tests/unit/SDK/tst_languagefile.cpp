@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QtTest>
 
-/// The file lies beside the program's directory: DIRECTORY + CODE + ".json".
+/// The file is beside the program's directory: DIRECTORY + CODE + ".json".
 class tst_LanguageFile : public QObject
 {
     Q_OBJECT

@@ -42,7 +42,7 @@ private:
     std::unique_ptr<TemporaryWorkingDirectory> m_directory;
 };
 
-/// This program is run in a language with digits of its own as well.
+/// This program is also run in a language with digits of its own.
 void tst_Logger::initTestCase()
 {
     if (qEnvironmentVariable("LC_ALL").startsWith(QLatin1String("fa_")))

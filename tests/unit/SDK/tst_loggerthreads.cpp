@@ -12,8 +12,8 @@
 #include <thread>
 #include <vector>
 
-/// The log file is a pipe here. The system writes a line into a regular file in one piece, whoever
-/// else writes; into a pipe it writes a long one in pieces, between which others get their turn.
+/// The log file is a pipe here. The system writes a line into a regular file in one piece, but a
+/// long line into a pipe in several pieces, between which other threads may write.
 class tst_LoggerThreads : public QObject
 {
     Q_OBJECT
@@ -26,9 +26,9 @@ namespace {
 
 constexpr int threads = 4;
 constexpr int linesPerThread = 5;
-constexpr int lineLength = 300000; // Several times what a pipe holds.
+constexpr int lineLength = 300000; // Several times the capacity of a pipe.
 
-/// All that comes through \a pipe until there is nothing for some seconds, or \a lines lines.
+/// What is read from \a pipe until nothing comes for some seconds, or \a lines lines.
 QByteArray readLines(int pipe, int lines)
 {
     constexpr int longestSilence = 5000;
@@ -52,7 +52,7 @@ void tst_LoggerThreads::oneLineAtATime()
 {
     const TemporaryWorkingDirectory directory;
     QCOMPARE(::mkfifo("log.txt", 0600), 0);
-    // Never without a writer, else it would end between two lines.
+    // It always has a writer, because otherwise it would end between two lines.
     const int pipe = ::open("log.txt", O_RDWR | O_NONBLOCK);
     QVERIFY(pipe >= 0);
 

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Writes down every operation that is called on it.
+/// Records every call.
 class RecordingAction : public Action
 {
 public:
@@ -180,7 +180,7 @@ void tst_Plugin::reportsAMissingAction()
     QFETCH(QByteArray, line);
     const TemporaryWorkingDirectory directory;
     OneKeyPlugin plugin;
-    // A UUID that looks like a placeholder is written as it stands.
+    // A UUID that looks like a placeholder is written unchanged.
     call(plugin, operation, QStringLiteral("other %1"), {});
     QCOMPARE(plugin.calls, QStringList());
     const QByteArray log = directory.content(QStringLiteral("log.txt"));

@@ -260,7 +260,7 @@ void tst_DeckSimulator::movesAKeyOntoAnother()
     const QStringList expected{
         QStringLiteral("willAppear one"),    QStringLiteral("willAppear two"),
         QStringLiteral("willDisappear two"), QStringLiteral("willDisappear one"),
-        QStringLiteral("willAppear one"),                                      // on its new place
+        QStringLiteral("willAppear one"),                                      // at its new place
         QStringLiteral("willDisappear one"), QStringLiteral("willAppear one"), // onto itself
         QStringLiteral("willDisappear one"),                                   // the end
     };

@@ -77,7 +77,7 @@ void tst_ClientSocket::init()
     QTRY_VERIFY(m_listener->hasPendingConnections());
     m_socket = qobject_cast<ClientSocket *>(m_listener->nextPendingConnection());
     QVERIFY(m_socket);
-    // It takes all that it finds, and is told by an event.
+    // It takes everything that it finds, and is notified by an event.
     m_read.clear();
     m_reader = std::make_unique<QObject>();
     connect(
@@ -165,7 +165,7 @@ void tst_ClientSocket::countsWhatItHolds()
         m_socket->handOnFrame(m_reader.get());
         return m_socket->held();
     };
-    // Unfinished texts are kept in two bytes a letter.
+    // Unfinished texts are stored with two bytes per letter.
     QCOMPARE(handOn(frame(firstPart, 1000)), 2000LL);
     QCOMPARE(handOn(frame(ping, 125)), 2000LL);
     QCOMPARE(handOn(frame(middlePart, 500)), 3000LL);
@@ -195,11 +195,11 @@ void tst_ClientSocket::readsOnOnceThereIsRoomAgain()
 {
     m_socket->holdBack();
     const QByteArray first = frame(text, 1000);
-    const qint64 room = first.size() + 200; // With a part of the second.
+    const qint64 room = first.size() + 200; // Includes a part of the second.
     m_socket->readUpTo(room);
     m_client->write(first + frame(text, 500));
     QTRY_COMPARE(m_socket->buffered(), room);
-    QTest::qWait(50); // Qt finds it full and stops by itself.
+    QTest::qWait(50); // Qt finds the buffer full and stops by itself.
     m_socket->stopReading();
     m_socket->handOnFrame(m_reader.get());
     QVERIFY(!m_socket->hasFrame());

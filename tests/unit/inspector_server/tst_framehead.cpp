@@ -103,7 +103,7 @@ void tst_FrameHead::reads()
     QFETCH(Kind, kind);
     QFETCH(bool, isFinal);
     QVERIFY(size <= FrameHead::longest);
-    // What follows is of no concern.
+    // The bytes after it do not matter.
     for (const QByteArray &frame : {bytes, bytes + QByteArray(20, '\xff')}) {
         const FrameHead head = frameHead(frame.constData(), frame.size());
         QCOMPARE(head.size, size);

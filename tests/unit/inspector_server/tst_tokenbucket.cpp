@@ -9,12 +9,12 @@ using std::chrono::nanoseconds;
 
 namespace {
 
-/// At a time, something is taken; then the bucket is asked.
+/// At \a at, \a taken is taken; then the bucket must have the wait \a wait.
 struct Step
 {
     nanoseconds at;
     double taken;
-    nanoseconds wait; ///< Of which the bucket speaks; 0 when it is not empty.
+    nanoseconds wait; ///< 0 when it is not empty.
 };
 
 } // namespace
@@ -37,7 +37,7 @@ private Q_SLOTS:
 void tst_TokenBucket::fills_data()
 {
     QTest::addColumn<QVector<Step>>("steps");
-    // 100 a second, 50 at once. A wait is one nanosecond longer than the debt.
+    // 100 per second, a burst of 50. A wait is one nanosecond longer than the debt takes.
     QTest::newRow("full at first") << QVector<Step>{{0s, 49, 0ns}, {0s, 1, 1ns}};
     QTest::newRow("late at first") << QVector<Step>{{1h, 49, 0ns}, {1h, 1, 1ns}};
     QTest::newRow("with time") << QVector<Step>{{0s, 50, 1ns}, {100ms, 9, 0ns}, {100ms, 1, 1ns}};

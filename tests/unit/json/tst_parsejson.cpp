@@ -3,7 +3,7 @@
 #include <QJsonObject>
 #include <QtTest>
 
-/// Reading of JSON. What the framework never frees, the leak check of the sanitizers finds here.
+/// Reading of JSON. The leak check of the sanitizers would find here what Qt never frees.
 class tst_ParseJson : public QObject
 {
     Q_OBJECT

@@ -24,7 +24,7 @@ namespace {
 const QString disk = keyuuid::physicalDisk;
 const QString context = QStringLiteral("ctx");
 
-/// Losing the host ends the process with status 0, which must not pass for a test that has passed.
+/// Losing the host ends the process with status 0, which must not look like a passed test.
 bool finished = false;
 
 void failUnlessFinished()
@@ -35,7 +35,7 @@ void failUnlessFinished()
 
 } // namespace
 
-/// What the host is sent for a disk key that steps through the drives, between two passes.
+/// What the host receives for a disk key that steps through the drives, between two passes.
 class tst_DiskLoop : public QObject
 {
     Q_OBJECT
@@ -66,7 +66,7 @@ void tst_DiskLoop::initTestCase()
     InMemoryLibrary::reset();
     InMemoryMachine::reset();
     m_plugin = std::make_unique<SystemMonitorPlugin>();
-    // No pass sends anything meanwhile.
+    // Meanwhile no pass sends anything.
     for (QTimer *const timer : m_plugin->findChildren<QTimer *>())
         timer->stop();
     connectToHost();

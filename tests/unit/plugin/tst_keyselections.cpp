@@ -22,7 +22,7 @@ private Q_SLOTS:
     void choosesNothingForOtherKinds();
 
 private:
-    /// An event's payload with \a parameters.
+    /// The payload of an event with \a parameters.
     static QJsonObject payload(const QJsonObject &parameters)
     {
         return {{QStringLiteral("settings"),

@@ -38,7 +38,7 @@ int runUntilSessionEnds(bool withLibrary)
     InMemoryLibrary::canBeCreated = withLibrary;
     const SystemMonitorPlugin plugin;
     QTimer::singleShot(0, qApp, [] {
-        // A session manager cannot be made here; its argument is not looked at.
+        // A session manager cannot be created here; the argument is not used.
         char placeholder = 0;
         Q_EMIT qApp->commitDataRequest(*reinterpret_cast<QSessionManager *>(&placeholder));
         QCoreApplication::exit(EXIT_FAILURE);
@@ -241,7 +241,7 @@ void tst_SystemMonitorPlugin::appearingTwiceKeepsTheKey()
              (QStringList{quoted("WillAppearForAction"),
                           MessageCapture::quoted(QStringLiteral("inAction: ") + uuid),
                           quoted("inContext: ctx"), quoted("已存在的动作")}));
-    // It stands in the list once.
+    // The list contains it once.
     QVERIFY(plugin().RemoveAction(uuid, context));
     QVERIFY(!plugin().RemoveAction(uuid, context));
 }
@@ -282,7 +282,7 @@ void tst_SystemMonitorPlugin::otherKeyEventsAreOnlyLogged()
     key.normalPainting(QStringLiteral("61%"));
     const QImage picture = key.keyImage;
     QVERIFY(!picture.isNull());
-    // The known key, and one that there is not.
+    // The known key, and one that does not exist.
     for (const QString &each : {memoryUuid, QStringLiteral("x")}) {
         MessageCapture::clear();
         plugin().KeyDownForAction(each, context, {}, QString());
@@ -357,7 +357,7 @@ void tst_SystemMonitorPlugin::loopsOverTheDrives()
     const QObject listener;
     connect(&key.switchTimer, &QTimer::timeout, &listener,
             [&] { shown.append(key.displayedText); });
-    // A pass between two steps takes the drives from the machine; here they stay.
+    // A pass between two steps reads the drives of the machine; here they stay the same.
     InMemoryMachine::drives = {
         {QStringLiteral("/"), QString(), InMemoryMachine::gigabytes(10, 11)},
         {QStringLiteral("/home"), QString(), InMemoryMachine::gigabytes(20, 25)}};
@@ -366,7 +366,7 @@ void tst_SystemMonitorPlugin::loopsOverTheDrives()
                                  QStringLiteral("/home  20% Used  20G Free"),
                                  QStringLiteral("/  10% Used  10G Free")}));
 
-    // The drives vanish.
+    // The drives disappear.
     InMemoryMachine::drives.clear();
     QTRY_COMPARE(shown.constLast(), QStringLiteral("  0% Used  0G Free"));
     QCOMPARE(key.driveIndex, 0);

@@ -3,7 +3,7 @@
 
 #include <QtTest>
 
-/// The product's UUIDs beside those that the tests know by themselves.
+/// The product's UUIDs compared with those that the tests spell themselves.
 class tst_ActionUuids : public QObject
 {
     Q_OBJECT

@@ -13,7 +13,8 @@
 #include <QtEndian>
 #include <QtTest>
 
-/// The fonts on offer: the host's list, registration, and the way from a specification to a font.
+/// The available fonts: the host's list, registration, and the choice of a font by its
+/// specification.
 class tst_FontRegistry : public QObject
 {
     Q_OBJECT
@@ -100,7 +101,7 @@ QByteArray renamed(QByteArray font, const char *family)
     return font.replace("Roboto", family).replace(utf16("Roboto"), utf16(family));
 }
 
-/// The font under its names for old programs, which know four styles to a family: "Roboto" "Light"
+/// The font under its names for old programs, which know four styles per family: "Roboto" "Light"
 /// becomes "Roboto Light" "Regular".
 QByteArray withOldNames(QByteArray font)
 {
@@ -331,7 +332,7 @@ void tst_FontRegistry::refusesAPipeWithoutWaiting()
     QVERIFY(systemInfor::fontlist_one.isEmpty());
 }
 
-/// Of half a font, some glyphs are left: it may be taken, and then it paints what it can.
+/// Half a font file still has some glyphs: it may be accepted, and then paints what it can.
 void tst_FontRegistry::survivesTruncatedFonts()
 {
     const QByteArray font = renamed(fontData("Roboto-Bold.ttf"), "Cutcut");
@@ -379,7 +380,7 @@ void tst_FontRegistry::listsAFamilyOverSeveralFiles()
     QCOMPARE(record.baseName, QStringLiteral("Foofoo-Bold"));
     QCOMPARE(record.displayName, QStringLiteral("Foofoo-Bold Bold"));
 
-    // A copy, and the same file once more, bring nothing new.
+    // A copy, or the same file again, adds nothing new.
     loadFont(write(QStringLiteral("copy.ttf"), bold));
     loadFont(boldPath);
     QCOMPARE(systemInfor::fontlist_one.size(), 2);

@@ -17,7 +17,7 @@
 #include <climits>
 #include <cstdlib>
 
-/// The pictures of keys, against kept ones, and what cannot be painted.
+/// The pictures of keys, compared with the golden ones, and what cannot be painted.
 class tst_KeyPainting : public QObject
 {
     Q_OBJECT
@@ -68,7 +68,7 @@ public:
         font = QFont(QStringLiteral("Roboto"));
         font.setStyleName(QStringLiteral("Bold"));
         font.setPixelSize(24);
-        // Else each platform fits the letters to the pixels in its own way.
+        // Otherwise each platform fits the letters to the pixels in its own way.
         font.setHintingPreference(QFont::PreferNoHinting);
         color = QStringLiteral("#2060c0");
         titleText.clear();
@@ -90,11 +90,11 @@ void comparePicture(const normalAction &key, const QString &url, const QString &
     QCOMPARE(GoldenPicture(golden).differenceFrom(key.keyImage), QString());
 }
 
-// The fonts of the kept pictures.
+// The fonts of the golden pictures.
 const QString latin = QStringLiteral("Roboto-Bold.ttf");
 const QString chinese = QStringLiteral("wqy-microhei.ttc");
 
-/// Those that are needed to paint \a text as it was kept.
+/// The fonts that are needed to paint \a text like its golden picture.
 QStringList fontsFor(const QString &text)
 {
     const bool isChinese = std::any_of(
@@ -108,7 +108,7 @@ const QString cannotConvert = QStringLiteral("Can't convert QImage to png");
 
 void tst_KeyPainting::initTestCase()
 {
-    // Those that are there do for the tests that look at no letter.
+    // The fonts that exist are enough for tests that do not compare letters.
     testfonts::missing({latin, chinese, QStringLiteral("DejaVuSans.ttf")});
 }
 
@@ -469,7 +469,7 @@ void tst_KeyPainting::longLinesAreDrawnSoon()
     const MessageCapture capture;
     const std::clock_t before = std::clock();
     QVERIFY(key.normalPainting(text).size() > dataUrl.size());
-    // Processor time: without strips these take 2.4 to 5.3 seconds.
+    // Processor time. Without strips these pictures take 2.4 to 5.3 seconds.
     const double seconds = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
     QVERIFY2(seconds < 1.5, qPrintable(QString::number(seconds)));
 }

@@ -6,7 +6,7 @@
 
 #include <climits>
 
-/// Reading of a key's settings, and the pixel size that follows from them.
+/// Parsing of a key's settings, and the pixel size that follows from them.
 class tst_KeySettings : public QObject
 {
     Q_OBJECT

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-/// The state of one key: what it starts with and what settings and paintings make of it.
+/// The state of one key: its initial values, and how settings and painting change it.
 class tst_normalAction : public QObject
 {
     Q_OBJECT

@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <ctime>
 
-/// Pictures of keys and of noise, each against what Qt's own encoder makes of it.
+/// Pictures of keys and of noise, each compared with what Qt's own encoder makes of it.
 class tst_PngEncoder : public QObject
 {
     Q_OBJECT
@@ -57,7 +57,7 @@ QImage decoded(const QByteArray &png)
     return QImage::fromData(png, "PNG").convertToFormat(QImage::Format_ARGB32);
 }
 
-/// Where the encoded \a image differs from Qt's; empty when it does not.
+/// How the encoded \a image differs from Qt's; empty when it does not.
 QString difference(const QImage &image)
 {
     const QImage own = decoded(encodedPng(image));
@@ -89,14 +89,14 @@ QImage noise(const QSize &size, int colours, quint32 opaque = 0)
     return image;
 }
 
-/// Whether Qt's own encoder stands in for a missing library.
+/// Whether Qt's own encoder replaces a missing library.
 bool isQtsOwn()
 {
     const QImage image = noise({8, 8}, 3);
     return encodedPng(image) == qtPng(image);
 }
 
-/// The byte of a PNG that names its colour type.
+/// The byte of a PNG that contains its colour type.
 int colorType(const QByteArray &png)
 {
     return png.at(25);

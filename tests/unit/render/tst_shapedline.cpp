@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-/// Lines are measured and drawn as the framework's own calls do it.
+/// Lines are measured and drawn exactly as by Qt's own functions.
 class tst_ShapedLine : public QObject
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ QImage drawn(const QSize &size, const QFont &font, Draw draw)
     return image;
 }
 
-/// Whether a line with this text is drawn in \a rect as the painter draws it.
+/// Whether a line with this text is drawn in \a rect exactly as by QPainter.
 bool isLikeThePainters(const QString &text, const QFont &font, const QRect &rect, int alignment)
 {
     const ShapedLine line(text, font);
@@ -145,7 +145,7 @@ void tst_ShapedLine::keepsToItsRectangle()
 void tst_ShapedLine::clipsWhereThePainterDoes_data()
 {
     QTest::addColumn<QString>("text");
-    // Their ink reaches to the right beyond their place, to the left, to both sides.
+    // Their ink extends beyond their box to the right, to the left, to both sides.
     for (const char *text : {"f", "j", "jf", "7/"})
         QTest::newRow(text) << QString::fromUtf8(text);
 }

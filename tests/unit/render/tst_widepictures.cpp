@@ -83,7 +83,7 @@ QSize sizeOf(const QVector<QRect> &rects)
     return all.size();
 }
 
-/// As one call of the painter for each line draws it.
+/// As drawn by one call of QPainter::drawText for each line.
 QImage plainPicture(const QStringList &lines, const QVector<QRect> &rects,
                     const PictureStyle &style)
 {
@@ -126,7 +126,7 @@ QString differentColumns(const QImage &first, const QImage &second)
     return most < 0 ? QString() : QStringLiteral("%1 to %2").arg(least).arg(most);
 }
 
-/// Whether Qt's own encoder stands in for a missing library, which takes several times as long.
+/// Whether Qt's own encoder, which takes several times as long, replaces a missing library.
 bool hasSlowEncoder()
 {
     QImage image(8, 8, QImage::Format_ARGB32);
@@ -142,14 +142,14 @@ double processorSeconds(std::clock_t since)
     return static_cast<double>(std::clock() - since) / CLOCKS_PER_SEC;
 }
 
-/// Starts the count of mostResident anew; false where the system has none.
+/// Resets mostResident(); false where the system cannot.
 bool resetMostResident()
 {
     QFile file(QStringLiteral("/proc/self/clear_refs"));
     return file.open(QIODevice::WriteOnly) && file.write("5") == 1;
 }
 
-/// The memory that this process had at most, in MiB.
+/// The maximum memory of this process, in MiB.
 int mostResident()
 {
     QFile file(QStringLiteral("/proc/self/status"));
@@ -178,7 +178,7 @@ void tst_WidePictures::areWhatThePainterDraws_data()
     QTest::addColumn<QFont>("font");
     QTest::addColumn<QString>("file");
     for (const auto &[family, file] : families) {
-        // Letters of up to 64 pixels are pictures themselves, larger ones are outlines.
+        // Letters of up to 64 pixels are drawn as pictures, larger ones as outlines.
         for (const int pixelSize : {48, 66, 210, 270, 600}) {
             for (const bool italic : {false, true})
                 QTest::addRow("%s, %d px%s", family, pixelSize, italic ? ", italic" : "")

@@ -12,7 +12,7 @@
 
 #include <vector>
 
-/// The guard is played with copies of a system program that bear this test's own name.
+/// The guard is tested with copies of a system program that have this test's own name.
 class tst_ApplicationBootstrap : public QObject
 {
     Q_OBJECT

@@ -48,7 +48,7 @@ int runConsole()
     return ConsoleLog::isOpen() ? 0 : 4;
 }
 
-/// Where no console is to be had.
+/// Where no console can be opened.
 int runWithoutConsole()
 {
     ConsoleLog::instance()->openOnce();

@@ -130,7 +130,7 @@ int reopenTheConsole()
     return write("screen.txt", firstLines(5)) ? 0 : 4;
 }
 
-/// Where a console is attached already.
+/// Where a console is already attached.
 int useASecondConsole()
 {
     if (!AllocConsole())

@@ -41,7 +41,7 @@ void tst_Heap::returnsWhatLiesBetweenUsedBlocks()
         std::fill_n(block.get(), blockSize, 'x');
     }
     const qint64 full = residentMemory();
-    // The last one keeps the system's own way, from the heap's end, barred.
+    // The last block keeps the system from releasing memory from the end of the heap by itself.
     for (std::size_t index = 0; index + 1 < blocks; ++index)
         taken[index].reset();
     QVERIFY(residentMemory() > full - all / 2);

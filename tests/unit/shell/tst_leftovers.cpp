@@ -5,7 +5,7 @@
 
 using processes::Process;
 
-/// The guard on a system that is made up.
+/// The guard on a simulated system.
 class tst_Leftovers : public QObject
 {
     Q_OBJECT

@@ -37,14 +37,14 @@ QString nameInSnapshot(qint64 id)
     return found == snapshot->end() ? QString() : found->executableName;
 }
 
-/// The administrator, to whom nothing is hidden, becomes someone else.
+/// Root, from whom nothing is hidden, becomes another user.
 bool becomeAnyone()
 {
     constexpr uid_t nobody = 65534;
     return geteuid() != 0 || setresuid(nobody, nobody, nobody) == 0;
 }
 
-/// Ends this process without the leak check, which one that others may not look into cannot run.
+/// Ends this process without the leak check, which fails in a process that may not be traced.
 [[noreturn]] void say(const QByteArray &answer)
 {
     std::fputs(answer.constData(), stdout);
@@ -52,7 +52,7 @@ bool becomeAnyone()
     std::_Exit(EXIT_SUCCESS);
 }
 
-/// Its executable's name is not the one that the kernel keeps of it.
+/// A process whose executable's name differs from the kernel's name of the process.
 [[noreturn]] void hide()
 {
     if (!becomeAnyone())
@@ -72,12 +72,12 @@ bool becomeAnyone()
     if (!becomeAnyone())
         say("refused");
     const QString name = nameInSnapshot(id);
-    // A name that cannot be read is none, which is not the same as an empty one.
+    // A name that cannot be read must not match an empty one.
     const bool ended = processes::terminate({id, name}) || processes::terminate({id, QString()});
     say(name.toUtf8() + (ended ? ": ended" : ": spared"));
 }
 
-/// Has the system refuse a call with an error from here on.
+/// Makes the system refuse a call with an error from now on.
 bool forbid(unsigned call, unsigned error)
 {
     std::array<sock_filter, 4> filter{{
@@ -101,7 +101,7 @@ bool forbid(unsigned call, unsigned error)
 
 } // namespace
 
-/// The processes are real: copies of a system program under names of their own.
+/// The processes are real: copies of a system program with names of their own.
 class tst_Processes : public QObject
 {
     Q_OBJECT
@@ -158,7 +158,7 @@ void tst_Processes::namesItself()
 
 void tst_Processes::listsProcessesByTheirExecutable()
 {
-    // Longer than the kernel's own copy of a process's name.
+    // Longer than the name that the kernel stores for a process.
     const QString name = QStringLiteral("a name of blanks and more than fifteen letters");
     start(name);
     QTRY_COMPARE(nameInSnapshot(m_process.processId()), name);
@@ -245,7 +245,7 @@ void tst_Processes::endsWhereDescriptorsAreRefused_data()
     QTest::newRow("no descriptor free") << SYS_pidfd_open << EMFILE << name << ended;
     QTest::newRow("sandbox that forbids the signal")
         << SYS_pidfd_send_signal << EPERM << name << ended;
-    // What looks as if the process had ended is believed: another may have its number.
+    // After ESRCH nothing else is tried, because another process may have the number by now.
     const QByteArray spared("spared");
     QTest::newRow("gone") << SYS_pidfd_open << ESRCH << name << spared;
     QTest::newRow("gone before the signal") << SYS_pidfd_send_signal << ESRCH << name << spared;

@@ -20,7 +20,7 @@
 
 namespace {
 
-/// Losing the host ends the process with status 0, which must not pass for a test that has passed.
+/// Losing the host ends the process with status 0, which must not look like a passed test.
 bool finished = false;
 
 void failUnlessFinished()
@@ -137,7 +137,7 @@ void tst_QtSystemMonitor::closingTheWindowEndsNothing()
     QtSystemMonitor window;
     window.hide();
     QTimer::singleShot(0, &window, [&window] {
-        // As a window system asks for it.
+        // As the window system requests it.
         QCloseEvent event;
         QCoreApplication::sendEvent(window.windowHandle(), &event);
         QTimer::singleShot(100, &window, [] { QCoreApplication::exit(endedByTest); });
@@ -163,7 +163,7 @@ void tst_QtSystemMonitor::isNotAskedWhenASessionEnds()
     };
     Window window;
     window.hide();
-    // A window that refuses would stop the end of the session.
+    // A window that refuses to close would stop the end of the session.
     QApplication::closeAllWindows();
     QCOMPARE(window.asked, 0);
     window.close();

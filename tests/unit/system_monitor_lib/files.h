@@ -13,7 +13,7 @@ inline QByteArray fixture(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Writes over the file in place, or creates it with its folders.
+/// Overwrites the file in place, or creates it with its folders.
 inline bool writeFile(const QString &path, const QByteArray &content)
 {
     QFile file(path);
@@ -21,7 +21,7 @@ inline bool writeFile(const QString &path, const QByteArray &content)
            file.write(content) == content.size() && file.flush();
 }
 
-/// Puts a new file in the place of the old one, as careful writers do.
+/// Replaces the file by a new one, as programs do that save safely.
 inline bool replaceFile(const QString &path, const QByteArray &content)
 {
     const QString next = path + QStringLiteral(".next");

@@ -10,7 +10,7 @@ inline QJsonObject firstReading(const QJsonObject &tree, const QString &label)
     return tree.value(label).toArray().at(0).toObject();
 }
 
-/// The value under a label; -1, which no reading here has, when it is absent or no number.
+/// The value under a label; -1, which no reading here has, when it is missing or not a number.
 inline double value(const QJsonObject &tree, const QString &label)
 {
     return firstReading(tree, label).value(QStringLiteral("value")).toDouble(-1);

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Gives a tree that tells how often it was asked.
+/// Gives a tree that contains how often it was queried.
 class CountingSource : public TreeSource
 {
 public:

@@ -102,7 +102,7 @@ void tst_ContactSheet::showsEmptyKeysAndRoundCorners()
     const QRgb dark = sheet.pixel(sheetKeyRect(1, twoColumns).center());
     QVERIFY(dark != ground);
     QVERIFY(qGray(dark) < qGray(ground));
-    // The fourth place fills the row.
+    // The fourth key fills the row.
     for (int index = 1; index < 4; ++index) {
         const QRect key = sheetKeyRect(index, twoColumns);
         QCOMPARE(sheet.pixel(key.center()), dark);

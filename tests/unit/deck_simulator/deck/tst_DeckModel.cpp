@@ -67,7 +67,7 @@ void tst_DeckModel::putsOnEmptyPlacesOnly()
     QCOMPARE(layout.count(), 1);
     QCOMPARE(model.at({1, 2})->action, cpuAction());
 
-    // A dial is another place than the key with its numbers.
+    // A dial is a different place from the key with the same numbers.
     QVERIFY(model.put({1, 0}, cpuAction()));
     QVERIFY(model.put({1, 0, true}, memoryAction()));
     QCOMPARE(model.at({1, 0, true})->action, memoryAction());

@@ -93,7 +93,7 @@ void tst_EntrySettings::keepsWhatAMessageLacks()
     const EntrySettings settings = unusualSettings();
     QVERIFY(settingsFrom({}, settings) == settings);
     QVERIFY(settingsFrom({{QStringLiteral("titleParameters"), 5}}, settings) == settings);
-    // A plugin that has no sensor yet takes the choice away.
+    // A plugin that has no sensor yet clears the choice.
     const QJsonObject parameters{{QStringLiteral("SelectValue"), QString()}};
     QVERIFY(settingsFrom({{QStringLiteral("titleParameters"), parameters}}, settings)
                 .selectValue.isEmpty());

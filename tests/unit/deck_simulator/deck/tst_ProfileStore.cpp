@@ -201,7 +201,7 @@ void tst_ProfileStore::losesNoFileThatWasSetAside()
 
 void tst_ProfileStore::savesNothingOverWhatItCannotSetAside()
 {
-    // A folder in the way can be read as a profile as little as it can be replaced by one.
+    // A folder with the name of the profile can neither be read nor be replaced.
     m_file = m_folder->filePath(QStringLiteral("no/deck.json"));
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("no")));
     write("{");

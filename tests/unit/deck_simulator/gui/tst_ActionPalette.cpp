@@ -127,7 +127,7 @@ void tst_ActionPalette::choosesNothingWithAClick()
     palette.resize(300, 600);
     palette.show();
     QSignalSpy chosen(&palette, &ActionPalette::actionChosen);
-    // As on a desktop on which one click activates.
+    // As on a desktop where a single click activates.
     Q_EMIT palette.view()->activated(
         palette.view()->model()->index(1, 0, palette.view()->model()->index(0, 0)));
     QCOMPARE(chosen.count(), 0);

@@ -82,7 +82,7 @@ void tst_DeckGrid::cleanup()
     m_model.reset();
 }
 
-// As a drag that ends over a key; true when the key took it.
+// Like a drag that ends over a key; true when the key accepted it.
 bool tst_DeckGrid::drag(QMimeData *data, const DeckPlace &to)
 {
     const std::unique_ptr<QMimeData> owned(data);
@@ -133,7 +133,7 @@ void tst_DeckGrid::pressesWithTheKeyboard()
         QCOMPARE(pressed.count(), 1);
         QCOMPARE(pressed.at(0), (QVariantList{context, true}));
         QVERIFY(m_grid->cell({0, 0})->isDown());
-        press(Qt::Key_Right); // a key that is held down stays the current one
+        press(Qt::Key_Right); // a key that is held down stays current
         QVERIFY(m_grid->current() == (DeckPlace{0, 0}));
         QTest::keyRelease(m_grid.get(), key);
         QCOMPARE(pressed.count(), 2);
@@ -173,7 +173,7 @@ void tst_DeckGrid::pressesWithTheMouse()
     KeyCell *cell = m_grid->cell({0, 0});
     QTest::mousePress(cell, Qt::LeftButton);
     QVERIFY(m_grid->current() == (DeckPlace{0, 0}));
-    QTRY_COMPARE(pressed.count(), 1); // once it lasts
+    QTRY_COMPARE(pressed.count(), 1); // when it lasts long enough
     QVERIFY(cell->isDown());
     QTest::mouseRelease(cell, Qt::LeftButton);
     QCOMPARE(pressed.count(), 2);
@@ -241,7 +241,7 @@ void tst_DeckGrid::takesADroppedKey()
     QVERIFY(!drag(placeMime({2, 2}), {2, 2}));
 }
 
-// A whole drag: press, move, release. It runs an event loop of its own until the release.
+// A whole drag: press, move, release. It runs its own event loop until the release.
 void tst_DeckGrid::dragsAKeyWithTheMouse()
 {
     if (QGuiApplication::platformName() == QLatin1String("offscreen"))
@@ -270,7 +270,7 @@ void tst_DeckGrid::dragsAKeyWithTheMouse()
     QVERIFY(m_model->at({0, 0}) == nullptr);
     QVERIFY(m_model->at({3, 2}) != nullptr);
     QCOMPARE(m_model->at({3, 2})->context, context);
-    QCOMPARE(pressed.count(), 0); // what is moved is not pressed
+    QCOMPARE(pressed.count(), 0); // a key that is moved is not pressed
 }
 
 void tst_DeckGrid::refusesStrangeDrops()
@@ -350,7 +350,7 @@ void tst_DeckGrid::showsPicturesAsTheyCome()
     const QImage shown = m_grid->cell({0, 0})->grab().toImage();
     const QPoint center = shown.rect().center();
     QCOMPARE(QColor(shown.pixel(center)), QColor(Qt::red));
-    // In its proportions: three times as wide as high.
+    // Keeps its proportions: three times as wide as high.
     int width = 0;
     int height = 0;
     for (int x = 0; x < shown.width(); ++x)
@@ -361,7 +361,7 @@ void tst_DeckGrid::showsPicturesAsTheyCome()
              qPrintable(QStringLiteral("%1 x %2").arg(width).arg(height)));
     m_grid->showLive(QStringLiteral("nobody"), QString(), picture);
 
-    // It goes where its key goes.
+    // It moves with its key.
     m_model->move({0, 0}, {1, 1});
     QVERIFY(!m_grid->cell({0, 0})->isOccupied());
     QCOMPARE(m_grid->cell({1, 1})->face().picture.size(), QSize(60, 20));

@@ -36,7 +36,7 @@
 
 using namespace deck;
 
-// The whole window with the scripted plugin, used as by hand.
+// The whole window with the scripted plugin, used like a user does.
 class tst_DeckWindow : public QObject
 {
     Q_OBJECT
@@ -129,7 +129,7 @@ void tst_DeckWindow::reopen()
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
 }
 
-// Until the plugin has drawn on the first key.
+// Waits until the plugin has drawn on the first key.
 void tst_DeckWindow::open(const char *script)
 {
     qputenv("SCRIPT", script);
@@ -555,7 +555,7 @@ void tst_DeckWindow::forgetsWhatItToldOfAnEarlierRun()
     QCOMPARE(m_window->messages()->message(), QString());
     QTRY_VERIFY(m_window->runner()->isLinked());
 
-    // What has nothing to do with the plugin stays.
+    // Controls that have nothing to do with the plugin stay.
     m_window->runner()->stop();
     QTRY_VERIFY(!m_window->runner()->isRunning());
     m_window->model()->setGrid({1, 1});
@@ -571,7 +571,7 @@ void tst_DeckWindow::fitsOnTheScreen()
     const QSize least = m_window->minimumSizeHint();
     QVERIFY(m_window->frameGeometry().height() <= screen.height());
     QVERIFY(m_window->width() <= qMax(least.width(), screen.width()));
-    // Half of a usual screen, as where everything is drawn twice as large.
+    // Half the size of a usual screen, as on one where everything is drawn twice as large.
     QVERIFY2(least.width() <= 940 && least.height() <= 500,
              qPrintable(QStringLiteral("%1 x %2").arg(least.width()).arg(least.height())));
 }

@@ -71,7 +71,7 @@ void tst_LogView::filters()
     QCOMPARE(shown().size(), 4);
     QTest::keyClick(m_view->sourceField(), Qt::Key_Down);
     QCOMPARE(m_view->sourceField()->currentText(), QStringLiteral("log.txt"));
-    QCOMPARE(shown().size(), 4); // what the simulator tells is always shown
+    QCOMPARE(shown().size(), 4); // lines of the simulator itself are always shown
 }
 
 void tst_LogView::clears()
@@ -115,7 +115,7 @@ void tst_LogView::followsWhateverItsSize()
         m_log->tell(QStringLiteral("another"));
         QCOMPARE(bar->value(), bar->maximum());
     }
-    // The bar below takes a line's place.
+    // The scroll bar at the bottom takes the place of a line.
     m_log->tell(QString(300, QLatin1Char('x')));
     QCoreApplication::processEvents();
     QVERIFY(m_view->view()->horizontalScrollBar()->isVisible());

@@ -19,7 +19,7 @@
 
 using namespace deck;
 
-// The panel with lists as the plugin gives them, used as by hand.
+// The panel with lists like those of the plugin, used like a user does.
 class tst_SettingsPanel : public QObject
 {
     Q_OBJECT
@@ -116,7 +116,7 @@ void tst_SettingsPanel::show(const QString &action, const EntrySettings &setting
     QCOMPARE(m_edits->count(), 0);
 }
 
-// As a user does: the list is opened, an entry is activated.
+// Like a user: opens the list and activates an entry.
 void tst_SettingsPanel::choose(const char *name, const QString &label)
 {
     auto *combo = control<QComboBox>(name);
@@ -240,7 +240,7 @@ void tst_SettingsPanel::editsTheColour()
     QTest::keyClicks(text, QStringLiteral("red"));
     QCOMPARE(last().color, QStringLiteral("red"));
     QTest::keyClicks(text, QStringLiteral("dish"));
-    QCOMPARE(last().color, QStringLiteral("reddish")); // the plugin may be tried with it
+    QCOMPARE(last().color, QStringLiteral("reddish")); // so that the plugin can be tested with it
 }
 
 void tst_SettingsPanel::picksAColour()
@@ -475,7 +475,7 @@ void tst_SettingsPanel::cutsNoTextOff()
     for (const QLabel *label : labels) {
         if (label->isVisible() && !label->text().isEmpty() && !label->wordWrap())
             QVERIFY2(label->width() >= label->sizeHint().width(), qPrintable(label->text()));
-        // A last letter may reach a pixel beyond its width.
+        // The last letter may extend one pixel beyond its width.
         const int text = label->fontMetrics().size(Qt::TextShowMnemonic, label->text()).width();
         if (label->buddy() != nullptr && label->isVisible())
             QVERIFY2(label->contentsRect().width() > text + 1, qPrintable(label->text()));

@@ -332,7 +332,7 @@ void tst_DeckHost::putsAndRemovesKeysWhileItRuns()
     QCOMPARE(m_host->keyAt({6, 3}), &m_host->keys().at(keys));
     QCOMPARE(m_host->keyAt({6, 0, true}), nullptr); // a dial
 
-    m_host->putKey(another); // in its own place
+    m_host->putKey(another); // at its own place
     QCOMPARE(m_host->keys().size(), keys + 1);
     QVERIFY(m_host->removeKey(QStringLiteral("new")));
     QVERIFY(!m_host->removeKey(QStringLiteral("new")));
@@ -347,7 +347,7 @@ void tst_DeckHost::putsAndRemovesKeysWhileItRuns()
 void tst_DeckHost::sendsSettingsAndEvents()
 {
     const QString context = key(0).context();
-    QVERIFY(!m_host->sendKeyEvent(QStringLiteral("keyDown"), context)); // nobody is there
+    QVERIFY(!m_host->sendKeyEvent(QStringLiteral("keyDown"), context)); // no plugin is connected
     registerPlugin();
     m_received->clear();
     const QJsonObject settings{{QStringLiteral("titleParameters"), QJsonObject()}};
@@ -403,7 +403,7 @@ void tst_DeckHost::dies()
     QTRY_COMPARE(gone.count(), 1);
     QTRY_COMPARE(closed.count(), 1);
     QVERIFY(!m_host->isRegistered());
-    QCOMPARE(receivedEvents(), QStringList()); // not a word
+    QCOMPARE(receivedEvents(), QStringList()); // nothing was sent
     m_host->die();
 }
 

@@ -191,7 +191,7 @@ void tst_DeckRunner::sendsTheWholeSettings()
     m_model->changeSettings(context(0), settings);
     QTRY_COMPARE(received(QStringLiteral("didReceiveSettings")).size(), 1);
     const QJsonObject message = received(QStringLiteral("didReceiveSettings")).at(0);
-    const QJsonObject whole = settingsMessage(settings, {60, 20}); // that of the picture
+    const QJsonObject whole = settingsMessage(settings, {60, 20}); // of the picture
     QCOMPARE(payloadOf(message).value(QLatin1String("settings")).toObject(), whole);
 
     settings.fillsKey = true;

@@ -157,7 +157,7 @@ void tst_DeckSession::reportsAPluginThatEndsAtOnce()
         workFolder = session.workFolder();
         QVERIFY(failure.contains(workFolder));
     }
-    // The folder that the message names is still there.
+    // The folder named by the message still exists.
     QVERIFY(QFile::exists(workFolder));
     QVERIFY(QDir(workFolder).removeRecursively());
 }

@@ -41,7 +41,7 @@ void tst_TrafficMeter::forgetsOldSamples()
     for (qint64 second = 1; second <= 10; ++second)
         meter.add(second * 1000, 1000, 1000);
     QCOMPARE(meter.framesPerSecond(), 0.0);
-    // Two samples are kept however far apart they are.
+    // Two samples are kept, however long the time between them is.
     meter.add(60000, 1500, 1000);
     QCOMPARE(meter.framesPerSecond(), 10.0);
 }

@@ -5,7 +5,7 @@
 
 using namespace deck;
 
-// What a settings panel makes of the plugin's replies.
+// The lists that a settings panel makes of the plugin's replies.
 class tst_SettingsLists : public QObject
 {
     Q_OBJECT

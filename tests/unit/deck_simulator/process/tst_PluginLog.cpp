@@ -77,7 +77,7 @@ void tst_PluginLog::tells()
     const QStringList lines = log.lines().matching({});
     QCOMPARE(lines.size(), 2);
     QVERIFY(lines.at(0).endsWith(QLatin1String("The plugin has ended.")));
-    // It is shown beside whatever stream is chosen.
+    // It is shown whichever stream is chosen.
     QCOMPARE(log.lines().matching({false, true, {}}).size(), 2);
 }
 

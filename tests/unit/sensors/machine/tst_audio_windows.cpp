@@ -32,7 +32,7 @@ private Q_SLOTS:
 
 namespace {
 
-/// Where the devices fail.
+/// The calls in which the devices fail.
 enum class Fault {
     None,
     Collection,

@@ -13,7 +13,7 @@ private Q_SLOTS:
 
 namespace {
 
-/// The list of the drives with these letters, as the system gives it.
+/// The list of the drives with these letters, as Windows returns it.
 QByteArray listOf(const QByteArray &letters)
 {
     QByteArray list;

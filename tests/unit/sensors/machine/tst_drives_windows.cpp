@@ -61,7 +61,7 @@ void tst_Drives_windows::readsLabelAndSpace()
         QVERIFY(space.has_value());
         QCOMPARE(space->totalBytes, quint64(expected.bytesTotal()));
         QVERIFY(space->freeBytes <= space->totalBytes);
-        // Others use the drive meanwhile.
+        // Other programs use the drive meanwhile.
         const qint64 difference = qint64(space->freeBytes) - expected.bytesAvailable();
         QVERIFY(qAbs(difference) < qint64(1) << 30);
     }

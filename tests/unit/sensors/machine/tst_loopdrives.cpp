@@ -64,7 +64,7 @@ bool tst_LoopDrives::makeAndMountExt4()
                                QStringLiteral("48M"));
 }
 
-/// What has come since the test began.
+/// The roots that are new since the test began.
 QStringList tst_LoopDrives::newRoots()
 {
     QStringList roots = m_drives->fixedRoots();
@@ -96,7 +96,7 @@ void tst_LoopDrives::tellsTheSpaceThatIsFreeToTheCaller()
     QVERIFY(empty.has_value());
     QVERIFY2(empty->totalBytes > 32 << 20 && empty->totalBytes < 48 << 20,
              qPrintable(QString::number(empty->totalBytes)));
-    // A part is kept for the administrator.
+    // A part is reserved for the administrator.
     QVERIFY(empty->freeBytes < empty->totalBytes * 92 / 100);
     QVERIFY(run(QStringLiteral("head -c 8M /dev/zero >mnt/file && sync mnt/file")));
     const std::optional<DriveSpace> used = m_drives->space(path("mnt"));
@@ -134,7 +134,8 @@ void tst_LoopDrives::addsUpTheDataSetsOfAPool()
     QVERIFY(m_folder->mountExt4(QStringLiteral("b"), QString(), QStringLiteral("16M")));
     QVERIFY(run(QStringLiteral("mkdir -p proc/self && printf '%s\\n' "
                                "\"20 1 0:30 / $PWD/a rw - zfs tank rw\" "
-                               "\"21 1 0:31 / $PWD/b rw - zfs tank/b rw\" >proc/self/mountinfo")));
+                               "\"21 1 0:31 / $PWD/b rw - zfs tank/b rw\" "
+                               "\"22 1 0:31 / $PWD/b rw - zfs tank/b rw\" >proc/self/mountinfo")));
     MountedDrives drives(path("proc"), QStringLiteral("/sys"), QStringLiteral("/dev"));
     QCOMPARE(drives.fixedRoots(), QStringList{path("a")});
     const std::optional<DriveSpace> pool = drives.space(path("a"));

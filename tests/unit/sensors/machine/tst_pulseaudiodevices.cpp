@@ -8,7 +8,7 @@
 
 #include <memory>
 
-/// A real sound server that comes, changes, hangs and goes.
+/// A real sound server that starts, changes, hangs and ends.
 class tst_PulseAudioDevices : public QObject
 {
     Q_OBJECT
@@ -32,7 +32,7 @@ private Q_SLOTS:
     void doesNotWaitForAServerThatHangs();
 
 private:
-    /// The server counts in steps of its own.
+    /// The server has its own steps of volume.
     bool isVolume(int index, float percent) const
     {
         return qAbs(m_devices->volume(index) - percent) < 0.01F;
@@ -96,7 +96,7 @@ void tst_PulseAudioDevices::tellsTheVolume()
 {
     QFETCH(QString, setting);
     QFETCH(float, percent);
-    // From elsewhere, so that a change is seen even where the volume ends as it began.
+    // From another value, so that there is a change even if the volume ends as it began.
     QVERIFY(control("set-sink-volume phones 77%"));
     QTRY_PATIENTLY(isVolume(1, 77.0F));
     QVERIFY(
@@ -187,7 +187,7 @@ void tst_PulseAudioDevices::doesNotWaitForAServerThatHangs()
     }
     const auto another = std::make_unique<PulseAudioDevices>();
     another->deviceNames();
-    // Far above what they cost, far below what any server is waited for.
+    // Far more than the calls cost, far less than any time-out for a server.
     QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(m_devices->volume(0), 100.0F);
     m_server->thaw();

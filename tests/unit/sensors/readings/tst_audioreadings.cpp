@@ -55,7 +55,7 @@ void tst_AudioReadings::selectedVolumeThatCannotBeRead()
     const AudioReadings readings = readAudio(machineAudio(), 1);
     QCOMPARE(readings.volumes, (QList<float>{50.0F, -1.0F}));
     QCOMPARE(readings.selectedVolume, -1);
-    // What is selected is asked for even where the list is shorter.
+    // The selected device is queried even if the list is shorter.
     InMemoryLibrary::queries.clear();
     QCOMPARE(readAudio(machineAudio(), 2).selectedVolume, -1);
     QCOMPARE(InMemoryLibrary::queries.constLast(), QStringLiteral("volume 2"));

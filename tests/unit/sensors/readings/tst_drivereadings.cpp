@@ -116,7 +116,7 @@ void tst_DriveReadings::keepsADriveThatDoesNotAnswerAmongTheRootsOnly()
     QCOMPARE(MessageCapture::messages(),
              (QStringList{QStringLiteral(R"("Failed to get information of drive A:\\")"),
                           QStringLiteral(R"("Failed to get disk space info of drive B:\\")")}));
-    // The drive without a name was not asked for its space.
+    // The space of the drive without a name was not queried.
     QVERIFY(!InMemoryLibrary::queries.contains(QStringLiteral("space A:\\")));
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 using NumberAndUnits = QPair<double, QString>;
 
-/// \a reading, whatever its number's type.
+/// \a reading with its number as a double.
 template <typename Number>
 NumberAndUnits pairOf(const Reading<Number> &reading)
 {
@@ -253,7 +253,7 @@ void tst_GpuReadings::holdsTheRanges()
 
 void tst_GpuReadings::matchesWithinKeys()
 {
-    // The label of the third place is part of the first one's key.
+    // The third label is part of the first one's name.
     const QJsonObject gpu = with({}, QStringLiteral("My gpu power (TOTAL) #2"), 12);
     QCOMPARE(gpuReadings(gpu, {}).power.value, 12.0);
     QCOMPARE(gpuReadings(with({}, QStringLiteral("Total GPU Power (x)"), 13), {}).power.value,

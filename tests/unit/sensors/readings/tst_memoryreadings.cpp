@@ -86,7 +86,7 @@ void tst_MemoryReadings::readsNoMemoryFromNothing()
     QCOMPARE(memory.load.units, QStringLiteral("%"));
     QCOMPARE(memory.totalMB, 0);
     QCOMPARE(memory.totalGBRounded, 0);
-    // Megabytes are whole numbers; a sum beyond an integer is held at its end.
+    // Megabytes are whole numbers; a sum beyond the range of int is clamped.
     QCOMPARE(memoryReadings(memoryTree(8123.4, 1)).totalMB, 1);
     QCOMPARE(memoryReadings(memoryTree(2147483647.0, 2147483647.0)).totalMB, 2147483647);
 }

@@ -9,7 +9,7 @@
 
 #include <QtTest>
 
-/// What one refresh stores, reading by reading. What the readings are made of has tests of its own.
+/// What one refresh stores, reading by reading. How readings are made has tests of its own.
 class tst_SensorRefresh : public QObject
 {
     Q_OBJECT
@@ -222,7 +222,7 @@ void tst_SensorRefresh::storesSensorLists()
     QCOMPARE(Info::AIOPump, QStringLiteral("1850RPM"));
     QCOMPARE(Info::CpuFanList,
              (Info::SensorTexts{{QStringLiteral("CPU Fan"), QStringLiteral("1200RPM")}}));
-    // The frame rates stand in the whole tree, and come once more behind it.
+    // The frame rates are part of the tree of all sensors and are appended to it once more.
     QCOMPARE(Info::SensorList,
              (Info::SensorTexts{{QStringLiteral("Framerate"), QStringLiteral("60FPS")},
                                 {QStringLiteral("AIO Pump"), QStringLiteral("1850RPM")},

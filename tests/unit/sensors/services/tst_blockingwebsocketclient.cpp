@@ -113,7 +113,7 @@ void tst_BlockingWebSocketClient::givesUpOnASilentListener()
     timer.start();
     const MessageCapture capture;
     const BlockingWebSocketClient client(url(silent.serverPort()), 200);
-    // A coarse timer may fire 5 % early, and each clock cuts off parts of a millisecond.
+    // A coarse timer may fire 5 % early, and each clock truncates to milliseconds.
     QVERIFY(timer.elapsed() >= 185);
     QVERIFY(!client.isConnected());
     QCOMPARE(MessageCapture::messages().constLast(), quoted("Connection failed or timed out."));
@@ -182,7 +182,7 @@ void tst_BlockingWebSocketClient::takesLittleOfAFlood()
     }
     QVERIFY2(service.taken() < little, qPrintable(QString::number(service.taken())));
     const qint64 more = peakMemory() - before;
-    if (!isSanitized) // Else freed memory is held back.
+    if (!isSanitized) // A sanitizer keeps freed memory.
         QVERIFY2(more < little, qPrintable(QString::number(more)));
 }
 

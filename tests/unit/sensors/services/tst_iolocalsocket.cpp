@@ -176,7 +176,7 @@ void tst_IoLocalSocket::reportsASilentService()
     QCOMPARE(messages.at(messages.size() - 4), quoted(QStringLiteral("等待响应超时")));
     QCOMPARE(messages.at(messages.size() - 3),
              quoted(QStringLiteral("socket 状态:%1").arg(int(QLocalSocket::ConnectedState))));
-    // On a named pipe of Windows a time-out is no error of the socket.
+    // On Windows, where the socket is a named pipe, a time-out is not reported as an error.
     const QStringList labels{quoted(socketErrorLabel(QLocalSocket::SocketTimeoutError)),
                              quoted(socketErrorLabel(QLocalSocket::UnknownSocketError))};
     QVERIFY(labels.contains(messages.at(messages.size() - 2)));
@@ -198,7 +198,7 @@ void tst_IoLocalSocket::reportsAServiceThatDies()
     QCOMPARE(messages.at(2), quoted(QStringLiteral("等待响应超时")));
     QCOMPARE(messages.at(3),
              quoted(QStringLiteral("socket 状态:%1").arg(int(QLocalSocket::UnconnectedState))));
-    // A named pipe of Windows may end without an error of the socket.
+    // On Windows, where the socket is a named pipe, it may end without an error.
     const bool isPipe = QSysInfo::kernelType() == QLatin1String("winnt");
     const QString unknown = quoted(socketErrorLabel(QLocalSocket::UnknownSocketError));
     QVERIFY(messages.at(4) == quoted(socketErrorLabel(QLocalSocket::PeerClosedError)) ||

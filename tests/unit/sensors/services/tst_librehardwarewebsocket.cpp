@@ -19,7 +19,7 @@
 
 namespace {
 
-/// Bytes of the longest frame or message that the client takes.
+/// Bytes of the longest frame or message that the client accepts.
 constexpr int longestReply = 4 * 1024 * 1024;
 
 const QByteArray request = R"({"method":"getAllSensorsData"})";
@@ -29,7 +29,7 @@ QString quoted(const QString &text)
     return MessageCapture::quoted(text);
 }
 
-/// Where the service's configuration lies on \a drive.
+/// The path of the service's configuration on \a drive.
 QString configuration(const QString &drive)
 {
     return drive + QStringLiteral("/ProgramData/ParvaneCraftServe/ServeConfig.ini");
@@ -249,7 +249,7 @@ void tst_LibreHardwareWebSocket::frameWithoutARequestIsDropped()
     QSignalSpy pong(link, &QWebSocket::pong);
     MessageCapture::clear();
     link->sendTextMessage(QStringLiteral(R"({"result":{"early":1}})"));
-    link->ping(); // Its answer tells that the frame has come as well.
+    link->ping(); // Its answer shows that the frame has arrived as well.
     QTRY_COMPARE(pong.count(), 1);
     QCOMPARE(MessageCapture::messages(), QStringList());
 }
@@ -337,12 +337,12 @@ void tst_LibreHardwareWebSocket::takesLittleOfAFlood()
     timer.start();
     service.send(begin, part, 400);
     QTRY_VERIFY(service.isForsaken());
-    // The framework would wait five seconds for the rest of a frame that is too long for its
+    // Qt would wait five seconds for the rest of a frame that is too long for its
     // buffer.
     QVERIFY2(timer.elapsed() < 4000, qPrintable(QString::number(timer.elapsed())));
     QVERIFY2(service.taken() < little, qPrintable(QString::number(service.taken())));
     const qint64 more = peakMemory() - before;
-    if (!isSanitized) // Else freed memory is held back.
+    if (!isSanitized) // A sanitizer keeps freed memory.
         QVERIFY2(more < little, qPrintable(QString::number(more)));
 
     client.setPort(m_service->port());
@@ -352,7 +352,7 @@ void tst_LibreHardwareWebSocket::takesLittleOfAFlood()
 
 void tst_LibreHardwareWebSocket::threeAttemptsWhenTheServiceIsDown()
 {
-    // What is no number is port 0, on which nobody can listen.
+    // A text that is not a number gives port 0, on which nobody can listen.
     QVERIFY(writeConfiguration(qEnvironmentVariable("SystemDrive"), "[HWInfoServe]\nport=abc\n"));
 
     QElapsedTimer timer;

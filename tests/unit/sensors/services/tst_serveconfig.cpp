@@ -7,7 +7,7 @@
 
 namespace {
 
-/// What an INI reader without bounds says.
+/// The port that Qt's INI reader, which has no limits, returns.
 int portBySettings(const QByteArray &ini)
 {
     const QTemporaryDir folder;
@@ -104,7 +104,7 @@ void tst_ServeConfig::takesAnyLetterCase()
 void tst_ServeConfig::valuesAreTexts_data()
 {
     QTest::addColumn<QByteArray>("value");
-    // Of these, each ends a process that takes them for what they say they are.
+    // Each of these would crash a reader that trusts it.
     QTest::newRow("list of many") << QByteArray(R"(@Variant(\0\0\0\t\x7f\xff\xff\xf0))");
     QTest::newRow("texts, many") << QByteArray(R"(@Variant(\0\0\0\xb\x7f\xff\xff\xf0))");
     QTest::newRow("polygon") << QByteArray(R"(@Variant(\0\0\0\x47\x7f\xff\xff\xf0))");

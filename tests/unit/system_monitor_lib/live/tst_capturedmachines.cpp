@@ -1,6 +1,6 @@
 #include "system_monitor_lib/live/LiveSource.h"
+#include "tests/support/CapturedMachine.h"
 #include "tests/unit/system_monitor_lib/labels.h"
-#include "tests/unit/system_monitor_lib/machine.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -63,7 +63,7 @@ public:
     NoMoreFiles()
     {
         ::getrlimit(RLIMIT_NOFILE, &m_before);
-        // The limit is the first free number, below which there must be none.
+        // The limit is the lowest free number, so there is no free number below it.
         const int next = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
         ::close(next);
         rlimit none = m_before;
@@ -117,6 +117,8 @@ void CapturedMachinesTest::givesItsReadings_data()
                                    "bond-of-two",
                                    "xen-host",
                                    "router-board",
+                                   "power-server",
+                                   "loongarch-desktop",
                                    "zfs-server"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
@@ -163,7 +165,7 @@ void CapturedMachinesTest::samplesWithoutOpeningFiles()
 
     const NoMoreFiles noMoreFiles;
     QVERIFY(NoMoreFiles::isInForce());
-    // A GPU whose sleep can be seen no more would be awake for long enough by now.
+    // If its sleep were no longer visible, a GPU would count as awake for long enough by now.
     now += 3 * second;
     QCOMPARE(describe(source), before);
 }

@@ -9,7 +9,7 @@ constexpr qint64 second = 1000 * millisecond;
 
 const QString label = QStringLiteral("asked");
 
-/// Tells how often it was asked, and spends some time on it.
+/// Counts its calls, and takes some time for each.
 class Slow : public Collector
 {
 public:
@@ -53,7 +53,7 @@ private Q_SLOTS:
     void clockThatGoesBackEndsTheRest();
 
 private:
-    /// What the trees hold after a sample at \a time.
+    /// The content of the trees after a sample at \a time.
     SensorTrees at(qint64 time)
     {
         SensorTrees trees;

@@ -2,8 +2,9 @@
 #include "sensors/readings/ModelNames.h"
 #include "system_monitor_lib/live/LiveSource.h"
 #include "system_monitor_lib/live/processor/CpuClockCollector.h"
+#include "tests/support/CapturedMachine.h"
+#include "tests/unit/system_monitor_lib/files.h"
 #include "tests/unit/system_monitor_lib/labels.h"
-#include "tests/unit/system_monitor_lib/machine.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -25,7 +26,7 @@ const QString diskFolder =
 
 } // namespace
 
-/// What happens to captured machines that are not well.
+/// Captured machines with faulty or missing files.
 class HardwareReadingsTest : public QObject
 {
     Q_OBJECT

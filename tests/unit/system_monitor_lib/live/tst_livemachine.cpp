@@ -21,16 +21,16 @@ struct Counters
     qint64 sent = 0;
 };
 
-/// By adapter.
+/// Counters by adapter.
 using CounterMap = QMap<QString, Counters>;
 
-/// At the beginning and at the end of some time.
+/// Counters at the beginning and at the end of an interval.
 using CounterPair = QPair<CounterMap, CounterMap>;
 
 } // namespace
 
-/// The library's live readings of the machine that the test runs on, beside what the machine's own
-/// tools and files say of it.
+/// The library's live readings of the machine that the test runs on, compared with the machine's
+/// own tools and files.
 class tst_LiveMachine : public QObject
 {
     Q_OBJECT
@@ -93,7 +93,7 @@ private:
     }};
 };
 
-/// Of the adapters that are hardware.
+/// The counters of hardware adapters.
 CounterMap kernelCounters()
 {
     CounterMap counters;
@@ -114,7 +114,7 @@ CounterMap kernelCounters()
 
 } // namespace
 
-/// Samples at both ends of top's second, so that all look at the same time.
+/// Samples at both ends of top's second, so that all measure the same time.
 void tst_LiveMachine::initTestCase()
 {
     if (QStandardPaths::findExecutable(QStringLiteral("top")).isEmpty())
@@ -141,7 +141,7 @@ void tst_LiveMachine::initTestCase()
 void tst_LiveMachine::cpuLoadAgreesWithTop()
 {
     const double usage = value(m_cpu, "Total CPU Usage");
-    // The second of top's two reports is of the second between them.
+    // The second report of top covers the second between the two.
     const QString summary = m_topReport.section(QStringLiteral("%Cpu"), -1);
     const QRegularExpressionMatch idle =
         QRegularExpression(QStringLiteral(R"(([0-9.]+)\s+id)")).match(summary);
@@ -186,7 +186,7 @@ void tst_LiveMachine::networkAgreesWithTheKernelsCounters()
                    1024;
         };
         const double rate = value(m_network.value(adapter).toObject(), label);
-        // The library's samples lie between the inner and the outer ones.
+        // The library's samples were taken between the inner and the outer ones.
         const double least = kilobytes(m_innerCounters) / m_outerSeconds;
         const double most = kilobytes(m_outerCounters) / m_innerSeconds;
         QVERIFY2(rate >= least - rounding && rate <= most + rounding,

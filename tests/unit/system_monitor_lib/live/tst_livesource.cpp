@@ -18,7 +18,7 @@ const QString downRate = QStringLiteral("Current DL rate");
 const QString nameless = QStringLiteral("CPU [#0]: ") + QSysInfo::currentCpuArchitecture();
 const QString eth0 = QStringLiteral("eth0");
 
-/// A machine whose /proc and /sys are folders, and whose time stands until it is moved.
+/// A machine whose /proc and /sys are folders, and whose clock only advances when it is told to.
 class Machine
 {
 public:
@@ -295,7 +295,7 @@ void LiveSourceTest::clockGoingBackRenewsTheSample()
 
 void LiveSourceTest::slowReadingsAreNotAskedForAgainAtOnce()
 {
-    // Each look at the clock finds it 100 ms on, and so every collector slow.
+    // The clock advances by 100 ms with each query, so every collector looks slow.
     LiveSource source(m_machine->roots(), [this] { return m_machine->now += 100 * millisecond; });
     QVERIFY(source.open());
     source.tree(Query::SystemInfo);
@@ -431,7 +431,7 @@ void LiveSourceTest::adapterComesAndGoes()
 void LiveSourceTest::adapterReplacedBetweenSamples()
 {
     QVERIFY(m_source->open());
-    // Both exist for a moment, so that the new folder cannot have the old one's inode.
+    // Both exist for a moment, so that the new folder cannot get the old one's inode.
     QVERIFY(m_machine->addAdapter(QStringLiteral("next"), 900000, 900000));
     QVERIFY(m_machine->removeAdapter(eth0));
     QVERIFY(QDir().rename(m_machine->adapter(QStringLiteral("next")), m_machine->adapter(eth0)));

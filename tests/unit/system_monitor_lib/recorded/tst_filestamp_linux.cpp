@@ -22,7 +22,7 @@ private Q_SLOTS:
 private:
     QString pathOf(const char *name) const { return m_folder.filePath(QString::fromUtf8(name)); }
 
-    /// A file system in memory holds any time.
+    /// A file system in memory can store any time.
     QTemporaryDir m_folder{QStringLiteral("/dev/shm/tst_filestamp")};
 };
 

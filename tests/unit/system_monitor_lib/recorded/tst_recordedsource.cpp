@@ -183,7 +183,7 @@ void RecordedSourceTest::changedFileIsReadAgain()
     QVERIFY(writeFile(m_path, recording(40)));
     RecordedSource source(m_path);
     QVERIFY(source.open());
-    // Written over at once and with the same length: neither size nor time need tell them apart.
+    // Overwritten at once with the same length: size and time may be the same.
     for (int memoryLoad = 41; memoryLoad < 60; ++memoryLoad) {
         QVERIFY(writeFile(m_path, recording(memoryLoad)));
         QCOMPARE(served(source), static_cast<double>(memoryLoad));

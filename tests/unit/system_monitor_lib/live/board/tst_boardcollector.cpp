@@ -1,6 +1,6 @@
 #include "system_monitor_lib/live/board/BoardCollector.h"
+#include "tests/support/CapturedMachine.h"
 #include "tests/unit/system_monitor_lib/labels.h"
-#include "tests/unit/system_monitor_lib/machine.h"
 
 #include <QJsonDocument>
 #include <QProcess>
@@ -15,7 +15,7 @@ constexpr qint64 second = 1'000'000'000;
 constexpr qint64 millisecond = 1'000'000;
 
 /// Runs its arguments with the captured machine in $1 laid over /sys, and with its configuration of
-/// libsensors. Nothing of it outlives the command.
+/// libsensors. Both are gone after the command.
 const QString layOver = QStringLiteral(R"(
 tree=$1; shift
 for part in class devices; do

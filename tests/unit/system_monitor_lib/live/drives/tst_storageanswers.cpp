@@ -18,7 +18,8 @@ QByteArray temperatures(quint16 count, const QByteArray &sensors)
            bytes(count) + QByteArray(10, '\0') + sensors;
 }
 
-/// Version, size, type, modifier, two flags, and where maker, product, revision and number stand.
+/// Version, size, type, modifier, two flags, and the offsets of vendor, product, revision and
+/// serial number.
 QByteArray device(quint32 maker, quint32 product, const QByteArray &texts)
 {
     return bytes<quint32>(40) + bytes<quint32>(200) + QByteArray(4, '\0') + bytes(maker) +
@@ -39,7 +40,7 @@ QByteArray performance(qint64 read, qint64 written, quint32 reads, quint32 write
 
 } // namespace
 
-/// Bytes as drives answer them.
+/// Answers of drives, as bytes.
 class StorageAnswersTest : public QObject
 {
     Q_OBJECT

@@ -106,7 +106,8 @@ void PolledFileTest::readsTheKernel()
     QTRY_VERIFY(bytes(file.read()) != uptime);
 }
 
-/// As the entries of a process or device go: the descriptor stays open and reading it fails.
+/// Like the files of a process or device that is gone: the descriptor stays open, but reading
+/// fails.
 void PolledFileTest::returnsNothingOfADeviceThatHasGone()
 {
     QProcess process;

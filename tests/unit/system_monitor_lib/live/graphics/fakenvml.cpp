@@ -1,7 +1,7 @@
-// Stands in for NVIDIA's management library. Its behaviour is steered by environment variables of
-// the process: FAKE_NVML_FAIL holds names of functions that answer FAKE_NVML_CODE, FAKE_NVML_LOST
-// the number of a GPU that is lost. fakeNvmlInUse counts its users, fakeNvmlHeld has a bit for each
-// GPU that is held.
+// Stands in for NVIDIA's management library. Environment variables of the process control it:
+// FAKE_NVML_FAIL contains names of functions that return FAKE_NVML_CODE, FAKE_NVML_LOST the number
+// of a GPU that is lost. fakeNvmlInUse counts its users, fakeNvmlHeld has a bit for each GPU that
+// is held.
 
 #include <QtGlobal>
 
@@ -15,7 +15,7 @@ namespace {
 constexpr int success = 0;
 constexpr int gpuIsLost = 15;
 constexpr unsigned gpus = 2;
-/// One more than are counted can be reached by its address.
+/// One GPU more than are counted can be found by its address.
 const char *const addresses[] = {"0000:07:00.0", "0000:09:00.0", "0000:0a:00.0"};
 
 int inUse = 0;

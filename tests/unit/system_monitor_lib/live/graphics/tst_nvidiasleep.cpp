@@ -33,7 +33,7 @@ int held()
 
 } // namespace
 
-/// GPUs whose sleep the files of the machine tell. The small one never has anything to do.
+/// GPUs whose sleep the files of the machine show. The small one is always idle.
 class NvidiaSleepTest : public QObject
 {
     Q_OBJECT
@@ -66,7 +66,7 @@ private:
         return put(device, "runtime_status", status) && put(device, "control", control) &&
                put(device, "autosuspend_delay_ms", "5000\n");
     }
-    /// The numbers of labels of the GPUs, asked each second up to \a time.
+    /// The numbers of labels of the GPUs, refreshed each second up to \a time.
     QList<int> labelsAt(qint64 time)
     {
         QList<int> labels;
