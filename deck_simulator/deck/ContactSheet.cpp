@@ -3,7 +3,9 @@
 #include "deck_simulator/deck/DeckProfile.h"
 
 #include <QColor>
+#include <QPaintDevice>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPen>
 
 namespace deck {
@@ -34,10 +36,10 @@ void paintKey(QPainter &painter, const QRect &rect)
     painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
 }
 
-void paintPicture(QPainter &painter, const QRect &key, const QImage &picture,
-                  const ContactSheetStyle &style)
+void paintText(QPainter &painter, const QRect &key, const QImage &picture,
+               const ContactSheetStyle &style)
 {
-    const QSize size = shownPictureSize(picture.size(), style);
+    const QSize size = shownTextSize(picture.size(), style);
     if (size.isEmpty())
         return;
     QRect target(QPoint(), size);
@@ -61,7 +63,7 @@ QSize sheetSize(int keys, const ContactSheetStyle &style)
     return {gapOf(style) + style.columns * step, gapOf(style) + rowsOf(keys, style) * step};
 }
 
-QSize shownPictureSize(const QSize &picture, const ContactSheetStyle &style)
+QSize shownTextSize(const QSize &picture, const ContactSheetStyle &style)
 {
     if (picture.isEmpty())
         return {0, 0};
@@ -72,7 +74,31 @@ QSize shownPictureSize(const QSize &picture, const ContactSheetStyle &style)
     return {qMax(1, qRound(picture.width() * scale)), qMax(1, qRound(picture.height() * scale))};
 }
 
-QImage paintContactSheet(const QVector<QImage> &pictures, const ContactSheetStyle &style)
+QSize shownGaugeSize(const QSize &picture, const QSize &screen)
+{
+    return picture.isEmpty() ? QSize(0, 0) : picture.scaled(screen, Qt::KeepAspectRatio);
+}
+
+void paintGaugePicture(QPainter &painter, const QRect &screen, const QImage &picture)
+{
+    const QSize size = shownGaugeSize(picture.size(), screen.size());
+    if (size.isEmpty())
+        return;
+    QRect target(QPoint(), size);
+    target.moveCenter(screen.center());
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    QImage fitted = picture.scaled(size * ratio, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    fitted.setDevicePixelRatio(ratio);
+    const qreal radius = qMin(screen.width(), screen.height()) / 8.0;
+    QPainterPath glass;
+    glass.addRoundedRect(screen, radius, radius);
+    painter.save();
+    painter.setClipPath(glass);
+    painter.drawImage(target.topLeft(), fitted);
+    painter.restore();
+}
+
+QImage paintContactSheet(const QVector<SheetPicture> &pictures, const ContactSheetStyle &style)
 {
     QImage sheet(sheetSize(pictures.size(), style), QImage::Format_RGB32);
     sheet.fill(deckColor);
@@ -82,8 +108,13 @@ QImage paintContactSheet(const QVector<QImage> &pictures, const ContactSheetStyl
     for (int index = 0; index < places; ++index) {
         const QRect key = sheetKeyRect(index, style);
         paintKey(painter, key);
-        if (index < pictures.size())
-            paintPicture(painter, key, pictures.at(index), style);
+        if (index >= pictures.size())
+            continue;
+        const SheetPicture &picture = pictures.at(index);
+        if (picture.isGauge)
+            paintGaugePicture(painter, key, picture.image);
+        else
+            paintText(painter, key, picture.image, style);
     }
     return sheet;
 }

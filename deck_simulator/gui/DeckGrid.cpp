@@ -156,7 +156,7 @@ void DeckGrid::showFace(KeyCell *cell)
     }
     const Live live = m_live.value(entry->context);
     cell->setFace({actionCaption(entry->action), actionIcon(entry->action, Qt::white), live.title,
-                   live.picture});
+                   live.picture, isGaugePicture(live.picture.size(), entry->settings.display)});
 }
 
 QSize DeckGrid::sizeFor(int keySide) const
