@@ -10,9 +10,12 @@ class tst_ContactSheet : public QObject
 
 private Q_SLOTS:
     void laysKeysOutInRows();
-    void fitsPictures_data();
-    void fitsPictures();
-    void paintsPicturesInTheMiddleOfTheirKeys();
+    void fitsTexts_data();
+    void fitsTexts();
+    void fitsGauges_data();
+    void fitsGauges();
+    void paintsTextsInTheMiddleOfTheirKeys();
+    void paintsGaugesAsLargeAsTheirKeys();
     void showsEmptyKeysAndRoundCorners();
     void keepsTransparency();
     void paintsADeckWithoutKeys();
@@ -27,6 +30,16 @@ QImage filled(int width, int height, Qt::GlobalColor color)
     QImage image(width, height, QImage::Format_ARGB32);
     image.fill(color);
     return image;
+}
+
+SheetPicture text(int width, int height, Qt::GlobalColor color)
+{
+    return {filled(width, height, color), false};
+}
+
+SheetPicture gauge(int width, int height, Qt::GlobalColor color)
+{
+    return {filled(width, height, color), true};
 }
 
 QRect paintedArea(const QImage &sheet, const QRect &key, QRgb color)
@@ -60,7 +73,7 @@ void tst_ContactSheet::laysKeysOutInRows()
     QCOMPARE(size.height() - 1 - third.bottom(), first.top());
 }
 
-void tst_ContactSheet::fitsPictures_data()
+void tst_ContactSheet::fitsTexts_data()
 {
     QTest::addColumn<QSize>("picture");
     QTest::addColumn<int>("keySize");
@@ -73,17 +86,17 @@ void tst_ContactSheet::fitsPictures_data()
     QTest::newRow("no picture") << QSize() << 144 << QSize(0, 0);
 }
 
-void tst_ContactSheet::fitsPictures()
+void tst_ContactSheet::fitsTexts()
 {
     QFETCH(QSize, picture);
     QFETCH(int, keySize);
-    QTEST(shownPictureSize(picture, {5, keySize}), "shown");
+    QTEST(shownTextSize(picture, {5, keySize}), "shown");
 }
 
-void tst_ContactSheet::paintsPicturesInTheMiddleOfTheirKeys()
+void tst_ContactSheet::paintsTextsInTheMiddleOfTheirKeys()
 {
     const QImage sheet =
-        paintContactSheet({filled(264, 60, Qt::red), filled(20, 20, Qt::green)}, twoColumns);
+        paintContactSheet({text(264, 60, Qt::red), text(20, 20, Qt::green)}, twoColumns);
     QCOMPARE(sheet.size(), sheetSize(2, twoColumns));
 
     const QRect red = paintedArea(sheet, sheetKeyRect(0, twoColumns), qRgb(255, 0, 0));
@@ -94,10 +107,46 @@ void tst_ContactSheet::paintsPicturesInTheMiddleOfTheirKeys()
     QCOMPARE(green.center(), sheetKeyRect(1, twoColumns).center());
 }
 
+void tst_ContactSheet::fitsGauges_data()
+{
+    QTest::addColumn<QSize>("picture");
+    QTest::addColumn<QSize>("screen");
+    QTest::addColumn<QSize>("shown");
+    QTest::newRow("as large as the key") << QSize(144, 144) << QSize(144, 144) << QSize(144, 144);
+    QTest::newRow("small ones grow") << QSize(72, 72) << QSize(288, 288) << QSize(288, 288);
+    QTest::newRow("large ones shrink") << QSize(288, 288) << QSize(96, 96) << QSize(96, 96);
+    QTest::newRow("wide on a key") << QSize(288, 144) << QSize(144, 144) << QSize(144, 72);
+    QTest::newRow("wide on a dial") << QSize(288, 144) << QSize(200, 90) << QSize(180, 90);
+    QTest::newRow("square on a dial") << QSize(144, 144) << QSize(200, 90) << QSize(90, 90);
+    QTest::newRow("no picture") << QSize() << QSize(144, 144) << QSize(0, 0);
+}
+
+void tst_ContactSheet::fitsGauges()
+{
+    QFETCH(const QSize, picture);
+    QFETCH(const QSize, screen);
+    QTEST(shownGaugeSize(picture, screen), "shown");
+}
+
+void tst_ContactSheet::paintsGaugesAsLargeAsTheirKeys()
+{
+    SheetPicture exact = gauge(144, 144, Qt::black);
+    for (int x = 0; x < 144; ++x)
+        exact.image.setPixel(x, 72, x % 2 == 0 ? qRgb(255, 0, 0) : qRgb(0, 0, 255));
+    const QImage sheet = paintContactSheet({exact, gauge(288, 144, Qt::green)}, twoColumns);
+    const QRect key = sheetKeyRect(0, twoColumns);
+    // Pixel by pixel, up to the edges, but not in the round corners.
+    for (int x = 0; x < 144; ++x)
+        QCOMPARE(sheet.pixel(key.left() + x, key.top() + 72), exact.image.pixel(x, 72));
+    QCOMPARE(sheet.pixel(key.topLeft()), sheet.pixel(0, 0));
+    const QRect green = paintedArea(sheet, sheetKeyRect(1, twoColumns), qRgb(0, 255, 0));
+    QCOMPARE(green.size(), QSize(144, 72));
+    QCOMPARE(green.center(), sheetKeyRect(1, twoColumns).center());
+}
+
 void tst_ContactSheet::showsEmptyKeysAndRoundCorners()
 {
-    const QImage sheet =
-        paintContactSheet({filled(20, 20, Qt::white), QImage(), QImage()}, twoColumns);
+    const QImage sheet = paintContactSheet({text(20, 20, Qt::white), {}, {}}, twoColumns);
     const QRgb ground = sheet.pixel(0, 0);
     const QRgb dark = sheet.pixel(sheetKeyRect(1, twoColumns).center());
     QVERIFY(dark != ground);
@@ -114,7 +163,7 @@ void tst_ContactSheet::showsEmptyKeysAndRoundCorners()
 
 void tst_ContactSheet::keepsTransparency()
 {
-    const QImage sheet = paintContactSheet({filled(20, 20, Qt::transparent), QImage()}, twoColumns);
+    const QImage sheet = paintContactSheet({text(20, 20, Qt::transparent), {}}, twoColumns);
     QCOMPARE(sheet.pixel(sheetKeyRect(0, twoColumns).center()),
              sheet.pixel(sheetKeyRect(1, twoColumns).center()));
 }
