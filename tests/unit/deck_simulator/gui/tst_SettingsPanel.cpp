@@ -118,6 +118,7 @@ void tst_SettingsPanel::show(const QString &action, const EntrySettings &setting
     const DeckEntry entry{QStringLiteral("context"), action, {2, 1}, settings};
     m_panel->setEntry(&entry);
     m_panel->form()->setLists(someLists());
+    QCoreApplication::processEvents(); // what has just been shown gets its place
     QCOMPARE(m_edits->count(), 0);
 }
 
