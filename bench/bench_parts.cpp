@@ -2,6 +2,7 @@
 #include "bench/BenchDeck.h"
 #include "bench/BenchReadings.h"
 #include "bench/PlainQt.h"
+#include "plugin/KeyGauges.h"
 #include "plugin/KeyPass.h"
 #include "render/ActionUuids.h"
 #include "render/KeyPicture.h"
@@ -40,7 +41,8 @@ Painted painted(const BenchKey &spec)
 {
     normalAction action(nullptr, spec.action, spec.context);
     action.applySettings(spec.payload);
-    KeyPass pass;
+    KeyGauges gauges;
+    KeyPass pass(gauges, 0);
     const QString url = pass.paint(action).value_or(QString());
     const plainqt::Key key{spec.action, spec.context, action.font, action.color, action.opacity};
     return {key,
@@ -85,7 +87,8 @@ void text(benchmark::State &state)
 {
     normalAction key(nullptr, actionuuid::netWork, QStringLiteral("context"));
     key.titleLines.clear();
-    KeyPass pass;
+    KeyGauges gauges;
+    KeyPass pass(gauges, 0);
     for (auto _ : state) {
         for (int number = 0; number < largeDeck; ++number)
             benchmark::DoNotOptimize(pass.paint(key));

@@ -9,6 +9,11 @@ QString paintOneLine(normalAction &key, const QString &text)
     return key.normalPainting(text);
 }
 
+void composeOneLine(normalAction &key, const QString &text)
+{
+    key.composeLine(text);
+}
+
 } // namespace
 
 KeyKind::KeyKind(const QString &uuid, Value value, Format format)
@@ -16,6 +21,7 @@ KeyKind::KeyKind(const QString &uuid, Value value, Format format)
     , m_value(value)
     , m_format(format)
     , m_painter(paintOneLine)
+    , m_composer(composeOneLine)
 {
 }
 
@@ -24,6 +30,7 @@ KeyKind::KeyKind(const QString &uuid, ValueInPass value, Format format)
     , m_valueInPass(value)
     , m_format(format)
     , m_painter(paintOneLine)
+    , m_composer(composeOneLine)
 {
 }
 
@@ -31,12 +38,20 @@ KeyKind::KeyKind(const QString &uuid, Text text)
     : m_uuid(uuid)
     , m_text(text)
     , m_painter(paintOneLine)
+    , m_composer(composeOneLine)
 {
 }
 
-KeyKind &KeyKind::paintedBy(Painter painter)
+KeyKind &KeyKind::paintedBy(Painter painter, Composer composer)
 {
     m_painter = painter;
+    m_composer = composer;
+    return *this;
+}
+
+KeyKind &KeyKind::gauging(const GaugeKind &gauge)
+{
+    m_gauge = gauge;
     return *this;
 }
 

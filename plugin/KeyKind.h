@@ -1,9 +1,12 @@
 #pragma once
 
+#include "plugin/GaugeKind.h"
 #include "plugin/SettingsOccasion.h"
 #include "values/Reading.h"
 
 #include <QString>
+
+#include <optional>
 
 class KeyPass;
 class normalAction;
@@ -21,6 +24,7 @@ public:
     using Format = QString (*)(const Reading<double> &value);
     using Text = QString (*)(Key key);
     using Painter = QString (*)(normalAction &key, const QString &text);
+    using Composer = void (*)(normalAction &key, const QString &text);
     using Selection = void (*)(normalAction &key, SettingsOccasion occasion);
     using ReplyPart = void (*)(SettingsDraft &draft);
 
@@ -29,8 +33,10 @@ public:
     KeyKind(const QString &uuid, ValueInPass value, Format format);
     KeyKind(const QString &uuid, Text text);
 
-    /// Used instead of painting on one line.
-    KeyKind &paintedBy(Painter painter);
+    /// Used instead of painting, and of composing, one line.
+    KeyKind &paintedBy(Painter painter, Composer composer);
+    /// A kind that gauges can show.
+    KeyKind &gauging(const GaugeKind &gauge);
     KeyKind &selecting(Selection selection);
     KeyKind &replying(ReplyPart part);
     /// A kind whose keys show one drive, or the drives in turn.
@@ -40,6 +46,10 @@ public:
     QString textOf(Key key, KeyPass &pass) const;
     /// Returns the picture as a data URL; empty where nothing is painted.
     QString paint(normalAction &key, const QString &text) const { return m_painter(key, text); }
+    /// Gives \a key the line of text that paint() paints, without painting it.
+    void compose(normalAction &key, const QString &text) const { m_composer(key, text); }
+    /// Null for a kind without gauges.
+    const GaugeKind *gauge() const { return m_gauge ? &*m_gauge : nullptr; }
     void select(normalAction &key, SettingsOccasion occasion) const;
     void addToReply(SettingsDraft &draft) const;
     bool stepsThroughDrives() const { return m_stepsThroughDrives; }
@@ -51,6 +61,8 @@ private:
     Format m_format = nullptr;
     Text m_text = nullptr;
     Painter m_painter;
+    Composer m_composer;
+    std::optional<GaugeKind> m_gauge;
     Selection m_selection = nullptr;
     ReplyPart m_replyPart = nullptr;
     bool m_stepsThroughDrives = false;

@@ -6,6 +6,7 @@
 #include "plugin/KeyKinds.h"
 #include "plugin/KeyPass.h"
 #include "plugin/KeySelections.h"
+#include "plugin/PassClock.h"
 #include "plugin/SettingsReply.h"
 #include "plugin/UpdateInterval.h"
 #include "render/normalAction.h"
@@ -162,7 +163,7 @@ void SystemMonitorPlugin::updateKeys()
 {
     // Compatibility: list-lock
     const QMutexLocker lock(&m_listLock);
-    KeyPass pass;
+    KeyPass pass(m_gauges, passTime());
     for (normalAction *const key : qAsConst(m_actions))
         updateKey(*key, pass);
 }
@@ -204,6 +205,7 @@ void SystemMonitorPlugin::answerSettings(normalAction &key, const QJsonObject &p
 {
     const QJsonObject settings = payload.value(QLatin1String("settings")).toObject();
     key.applySettings(payload);
+    m_gauges.forget(key);
     applySelections(key, occasion);
     const KeyKind *const kind = findKeyKind(key.GetAction());
     if (kind && kind->stepsThroughDrives())
@@ -229,7 +231,8 @@ void SystemMonitorPlugin::applyDiskMode(normalAction &key)
 void SystemMonitorPlugin::showDriveAndMoveOn(normalAction &key)
 {
     // Compatibility: loop-shows-single
-    const QString picture = key.normalPainting(diskkey::driveText(key));
+    const QString picture = m_gauges.paintBetweenPasses(key, *findKeyKind(key.GetAction()),
+                                                        diskkey::driveText(key), passTime());
     if (mConnectionManager) {
         mConnectionManager->SetImage(picture, key.GetContext(), 0, -1);
         mConnectionManager->SetTitle(key.displayedText, key.GetContext(), 0, -1);
@@ -247,18 +250,40 @@ void SystemMonitorPlugin::WillDisappearForAction(const QString &action, const QS
 }
 
 // Compatibility: presses-do-nothing
-void SystemMonitorPlugin::KeyDownForAction(const QString &action, const QString & /*context*/,
+/// Unless the key's display settings ask for more.
+void SystemMonitorPlugin::KeyDownForAction(const QString &action, const QString &context,
                                            const QJsonObject & /*payload*/,
                                            const QString & /*deviceId*/)
 {
     LogDebug(labelled("KeyDownForAction: ", action));
+    pressOrRelease(action, context, true);
 }
 
-void SystemMonitorPlugin::KeyUpForAction(const QString &action, const QString & /*context*/,
+void SystemMonitorPlugin::KeyUpForAction(const QString &action, const QString &context,
                                          const QJsonObject & /*payload*/,
                                          const QString & /*deviceId*/)
 {
     LogDebug(labelled("KeyUpForAction: ", action));
+    pressOrRelease(action, context, false);
+}
+
+void SystemMonitorPlugin::DialPressForAction(const QString &action, const QString &context,
+                                             const QJsonObject &payload, const QString &deviceId)
+{
+    Plugin::DialPressForAction(action, context, payload, deviceId);
+    pressOrRelease(action, context, payload.value(QLatin1String("pressed")).toBool());
+}
+
+void SystemMonitorPlugin::pressOrRelease(const QString &action, const QString &context,
+                                         bool isPressed)
+{
+    const normalAction *const key = FindAction(action, context);
+    if (!key)
+        return;
+    if (isPressed)
+        m_gauges.press(*key, passTime());
+    else
+        m_gauges.release(*key, passTime());
 }
 
 void SystemMonitorPlugin::SendToPlugin(const QString &action, const QString & /*context*/,
@@ -336,6 +361,7 @@ bool SystemMonitorPlugin::RemoveAction(const QString &action, const QString &con
     if (!key)
         return false;
     m_actions.removeOne(key);
+    m_gauges.forget(*key);
     delete key;
     return true;
 }

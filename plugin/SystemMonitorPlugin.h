@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SDK/Plugin.h"
+#include "plugin/KeyGauges.h"
 #include "sensors/SystemMonitorLibOwner.h"
 
 #include <QList>
@@ -40,6 +41,8 @@ public:
                           const QString &deviceId) override;
     void KeyUpForAction(const QString &action, const QString &context, const QJsonObject &payload,
                         const QString &deviceId) override;
+    void DialPressForAction(const QString &action, const QString &context,
+                            const QJsonObject &payload, const QString &deviceId) override;
     void WillAppearForAction(const QString &action, const QString &context,
                              const QJsonObject &payload, const QString &deviceId) override;
     void WillDisappearForAction(const QString &action, const QString &context,
@@ -77,11 +80,13 @@ private:
     void onCommitData();
     void applyDiskMode(normalAction &key);
     void showDriveAndMoveOn(normalAction &key);
+    void pressOrRelease(const QString &action, const QString &context, bool isPressed);
     void answerSettings(normalAction &key, const QJsonObject &payload, SettingsOccasion occasion);
     normalAction *getOrCreateKey(const QString &action, const QString &context);
 
-    QMutex m_listLock;                   ///< Held during a pass, on insertion and on removal.
-    QList<normalAction *> m_actions;     ///< In the order in which the keys first appeared.
+    QMutex m_listLock;               ///< Held during a pass, on insertion and on removal.
+    QList<normalAction *> m_actions; ///< In the order in which the keys first appeared.
+    KeyGauges m_gauges;
     VqSystemMonitorLib *m_library;       ///< Null when it could not be created.
     VqSystemMonitorLib *m_unusedLibrary; ///< Kept beside the first, never initialised nor read.
     PerfDataSource *m_perfDataSource;

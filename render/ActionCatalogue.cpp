@@ -52,13 +52,36 @@ const QVector<ActionCatalogueRow> &actionCatalogue()
     return rows;
 }
 
-QString defaultTitle(const QString &uuid)
+namespace {
+
+/// Null where there is none.
+const ActionCatalogueRow *findRow(const QString &uuid)
 {
     const auto &rows = actionCatalogue();
     const auto row =
         std::find_if(rows.begin(), rows.end(),
                      [&uuid](const ActionCatalogueRow &each) { return each.uuid == uuid; });
-    if (row == rows.end())
-        return {};
-    return LanguageUtilities::instance()->Translate(row->englishTitle, row->chineseTitle);
+    return row == rows.end() ? nullptr : &*row;
+}
+
+QString translatedTitle(const ActionCatalogueRow &row)
+{
+    return LanguageUtilities::instance()->Translate(row.englishTitle, row.chineseTitle);
+}
+
+} // namespace
+
+QString defaultTitle(const QString &uuid)
+{
+    const ActionCatalogueRow *const row = findRow(uuid);
+    return row ? translatedTitle(*row) : QString();
+}
+
+bool isDefaultTitle(const QString &uuid, const QString &title)
+{
+    const ActionCatalogueRow *const row = findRow(uuid);
+    if (!row)
+        return title.isEmpty();
+    return title == row->chineseTitle || title == row->englishTitle ||
+           title == translatedTitle(*row);
 }

@@ -18,3 +18,7 @@ const QVector<ActionCatalogueRow> &actionCatalogue();
 /// title where the language has no table. Empty for a UUID without a row: UUIDs are compared
 /// exactly, and some kinds of keys have no default title.
 QString defaultTitle(const QString &uuid);
+
+/// Whether \a title is the default title of \a uuid in any language; for a kind without one,
+/// whether it is empty.
+bool isDefaultTitle(const QString &uuid, const QString &title);

@@ -72,6 +72,7 @@ KeySettings parseKeySettings(const QJsonObject &payload)
     result.chosenSensor = text("SelectValue");
     result.newlyChosenSensor = text("SystemDataSelect");
     result.keyWidth = lengthFrom(geometry.value(QLatin1String("width")));
+    result.display = parseDisplaySettings(settings.value(QLatin1String("display")).toObject());
     return result;
 }
 

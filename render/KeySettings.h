@@ -1,5 +1,7 @@
 #pragma once
 
+#include "render/DisplaySettings.h"
+
 #include <QJsonObject>
 #include <QString>
 
@@ -28,6 +30,8 @@ struct KeySettings
     QString chosenSensor;
     QString newlyChosenSensor; ///< A settings panel names a sensor anew here.
 
+    DisplaySettings display;
+
     bool isFahrenheit() const;
     /// One line and two lines; a network key that is set to neither paints nothing.
     bool isOneLine() const;
@@ -38,9 +42,9 @@ struct KeySettings
     bool loopsOverDrives() const;
 };
 
-/// Reads "settings"."titleParameters" and "settings"."ActionGeometry" of an event's payload. A
-/// member that is missing or of another type is empty, 0 or false: the settings panel always sends
-/// the full set.
+/// Reads "settings"."titleParameters", "settings"."ActionGeometry" and "settings"."display" of an
+/// event's payload. A member of the first two that is missing or of another type is empty, 0 or
+/// false: the settings panel always sends the full set.
 KeySettings parseKeySettings(const QJsonObject &payload);
 
 /// The pixel size for \a fontSize on a key of width \a keyWidth whose last picture had the width \a

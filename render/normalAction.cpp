@@ -77,36 +77,45 @@ void normalAction::updateFontPixelSize()
     font.setPixelSize(fontPixelSize(fontSize, keyWidth, imageWidth));
 }
 
+void normalAction::composeLine(const QString &text)
+{
+    LogDebug(labelled("textToDraw: ", text));
+    displayedText = drawsTitle() ? titled(titleText, text) : text;
+}
+
 QString normalAction::normalPainting(const QString &textToDraw)
 {
-    LogDebug(labelled("textToDraw: ", textToDraw));
-    displayedText = drawsTitle() ? titled(titleText, textToDraw) : textToDraw;
+    composeLine(textToDraw);
 
     const ShapedLine line(displayedText, font);
     imageWidth = line.width();
     imageHeight = QFontMetrics(font).height();
-    // Compatibility: opacity-is-transparency
-    keyImage =
-        paintPicture({imageWidth, imageHeight}, {{QRect(0, 0, imageWidth, imageHeight), &line}},
-                     {font, color, 1.0 - opacity, textAlignment});
+    keyImage = paintPicture({imageWidth, imageHeight},
+                            {{QRect(0, 0, imageWidth, imageHeight), &line}}, pictureStyle());
     return pngDataUrl(keyImage, "normalAction::normalPainting");
+}
+
+QStringList normalAction::composeTwoLines(const QString &uploadText, const QString &downloadText)
+{
+    if (GetAction() != actionuuid::netWork || !isTwoLines())
+        return {};
+    QStringList lines{uploadText, downloadText};
+    if (drawsTitle()) {
+        const Prefixes prefixes = splitTitle(titleText);
+        lines = QStringList{titled(prefixes.upload, uploadText),
+                            titled(prefixes.download, downloadText)};
+    }
+    displayedText = lines.join(QLatin1Char('\n'));
+    return lines;
 }
 
 QString normalAction::paintingTwoLines(const QString &uploadText, const QString &downloadText)
 {
-    if (GetAction() != actionuuid::netWork || !isTwoLines())
+    const QStringList lines = composeTwoLines(uploadText, downloadText);
+    if (lines.isEmpty())
         return {};
-    QString upload = uploadText;
-    QString download = downloadText;
-    if (drawsTitle()) {
-        const Prefixes prefixes = splitTitle(titleText);
-        upload = titled(prefixes.upload, uploadText);
-        download = titled(prefixes.download, downloadText);
-    }
-    displayedText = upload + QLatin1Char('\n') + download;
-
-    const ShapedLine first(upload, font);
-    const ShapedLine second(download, font);
+    const ShapedLine first(lines.first(), font);
+    const ShapedLine second(lines.last(), font);
     const int lineHeight = QFontMetrics(font).height();
     imageWidth = std::max(first.width(), second.width());
     imageHeight = 2 * lineHeight;
@@ -115,6 +124,20 @@ QString normalAction::paintingTwoLines(const QString &uploadText, const QString 
     keyImage = paintPicture({imageWidth, imageHeight},
                             {{QRect(0, 0, first.width(), lineHeight), &first},
                              {QRect(0, lineHeight, second.width(), lineHeight), &second}},
-                            {font, color, 1.0 - opacity, textAlignment});
+                            pictureStyle());
     return pngDataUrl(keyImage, "normalAction::paintingTwoLines");
+}
+
+PictureStyle normalAction::pictureStyle() const
+{
+    // Compatibility: opacity-is-transparency
+    return {font, letterColor.isEmpty() ? color : letterColor, 1.0 - opacity, textAlignment};
+}
+
+QString normalAction::gaugePainting(const gauge::Content &content, const gauge::Look &look)
+{
+    keyImage = paintGauge(content, look);
+    imageWidth = keyImage.width();
+    imageHeight = keyImage.height();
+    return pngDataUrl(keyImage, "normalAction::gaugePainting");
 }

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "SDK/Action.h"
+#include "render/Gauge.h"
 #include "render/KeySettings.h"
 
 #include <QFont>
 #include <QImage>
+#include <QStringList>
 #include <QTimer>
+
+struct PictureStyle;
 
 /// One key of the deck: its settings, its selections and the picture it shows. Used on the main
 /// thread. The fields are open to the plugin, which reads the settings and writes the selections.
@@ -31,9 +35,20 @@ public:
     /// an empty text and keeps the picture.
     QString paintingTwoLines(const QString &uploadText, const QString &downloadText);
 
+    /// The line that normalPainting paints becomes `displayedText`; nothing is painted.
+    void composeLine(const QString &text);
+
+    /// Likewise the two lines that paintingTwoLines paints; returns them, or an empty list where
+    /// that returns an empty text.
+    QStringList composeTwoLines(const QString &uploadText, const QString &downloadText);
+
+    /// Paints a gauge and returns it as a PNG data URL.
+    QString gaugePainting(const gauge::Content &content, const gauge::Look &look);
+
     QImage keyImage;                     ///< The last picture.
     int textAlignment = Qt::AlignCenter; ///< Of each line within its own rectangle.
-    QString displayedText; ///< The last text drawn; two lines are joined by a line feed.
+    QString displayedText; ///< The last text composed; two lines are joined by a line feed.
+    QString letterColor;   ///< Of the letters, in place of `color` unless it is empty.
     QFont font;
     int imageWidth = 0;  ///< Of the last picture, in pixels; 0 before the first.
     int imageHeight = 0; ///< Likewise.
@@ -46,5 +61,6 @@ public:
 
 private:
     void updateFontPixelSize();
+    PictureStyle pictureStyle() const;
     bool drawsTitle() const { return showTitle && !titleText.isEmpty(); }
 };

@@ -1,20 +1,27 @@
 #pragma once
 
 #include "sensors/FontRecord.h"
+#include "values/Reading.h"
 
 #include <QJsonObject>
 #include <QList>
 #include <QPair>
+#include <QSet>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 /// The process-wide snapshot of readings: one number and one units text per metric. Written by the
 /// refresh and the font registry, read by everyone else, all on the main thread. A reading that is
-/// missing is 0 with its default units.
+/// missing is 0 with its default units, and MissingNumbers has the address of its number.
 struct systemInfor
 {
     /// Sensors by label, each with its value and units as one text.
     using SensorTexts = QList<QPair<QString, QString>>;
+    /// The readings of SensorTexts, in their order.
+    using SensorNumbers = QVector<Reading<double>>;
+
+    static inline QSet<const void *> MissingNumbers; ///< Addresses of members below.
 
     static inline unsigned CpuUsage = 0; ///< 0 to 100.
     static inline QString CpuUsageUnits;
@@ -55,7 +62,8 @@ struct systemInfor
     static inline QString GpuMemoryUsageUnits;
     static inline double GpuMemoryAllocated = 0.0; ///< At least 0.
     static inline QString GpuMemoryAllocatedUnits;
-    static inline double GpuPower = 0.0; ///< 0 to 100000.
+    static inline double GpuMemorySize = 0.0; ///< MB; 0 where it is unknown.
+    static inline double GpuPower = 0.0;      ///< 0 to 100000.
     static inline QString GpuPowerUnits;
     static inline double GpuVoltage = 0.0;
     static inline QString GpuVoltageUnits;
@@ -63,9 +71,13 @@ struct systemInfor
     static inline QString AIOPump;            ///< The pump's speed, or "nodata".
     static inline SensorTexts CpuFanList;     ///< CPU fans.
     static inline SensorTexts SensorList;     ///< Every sensor.
+    static inline Reading<double> PumpNumber; ///< That of AIOPump.
+    static inline SensorNumbers CpuFanNumbers;
+    static inline SensorNumbers AllSensorNumbers; ///< Those of SensorList.
     static inline QJsonObject AllSensorsData; ///< The last full sensor tree, frame rates as "FPS".
     static inline QJsonObject SmartInfo;      ///< The last drive trees.
     static inline QList<QPair<QString, int>> DriveTemperatureList; ///< By drive, °C.
+    static inline QStringList DrivesWithoutTemperature;            ///< There it is 0.
 
     // The entries of the four lists of drives need not correspond: only DriveRoots includes the
     // drives that do not answer.

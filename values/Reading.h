@@ -8,4 +8,5 @@ struct Reading
 {
     Number value{};
     QString units;
+    bool isMissing = false; ///< The machine has no such reading; the number stands in for it.
 };

@@ -12,18 +12,21 @@ struct Mean
 {
     double sum = 0.0;
     int count = 0;
+    bool isMissing = true;
     QString units;
 
     void add(const QJsonObject &reading)
     {
         sum += valueOf(reading);
         units = unitsOf(reading, QString());
+        isMissing = isMissing && !hasValue(reading);
         ++count;
     }
 
     Reading<double> reading(const QString &defaultUnits) const
     {
-        return {count > 0 && sum > 0 ? sum / count : 0.0, units.isEmpty() ? defaultUnits : units};
+        return {count > 0 && sum > 0 ? sum / count : 0.0, units.isEmpty() ? defaultUnits : units,
+                isMissing};
     }
 };
 

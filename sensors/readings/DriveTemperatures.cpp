@@ -29,3 +29,13 @@ QList<QPair<QString, int>> driveTemperatures(const QJsonObject &driveTrees)
     }
     return temperatures;
 }
+
+QStringList drivesWithoutTemperature(const QJsonObject &driveTrees)
+{
+    QStringList drives;
+    for (auto drive = driveTrees.begin(); drive != driveTrees.end(); ++drive) {
+        if (!hasWholeValue(temperatureReading(drive.value().toObject())))
+            drives.append(drive.key());
+    }
+    return drives;
+}

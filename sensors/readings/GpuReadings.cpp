@@ -66,7 +66,7 @@ Reading<double> temperatureReading(const QJsonObject &gpuTree, const QJsonObject
         return *own;
     // The CPU's sensor gives its units as the letter only.
     const Reading<double> enhanced = enhancedReading(temperatureChain, enhancedTree);
-    return {enhanced.value, withDegreeSign(enhanced.units)};
+    return {enhanced.value, withDegreeSign(enhanced.units), enhanced.isMissing};
 }
 
 double memorySize(const QJsonObject &gpuTree)
@@ -110,6 +110,7 @@ GpuReadings gpuReadings(const QJsonObject &gpuTree, const QJsonObject &enhancedT
     gpu.memoryClock = wholeNumber(read(memoryClockChain), highestClock);
     gpu.memoryUsage = heldTo(read(memoryUsageChain), 0.0, highestUsage);
     gpu.memoryAllocated = heldTo(read(memoryAllocatedChain), 0.0, unbounded);
+    gpu.memorySize = memorySize(gpuTree);
     gpu.power = heldTo(read(powerChain), 0.0, highestPower);
     gpu.voltage = read(voltageChain);
     return gpu;

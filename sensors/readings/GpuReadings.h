@@ -14,6 +14,7 @@ struct GpuReadings
     Reading<int> memoryClock;
     Reading<double> memoryUsage;
     Reading<double> memoryAllocated;
+    double memorySize = 0; ///< MB, as chosenGpu compares it; 0 when it is unknown.
     Reading<double> power;
     Reading<double> voltage;
 };

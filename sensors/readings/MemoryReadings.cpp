@@ -23,11 +23,15 @@ int roundedHalfUp(double value)
 MemoryReadings memoryReadings(const QJsonObject &systemTree)
 {
     const QJsonObject load = readingOf(systemTree, QStringLiteral("Physical Memory Load"));
+    const QJsonObject used = readingOf(systemTree, QStringLiteral("Physical Memory Used"));
+    const QJsonObject available =
+        readingOf(systemTree, QStringLiteral("Physical Memory Available"));
     MemoryReadings memory;
     memory.load = shareOf(numberOf(load, QStringLiteral("%")));
-    memory.usedMB = wholeValueOf(readingOf(systemTree, QStringLiteral("Physical Memory Used")));
-    memory.availableMB =
-        wholeValueOf(readingOf(systemTree, QStringLiteral("Physical Memory Available")));
+    memory.usedMB = wholeValueOf(used);
+    memory.availableMB = wholeValueOf(available);
+    memory.isUsedMissing = !hasWholeValue(used);
+    memory.isAvailableMissing = !hasWholeValue(available);
     memory.totalMB = truncated(static_cast<double>(memory.usedMB) + memory.availableMB);
     memory.usedGB = memory.usedMB * gigabytesPerMegabyte;
     memory.availableGB = memory.availableMB * gigabytesPerMegabyte;

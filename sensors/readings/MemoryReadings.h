@@ -10,6 +10,8 @@ struct MemoryReadings
     Reading<unsigned> load; ///< 0 to 100.
     int usedMB = 0;
     int availableMB = 0;
+    bool isUsedMissing = true; ///< Then usedMB is 0; likewise for availableMB.
+    bool isAvailableMissing = true;
     int totalMB = 0;
     double usedGB = 0.0;
     double availableGB = 0.0;

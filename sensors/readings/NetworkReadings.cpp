@@ -2,13 +2,16 @@
 
 #include "sensors/readings/SensorTree.h"
 
+#include <optional>
+
 using namespace sensortree;
 
 namespace {
 
 constexpr double step = 1024.0;
 
-double kilobytesPerSecond(const QJsonObject &reading)
+/// In KB/s; nothing where the units are others.
+std::optional<double> kilobytesPerSecond(const QJsonObject &reading)
 {
     const QString units = unitsOf(reading, QString());
     const double value = valueOf(reading);
@@ -18,8 +21,28 @@ double kilobytesPerSecond(const QJsonObject &reading)
         return value * step;
     if (units == QLatin1String("GB/s"))
         return value * step * step;
-    return 0.0;
+    return std::nullopt;
 }
+
+struct Sum
+{
+    double rate = 0.0;
+    bool isMissing = true;
+
+    void add(const QJsonObject &reading)
+    {
+        const std::optional<double> kilobytes = kilobytesPerSecond(reading);
+        rate += kilobytes.value_or(0.0);
+        isMissing = isMissing && !(kilobytes && hasValue(reading));
+    }
+
+    Reading<double> scaled() const
+    {
+        Reading<double> reading = scaledRate(rate);
+        reading.isMissing = isMissing;
+        return reading;
+    }
+};
 
 } // namespace
 
@@ -36,14 +59,23 @@ Reading<double> scaledRate(double kilobytesPerSecond)
     return {megabytes / step, QStringLiteral("GB/s")};
 }
 
+double unscaledRate(const Reading<double> &scaled)
+{
+    if (scaled.units == QLatin1String("MB/s"))
+        return scaled.value * step;
+    if (scaled.units == QLatin1String("GB/s"))
+        return scaled.value * step * step;
+    return scaled.value;
+}
+
 NetworkReadings networkReadings(const QJsonObject &adapterTrees)
 {
-    double up = 0.0;
-    double down = 0.0;
+    Sum up;
+    Sum down;
     for (const QJsonValue adapter : adapterTrees) {
         const QJsonObject sensors = adapter.toObject();
-        up += kilobytesPerSecond(readingOf(sensors, QStringLiteral("Current UP rate")));
-        down += kilobytesPerSecond(readingOf(sensors, QStringLiteral("Current DL rate")));
+        up.add(readingOf(sensors, QStringLiteral("Current UP rate")));
+        down.add(readingOf(sensors, QStringLiteral("Current DL rate")));
     }
-    return {scaledRate(up), scaledRate(down)};
+    return {up.scaled(), down.scaled()};
 }

@@ -20,12 +20,20 @@ namespace {
 
 using Info = systemInfor;
 
+template <typename Number>
+void mark(const Number &number, bool isMissing)
+{
+    if (isMissing)
+        Info::MissingNumbers.insert(&number);
+}
+
 /// Stores \a reading in the snapshot's members for its number and its units.
 template <typename Number>
 void store(const Reading<Number> &reading, Number &number, QString &units)
 {
     number = reading.value;
     units = reading.units;
+    mark(number, reading.isMissing);
 }
 
 /// An empty tree without a library.
@@ -51,6 +59,7 @@ void refreshAudio(int device)
     Info::AudioDeviceNames = audio.names;
     Info::AudioDeviceVolumes = audio.volumes;
     Info::AudioVolume = audio.selectedVolume;
+    mark(Info::AudioVolume, audio.selectedVolume < 0);
 }
 
 void refreshMemory(VqSystemMonitorLib *library)
@@ -65,6 +74,11 @@ void refreshMemory(VqSystemMonitorLib *library)
     Info::MemoryAvailableGB = memory.availableGB;
     Info::MemoryTotalGB = memory.totalGB;
     Info::MemoryTotalGBRounded = memory.totalGBRounded;
+    mark(Info::MemoryUsedMB, memory.isUsedMissing);
+    mark(Info::MemoryUsedGB, memory.isUsedMissing);
+    mark(Info::MemoryAvailableMB, memory.isAvailableMissing);
+    mark(Info::MemoryAvailableGB, memory.isAvailableMissing);
+    mark(Info::MemoryTotalMB, memory.isUsedMissing || memory.isAvailableMissing);
 }
 
 void refreshCpu(VqSystemMonitorLib *library)
@@ -100,6 +114,7 @@ void refreshGpu(VqSystemMonitorLib *library, const QJsonObject &enhancedTree)
     store(gpu.memoryClock, Info::GpuMemoryClock, Info::GpuMemoryClockUnits);
     store(gpu.memoryUsage, Info::GpuMemoryUsage, Info::GpuMemoryUsageUnits);
     store(gpu.memoryAllocated, Info::GpuMemoryAllocated, Info::GpuMemoryAllocatedUnits);
+    Info::GpuMemorySize = gpu.memorySize;
     store(gpu.power, Info::GpuPower, Info::GpuPowerUnits);
     store(gpu.voltage, Info::GpuVoltage, Info::GpuVoltageUnits);
 }
@@ -115,7 +130,9 @@ void refreshNetwork(VqSystemMonitorLib *library)
 void refreshDriveTemperatures(VqSystemMonitorLib *library)
 {
     Info::SmartInfo = ask(library, &VqSystemMonitorLib::getSMARTInfo);
-    Info::DriveTemperatureList = driveTemperatures(ask(library, &VqSystemMonitorLib::getSMARTInfo));
+    const QJsonObject drives = ask(library, &VqSystemMonitorLib::getSMARTInfo);
+    Info::DriveTemperatureList = driveTemperatures(drives);
+    Info::DrivesWithoutTemperature = drivesWithoutTemperature(drives);
 }
 
 void refreshSensorLists(VqSystemMonitorLib *library)
@@ -131,12 +148,16 @@ void refreshSensorLists(VqSystemMonitorLib *library)
     Info::AIOPump = walk.pump;
     Info::CpuFanList = walk.cpuFans;
     Info::SensorList = walk.sensors;
+    Info::PumpNumber = walk.pumpNumber;
+    Info::CpuFanNumbers = walk.cpuFanNumbers;
+    Info::AllSensorNumbers = walk.sensorNumbers;
 }
 
 } // namespace
 
 void refreshSystemInfor(VqSystemMonitorLib *library, int audioDevice)
 {
+    Info::MissingNumbers.clear();
     refreshDrives();
     refreshAudio(audioDevice);
     refreshMemory(library);

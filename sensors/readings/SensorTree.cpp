@@ -34,10 +34,21 @@ QJsonObject readingOf(const QJsonObject &sensors, const QString &label)
     return key ? firstReading(sensors.value(*key)) : QJsonObject();
 }
 
+bool hasValue(const QJsonObject &reading)
+{
+    return reading.value(QLatin1String("value")).isDouble();
+}
+
 // Compatibility: missing-is-zero
 double valueOf(const QJsonObject &reading)
 {
     return reading.value(QLatin1String("value")).toDouble();
+}
+
+bool hasWholeValue(const QJsonObject &reading)
+{
+    const QJsonValue value = reading.value(QLatin1String("value"));
+    return value.toInt(0) == value.toInt(1);
 }
 
 // Compatibility: whole-numbers
@@ -54,24 +65,25 @@ QString unitsOf(const QJsonObject &reading, const QString &fallback)
 
 Reading<double> numberOf(const QJsonObject &reading, const QString &fallback)
 {
-    return {valueOf(reading), unitsOf(reading, fallback)};
+    return {valueOf(reading), unitsOf(reading, fallback), !hasValue(reading)};
 }
 
 Reading<int> wholeNumber(const Reading<double> &reading, unsigned cap)
 {
-    return {wholenumber::capped(wholenumber::truncated(reading.value), cap), reading.units};
+    return {wholenumber::capped(wholenumber::truncated(reading.value), cap), reading.units,
+            reading.isMissing};
 }
 
 Reading<unsigned> shareOf(const Reading<double> &reading)
 {
     constexpr unsigned whole = 100;
     const Reading<int> share = wholeNumber(reading, whole);
-    return {static_cast<unsigned>(share.value), share.units};
+    return {static_cast<unsigned>(share.value), share.units, share.isMissing};
 }
 
 Reading<double> heldTo(const Reading<double> &reading, double lowest, double highest)
 {
-    return {std::clamp(reading.value, lowest, highest), reading.units};
+    return {std::clamp(reading.value, lowest, highest), reading.units, reading.isMissing};
 }
 
 QString withDegreeSign(const QString &units)

@@ -24,8 +24,14 @@ QJsonObject firstReading(const QJsonValue &value);
 /// The first reading under the key that contains \a label; an empty object when there is none.
 QJsonObject readingOf(const QJsonObject &sensors, const QString &label);
 
+/// Whether "value" of a reading is a number.
+bool hasValue(const QJsonObject &reading);
+
 /// "value" of a reading; 0 when it is missing or no number.
 double valueOf(const QJsonObject &reading);
+
+/// Whether "value" of a reading is a whole number.
+bool hasWholeValue(const QJsonObject &reading);
 
 /// "value" of a reading that counts whole units: 0 also when the number is not whole.
 int wholeValueOf(const QJsonObject &reading);

@@ -16,33 +16,47 @@ bool isReading(const QJsonObject &object)
     return object.contains(QLatin1String("value")) && object.contains(QLatin1String("units"));
 }
 
-void takeReading(SensorWalk &walk, const QString &label, const QJsonObject &reading)
+QString textOf(const Reading<double> &number)
 {
-    const QString text = sensorText(reading);
-    if (containsLabel(label, QStringLiteral("AIO Pump")))
-        walk.pump = text;
+    return readingtext::general(number.value, number.units);
+}
+
+} // namespace
+
+void SensorWalk::addSensor(const QString &label, const Reading<double> &number)
+{
+    sensors.append({label, textOf(number)});
+    sensorNumbers.append(number);
+}
+
+void SensorWalk::takeReading(const QString &label, const QJsonObject &reading)
+{
+    const Reading<double> number = numberOf(reading, QString());
+    if (containsLabel(label, QStringLiteral("AIO Pump"))) {
+        pump = textOf(number);
+        pumpNumber = number;
+    }
     if (containsLabel(label, QStringLiteral("CPU")) &&
-        containsLabel(label, QStringLiteral("Fan")) &&
-        unitsOf(reading, QString()) == QLatin1String("RPM"))
-        walk.cpuFans.append({label, text});
-    walk.sensors.append({label, text});
+        containsLabel(label, QStringLiteral("Fan")) && number.units == QLatin1String("RPM")) {
+        cpuFans.append({label, textOf(number)});
+        cpuFanNumbers.append(number);
+    }
+    addSensor(label, number);
 }
 
 /// Takes the sensors of \a array and puts its other objects on \a groups.
-void visitArray(SensorWalk &walk, const QString &label, const QJsonArray &array,
-                QVector<QJsonObject> &groups)
+void SensorWalk::visitArray(const QString &label, const QJsonArray &array,
+                            QVector<QJsonObject> &groups)
 {
     for (const QJsonValue element : array) {
         if (!element.isObject())
             continue;
         if (isReading(element.toObject()))
-            takeReading(walk, label, element.toObject());
+            takeReading(label, element.toObject());
         else
             groups.append(element.toObject());
     }
 }
-
-} // namespace
 
 void SensorWalk::visit(const QJsonObject &tree)
 {
@@ -53,9 +67,9 @@ void SensorWalk::visit(const QJsonObject &tree)
         for (auto member = group.begin(); member != group.end(); ++member) {
             const QJsonValue value = member.value();
             if (value.isArray())
-                visitArray(*this, member.key(), value.toArray(), groups);
+                visitArray(member.key(), value.toArray(), groups);
             else if (value.isObject() && isReading(value.toObject()))
-                sensors.append({member.key(), sensorText(value.toObject())});
+                addSensor(member.key(), numberOf(value.toObject(), QString()));
             else if (value.isObject())
                 groups.append(value.toObject());
         }
@@ -64,7 +78,7 @@ void SensorWalk::visit(const QJsonObject &tree)
 
 QString sensorText(const QJsonObject &reading)
 {
-    return readingtext::general(valueOf(reading), unitsOf(reading, QString()));
+    return textOf(numberOf(reading, QString()));
 }
 
 QJsonObject pairsToTree(const systemInfor::SensorTexts &pairs)

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "sensors/systemInfor.h"
+#include "values/Reading.h"
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
+#include <QVector>
 
 /// What a walk over sensor trees collects.
 struct SensorWalk
@@ -11,9 +14,18 @@ struct SensorWalk
     systemInfor::SensorTexts sensors; ///< Every sensor, parents' direct sensors first.
     systemInfor::SensorTexts cpuFans; ///< Sensors named after CPU and fan, in "RPM".
     QString pump = QStringLiteral("nodata");
+    // The readings of these texts.
+    systemInfor::SensorNumbers sensorNumbers;
+    systemInfor::SensorNumbers cpuFanNumbers;
+    Reading<double> pumpNumber{0, QString(), true};
 
     /// Walks \a tree and adds what it holds. Of several pumps the last one counts.
     void visit(const QJsonObject &tree);
+
+private:
+    void visitArray(const QString &label, const QJsonArray &array, QVector<QJsonObject> &groups);
+    void takeReading(const QString &label, const QJsonObject &reading);
+    void addSensor(const QString &label, const Reading<double> &number);
 };
 
 /// Value in at most six digits, directly followed by the units.

@@ -45,6 +45,7 @@ void fillGpu()
     Info::GpuMemoryUsageUnits = QStringLiteral("%");
     Info::GpuMemoryAllocated = 2048.0;
     Info::GpuMemoryAllocatedUnits = QStringLiteral("MB");
+    Info::GpuMemorySize = 8192.0;
     Info::GpuPower = 3.0;
     Info::GpuPowerUnits = QStringLiteral("W");
     Info::GpuVoltage = 0.9127;
@@ -54,11 +55,16 @@ void fillGpu()
 void fillLists()
 {
     Info::AIOPump = QStringLiteral("1850RPM");
+    Info::PumpNumber = {1850, QStringLiteral("RPM")};
     Info::CpuFanList.clear();
+    Info::CpuFanNumbers.clear();
     Info::SensorList = {{QStringLiteral("Vcore"), QStringLiteral("0.5V")},
                         {QStringLiteral("CPU Package"), QStringLiteral("45°C")},
                         {QStringLiteral("CPU Package"), QStringLiteral("46°C")}};
+    Info::AllSensorNumbers = {
+        {0.5, QStringLiteral("V")}, {45, QStringLiteral("°C")}, {46, QStringLiteral("°C")}};
     Info::SmartInfo = {{QStringLiteral("sda"), QJsonObject()}};
+    Info::DrivesWithoutTemperature.clear();
     Info::DriveTemperatureList = {{QStringLiteral("sda"), 40}, {QStringLiteral("sdb"), 50}};
 }
 
@@ -79,6 +85,7 @@ void fillDrivesAndAudio()
 
 void fillSnapshot()
 {
+    Info::MissingNumbers.clear();
     fillCpuAndMemory();
     fillGpu();
     fillLists();

@@ -35,6 +35,7 @@ QString missing(const QStringList &fileNames)
 {
     static const QHash<QString, QString> packages{
         {QStringLiteral("Roboto-Bold.ttf"), QStringLiteral("fonts-roboto-unhinted")},
+        {QStringLiteral("Roboto-Medium.ttf"), QStringLiteral("fonts-roboto-unhinted")},
         {QStringLiteral("DejaVuSans.ttf"), QStringLiteral("fonts-dejavu-core")},
         {QStringLiteral("wqy-microhei.ttc"), QStringLiteral("fonts-wqy-microhei")},
     };

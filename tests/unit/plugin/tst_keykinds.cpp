@@ -1,5 +1,6 @@
 #include "plugin/KeyKinds.h"
 
+#include "plugin/KeyGauges.h"
 #include "plugin/KeyPass.h"
 #include "render/ActionCatalogue.h"
 #include "render/normalAction.h"
@@ -37,7 +38,8 @@ private Q_SLOTS:
     void unknownKindsAreNotPainted();
 
 private:
-    KeyPass m_pass;
+    KeyGauges m_gauges;
+    KeyPass m_pass{m_gauges, 0};
 };
 
 namespace {
@@ -170,14 +172,14 @@ void tst_KeyKinds::diskTemperatureCarriesOverWithinAPass()
         pass.paint(key);
         return key.displayedText;
     };
-    KeyPass pass;
+    KeyPass pass(m_gauges, 1000);
     QCOMPARE(shown("unknown", false, pass), QStringLiteral("0°"));
     QCOMPARE(shown("sdb", false, pass), QStringLiteral("50°"));
     QCOMPARE(shown("unknown", false, pass), QStringLiteral("50°"));
     QCOMPARE(shown("sda", true, pass), QStringLiteral("104°"));
     QCOMPARE(shown("SDA", false, pass), QStringLiteral("104°"));
     QCOMPARE(shown("unknown", true, pass), QStringLiteral("219°"));
-    KeyPass next;
+    KeyPass next(m_gauges, 2000);
     QCOMPARE(shown("unknown", false, next), QStringLiteral("0°"));
 }
 

@@ -33,6 +33,10 @@ private Q_SLOTS:
     void refreshOfNothingHoldsZeros();
     void refreshWithoutALibraryHoldsZeros();
     void storesModelNames();
+    void knowsWhatIsMissing();
+    void knowsWhatIsThere_data();
+    void knowsWhatIsThere();
+    void storesTheNumbersOfSensors();
 
 private:
     void refresh(int audioDevice = 0);
@@ -326,6 +330,101 @@ void tst_SensorRefresh::storesModelNames()
     refreshModelNames(&m_library);
     QCOMPARE(Info::CpuModel, QStringLiteral("AMD Ryzen 9 5900X"));
     QCOMPARE(Info::GpuModel, QStringLiteral("NVIDIA GeForce RTX 3080"));
+}
+
+namespace {
+
+template <typename... Numbers>
+QSet<const void *> addresses(const Numbers &...numbers)
+{
+    return {&numbers...};
+}
+
+QSet<const void *> everyNumberThatMayBeMissing()
+{
+    return addresses(Info::CpuUsage, Info::CpuTemperature, Info::CpuClock, Info::CpuPower,
+                     Info::CpuVoltage, Info::MemoryLoad, Info::MemoryUsedMB, Info::MemoryUsedGB,
+                     Info::MemoryAvailableMB, Info::MemoryAvailableGB, Info::MemoryTotalMB,
+                     Info::NetUpRate, Info::NetDownRate, Info::GpuTemperature, Info::GpuClock,
+                     Info::GpuLoad, Info::GpuMemoryClock, Info::GpuMemoryUsage,
+                     Info::GpuMemoryAllocated, Info::GpuPower, Info::GpuVoltage, Info::AudioVolume);
+}
+
+} // namespace
+
+void tst_SensorRefresh::knowsWhatIsMissing()
+{
+    Info::MissingNumbers = addresses(Info::CpuModel);
+    refresh();
+    QCOMPARE(Info::MissingNumbers, everyNumberThatMayBeMissing());
+    QVERIFY(Info::PumpNumber.isMissing);
+    QCOMPARE(Info::GpuMemorySize, 0.0);
+    InMemoryLibrary::smartInfo = json(R"({"sda":{"Drive Temperature":[{"value":40}]},"sdb":{},
+        "sdc":{"Drive Temperature":[{"value":40.5}]}})");
+    refresh();
+    QCOMPARE(Info::DrivesWithoutTemperature,
+             (QStringList{QStringLiteral("sdb"), QStringLiteral("sdc")}));
+}
+
+void tst_SensorRefresh::knowsWhatIsThere_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<bool>("isNumber");
+    QTest::newRow("number") << QByteArray("7") << true;
+    QTest::newRow("zero") << QByteArray("0") << true;
+    QTest::newRow("text") << QByteArray("\"7\"") << false;
+    QTest::newRow("null") << QByteArray("null") << false;
+}
+
+/// Every reading but the volume, all with the same value.
+void tst_SensorRefresh::knowsWhatIsThere()
+{
+    QFETCH(QByteArray, value);
+    QFETCH(bool, isNumber);
+    const auto tree = [&value](QByteArray text) { return json(text.replace('#', value)); };
+    InMemoryLibrary::systemInfo = tree(R"({"Physical Memory Load":[{"value":#}],
+        "Physical Memory Used":[{"value":#}],"Physical Memory Available":[{"value":#}]})");
+    InMemoryLibrary::cpuInfo = tree(R"({"Total CPU Usage":[{"value":#}],
+        "Core 0 Clock":[{"value":#}],"Core 0 VID":[{"value":#}]})");
+    InMemoryLibrary::cpuDtsInfo = tree(R"({"CPU Package":[{"value":#}]})");
+    InMemoryLibrary::cpuEnhancedInfo = tree(R"({"CPU Package Power":[{"value":#}]})");
+    InMemoryLibrary::gpuInfo = tree(R"({"card":{"GPU Memory Total":[{"value":4096}],
+        "GPU Temperature":[{"value":#}],"GPU Clock":[{"value":#}],"GPU Core Load":[{"value":#}],
+        "GPU Memory Clock":[{"value":#}],"GPU Memory Usage":[{"value":#}],
+        "GPU Memory Allocated":[{"value":#}],"GPU Power":[{"value":#}],
+        "GPU Core Voltage":[{"value":#}]}})");
+    InMemoryLibrary::networkInfo = tree(R"({"eth0":{"Current UP rate":[{"value":#,"units":"KB/s"}],
+        "Current DL rate":[{"value":#,"units":"KB/s"}]},"eth1":{}})");
+    InMemoryMachine::devices = {{QStringLiteral("Speakers"), 0.0F}};
+    refresh();
+    QSet<const void *> missing = everyNumberThatMayBeMissing();
+    missing.remove(&Info::AudioVolume);
+    QCOMPARE(Info::MissingNumbers, isNumber ? QSet<const void *>() : missing);
+    QCOMPARE(Info::GpuMemorySize, 4096.0);
+}
+
+void tst_SensorRefresh::storesTheNumbersOfSensors()
+{
+    InMemoryLibrary::allSensors = json(R"({"Board":{"CPU Fan":[{"value":1234567.5,"units":"RPM"}],
+        "AIO Pump":[{"value":1850.25,"units":"RPM"}],"Bad":[{"value":"x","units":"V"}],
+        "Single":{"value":3,"units":"W"}}})");
+    refresh();
+    QCOMPARE(Info::PumpNumber.value, 1850.25);
+    QCOMPARE(Info::PumpNumber.units, QStringLiteral("RPM"));
+    QVERIFY(!Info::PumpNumber.isMissing);
+    QCOMPARE(Info::CpuFanNumbers.size(), 1);
+    QCOMPARE(Info::CpuFanNumbers.at(0).value, 1234567.5);
+    QCOMPARE(Info::AllSensorNumbers.size(), Info::SensorList.size());
+    QStringList listed;
+    for (int index = 0; index < Info::SensorList.size(); ++index) {
+        const Reading<double> &number = Info::AllSensorNumbers.at(index);
+        listed.append(Info::SensorList.at(index).first + QLatin1Char(' ') +
+                      (number.isMissing ? QStringLiteral("missing")
+                                        : QString::number(number.value, 'f', 2) + number.units));
+    }
+    QCOMPARE(listed.join(QStringLiteral(", ")),
+             QStringLiteral("AIO Pump 1850.25RPM, Bad missing, CPU Fan 1234567.50RPM, "
+                            "Single 3.00W"));
 }
 
 QTEST_APPLESS_MAIN(tst_SensorRefresh)
