@@ -177,9 +177,11 @@ void SettingsForm::showFields()
 
 void SettingsForm::showTitleHint()
 {
+    const QString title = gaugeKind(m_action, m_settings).shortTitle;
     m_titleHint->setText(
-        tr("A gauge shows the short title \"%1\" in place of the kind's own long one.")
-            .arg(gaugeKind(m_action, m_settings).shortTitle));
+        title.isEmpty()
+            ? tr("In place of the kind's default title a gauge shows the name of what it reads.")
+            : tr("In place of the kind's default title a gauge shows \"%1\".").arg(title));
 }
 
 void SettingsForm::setSettings(const EntrySettings &settings)

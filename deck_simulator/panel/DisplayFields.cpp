@@ -12,17 +12,14 @@ DisplayFields displayFields(const QString &action, const EntrySettings &settings
         return fields;
     const QString style = shownStyle(action, settings);
     const bool gauge = style != QLatin1String("text");
-    const bool pair = style == QLatin1String("pair");
     fields.picture = gauge;
     fields.scale = gauge;
     fields.normalColor = gauge;
-    fields.span = pair || style == QLatin1String("graph");
-    fields.rates = kind.isRate;
-    fields.value = true;
-    // Both rates have no thresholds.
-    fields.thresholds = !kind.styles.contains(QStringLiteral("pair"));
-    if (!fields.thresholds)
-        return fields;
+    fields.span = style == QLatin1String("pair") || style == QLatin1String("graph");
+    // The text stays the line that it is; only its letters may get another colour.
+    fields.value = gauge;
+    fields.rates = gauge && kind.isRate;
+    fields.thresholds = true;
     // A line of text has only those thresholds that it is given.
     fields.warningColor = settings.display.warning || (gauge && !kind.warning.isEmpty());
     fields.criticalColor = settings.display.critical || (gauge && !kind.critical.isEmpty());

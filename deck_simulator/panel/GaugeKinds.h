@@ -11,8 +11,10 @@ namespace deck {
 /// says nothing: as the plugin documents it, in words for the fields of a panel.
 struct GaugeKind
 {
-    QStringList styles;  ///< Those that it can be shown in besides text; empty: it has no gauge.
-    QString shortTitle;  ///< A gauge shows it in place of the kind's default title.
+    QStringList styles; ///< Those that it can be shown in besides text; empty: it has no gauge.
+    /// A gauge shows it in place of the kind's default title; empty: the name of the drive or
+    /// sensor.
+    QString shortTitle;
     QString unit;        ///< Of the numbers below; empty: that of the sensor, or none.
     QString minimum;     ///< Empty: it follows the readings.
     QString maximum;     ///< Likewise.

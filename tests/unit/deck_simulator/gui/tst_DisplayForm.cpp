@@ -163,7 +163,7 @@ void tst_DisplayForm::showsWhatMatters_data()
         QTest::addRow("%s %s", qPrintable(action), style)
             << action << QString::fromLatin1(style) << QString::fromLatin1(shown);
     };
-    row(keyuuid::cpu, "text", "warning critical average decimals press");
+    row(keyuuid::cpu, "text", "warning critical");
     row(keyuuid::cpu, "bar",
         "shape pictureSize minimum maximum warning critical normalColor ground average decimals "
         "press");
@@ -171,7 +171,8 @@ void tst_DisplayForm::showsWhatMatters_data()
         "shape pictureSize minimum maximum warning critical worse normalColor warningColor "
         "criticalColor ground span average decimals press");
     row(keyuuid::netWork, "pair",
-        "shape pictureSize minimum maximum normalColor ground span average decimals rates press");
+        "shape pictureSize minimum maximum warning critical normalColor ground span average "
+        "decimals rates press");
     row(keyuuid::cpuModel, "ring", "");
 }
 

@@ -26,9 +26,9 @@ void tst_DisplayFields::showsOnlyWhatMatters_data()
             << action << QString::fromLatin1(style) << QString::fromLatin1(given)
             << QString::fromLatin1(shown);
     };
-    row(keyuuid::cpu, "text", "", "thresholds value");
-    row(keyuuid::cpu, "text", "warning", "thresholds worse warningColor value");
-    row(keyuuid::cpu, "text", "critical", "thresholds worse criticalColor value");
+    row(keyuuid::cpu, "text", "", "thresholds");
+    row(keyuuid::cpu, "text", "warning", "thresholds worse warningColor");
+    row(keyuuid::cpu, "text", "critical", "thresholds worse criticalColor");
     row(keyuuid::cpu, "bar", "", "picture scale thresholds normalColor value");
     row(keyuuid::cpu, "ring", "warning",
         "picture scale thresholds worse normalColor warningColor value");
@@ -36,10 +36,12 @@ void tst_DisplayFields::showsOnlyWhatMatters_data()
     // Those of the kind act on its gauges only.
     row(keyuuid::cpuTemperature, "ring", "",
         "picture scale thresholds worse normalColor warningColor criticalColor value");
-    row(keyuuid::cpuTemperature, "text", "", "thresholds value");
-    row(keyuuid::upload, "text", "", "thresholds value rates");
-    row(keyuuid::netWork, "text", "", "value rates");
-    row(keyuuid::netWork, "ring", "warning", "picture scale normalColor span value rates");
+    row(keyuuid::cpuTemperature, "text", "", "thresholds");
+    row(keyuuid::upload, "text", "", "thresholds");
+    row(keyuuid::upload, "bar", "", "picture scale thresholds normalColor value rates");
+    row(keyuuid::netWork, "text", "", "thresholds");
+    row(keyuuid::netWork, "ring", "warning",
+        "picture scale thresholds worse normalColor warningColor span value rates");
     row(keyuuid::cpuModel, "ring", "warning", "");
     row(keyuuid::memoryTotalMB, "graph", "", "");
 }
