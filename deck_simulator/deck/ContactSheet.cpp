@@ -28,9 +28,32 @@ int rowsOf(int keys, const ContactSheetStyle &style)
     return qMax(1, (keys + style.columns - 1) / style.columns);
 }
 
+/// Where a picture stands: its first key, and how many it takes.
+struct SheetPlace
+{
+    int key;
+    int span;
+};
+
+QVector<SheetPlace> placesOf(const QVector<SheetPicture> &pictures, const ContactSheetStyle &style)
+{
+    QVector<SheetPlace> places;
+    int next = 0;
+    for (const SheetPicture &picture : pictures) {
+        const bool isWide = picture.isGauge && picture.image.width() > picture.image.height();
+        const int span = isWide && style.columns > 1 ? 2 : 1;
+        const int left = style.columns - next % style.columns;
+        if (span > left)
+            next += left;
+        places.append({next, span});
+        next += span;
+    }
+    return places;
+}
+
 void paintKey(QPainter &painter, const QRect &rect)
 {
-    const qreal radius = rect.width() / 8.0;
+    const qreal radius = rect.height() / 8.0;
     painter.setPen(QPen(keyEdgeColor, 1.0));
     painter.setBrush(keyColor);
     painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
@@ -100,21 +123,28 @@ void paintGaugePicture(QPainter &painter, const QRect &screen, const QImage &pic
 
 QImage paintContactSheet(const QVector<SheetPicture> &pictures, const ContactSheetStyle &style)
 {
-    QImage sheet(sheetSize(pictures.size(), style), QImage::Format_RGB32);
+    const QVector<SheetPlace> places = placesOf(pictures, style);
+    const int keys = places.isEmpty() ? 0 : places.constLast().key + places.constLast().span;
+    QImage sheet(sheetSize(keys, style), QImage::Format_RGB32);
     sheet.fill(deckColor);
     QPainter painter(&sheet);
     painter.setRenderHint(QPainter::Antialiasing);
-    const int places = rowsOf(pictures.size(), style) * style.columns;
-    for (int index = 0; index < places; ++index) {
-        const QRect key = sheetKeyRect(index, style);
-        paintKey(painter, key);
-        if (index >= pictures.size())
-            continue;
-        const SheetPicture &picture = pictures.at(index);
-        if (picture.isGauge)
-            paintGaugePicture(painter, key, picture.image);
+    QVector<bool> taken(rowsOf(keys, style) * style.columns, false);
+    for (int index = 0; index < pictures.size(); ++index) {
+        const SheetPlace place = places.at(index);
+        const QRect rect =
+            sheetKeyRect(place.key, style) | sheetKeyRect(place.key + place.span - 1, style);
+        for (int key = place.key; key < place.key + place.span; ++key)
+            taken[key] = true;
+        paintKey(painter, rect);
+        if (pictures.at(index).isGauge)
+            paintGaugePicture(painter, rect, pictures.at(index).image);
         else
-            paintText(painter, key, picture.image, style);
+            paintText(painter, rect, pictures.at(index).image, style);
+    }
+    for (int key = 0; key < taken.size(); ++key) {
+        if (!taken.at(key))
+            paintKey(painter, sheetKeyRect(key, style));
     }
     return sheet;
 }

@@ -23,7 +23,7 @@ struct SheetPicture
     bool isGauge = false; ///< It is as large as the key, not as its text.
 };
 
-/// The rectangle of the key \a index on the sheet.
+/// The rectangle of the key \a index on the sheet, where each picture takes one key.
 QRect sheetKeyRect(int index, const ContactSheetStyle &style);
 
 /// Size of a sheet for \a keys keys: full rows, with a margin around.
@@ -40,8 +40,8 @@ QSize shownGaugeSize(const QSize &picture, const QSize &screen);
 /// Paints a gauge in the middle of \a screen, whose corners are round.
 void paintGaugePicture(QPainter &painter, const QRect &screen, const QImage &picture);
 
-/// The deck with one key per picture on a dark ground. A key with a null picture is dark, and so
-/// are the keys that fill the last row.
+/// The deck with one key per picture on a dark ground; a wide gauge takes two neighbours, like the
+/// screen of a dial. A key with a null picture is dark, and so are the keys that fill the rows.
 QImage paintContactSheet(const QVector<SheetPicture> &pictures, const ContactSheetStyle &style);
 
 } // namespace deck

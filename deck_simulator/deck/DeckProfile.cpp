@@ -40,9 +40,10 @@ EntrySettings inColor(EntrySettings settings, const char *color)
     return settings;
 }
 
-EntrySettings wide(EntrySettings settings)
+EntrySettings wide(EntrySettings settings, const char *ground)
 {
     settings.display.shape = QStringLiteral("wide");
+    settings.display.ground = QString::fromUtf8(ground);
     return settings;
 }
 
@@ -73,14 +74,13 @@ QVector<ProfileKey> profileKeys()
          inColor(gaugeKey("Up", "graph"), "#CC79A7")},
         {"Download in bits", "com.quellor.stream.system.NetWork.Download",
          inBits(gaugeKey("Down", "graph"))},
+        {"CPU usage, wide", cpuAction, wide(gaugeKey("CPU", "graph"), "#14233a")},
         {"Used GB of memory", "com.quellor.stream.system.Memory_Used_GB",
          inColor(gaugeKey("Used", "bar"), "#009E73")},
-        {"Memory load, wide", memoryAction, wide(gaugeKey("Mem", "graph"))},
         {"CPU usage, thresholds", cpuAction, withThresholds(gaugeKey("CPU", "bar"), 20, 60)},
         {"CPU usage, coloured text", cpuAction, withThresholds(textKey("CPU"), 20, 60)},
         {"Network, one line", networkAction, textKey("Net")},
         {"Network, two lines", networkAction, textKey("Up/Down", "双行显示")},
-        {"Memory model", "com.quellor.stream.system.Memory_Model", textKey("RAM")},
     };
 }
 

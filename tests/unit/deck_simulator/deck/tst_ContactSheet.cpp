@@ -16,6 +16,7 @@ private Q_SLOTS:
     void fitsGauges();
     void paintsTextsInTheMiddleOfTheirKeys();
     void paintsGaugesAsLargeAsTheirKeys();
+    void givesWideGaugesTwoKeys();
     void showsEmptyKeysAndRoundCorners();
     void keepsTransparency();
     void paintsADeckWithoutKeys();
@@ -133,15 +134,36 @@ void tst_ContactSheet::paintsGaugesAsLargeAsTheirKeys()
     SheetPicture exact = gauge(144, 144, Qt::black);
     for (int x = 0; x < 144; ++x)
         exact.image.setPixel(x, 72, x % 2 == 0 ? qRgb(255, 0, 0) : qRgb(0, 0, 255));
-    const QImage sheet = paintContactSheet({exact, gauge(288, 144, Qt::green)}, twoColumns);
+    const QImage sheet = paintContactSheet({exact, gauge(72, 72, Qt::green)}, twoColumns);
     const QRect key = sheetKeyRect(0, twoColumns);
     // Pixel by pixel, up to the edges, but not in the round corners.
     for (int x = 0; x < 144; ++x)
         QCOMPARE(sheet.pixel(key.left() + x, key.top() + 72), exact.image.pixel(x, 72));
     QCOMPARE(sheet.pixel(key.topLeft()), sheet.pixel(0, 0));
     const QRect green = paintedArea(sheet, sheetKeyRect(1, twoColumns), qRgb(0, 255, 0));
-    QCOMPARE(green.size(), QSize(144, 72));
-    QCOMPARE(green.center(), sheetKeyRect(1, twoColumns).center());
+    QCOMPARE(green.size(), QSize(144, 144));
+}
+
+void tst_ContactSheet::givesWideGaugesTwoKeys()
+{
+    const ContactSheetStyle threeColumns{3, 144};
+    const QImage sheet = paintContactSheet({text(20, 20, Qt::red), text(288, 144, Qt::red),
+                                            gauge(288, 144, Qt::green), text(20, 20, Qt::blue)},
+                                           threeColumns);
+    // It does not fit beside the first two; a wide text takes one key.
+    QCOMPARE(sheet.size(), sheetSize(6, threeColumns));
+    const QRect both = sheetKeyRect(3, threeColumns) | sheetKeyRect(4, threeColumns);
+    const QRect green = paintedArea(sheet, both, qRgb(0, 255, 0));
+    QCOMPARE(green.size(), QSize(288, 144));
+    QCOMPARE(green.center(), both.center());
+    QCOMPARE(sheet.pixel(sheetKeyRect(5, threeColumns).center()), qRgb(0, 0, 255));
+    const QRgb dark = sheet.pixel(sheetKeyRect(2, threeColumns).center());
+    QVERIFY(dark != sheet.pixel(0, 0)); // the key that was passed over
+    // Where there is one column it has to do with one key.
+    const ContactSheetStyle oneColumn{1, 144};
+    const QImage narrow = paintContactSheet({gauge(288, 144, Qt::green)}, oneColumn);
+    QCOMPARE(narrow.size(), sheetSize(1, oneColumn));
+    QCOMPARE(paintedArea(narrow, narrow.rect(), qRgb(0, 255, 0)).size(), QSize(144, 72));
 }
 
 void tst_ContactSheet::showsEmptyKeysAndRoundCorners()
