@@ -51,6 +51,14 @@ QVector<SheetPlace> placesOf(const QVector<SheetPicture> &pictures, const Contac
     return places;
 }
 
+QRect placeRect(const SheetPlace &place, const ContactSheetStyle &style)
+{
+    const QRect first = sheetKeyRect(place.key, style);
+    QRect rect(0, 0, place.span * style.keySize, style.keySize);
+    rect.moveCenter((first | sheetKeyRect(place.key + place.span - 1, style)).center());
+    return rect;
+}
+
 void paintKey(QPainter &painter, const QRect &rect)
 {
     const qreal radius = rect.height() / 8.0;
@@ -132,8 +140,7 @@ QImage paintContactSheet(const QVector<SheetPicture> &pictures, const ContactShe
     QVector<bool> taken(rowsOf(keys, style) * style.columns, false);
     for (int index = 0; index < pictures.size(); ++index) {
         const SheetPlace place = places.at(index);
-        const QRect rect =
-            sheetKeyRect(place.key, style) | sheetKeyRect(place.key + place.span - 1, style);
+        const QRect rect = placeRect(place, style);
         for (int key = place.key; key < place.key + place.span; ++key)
             taken[key] = true;
         paintKey(painter, rect);

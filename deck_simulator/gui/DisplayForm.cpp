@@ -131,7 +131,8 @@ void DisplayForm::addValueRows()
 {
     m_span =
         makeNumber("span", DisplaySettings::shortestSpan, DisplaySettings::longestSpan, tr(" s"));
-    m_average = makeNumber("average", 1, DisplaySettings::longestAverage, QString());
+    m_average = makeNumber("average", 1, DisplaySettings::longestAverage, tr(" readings"));
+    m_average->setSpecialValueText(tr("1 reading"));
     m_average->setToolTip(tr("The mean of so many readings is shown"));
     m_decimals = makeChoice("decimals", decimalCounts());
     m_rates = makeChoice("rates", rateUnits());
