@@ -10,6 +10,7 @@ namespace deck {
 namespace {
 
 constexpr int longestColor = 64; // letters
+constexpr double largestNumber = 1e12;
 
 auto members(const DisplaySettings &display)
 {
@@ -29,15 +30,16 @@ void take(const QJsonObject &object, const char *name, const QStringList &known,
 void take(const QJsonObject &object, const char *name, std::optional<double> &number)
 {
     const QJsonValue value = object.value(QLatin1String(name));
-    if (value.isDouble() && std::isfinite(value.toDouble()))
+    if (value.isDouble() && std::abs(value.toDouble()) <= largestNumber)
         number = value.toDouble();
 }
 
 void take(const QJsonObject &object, const char *name, int &number, int least, int greatest)
 {
-    const int value = object.value(QLatin1String(name)).toInt(least - 1);
-    if (value >= least && value <= greatest)
-        number = value;
+    std::optional<double> value;
+    take(object, name, value);
+    if (value)
+        number = int(qBound(double(least), *value, double(greatest)));
 }
 
 void takeColor(const QJsonObject &object, const char *name, QString &color)

@@ -54,7 +54,8 @@ QString usualCriticalColor();
 /// The members that differ from what the plugin takes without them; empty if none does.
 QJsonObject displayObject(const DisplaySettings &display);
 
-/// What is missing, of another type or out of range is as in a new object.
+/// What is missing or of another type is as in a new object; sizes and counts out of range are
+/// limited to it.
 DisplaySettings displayFrom(const QJsonObject &object);
 
 /// Whether a picture of \a picture pixels, on a key with these settings, is a gauge, which is as

@@ -17,6 +17,8 @@ private Q_SLOTS:
     void writesNoUsualColor();
     void refusesWhatIsNotKnown_data();
     void refusesWhatIsNotKnown();
+    void limitsWhatIsOutOfRange_data();
+    void limitsWhatIsOutOfRange();
     void tellsGaugesFromTexts_data();
     void tellsGaugesFromTexts();
 };
@@ -100,8 +102,7 @@ void tst_DisplaySettings::refusesWhatIsNotKnown_data()
     row("style", QStringLiteral("pie"));
     row("style", 3);
     row("shape", QStringLiteral("round"));
-    row("size", 71);
-    row("size", 289);
+    row("size", 1e13);
     row("size", QStringLiteral("100"));
     row("minimum", QStringLiteral("1"));
     row("maximum", true);
@@ -110,13 +111,10 @@ void tst_DisplaySettings::refusesWhatIsNotKnown_data()
     row("worse", QStringLiteral("beside"));
     row("normalColor", 5);
     row("ground", QString(1000, QLatin1Char('f')));
-    row("span", 9);
-    row("span", 3601);
-    row("average", 0);
-    row("average", 61);
-    row("decimals", -1);
-    row("decimals", 4);
-    row("decimals", 1.5);
+    row("maximum", 1.1e12);
+    row("span", QJsonValue::Null);
+    row("average", QStringLiteral("5"));
+    row("decimals", true);
     row("rates", QStringLiteral("nibbles"));
     row("press", true);
 }
@@ -126,6 +124,32 @@ void tst_DisplaySettings::refusesWhatIsNotKnown()
     QFETCH(const QString, member);
     QFETCH(const QJsonValue, value);
     QVERIFY(displayFrom({{member, value}}) == DisplaySettings());
+}
+
+void tst_DisplaySettings::limitsWhatIsOutOfRange_data()
+{
+    QTest::addColumn<QString>("member");
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QJsonObject>("written");
+    const auto row = [](const char *member, double value, const QJsonObject &written) {
+        QTest::addRow("%s %g", member, value) << QString::fromLatin1(member) << value << written;
+    };
+    row("size", 71, {{QStringLiteral("size"), 72}});
+    row("size", 1e9, {{QStringLiteral("size"), 288}});
+    row("size", 100.9, {{QStringLiteral("size"), 100}});
+    row("span", -1, {{QStringLiteral("span"), 10}});
+    row("span", 3601, {{QStringLiteral("span"), 3600}});
+    row("average", 0, {});
+    row("average", 61, {{QStringLiteral("average"), 60}});
+    row("decimals", -1, {{QStringLiteral("decimals"), 0}});
+    row("decimals", 4, {{QStringLiteral("decimals"), 3}});
+}
+
+void tst_DisplaySettings::limitsWhatIsOutOfRange()
+{
+    QFETCH(const QString, member);
+    QFETCH(const double, value);
+    QTEST(displayObject(displayFrom({{member, value}})), "written");
 }
 
 void tst_DisplaySettings::tellsGaugesFromTexts_data()
