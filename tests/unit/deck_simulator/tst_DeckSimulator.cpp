@@ -291,6 +291,8 @@ void tst_DeckSimulator::changesDisplaysInAScript()
 {"do": "expect", "key": [0, 0], "size": [60, 60], "title": "drawn"}
 {"do": "settings", "key": [0, 0], "display": 5}
 {"do": "expect", "key": [0, 0], "size": [60, 20]}
+{"do": "settings", "key": [0, 0], "set": {"text": "broken as it is"}}
+{"do": "expect", "key": [0, 0]}
 {"do": "settings", "key": [0, 0], "display": null}
 {"do": "expect", "key": [0, 0], "color": "blue", "within": 0.3}
 )");
@@ -298,7 +300,7 @@ void tst_DeckSimulator::changesDisplaysInAScript()
         {QStringLiteral("--deck=empty"), QStringLiteral("--script"), path("script.jsonl")});
     QCOMPARE(m_process.exitCode(), 1);
     const QString text = errors();
-    QVERIFY2(text.contains(QLatin1String("Line 9 of the script: key [0, 0] did not come to show "
+    QVERIFY2(text.contains(QLatin1String("Line 11 of the script: key [0, 0] did not come to show "
                                          "the colour #0000ff in time")),
              qPrintable(text));
     QStringList displays;
@@ -312,7 +314,8 @@ void tst_DeckSimulator::changesDisplaysInAScript()
                     ? QLatin1String(settings.value(QLatin1String("display")).toVariant().typeName())
                     : QLatin1String("none"));
     }
-    QCOMPARE(displays.join(QLatin1Char(' ')), QStringLiteral("QVariantMap qlonglong none"));
+    QCOMPARE(displays.join(QLatin1Char(' ')),
+             QStringLiteral("QVariantMap qlonglong qlonglong none"));
 }
 
 void tst_DeckSimulator::changesTheMachineInAScript()
@@ -371,9 +374,17 @@ void tst_DeckSimulator::failsWhenAnExpectationFails()
         "\n{\"do\": \"expect\", \"key\": [0, 0], \"title\": \"^no such$\", \"within\": 0.3}");
     run("draw", {QStringLiteral("--script"), path("script.jsonl")});
     QCOMPARE(m_process.exitCode(), 1);
-    const QString text = errors();
+    QString text = errors();
     QVERIFY2(text.contains(QLatin1String("Line 2 of the script: key [0, 0]")), qPrintable(text));
     QVERIFY(text.contains(QLatin1String("\"drawn\"")));
+
+    writeScript("{\"do\": \"expect\", \"key\": [0, 0], \"title\": \"drawn\", \"size\": [60, 61], "
+                "\"within\": 0.3}");
+    run("draw", {QStringLiteral("--script"), path("script.jsonl")});
+    QCOMPARE(m_process.exitCode(), 1);
+    text = errors();
+    QVERIFY2(text.contains(QLatin1String("\"drawn\" and 60 x 61 pixels in time")),
+             qPrintable(text));
 }
 
 void tst_DeckSimulator::failsWhenAStepCannotBePlayed()

@@ -98,10 +98,13 @@ void tst_EntrySettings::hasADisplayOnlyWhereItIsUsed()
                               {QStringLiteral("warning"), 70.5}};
     QCOMPARE(settingsMessage(unusualSettings(), {1, 1}).value(QLatin1String("display")).toObject(),
              display);
+    EntrySettings other;
+    other.display.span = 61;
+    QVERIFY(other != EntrySettings());
     // A new one replaces the old one as a whole.
-    const QJsonObject other{{QStringLiteral("style"), QStringLiteral("bar")}};
+    const QJsonObject bar{{QStringLiteral("style"), QStringLiteral("bar")}};
     const DisplaySettings taken =
-        settingsFrom({{QStringLiteral("display"), other}}, unusualSettings()).display;
+        settingsFrom({{QStringLiteral("display"), bar}}, unusualSettings()).display;
     QCOMPARE(taken.style, QStringLiteral("bar"));
     QVERIFY(!taken.warning);
 }

@@ -454,6 +454,7 @@ void tst_DeckGrid::showsGaugesAsLargeAsTheirKeys()
     m_grid->showLive(dial, QString(), picture.scaled(288, 144));
     const QRect wide = redBox(m_grid->cell({1, 0, true})->grab().toImage());
     QVERIFY2(qAbs(wide.width() - 2 * wide.height()) <= 2, "not twice as wide as high");
+    QVERIFY2(wide.height() > square.height() * 2 / 3, qPrintable(QString::number(wide.height())));
     // A line of text keeps its border.
     m_grid->showLive(key, QString(), picture.scaled(144, 40));
     QVERIFY(redBox(m_grid->cell({0, 0})->grab().toImage()).width() < square.width() - 8);
