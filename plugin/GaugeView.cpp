@@ -124,7 +124,7 @@ gauge::Reading GaugeView::reading(std::size_t direction, KeyGaugeState &state) c
     const bool isMean = extreme == gauge::Extreme::Mean ||
                         (extreme == gauge::Extreme::None && m_key.display.average > 1);
     const NumberText text =
-        number ? textOf(*number, m_readings.at(direction).units, isMean) : missingNumber();
+        number ? textOf(*number, m_readings.at(direction), isMean) : missingNumber();
     gauge::Reading reading;
     reading.value = text.value;
     reading.unit = text.unit;
@@ -193,12 +193,14 @@ std::optional<double> GaugeView::inBaseUnits(std::optional<double> setting) cons
     return setting && isFahrenheit ? celsius(*setting) : setting;
 }
 
-NumberText GaugeView::textOf(double number, const QString &units, bool isMean) const
+NumberText GaugeView::textOf(double number, const Reading<double> &reading, bool isMean) const
 {
     NumberStyle style;
     style.digits = m_kind.digits;
     style.decimals = m_key.display.decimals;
+    if (!style.decimals && isMean && style.digits == Digits::General)
+        style.decimals = decimalsOf(reading.value);
     style.isFahrenheit = m_key.isFahrenheit();
     style.isInBits = m_key.display.showsBits;
-    return numberText(number, m_kind.quantity, units, style, isMean);
+    return numberText(number, m_kind.quantity, reading.units, style, isMean);
 }

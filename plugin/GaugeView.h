@@ -40,7 +40,7 @@ private:
     Thresholds thresholds() const;
     QVector<double> thresholdShares() const;
     std::optional<double> inBaseUnits(std::optional<double> setting) const;
-    NumberText textOf(double number, const QString &units, bool isMean) const;
+    NumberText textOf(double number, const Reading<double> &reading, bool isMean) const;
 
     const normalAction &m_key;
     const GaugeKind &m_kind;

@@ -65,6 +65,13 @@ double celsius(double fahrenheit)
     return (fahrenheit - freezingPoint) / degreesEach;
 }
 
+int decimalsOf(double number)
+{
+    const QString text = readingtext::general(number, QString());
+    const int point = text.indexOf(QLatin1Char('.'));
+    return point < 0 || text.contains(QLatin1Char('e')) ? 0 : text.size() - point - 1;
+}
+
 NumberText missingNumber()
 {
     return {QStringLiteral("–"), QString()};

@@ -23,7 +23,7 @@ enum class Digits {
     Whole,   ///< A reading is cut off; a mean is rounded.
     One,     ///< One after the point.
     Three,   ///< Three after the point.
-    General, ///< At most six in all.
+    General, ///< At most six in all; a mean has as many after the point as the present reading.
 };
 
 /// How one key wants its number.
@@ -34,6 +34,9 @@ struct NumberStyle
     bool isFahrenheit = false;
     bool isInBits = false;
 };
+
+/// How many digits \a number has after the point where it has at most six in all.
+int decimalsOf(double number);
 
 /// What is shown for a reading that is missing.
 NumberText missingNumber();

@@ -22,14 +22,15 @@ double decimalAbove(double value)
 
 double bytesAbove(double kilobytes)
 {
-    constexpr double step = 1024.0;
-    constexpr double gigabyte = step * step;
+    constexpr double megabyte = 1024.0;
+    constexpr double gigabyte = 1024.0 * megabyte;
     constexpr double highestOfUnit = 500.0;
-    for (double unit = 1.0; unit < gigabyte; unit *= step) {
-        const double number = decimalAbove(kilobytes / unit);
-        if (number <= highestOfUnit)
-            return std::max(number, unit == 1.0 ? 0.0 : 1.0) * unit;
-    }
+    const double inKilobytes = decimalAbove(kilobytes);
+    if (inKilobytes <= highestOfUnit)
+        return inKilobytes;
+    const double inMegabytes = std::max(decimalAbove(kilobytes / megabyte), 1.0);
+    if (inMegabytes <= highestOfUnit)
+        return inMegabytes * megabyte;
     return std::max(decimalAbove(kilobytes / gigabyte), 1.0) * gigabyte;
 }
 

@@ -8,7 +8,7 @@ namespace {
 constexpr qint64 longestStep = 2500;
 
 constexpr double perSecond = 1000;
-constexpr qint64 longestSpan = 3600 * 1000;
+constexpr qint64 longestSpan = 3'600'000;
 
 /// One a second, and one before the beginning of the longest graph.
 constexpr std::size_t mostSamples = 3602;

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void showsADashForAMissingReading();
     void showsThePair();
     void showsTheMeanOfReadings();
+    void showsMeansWithTheDigitsOfTheReading();
     void showsExtremes();
     void placesTheValueOnTheScale_data();
     void placesTheValueOnTheScale();
@@ -199,6 +200,21 @@ void tst_GaugeView::showsTheMeanOfReadings()
     QCOMPARE(shown.content(now).first.share.value(), 0.31);
     // After sleep the present reading counts alone.
     QCOMPARE(shown.content(now + 60000).first.value, QStringLiteral("42"));
+}
+
+void tst_GaugeView::showsMeansWithTheDigitsOfTheReading()
+{
+    Shown shown(keyuuid::pumpSpeed, ringWith(R"("average":3)"));
+    qint64 now = 0;
+    for (const int speed : {1850, 1860, 1861}) {
+        Info::PumpNumber.value = speed;
+        shown.sample(now += 1000);
+    }
+    QCOMPARE(joined(shown.content(now).first), QStringLiteral("1857 RPM"));
+    Info::PumpNumber.value = 1861.5;
+    QCOMPARE(joined(shown.content(now).first), QStringLiteral("1857.0 RPM"));
+    shown.key.display.decimals = 2;
+    QCOMPARE(joined(shown.content(now).first), QStringLiteral("1857.00 RPM"));
 }
 
 void tst_GaugeView::showsExtremes()

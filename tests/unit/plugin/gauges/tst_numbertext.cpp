@@ -19,6 +19,8 @@ private Q_SLOTS:
     void showsRates();
     void showsADashForNothing();
     void convertsDegrees();
+    void countsDecimals_data();
+    void countsDecimals();
 };
 
 namespace {
@@ -144,6 +146,24 @@ void tst_NumberText::convertsDegrees()
 {
     QCOMPARE(fahrenheit(100), 212.0);
     QCOMPARE(celsius(68), 20.0);
+}
+
+void tst_NumberText::countsDecimals_data()
+{
+    QTest::addColumn<double>("number");
+    QTest::addColumn<int>("decimals");
+    QTest::newRow("whole") << 1850.0 << 0;
+    QTest::newRow("one") << 45.5 << 1;
+    QTest::newRow("all six digits") << 1234.5678 << 2;
+    QTest::newRow("small") << 0.001 << 3;
+    QTest::newRow("exponent") << 1234567.0 << 0;
+    QTest::newRow("small exponent") << 1.5e-7 << 0;
+}
+
+void tst_NumberText::countsDecimals()
+{
+    QFETCH(double, number);
+    QTEST(decimalsOf(number), "decimals");
 }
 
 QTEST_APPLESS_MAIN(tst_NumberText)
