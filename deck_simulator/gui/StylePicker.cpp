@@ -36,40 +36,41 @@ StylePicker::StylePicker(QWidget *parent)
         auto *button = new QToolButton;
         const QString style = QString::fromLatin1(row.name);
         button->setObjectName(QStringLiteral("style-") + style);
-        button->setProperty("style-name", style);
         button->setText(tr(row.caption));
         button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
         button->setCheckable(true);
         button->setAutoRaise(true);
         group->addButton(button);
         layout->addWidget(button);
-        m_buttons.append(button);
+        m_choices.append({style, button});
         connect(button, &QToolButton::clicked, this, [this, style] { Q_EMIT chosen(style); });
     }
     layout->addStretch();
-    setFocusProxy(m_buttons.constFirst());
+    setFocusProxy(m_choices.constFirst().button);
     paintPreviews();
 }
 
 QToolButton *StylePicker::button(const QString &style) const
 {
-    for (QToolButton *button : m_buttons) {
-        if (button->property("style-name").toString() == style)
-            return button;
+    for (const Choice &choice : m_choices) {
+        if (choice.style == style)
+            return choice.button;
     }
     return nullptr;
 }
 
 void StylePicker::setStyles(const QStringList &styles)
 {
-    for (QToolButton *button : qAsConst(m_buttons))
-        button->setVisible(styles.contains(button->property("style-name").toString()));
+    for (const Choice &choice : qAsConst(m_choices))
+        choice.button->setVisible(styles.contains(choice.style));
 }
 
 void StylePicker::setStyle(const QString &style)
 {
-    if (QToolButton *chosen = button(style))
-        chosen->setChecked(true);
+    for (const Choice &choice : qAsConst(m_choices)) {
+        if (choice.style == style)
+            choice.button->setChecked(true);
+    }
 }
 
 void StylePicker::setLook(const PreviewLook &look)
@@ -83,10 +84,9 @@ void StylePicker::setLook(const PreviewLook &look)
 void StylePicker::paintPreviews()
 {
     const int side = fontMetrics().height() * 5 / 2;
-    for (QToolButton *button : qAsConst(m_buttons)) {
-        button->setIconSize({side, side});
-        button->setIcon(stylePreview(button->property("style-name").toString(), m_look, side,
-                                     devicePixelRatioF()));
+    for (const Choice &choice : qAsConst(m_choices)) {
+        choice.button->setIconSize({side, side});
+        choice.button->setIcon(stylePreview(choice.style, m_look, side, devicePixelRatioF()));
     }
 }
 

@@ -35,9 +35,15 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    struct Choice
+    {
+        QString style;
+        QToolButton *button;
+    };
+
     void paintPreviews();
 
-    QVector<QToolButton *> m_buttons;
+    QVector<Choice> m_choices;
     PreviewLook m_look;
 };
 

@@ -109,7 +109,7 @@ public:
 
     QColor color(const char *name)
     {
-        const QColor color(text(name));
+        QColor color(text(name));
         if (!color.isValid())
             complain(QStringLiteral("\"%1\" is no colour").arg(QLatin1String(name)));
         return color;
