@@ -2,7 +2,6 @@
 
 #include "SDK/LanguageUtilities.h"
 #include "plugin/KeyKinds.h"
-#include "render/ActionCatalogue.h"
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
 #include "tests/support/KeyUuids.h"
@@ -32,7 +31,6 @@ private Q_SLOTS:
     void hasShortTitles_data();
     void hasShortTitles();
     void titlesDrivesAndSensorsByTheirNames();
-    void knowsDefaultTitles();
 };
 
 namespace {
@@ -338,16 +336,6 @@ void tst_GaugeReadings::titlesDrivesAndSensorsByTheirNames()
     QCOMPARE(title(sensor), QStringLiteral("Vcore"));
     Info::SensorList.clear();
     QCOMPARE(title(sensor), QString());
-}
-
-void tst_GaugeReadings::knowsDefaultTitles()
-{
-    QVERIFY(isDefaultTitle(keyuuid::cpu, QStringLiteral("CPU usage rate")));
-    QVERIFY(isDefaultTitle(keyuuid::cpu, QStringLiteral("CPU使用率")));
-    QVERIFY(!isDefaultTitle(keyuuid::cpu, QStringLiteral("CPU")));
-    QVERIFY(!isDefaultTitle(keyuuid::cpu, QString()));
-    QVERIFY(isDefaultTitle(keyuuid::pumpSpeed, QString()));
-    QVERIFY(!isDefaultTitle(keyuuid::pumpSpeed, QStringLiteral("Pump")));
 }
 
 QTEST_MAIN(tst_GaugeReadings)

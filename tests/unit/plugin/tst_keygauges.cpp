@@ -226,10 +226,12 @@ void tst_KeyGauges::findsTheFirstTextAgain()
     const QString first = deck.pass();
     deck.apply(payloadWith(ring));
     deck.pass();
-    QVERIFY(!findKeyKind(uuid) || !findKeyKind(uuid)->gauge() ||
-            deck.key().keyImage.size() == QSize(144, 144));
     // A picture as wide as the key leaves the font size as it is.
-    deck.key().imageWidth = 144;
+    const KeyKind *const kind = findKeyKind(uuid);
+    if (kind && kind->gauge())
+        QCOMPARE(deck.key().keyImage.size(), QSize(144, 144));
+    else
+        deck.key().imageWidth = 144;
     deck.apply(payloadWith("{}"));
     QCOMPARE(deck.pass(), first);
 }

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void kindsWithoutARowHaveNoTitle_data();
     void kindsWithoutARowHaveNoTitle();
     void aKeyKeepsTheTitleItWasMadeWith();
+    void knowsDefaultTitles();
 
 private:
     static void everyRow();
@@ -179,6 +180,25 @@ void tst_ActionCatalogue::aKeyKeepsTheTitleItWasMadeWith()
     const normalAction key(nullptr, keyuuid::netWork, QStringLiteral("ctx"));
     setLanguage("zh_CN");
     QCOMPARE(key.titleText, QStringLiteral("Network speed"));
+}
+
+void tst_ActionCatalogue::knowsDefaultTitles()
+{
+    for (const char *const language : {"en", "zh_CN", "de"}) {
+        LanguageUtilities::instance()->SetLanguage(QString::fromLatin1(language));
+        for (const Row &row : expectedRows) {
+            QVERIFY(isDefaultTitle(row.uuid, QString::fromUtf8(row.englishTitle)));
+            QVERIFY(isDefaultTitle(row.uuid, QString::fromUtf8(row.chineseTitle)));
+            QVERIFY(!isDefaultTitle(row.uuid, QString()));
+        }
+    }
+    QVERIFY(!isDefaultTitle(keyuuid::cpu, QStringLiteral("Memory")));
+    QVERIFY(!isDefaultTitle(keyuuid::cpu, QStringLiteral("cpu usage rate")));
+    // Kinds without a default title.
+    for (const QString &uuid : {keyuuid::pumpSpeed, keyuuid::allData, QStringLiteral("x")}) {
+        QVERIFY(isDefaultTitle(uuid, QString()));
+        QVERIFY(!isDefaultTitle(uuid, QStringLiteral("Pump")));
+    }
 }
 
 QTEST_MAIN(tst_ActionCatalogue)

@@ -32,6 +32,10 @@ private Q_SLOTS:
     void survivesAnyPayload_data();
     void survivesAnyPayload();
     void stopsItsTimer();
+    void composesWithoutPainting();
+    void composesTwoLinesWithoutPainting();
+    void paintsAGauge();
+    void paintsLettersInAnotherColor();
 };
 
 namespace {
@@ -368,6 +372,64 @@ void tst_normalAction::stopsItsTimer()
     }
     QCoreApplication::processEvents();
     QCOMPARE(timeouts, 0);
+}
+
+void tst_normalAction::composesWithoutPainting()
+{
+    normalAction key(nullptr, keyuuid::cpu, QStringLiteral("c"));
+    key.titleText = QStringLiteral("CPU");
+    const MessageCapture capture;
+    key.composeLine(QStringLiteral("37%"));
+    QCOMPARE(key.displayedText, QStringLiteral("CPU: 37%"));
+    QCOMPARE(MessageCapture::messages(),
+             QStringList{MessageCapture::quoted(QStringLiteral("textToDraw: 37%"))});
+    QVERIFY(key.keyImage.isNull());
+    QCOMPARE(key.imageWidth, 0);
+}
+
+void tst_normalAction::composesTwoLinesWithoutPainting()
+{
+    normalAction key(nullptr, keyuuid::netWork, QStringLiteral("c"));
+    key.titleText = QStringLiteral("Net");
+    QVERIFY(key.composeTwoLines(QStringLiteral("1"), QStringLiteral("2")).isEmpty());
+    QCOMPARE(key.displayedText, QString());
+    key.titleLines = QStringLiteral("双行显示");
+    QCOMPARE(key.composeTwoLines(QStringLiteral("1"), QStringLiteral("2")),
+             (QStringList{QStringLiteral("上传: 1"), QStringLiteral("下载: 2")}));
+    QCOMPARE(key.displayedText, QStringLiteral("上传: 1\n下载: 2"));
+    QVERIFY(key.keyImage.isNull());
+}
+
+void tst_normalAction::paintsAGauge()
+{
+    normalAction key(nullptr, keyuuid::cpu, QStringLiteral("c"));
+    gauge::Look look;
+    look.size = QSize(144, 72);
+    look.color = Qt::white;
+    look.normal = Qt::blue;
+    gauge::Content content;
+    content.first.value = QStringLiteral("37");
+    content.first.share = 0.37;
+    QVERIFY(key.gaugePainting(content, look).startsWith(QLatin1String("data:image/png;base64,")));
+    QCOMPARE(key.keyImage, paintGauge(content, look));
+    QCOMPARE(QSize(key.imageWidth, key.imageHeight), QSize(144, 72));
+    QCOMPARE(key.displayedText, QString());
+}
+
+void tst_normalAction::paintsLettersInAnotherColor()
+{
+    normalAction key(nullptr, keyuuid::cpu, QStringLiteral("c"));
+    key.font.setPixelSize(20);
+    key.color = QStringLiteral("#ff0000");
+    key.normalPainting(QStringLiteral("37%"));
+    const QImage red = key.keyImage;
+    key.color = QStringLiteral("#ffffff");
+    key.letterColor = QStringLiteral("#ffff0000");
+    key.normalPainting(QStringLiteral("37%"));
+    QCOMPARE(key.keyImage, red);
+    key.letterColor.clear();
+    key.normalPainting(QStringLiteral("37%"));
+    QVERIFY(key.keyImage != red);
 }
 
 QTEST_MAIN(tst_normalAction)

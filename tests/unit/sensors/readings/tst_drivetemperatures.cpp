@@ -9,6 +9,7 @@ class tst_DriveTemperatures : public QObject
 
 private Q_SLOTS:
     void readsDriveTemperatures();
+    void namesDrivesWithoutTemperature();
 
 private:
     static QJsonObject object(const QByteArray &json)
@@ -36,6 +37,21 @@ void tst_DriveTemperatures::readsDriveTemperatures()
                                entry("d empty first", 34), entry("e not whole", 0),
                                entry("f none", 0), entry("g no tree", 0)}));
     QVERIFY(driveTemperatures({}).isEmpty());
+}
+
+void tst_DriveTemperatures::namesDrivesWithoutTemperature()
+{
+    const QStringList drives = drivesWithoutTemperature(object(R"({
+        "a zero": {"Drive Temperature":[{"value":0}]},
+        "b not whole": {"Drive Temperature":[{"value":40.5}]},
+        "c a text": {"Drive Temperature":[{"value":"40"}]},
+        "d second": {"Drive Temperature":[],"Drive Temperature 2":[{"value":51}]},
+        "e none": {},
+        "f no tree": 7
+    })"));
+    QCOMPARE(drives.join(QStringLiteral(", ")),
+             QStringLiteral("b not whole, c a text, e none, f no tree"));
+    QVERIFY(drivesWithoutTemperature({}).isEmpty());
 }
 
 QTEST_APPLESS_MAIN(tst_DriveTemperatures)

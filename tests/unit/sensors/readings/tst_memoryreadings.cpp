@@ -15,6 +15,7 @@ private Q_SLOTS:
     void readsMemoryLoad_data();
     void readsMemoryLoad();
     void readsNoMemoryFromNothing();
+    void knowsWhatIsMissing();
 
 private:
     static QJsonObject object(const QByteArray &json)
@@ -88,6 +89,17 @@ void tst_MemoryReadings::readsNoMemoryFromNothing()
     // Megabytes are whole numbers; a sum beyond an integer is held at its end.
     QCOMPARE(memoryReadings(memoryTree(8123.4, 1)).totalMB, 1);
     QCOMPARE(memoryReadings(memoryTree(2147483647.0, 2147483647.0)).totalMB, 2147483647);
+}
+
+void tst_MemoryReadings::knowsWhatIsMissing()
+{
+    QVERIFY(!memoryReadings(memoryTree(0, 8400)).isUsedMissing);
+    QVERIFY(!memoryReadings(memoryTree(0, 8400)).isAvailableMissing);
+    QVERIFY(memoryReadings(memoryTree(8000.5, 8400)).isUsedMissing);
+    QVERIFY(memoryReadings(memoryTree(8000, 8400.5)).isAvailableMissing);
+    QVERIFY(memoryReadings({}).isUsedMissing);
+    QVERIFY(memoryReadings({}).isAvailableMissing);
+    QVERIFY(memoryReadings({}).load.isMissing);
 }
 
 QTEST_APPLESS_MAIN(tst_MemoryReadings)

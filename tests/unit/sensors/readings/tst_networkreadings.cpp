@@ -12,6 +12,8 @@ private Q_SLOTS:
     void sumsNetworkRates();
     void scalesRates_data();
     void scalesRates();
+    void knowsWhatIsMissing_data();
+    void knowsWhatIsMissing();
 
 private:
     static QJsonObject object(const QByteArray &json)
@@ -81,6 +83,33 @@ void tst_NetworkReadings::scalesRates()
     const Reading<double> scaled = scaledRate(rate);
     QTEST(scaled.value, "value");
     QTEST(scaled.units, "units");
+    QCOMPARE(unscaledRate(scaled), rate);
+}
+
+void tst_NetworkReadings::knowsWhatIsMissing_data()
+{
+    QTest::addColumn<QByteArray>("trees");
+    QTest::addColumn<bool>("isMissing");
+    QTest::newRow("no adapter") << QByteArray("{}") << true;
+    QTest::newRow("no rate") << QByteArray(R"({"eth0":{}})") << true;
+    QTest::newRow("other units")
+        << QByteArray(R"({"eth0":{"Current UP rate":[{"value":1,"units":"Kb/s"}]}})") << true;
+    QTest::newRow("a text") << QByteArray(
+                                   R"({"eth0":{"Current UP rate":[{"value":"1","units":"KB/s"}]}})")
+                            << true;
+    QTest::newRow("zero") << QByteArray(
+                                 R"({"eth0":{"Current UP rate":[{"value":0,"units":"KB/s"}]}})")
+                          << false;
+    QTest::newRow("one of two")
+        << QByteArray(R"({"eth0":{"Current UP rate":[{"value":1,"units":"KB/s"}]},"eth1":{}})")
+        << false;
+}
+
+void tst_NetworkReadings::knowsWhatIsMissing()
+{
+    QFETCH(QByteArray, trees);
+    QTEST(networkReadings(object(trees)).up.isMissing, "isMissing");
+    QVERIFY(networkReadings(object(trees)).down.isMissing);
 }
 
 QTEST_APPLESS_MAIN(tst_NetworkReadings)

@@ -18,6 +18,8 @@ private Q_SLOTS:
     void readsWholeValues_data();
     void readsWholeValues();
     void fallsBackToUnits();
+    void knowsWhetherThereIsAValue_data();
+    void knowsWhetherThereIsAValue();
 
 private:
     static QJsonObject object(const QByteArray &json)
@@ -104,6 +106,37 @@ void tst_SensorTree::fallsBackToUnits()
     QCOMPARE(unitsOf(object(R"({"units":""})"), fallback), fallback);
     QCOMPARE(unitsOf(object(R"({"units":5})"), fallback), fallback);
     QCOMPARE(unitsOf({}, fallback), fallback);
+}
+
+void tst_SensorTree::knowsWhetherThereIsAValue_data()
+{
+    QTest::addColumn<QByteArray>("reading");
+    QTest::addColumn<bool>("isNumber");
+    QTest::addColumn<bool>("isWhole");
+    const auto row = [](const char *reading, bool isNumber, bool isWhole) {
+        QTest::newRow(reading) << QByteArray(reading) << isNumber << isWhole;
+    };
+    row("{}", false, false);
+    row(R"({"value":0})", true, true);
+    row(R"({"value":-7})", true, true);
+    row(R"({"value":1.5})", true, false);
+    row(R"({"value":1e300})", true, false);
+    row(R"({"value":"7"})", false, false);
+    row(R"({"value":null})", false, false);
+}
+
+void tst_SensorTree::knowsWhetherThereIsAValue()
+{
+    QFETCH(QByteArray, reading);
+    QFETCH(bool, isNumber);
+    const QJsonObject tree = object(reading);
+    QCOMPARE(hasValue(tree), isNumber);
+    QTEST(hasWholeValue(tree), "isWhole");
+    const Reading<double> number = numberOf(tree, QString());
+    QCOMPARE(number.isMissing, !isNumber);
+    QCOMPARE(wholeNumber(number, 100).isMissing, !isNumber);
+    QCOMPARE(shareOf(number).isMissing, !isNumber);
+    QCOMPARE(heldTo(number, 0, 1).isMissing, !isNumber);
 }
 
 QTEST_APPLESS_MAIN(tst_SensorTree)
