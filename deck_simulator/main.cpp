@@ -18,6 +18,7 @@
 #include <QIcon>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <cstdio>
 
 using namespace deck;
@@ -54,7 +55,7 @@ DeckProfile chosenDeck(const SimulatorOptions &options, const QVector<FontFile> 
     case Deck::Readings:
         break;
     }
-    return defaultDeck(options.columns);
+    return defaultDeck(options.columns, options.keySize);
 }
 
 // A GUI application object would take "--plugin" for itself, so the arguments are read before there
@@ -76,7 +77,13 @@ ParsedScript readScript(const QString &name)
         return {{}, file.errorString()};
     if (file.size() > longestScript)
         return {{}, QStringLiteral("it is too long")};
-    return parseScript(file.readAll());
+    ParsedScript script = parseScript(file.readAll());
+    // Machines lie beside the script.
+    for (ScriptStep &step : script.steps) {
+        if (step.kind == ScriptStep::Kind::Machine)
+            step.file = QFileInfo(name).absoluteDir().absoluteFilePath(step.file);
+    }
+    return script;
 }
 
 int runHeadless(const SimulatorOptions &options, int &argc, char *argv[])
@@ -92,7 +99,10 @@ int runHeadless(const SimulatorOptions &options, int &argc, char *argv[])
         return 2;
     }
     const QGuiApplication application(argc, argv);
-    const SessionSettings settings = sessionSettings(options);
+    SessionSettings settings = sessionSettings(options);
+    settings.changesRecording =
+        std::any_of(script.steps.begin(), script.steps.end(),
+                    [](const ScriptStep &step) { return step.kind == ScriptStep::Kind::Machine; });
     DeckSession session(settings, chosenDeck(options, settings.fonts));
     HeadlessRun run(options, &session);
     run.setScript(script.steps);

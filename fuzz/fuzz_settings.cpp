@@ -12,7 +12,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-// The settings of a key: parsing, painting, presses, the reply. The input is the message of an event.
+// The settings of a key: parsing, painting, presses, the reply. The input is the message of an
+// event.
 
 namespace {
 

@@ -1,5 +1,6 @@
 #include "deck_simulator/deck/DeckKey.h"
 
+#include "deck_simulator/deck/DisplaySettings.h"
 #include "deck_simulator/deck/KeyPicture.h"
 
 namespace deck {
@@ -11,6 +12,12 @@ DeckKey::DeckKey(const QString &name, const QString &action, const QString &cont
     , m_context(context)
     , m_settings(settings)
 {
+}
+
+bool DeckKey::showsGauge() const
+{
+    const QJsonObject display = m_settings.value(QLatin1String("display")).toObject();
+    return isGaugePicture(m_picture.size(), displayFrom(display));
 }
 
 void DeckKey::takeTitle(const QString &title, qint64 now)

@@ -32,6 +32,8 @@ public:
     [[nodiscard]] const QString &title() const { return m_title; }
     /// The last valid picture; null before the first and after an empty one.
     [[nodiscard]] const QImage &picture() const { return m_picture; }
+    /// Whether the picture is a gauge (see isGaugePicture).
+    [[nodiscard]] bool showsGauge() const;
     /// Size of the last picture that was not empty; empty before the first.
     [[nodiscard]] QSize pictureSize() const { return m_pictureSize; }
     /// Length of the text that carried the last picture.

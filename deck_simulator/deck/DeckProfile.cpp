@@ -7,29 +7,82 @@ namespace deck {
 
 namespace {
 
+const char *const cpuAction = "com.quellor.stream.system.cpu";
+const char *const clockAction = "com.quellor.stream.system.Cpu_Clock";
+const char *const memoryAction = "com.quellor.stream.system.memory";
+const char *const networkAction = "com.quellor.stream.system.NetWork";
+
 struct ProfileKey
 {
-    const char *name = nullptr;
-    const char *action = nullptr;
-    const char *title = nullptr;
-    const char *titleLines = "单行显示";
+    const char *name;
+    const char *action;
+    EntrySettings settings;
 };
 
-const ProfileKey profileKeys[] = {
-    {"CPU usage", "com.quellor.stream.system.cpu", "CPU"},
-    {"Memory load", "com.quellor.stream.system.memory", "Mem"},
-    {"Network, one line", "com.quellor.stream.system.NetWork", "Net"},
-    {"Network, two lines", "com.quellor.stream.system.NetWork", "Up/Down", "双行显示"},
-    {"Memory model", "com.quellor.stream.system.Memory_Model", "RAM"},
-    {"Free GB of memory", "com.quellor.stream.system.Memory_Free_GB", "Free"},
-    {"Used GB of memory", "com.quellor.stream.system.Memory_Used_GB", "Used"},
-    {"Total GB of memory", "com.quellor.stream.system.Memory_Total_GB", "Total"},
-    {"Upload", "com.quellor.stream.system.NetWork.Upload", "Up"},
-    {"Download", "com.quellor.stream.system.NetWork.Download", "Down"},
-    {"Free MB of memory", "com.quellor.stream.system.Memory_Free_MB", "Free"},
-    {"Used MB of memory", "com.quellor.stream.system.Memory_Used_MB", "Used"},
-    {"Total MB of memory", "com.quellor.stream.system.Memory_Total_MB", "Total"},
-};
+EntrySettings textKey(const char *title, const char *titleLines = "单行显示")
+{
+    EntrySettings settings;
+    settings.text = QString::fromUtf8(title);
+    settings.titleLines = QString::fromUtf8(titleLines);
+    return settings;
+}
+
+EntrySettings gaugeKey(const char *title, const char *style)
+{
+    EntrySettings settings = textKey(title);
+    settings.display.style = QString::fromUtf8(style);
+    return settings;
+}
+
+EntrySettings inColor(EntrySettings settings, const char *color)
+{
+    settings.display.normalColor = QString::fromUtf8(color);
+    return settings;
+}
+
+EntrySettings wide(EntrySettings settings, const char *ground)
+{
+    settings.display.shape = QStringLiteral("wide");
+    settings.display.ground = QString::fromUtf8(ground);
+    return settings;
+}
+
+EntrySettings inBits(EntrySettings settings)
+{
+    settings.display.rates = QStringLiteral("bits");
+    return settings;
+}
+
+EntrySettings withThresholds(EntrySettings settings, double warning, double critical)
+{
+    settings.display.warning = warning;
+    settings.display.critical = critical;
+    return settings;
+}
+
+// Every style, and lines of text beside them.
+QVector<ProfileKey> profileKeys()
+{
+    return {
+        {"CPU usage", cpuAction, gaugeKey("CPU", "ring")},
+        {"CPU usage, history", cpuAction, gaugeKey("CPU", "graph")},
+        {"CPU frequency", clockAction, inColor(gaugeKey("Clock", "graph"), "#E69F00")},
+        {"Memory load", memoryAction, inColor(gaugeKey("Mem", "ring"), "#009E73")},
+        {"Free GB of memory", "com.quellor.stream.system.Memory_Free_GB", gaugeKey("Free", "bar")},
+        {"Network", networkAction, gaugeKey("Net", "pair")},
+        {"Upload", "com.quellor.stream.system.NetWork.Upload",
+         inColor(gaugeKey("Up", "graph"), "#CC79A7")},
+        {"Download in bits", "com.quellor.stream.system.NetWork.Download",
+         inBits(gaugeKey("Down", "graph"))},
+        {"CPU usage, wide", cpuAction, wide(gaugeKey("CPU", "graph"), "#14233a")},
+        {"Used GB of memory", "com.quellor.stream.system.Memory_Used_GB",
+         inColor(gaugeKey("Used", "bar"), "#009E73")},
+        {"CPU usage, thresholds", cpuAction, withThresholds(gaugeKey("CPU", "bar"), 20, 60)},
+        {"CPU usage, coloured text", cpuAction, withThresholds(textKey("CPU"), 20, 60)},
+        {"Network, one line", networkAction, textKey("Net")},
+        {"Network, two lines", networkAction, textKey("Up/Down", "双行显示")},
+    };
+}
 
 /// A key of the settings deck: what differs from the usual settings.
 struct SettingsKey
@@ -38,9 +91,6 @@ struct SettingsKey
     const char *action;
     QJsonObject changes;
 };
-
-const char *const cpuAction = "com.quellor.stream.system.cpu";
-const char *const networkAction = "com.quellor.stream.system.NetWork";
 
 QJsonObject change(const char *member, const QJsonValue &value)
 {
@@ -106,14 +156,18 @@ QSize gridFor(int keys, int columns)
 
 } // namespace
 
-DeckProfile defaultDeck(int columns)
+DeckProfile defaultDeck(int columns, int keyPixels)
 {
     DeckProfile deck;
     deck.name = QStringLiteral("Simulated deck");
-    for (const ProfileKey &key : profileKeys) {
-        deck.keys.append(DeckKey(
-            QString::fromUtf8(key.name), QString::fromUtf8(key.action), contextOf(deck.keys.size()),
-            keySettings(QString::fromUtf8(key.title), QString::fromUtf8(key.titleLines))));
+    QVector<ProfileKey> keys = profileKeys();
+    for (ProfileKey &key : keys) {
+        if (key.settings.display.isGauge())
+            key.settings.display.size =
+                qBound(DisplaySettings::smallestSize, keyPixels, DisplaySettings::largestSize);
+        deck.keys.append(DeckKey(QString::fromUtf8(key.name), QString::fromUtf8(key.action),
+                                 contextOf(deck.keys.size()),
+                                 settingsMessage(key.settings, {deckKeyPixels, deckKeyPixels})));
     }
     deck.grid = gridFor(deck.keys.size(), columns);
     return deck;

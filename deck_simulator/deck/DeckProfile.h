@@ -26,8 +26,8 @@ struct DeckProfile
 QJsonObject keySettings(const QString &title, const QString &titleLines);
 
 /// The deck that the simulator starts with, \a columns keys wide: the metrics that every machine
-/// has.
-DeckProfile defaultDeck(int columns);
+/// has, in every style. Its gauges are painted for keys of \a keyPixels pixels.
+DeckProfile defaultDeck(int columns, int keyPixels = deckKeyPixels);
 
 /// A deck with one key for every action of the plugin, \a columns keys wide.
 DeckProfile kindsDeck(int columns);

@@ -14,7 +14,8 @@ auto members(const EntrySettings &settings)
                     settings.color, settings.opacity, settings.temperatureType, settings.titleLines,
                     settings.diskMode, settings.volumeNameItem, settings.switchFrequency,
                     settings.showVolumeName, settings.selectValue, settings.selectCpuFan,
-                    settings.selectPhysicalDisk, settings.audioDevice, settings.fillsKey);
+                    settings.selectPhysicalDisk, settings.audioDevice, settings.fillsKey,
+                    settings.display);
 }
 
 void take(const QJsonObject &object, const char *name, QString &text)
@@ -83,6 +84,10 @@ QJsonObject settingsMessage(const EntrySettings &settings, const QSize &geometry
                      {QStringLiteral("height"), geometry.height()}}},
     };
     insertChoice(message, "select", settings.audioDevice);
+    // A key without it is the key that it was before there were gauges.
+    const QJsonObject display = displayObject(settings.display);
+    if (!display.isEmpty())
+        message.insert(QStringLiteral("display"), display);
     return message;
 }
 
@@ -108,6 +113,9 @@ EntrySettings settingsFrom(const QJsonObject &message, const EntrySettings &sett
     take(parameters, "SelectCPUFan", result.selectCpuFan);
     take(parameters, "SelectPhysicalDisk", result.selectPhysicalDisk);
     take(message, "select", result.audioDevice);
+    const QJsonValue display = message.value(QLatin1String("display"));
+    if (display.isObject())
+        result.display = displayFrom(display.toObject());
     return result;
 }
 

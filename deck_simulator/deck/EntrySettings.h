@@ -1,5 +1,7 @@
 #pragma once
 
+#include "deck_simulator/deck/DisplaySettings.h"
+
 #include <QJsonObject>
 #include <QSize>
 #include <QString>
@@ -30,13 +32,14 @@ struct EntrySettings
     /// The plugin is told the width of the key instead of that of the picture, and chooses the font
     /// size by which the text fills the key.
     bool fillsKey = false;
+    DisplaySettings display;
 };
 
 bool operator==(const EntrySettings &left, const EntrySettings &right);
 bool operator!=(const EntrySettings &left, const EntrySettings &right);
 
-/// The whole set as it travels: {"titleParameters": {...}, "ActionGeometry": {...}}. \a geometry is
-/// the size to tell.
+/// The whole set as it travels: {"titleParameters": {...}, "ActionGeometry": {...}}, and "display"
+/// where it has members. \a geometry is the size to tell.
 QJsonObject settingsMessage(const EntrySettings &settings, const QSize &geometry);
 
 /// \a settings with whatever \a message has of them. Members that are missing, of another type or

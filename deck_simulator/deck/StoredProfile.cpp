@@ -94,6 +94,22 @@ DeckEntry entryOf(const char *action, const char *title, int column, int row)
     return entry;
 }
 
+DeckEntry gaugeOf(const char *action, const char *title, const char *style, int column, int row)
+{
+    DeckEntry entry = entryOf(action, title, column, row);
+    entry.settings.display.style = QLatin1String(style);
+    return entry;
+}
+
+// Only the screens of dials show long texts and wide gauges in letters that can be read.
+DeckEntry onDial(DeckEntry entry)
+{
+    entry.place = {entry.place.column, 0, true};
+    if (entry.settings.display.isGauge())
+        entry.settings.display.shape = QStringLiteral("wide");
+    return entry;
+}
+
 } // namespace
 
 bool operator==(const LaunchChoices &left, const LaunchChoices &right)
@@ -157,23 +173,27 @@ StoredProfile firstProfile()
 {
     StoredProfile profile;
     profile.entries = {
-        entryOf("system.cpu", "CPU", 0, 0),
-        entryOf("system.cpu.temperature", "CPU", 1, 0),
-        entryOf("system.Cpu_Clock", "Clock", 2, 0),
-        entryOf("system.memory", "Mem", 3, 0),
-        entryOf("system.Memory_Used_GB", "Used", 4, 0),
-        entryOf("system.Memory_Free_GB", "Free", 5, 0),
-        entryOf("system.NetWork", "Up/Down", 0, 1),
-        entryOf("system.NetWork.Upload", "Up", 1, 1),
-        entryOf("system.NetWork.Download", "Down", 2, 1),
-        entryOf("AllDATA", "Sensor", 3, 1),
-        entryOf("system.volume", "Vol", 4, 1),
+        gaugeOf("system.cpu", "CPU", "ring", 0, 0),
+        gaugeOf("system.cpu", "CPU", "graph", 1, 0),
+        gaugeOf("system.cpu.temperature", "CPU temp", "bar", 2, 0),
+        gaugeOf("system.Cpu_Clock", "Clock", "graph", 3, 0),
+        gaugeOf("system.memory", "Mem", "ring", 4, 0),
+        gaugeOf("system.Memory_Free_GB", "Free", "bar", 5, 0),
+        gaugeOf("system.NetWork", "Net", "pair", 0, 1),
+        gaugeOf("system.NetWork.Upload", "Up", "graph", 1, 1),
+        gaugeOf("system.NetWork.Download", "Down", "graph", 2, 1),
+        gaugeOf("system.volume", "Vol", "bar", 3, 1),
+        entryOf("AllDATA", "Sensor", 4, 1),
+        entryOf("system.cpu", "CPU", 0, 2),
+        entryOf("system.NetWork", "Up/Down", 1, 2),
+        entryOf("system.Memory_Used_GB", "Used", 2, 2),
+        onDial(entryOf("system.PhysicalDisk", "", 0, 0)),
+        onDial(gaugeOf("system.cpu", "CPU", "graph", 1, 0)),
+        onDial(gaugeOf("system.memory", "Mem", "bar", 2, 0)),
     };
-    profile.entries[6].settings.titleLines = QStringLiteral("双行显示");
-    // A long text: only the wide screen of a dial shows it in letters that can be read.
-    DeckEntry drive = entryOf("system.PhysicalDisk", "", 0, 0);
-    drive.place.dial = true;
-    profile.entries.append(drive);
+    profile.entries[11].settings.display.warning = 50;
+    profile.entries[11].settings.display.critical = 90;
+    profile.entries[12].settings.titleLines = QStringLiteral("双行显示");
     return profile;
 }
 

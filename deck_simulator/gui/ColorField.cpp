@@ -60,11 +60,24 @@ void ColorField::setColor(const QString &color)
     showColor();
 }
 
+void ColorField::setUsual(const QString &color, const QString &words)
+{
+    m_usual = color;
+    m_text->setPlaceholderText(words);
+    m_text->setClearButtonEnabled(true);
+    showColor();
+}
+
+QColor ColorField::shownColor() const
+{
+    return QColor(m_text->text().isEmpty() ? m_usual : m_text->text());
+}
+
 void ColorField::showColor()
 {
     const int side = fontMetrics().height();
     m_button->setIconSize({side, side});
-    m_button->setIcon(swatch(QColor(m_text->text()), side, palette().color(QPalette::Text)));
+    m_button->setIcon(swatch(shownColor(), side, palette().color(QPalette::Text)));
 }
 
 void ColorField::edit(const QString &color)
@@ -78,7 +91,7 @@ void ColorField::edit(const QString &color)
 void ColorField::openPicker()
 {
     const QString before = m_text->text();
-    auto *picker = new QColorDialog(QColor(before), this);
+    auto *picker = new QColorDialog(shownColor(), this);
     picker->setAttribute(Qt::WA_DeleteOnClose);
     // The key shows each colour while the user is choosing.
     connect(picker, &QColorDialog::currentColorChanged, this,

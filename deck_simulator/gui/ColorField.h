@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QWidget>
 
 class QLineEdit;
@@ -18,6 +19,8 @@ public:
 
     [[nodiscard]] QString color() const;
     void setColor(const QString &color);
+    /// Lets the text be empty: then \a color is shown, and \a words in place of the text.
+    void setUsual(const QString &color, const QString &words);
     [[nodiscard]] QLineEdit *textField() const { return m_text; }
     [[nodiscard]] QToolButton *button() const { return m_button; }
 
@@ -30,8 +33,11 @@ private:
     void openPicker();
     void edit(const QString &color);
 
+    [[nodiscard]] QColor shownColor() const;
+
     QToolButton *m_button;
     QLineEdit *m_text;
+    QString m_usual;
 };
 
 } // namespace deck

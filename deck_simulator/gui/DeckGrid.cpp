@@ -15,11 +15,17 @@ const QColor bodyColor(0x26, 0x27, 0x2b);
 const QColor bodyEdgeColor(0x14, 0x14, 0x17);
 
 constexpr int usualSide = 96;
-constexpr int smallestSide = 32;
+constexpr int smallestSide = 30;
 
 int gapFor(int side)
 {
     return qMax(4, side / 10);
+}
+
+// A screen as high as a key, and a knob.
+int dialHeight(int side)
+{
+    return side * 3 / 2;
 }
 
 bool isPressKey(int key)
@@ -156,7 +162,7 @@ void DeckGrid::showFace(KeyCell *cell)
     }
     const Live live = m_live.value(entry->context);
     cell->setFace({actionCaption(entry->action), actionIcon(entry->action, Qt::white), live.title,
-                   live.picture});
+                   live.picture, isGaugePicture(live.picture.size(), entry->settings.display)});
 }
 
 QSize DeckGrid::sizeFor(int keySide) const
@@ -164,10 +170,10 @@ QSize DeckGrid::sizeFor(int keySide) const
     const int gap = gapFor(keySide);
     const int step = keySide + gap;
     const int columns = m_model->grid().width();
-    const int rows = m_model->grid().height() + (m_model->dials() > 0 ? 1 : 0);
+    const int dialsHeight = m_model->dials() > 0 ? dialHeight(keySide) + gap : 0;
     // A dial is half as wide as a key at least.
     const int width = qMax(columns * step, m_model->dials() * (keySide / 2 + gap));
-    return {2 * gap + width, 2 * gap + rows * step};
+    return {2 * gap + width, 2 * gap + m_model->grid().height() * step + dialsHeight};
 }
 
 QSize DeckGrid::sizeHint() const
@@ -201,7 +207,7 @@ void DeckGrid::placeCells()
         if (place.dial)
             cell->setGeometry(m_body.left() + gap + place.column * dialStep +
                                   (dialStep - dialWidth) / 2,
-                              top, dialWidth, side);
+                              top, dialWidth, dialHeight(side));
         else
             cell->setGeometry(origin.x() + place.column * step, top, side, side);
     }

@@ -33,14 +33,14 @@ void DialCell::turn(int ticks)
 
 QRect DialCell::screenRect() const
 {
-    return {3, 3, width() - 6, height() / 2 - 3};
+    return {3, 3, width() - 6, height() * 2 / 3 - 3};
 }
 
 QRect DialCell::knobRect() const
 {
-    const int side = qMin(height() / 2 - 6, width() - 6);
+    const int side = qMin(height() / 3 - 6, width() - 6);
     QRect knob(0, 0, side, side);
-    knob.moveCenter(QPoint(width() / 2, height() * 3 / 4));
+    knob.moveCenter(QPoint(width() / 2, height() * 5 / 6));
     return knob;
 }
 

@@ -4,8 +4,8 @@
 
 namespace deck {
 
-/// One dial on the screen: a small screen above a knob. The wheel turns it, a press on the knob
-/// presses it.
+/// One dial on the screen: a screen, up to twice as wide as high, above a knob. The wheel turns it,
+/// a press on the knob presses it.
 class DialCell : public KeyCell
 {
     Q_OBJECT

@@ -40,6 +40,9 @@ KeyCell::KeyCell(const DeckPlace &place, QWidget *parent)
     m_holdTimer.setSingleShot(true);
     m_holdTimer.setInterval(holdTime);
     connect(&m_holdTimer, &QTimer::timeout, this, &KeyCell::press);
+    m_releaseTimer.setSingleShot(true);
+    m_releaseTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_releaseTimer, &QTimer::timeout, this, &KeyCell::release);
     setAttribute(Qt::WA_Hover);
     setFace({});
 }
@@ -102,8 +105,10 @@ void KeyCell::paintScreen(QPainter &painter, const QRect &rect)
     painter.setPen(QPen(m_dropTarget ? palette().color(QPalette::Highlight) : keyEdgeColor, 1));
     painter.setBrush(m_hovered ? keyColor.lighter(250) : keyColor);
     painter.drawRoundedRect(QRectF(shown).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-    if (!m_face.picture.isNull())
-        paintPicture(painter, shown);
+    if (m_face.isGauge)
+        paintGaugePicture(painter, shown, m_face.picture);
+    else if (!m_face.picture.isNull())
+        paintText(painter, shown);
     else if (isOccupied())
         paintCaption(painter, shown);
     else if (m_hovered || m_dropTarget || m_current)
@@ -111,16 +116,16 @@ void KeyCell::paintScreen(QPainter &painter, const QRect &rect)
 }
 
 // As large as a key of the screen's width shows it, as far as the height allows.
-QSize KeyCell::pictureSize(const QSize &screen) const
+QSize KeyCell::textSize(const QSize &screen) const
 {
-    const QSize size = shownPictureSize(m_face.picture.size(), {1, screen.width()});
+    const QSize size = shownTextSize(m_face.picture.size(), {1, screen.width()});
     const int room = screen.height() - 2 * qMax(1, screen.height() / 24);
     return size.height() <= room ? size : size.scaled(size.width(), room, Qt::KeepAspectRatio);
 }
 
-void KeyCell::paintPicture(QPainter &painter, const QRect &rect)
+void KeyCell::paintText(QPainter &painter, const QRect &rect)
 {
-    const QSize size = pictureSize(rect.size());
+    const QSize size = textSize(rect.size());
     QRect target(QPoint(), size);
     target.moveCenter(rect.center());
     const qreal ratio = devicePixelRatioF();
@@ -161,7 +166,9 @@ void KeyCell::mousePressEvent(QMouseEvent *event)
     Q_EMIT chosen();
     if (event->button() != Qt::LeftButton)
         return;
+    release(); // of the click before, if that is still to come
     m_pressPoint = event->pos();
+    m_sincePress.start();
     if (isOccupied() && pressesAt(event->pos()))
         m_holdTimer.start();
 }
@@ -180,7 +187,8 @@ void KeyCell::mouseReleaseEvent(QMouseEvent *event)
         return;
     if (m_holdTimer.isActive())
         press();
-    release();
+    if (m_down)
+        m_releaseTimer.start(m_pressDelay);
 }
 
 void KeyCell::press()
@@ -188,12 +196,14 @@ void KeyCell::press()
     m_holdTimer.stop();
     if (!isOccupied() || m_down)
         return;
+    m_pressDelay = int(m_sincePress.elapsed());
     setDown(true);
     Q_EMIT pressed();
 }
 
 void KeyCell::release()
 {
+    m_releaseTimer.stop();
     if (!m_down)
         return;
     setDown(false);

@@ -3,6 +3,7 @@
 #include "deck_simulator/deck/DeckPlace.h"
 #include "deck_simulator/gui/KeyFace.h"
 
+#include <QElapsedTimer>
 #include <QPoint>
 #include <QTimer>
 #include <QWidget>
@@ -12,7 +13,8 @@ class QMimeData;
 namespace deck {
 
 /// One LCD key on the screen. It shows its face and reports mouse actions. Dragging a key must not
-/// press it, so a press is reported on release, or once it has lasted for some time.
+/// press it, so a press is reported on release, or once it has lasted for some time; its release is
+/// reported as much later as the press was, so that the time between them is that of the mouse.
 class KeyCell : public QWidget
 {
     Q_OBJECT
@@ -65,8 +67,8 @@ private:
     void startDrag();
     void press();
     void release();
-    [[nodiscard]] QSize pictureSize(const QSize &screen) const;
-    void paintPicture(QPainter &painter, const QRect &rect);
+    [[nodiscard]] QSize textSize(const QSize &screen) const;
+    void paintText(QPainter &painter, const QRect &rect);
     void paintCaption(QPainter &painter, const QRect &rect);
     void paintPlus(QPainter &painter, const QRect &rect);
 
@@ -74,6 +76,9 @@ private:
     KeyFace m_face;
     QPoint m_pressPoint;
     QTimer m_holdTimer; // runs while a press may still become a drag
+    QTimer m_releaseTimer;
+    QElapsedTimer m_sincePress; // of the mouse button
+    int m_pressDelay = 0;       // milliseconds between that and the report
     bool m_current = false;
     bool m_down = false;
     bool m_hovered = false;

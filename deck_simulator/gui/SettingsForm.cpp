@@ -1,9 +1,12 @@
 #include "deck_simulator/gui/SettingsForm.h"
 
 #include "deck_simulator/gui/ColorField.h"
+#include "deck_simulator/gui/DisplayForm.h"
 #include "deck_simulator/gui/FormControls.h"
 #include "deck_simulator/gui/SensorPicker.h"
 #include "deck_simulator/gui/WheelGuard.h"
+#include "deck_simulator/panel/GaugeKinds.h"
+#include "deck_simulator/panel/PanelFields.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,8 +21,6 @@
 namespace deck {
 
 namespace {
-
-constexpr int overhang = 2; // pixels that a last letter may reach beyond its width
 
 QVector<ListEntry> temperatureUnits()
 {
@@ -44,13 +45,10 @@ QVector<ListEntry> diskModes()
 
 SettingsForm::SettingsForm(QWidget *parent)
     : QWidget(parent)
-    , m_layout(new QFormLayout(this))
+    , m_rows(new QFormLayout(this))
 {
-    m_layout->setContentsMargins(0, 0, 0, 0);
-    m_layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    // Long labels and large texts get a line of their own instead of being cut off.
-    m_layout->setRowWrapPolicy(QFormLayout::WrapLongRows);
     addTitleRows();
+    addDisplay();
     addLookRows();
     addKindRows();
     connectControls();
@@ -63,8 +61,18 @@ void SettingsForm::addTitleRows()
     m_title = named(new QLineEdit, "title");
     m_title->setToolTip(tr("On two lines, \"Up/Down\" gives each line its part"));
     m_showTitle = named(new QCheckBox(tr("before the reading")), "showTitle");
-    addRow(tr("&Title"), m_title);
-    addRow(tr("&Show it"), m_showTitle);
+    m_rows.add(tr("&Title"), m_title);
+    m_titleHint = named(new QLabel, "titleHint");
+    m_titleHint->setWordWrap(true);
+    m_titleHint->setTextFormat(Qt::PlainText);
+    m_rows.add(tr("&Show it"), m_showTitle);
+    m_rows.add(QString(), m_titleHint);
+}
+
+void SettingsForm::addDisplay()
+{
+    m_display = named(new DisplayForm, "display");
+    m_rows.add(QString(), m_display);
 }
 
 void SettingsForm::addLookRows()
@@ -86,11 +94,11 @@ void SettingsForm::addLookRows()
     opacityLayout->setContentsMargins(0, 0, 0, 0);
     opacityLayout->addWidget(m_opacity);
     opacityLayout->addWidget(m_opacityText);
-    addRow(tr("&Font"), m_font);
-    addRow(tr("Si&ze"), m_fontSize);
-    addRow(tr("&Width"), m_fillsKey);
-    addRow(tr("&Colour"), m_color);
-    addRow(tr("T&ransparency"), m_opacityRow);
+    m_rows.add(tr("&Font"), m_font);
+    m_rows.add(tr("Si&ze"), m_fontSize);
+    m_rows.add(tr("&Width"), m_fillsKey);
+    m_rows.add(tr("&Colour"), m_color);
+    m_rows.add(tr("T&ransparency"), m_opacityRow);
 }
 
 void SettingsForm::addKindRows()
@@ -106,23 +114,24 @@ void SettingsForm::addKindRows()
     m_audioDevice = makeChoice("audioDevice");
     m_pump = named(new QLabel, "pump");
     m_sensor = named(new SensorPicker, "sensor");
-    addRow(tr("Te&mperature"), m_temperatureType);
-    addRow(tr("&Lines"), m_titleLines);
-    addRow(tr("S&hows"), m_diskMode);
-    addRow(tr("&Drive"), m_drive);
-    addRow(tr("S&witches every"), m_switchFrequency);
-    addRow(tr("Drive &name"), m_showVolumeName);
-    addRow(tr("F&an"), m_fan);
-    addRow(tr("&Disk"), m_physicalDisk);
-    addRow(tr("Audio d&evice"), m_audioDevice);
-    addRow(tr("Pump"), m_pump);
-    addRow(QString(), m_sensor);
+    m_rows.add(tr("Te&mperature"), m_temperatureType);
+    m_rows.add(tr("&Lines"), m_titleLines);
+    m_rows.add(tr("S&hows"), m_diskMode);
+    m_rows.add(tr("&Drive"), m_drive);
+    m_rows.add(tr("S&witches every"), m_switchFrequency);
+    m_rows.add(tr("Drive &name"), m_showVolumeName);
+    m_rows.add(tr("F&an"), m_fan);
+    m_rows.add(tr("&Disk"), m_physicalDisk);
+    m_rows.add(tr("Audio d&evice"), m_audioDevice);
+    m_rows.add(tr("Pump"), m_pump);
+    m_rows.add(QString(), m_sensor);
 }
 
 void SettingsForm::connectControls()
 {
     connect(m_title, &QLineEdit::textEdited, this, &SettingsForm::collect);
     connect(m_color, &ColorField::colorEdited, this, &SettingsForm::collect);
+    connect(m_display, &DisplayForm::edited, this, &SettingsForm::collect);
     connect(m_opacity, &QSlider::valueChanged, this, &SettingsForm::collect);
     connect(m_sensor, &SensorPicker::chosen, this, [this](const QString &value) {
         m_settings.selectValue = value;
@@ -143,62 +152,36 @@ void SettingsForm::setAction(const QString &action)
     showFields();
 }
 
-void SettingsForm::addRow(const QString &label, QWidget *field)
-{
-    QLabel *caption = label.isEmpty() ? nullptr : new QLabel(label, this);
-    if (caption != nullptr) {
-        caption->setBuddy(field);
-        caption->setMinimumWidth(caption->sizeHint().width() + overhang);
-    }
-    field->setParent(this);
-    m_rows.append({caption, field, true});
-}
-
-void SettingsForm::showRow(QWidget *field, bool shown)
-{
-    for (Row &row : m_rows) {
-        if (row.field == field)
-            row.shown = shown;
-    }
-}
-
-// A form keeps the space of a row whose widgets are hidden, so only those that are shown are in it.
-void SettingsForm::layOut()
-{
-    int position = 0;
-    for (const Row &row : qAsConst(m_rows)) {
-        const bool present = m_layout->indexOf(row.field) >= 0;
-        if (present && !row.shown) {
-            const QFormLayout::TakeRowResult taken = m_layout->takeRow(row.field);
-            delete taken.labelItem;
-            delete taken.fieldItem;
-        } else if (!present && row.shown && row.label != nullptr) {
-            m_layout->insertRow(position, row.label, row.field);
-        } else if (!present && row.shown) {
-            m_layout->insertRow(position, row.field);
-        }
-        if (row.label != nullptr)
-            row.label->setVisible(row.shown);
-        row.field->setVisible(row.shown);
-        position += row.shown ? 1 : 0;
-    }
-}
-
 void SettingsForm::showFields()
 {
     const PanelFields fields = panelFields(m_action, m_settings);
-    showRow(m_temperatureType, fields.temperatureUnit);
-    showRow(m_titleLines, fields.titleLines);
-    showRow(m_diskMode, fields.diskMode);
-    showRow(m_drive, fields.drive);
-    showRow(m_switchFrequency, fields.switchTime);
-    showRow(m_showVolumeName, fields.volumeName);
-    showRow(m_fan, fields.fan);
-    showRow(m_physicalDisk, fields.physicalDisk);
-    showRow(m_audioDevice, fields.audioDevice);
-    showRow(m_pump, fields.pump);
-    showRow(m_sensor, fields.sensor);
-    layOut();
+    const bool gauge = shownStyle(m_action, m_settings) != QLatin1String("text");
+    m_display->setSettings(m_action, m_settings);
+    showTitleHint();
+    m_rows.show(m_titleHint, gauge);
+    m_rows.show(m_fontSize, !gauge); // a gauge chooses it by its own size
+    m_rows.show(m_fillsKey, !gauge);
+    m_rows.show(m_temperatureType, fields.temperatureUnit);
+    m_rows.show(m_titleLines, fields.titleLines && !gauge);
+    m_rows.show(m_diskMode, fields.diskMode);
+    m_rows.show(m_drive, fields.drive);
+    m_rows.show(m_switchFrequency, fields.switchTime);
+    m_rows.show(m_showVolumeName, fields.volumeName);
+    m_rows.show(m_fan, fields.fan);
+    m_rows.show(m_physicalDisk, fields.physicalDisk);
+    m_rows.show(m_audioDevice, fields.audioDevice);
+    m_rows.show(m_pump, fields.pump);
+    m_rows.show(m_sensor, fields.sensor);
+    m_rows.layOut();
+}
+
+void SettingsForm::showTitleHint()
+{
+    const QString title = gaugeKind(m_action, m_settings).shortTitle;
+    m_titleHint->setText(
+        title.isEmpty()
+            ? tr("In place of the kind's default title a gauge shows the name of what it reads.")
+            : tr("In place of the kind's default title a gauge shows \"%1\".").arg(title));
 }
 
 void SettingsForm::setSettings(const EntrySettings &settings)
@@ -287,6 +270,7 @@ void SettingsForm::collect()
     settings.selectCpuFan = m_fan->currentData().toString();
     settings.selectPhysicalDisk = m_physicalDisk->currentData().toString();
     settings.audioDevice = m_audioDevice->currentData().toString();
+    settings.display = m_display->display();
     m_settings = settings;
     m_opacityText->setText(tr("%1 %").arg(m_opacity->value()));
     showFields();

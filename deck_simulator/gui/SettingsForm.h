@@ -1,14 +1,13 @@
 #pragma once
 
 #include "deck_simulator/deck/EntrySettings.h"
-#include "deck_simulator/panel/PanelFields.h"
+#include "deck_simulator/gui/FormRows.h"
 #include "deck_simulator/panel/SettingsLists.h"
 
 #include <QWidget>
 
 class QCheckBox;
 class QComboBox;
-class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QSlider;
@@ -17,6 +16,7 @@ class QSpinBox;
 namespace deck {
 
 class ColorField;
+class DisplayForm;
 class SensorPicker;
 
 /// The controls for the settings of one key. Only those that apply to its action are shown.
@@ -47,27 +47,20 @@ protected:
 
 private:
     void addTitleRows();
+    void addDisplay();
     void addLookRows();
     void addKindRows();
     void connectControls();
     void showFields();
     void showLists();
-    void addRow(const QString &label, QWidget *field);
-    void showRow(QWidget *field, bool shown);
-    void layOut();
+    void showTitleHint();
     void collect();
 
-    struct Row
-    {
-        QLabel *label; // null: the field is as wide as the form
-        QWidget *field;
-        bool shown;
-    };
-
-    QFormLayout *m_layout;
-    QVector<Row> m_rows;
+    FormRows m_rows;
     QLineEdit *m_title = nullptr;
     QCheckBox *m_showTitle = nullptr;
+    QLabel *m_titleHint = nullptr;
+    DisplayForm *m_display = nullptr;
     QComboBox *m_font = nullptr;
     QSpinBox *m_fontSize = nullptr;
     QCheckBox *m_fillsKey = nullptr;

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSaveFile>
 
 namespace deck {
 
@@ -12,6 +13,14 @@ namespace {
 
 constexpr int tailLines = 10;
 constexpr const char *recordingVariable = "SYSTEM_MONITOR_RECORDING";
+
+// At once: who reads it sees the old or the new content.
+bool replaceFile(const QString &name, const QByteArray &content)
+{
+    QSaveFile file(name);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() &&
+           file.commit();
+}
 
 QString seconds(std::chrono::milliseconds time)
 {
@@ -53,7 +62,7 @@ void DeckSession::start()
 
 bool DeckSession::prepare()
 {
-    if (!prepareFolders())
+    if (!prepareFolders() || !prepareRecording())
         return false;
     if (!m_host->listen()) {
         fail(QStringLiteral("The host cannot listen: %1.").arg(m_host->errorString()));
@@ -90,8 +99,35 @@ bool DeckSession::prepareFolders()
     return usable;
 }
 
+bool DeckSession::prepareRecording()
+{
+    if (!m_settings.changesRecording)
+        return true;
+    const QString first = recording();
+    m_ownRecording = QDir(m_workFolder).filePath(QStringLiteral("recording.json"));
+    if (!first.isEmpty() && changeRecording(first))
+        return true;
+    if (!first.isEmpty())
+        Q_EMIT notice(QStringLiteral("The recording %1 cannot be used. There are no readings.")
+                          .arg(QDir::toNativeSeparators(first)));
+    const bool written = replaceFile(m_ownRecording, "{}");
+    if (!written)
+        fail(QStringLiteral("The working folder %1 cannot be used.").arg(m_workFolder));
+    return written;
+}
+
+bool DeckSession::changeRecording(const QString &file)
+{
+    if (m_ownRecording.isEmpty() || !recordingFault(file).isEmpty())
+        return false;
+    QFile source(file);
+    return source.open(QIODevice::ReadOnly) && replaceFile(m_ownRecording, source.readAll());
+}
+
 QString DeckSession::recording() const
 {
+    if (!m_ownRecording.isEmpty())
+        return m_ownRecording;
     // The plugin would look from its working folder.
     const QString file = m_settings.recording.value_or(qEnvironmentVariable(recordingVariable));
     return file.isEmpty() ? QString() : QFileInfo(file).absoluteFilePath();

@@ -29,6 +29,9 @@ struct SessionSettings
     /// A recording of sensors, empty for live readings; if not set, this program's environment
     /// decides.
     std::optional<QString> recording;
+    /// The plugin is given a copy of the recording, which changeRecording replaces; without a
+    /// recording it has no readings.
+    bool changesRecording = false;
     /// The plugin's working folder; empty for a temporary folder, which is removed at the end
     /// unless the plugin failed.
     QString workFolder;
@@ -57,6 +60,9 @@ public:
     /// Moves the hardware-information service to another port and tells the plugin. False when
     /// there is no other port.
     bool moveService();
+    /// The plugin's readings are those of this recording from now on. False when the file is no
+    /// recording, or the session was not to change its recording.
+    bool changeRecording(const QString &file);
 
     [[nodiscard]] const DeckHost &host() const { return *m_host; }
     [[nodiscard]] DeckHost &host() { return *m_host; }
@@ -88,6 +94,7 @@ private:
 
     bool prepare();
     bool prepareFolders();
+    bool prepareRecording();
     /// The file's path as passed to the plugin; empty for live readings.
     [[nodiscard]] QString recording() const;
     void checkRecording();
@@ -113,6 +120,7 @@ private:
     QTemporaryDir m_systemDrive;
     std::unique_ptr<QTemporaryDir> m_temporaryFolder;
     QString m_workFolder;
+    QString m_ownRecording; // the copy of the recording; empty: there is none
     QString m_failure;
     QString m_exitText;
     State m_state = State::Idle;

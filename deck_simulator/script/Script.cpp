@@ -32,6 +32,7 @@ const Verb verbs[] = {
     {"send", Kind::Send, false},
     {"servicePort", Kind::ServicePort, false},
     {"hostDies", Kind::HostDies, false},
+    {"machine", Kind::Machine, false},
     {"expect", Kind::Expect, true},
     {"snapshot", Kind::Snapshot, false},
 };
@@ -106,12 +107,34 @@ public:
         return pattern;
     }
 
+    QColor color(const char *name)
+    {
+        QColor color(text(name));
+        if (!color.isValid())
+            complain(QStringLiteral("\"%1\" is no colour").arg(QLatin1String(name)));
+        return color;
+    }
+
+    QSize size(const char *name)
+    {
+        const QJsonArray pair = m_object.value(QLatin1String(name)).toArray();
+        const QSize size(pair.at(0).toInt(), pair.at(1).toInt());
+        if (pair.size() != 2 || size.isEmpty())
+            complain(QStringLiteral("\"%1\" must be [WIDTH, HEIGHT]").arg(QLatin1String(name)));
+        return size;
+    }
+
     int integer(const char *name)
     {
         const QJsonValue value = m_object.value(QLatin1String(name));
         if (!value.isDouble() || value.toInt(0) != value.toInt(1))
             complain(QStringLiteral("\"%1\" must be a whole number").arg(QLatin1String(name)));
         return value.toInt();
+    }
+
+    [[nodiscard]] QJsonValue value(const char *name) const
+    {
+        return m_object.value(QLatin1String(name));
     }
 
     [[nodiscard]] bool flag(const char *name) const
@@ -139,12 +162,19 @@ void readMembers(StepReader &reader, ScriptStep &step)
         step.action = reader.text("action");
         if (reader.has("set"))
             step.object = reader.object("set");
+        step.display = reader.value("display");
         break;
     case Kind::Move:
         step.to = reader.place("to");
         break;
     case Kind::Settings:
-        step.object = reader.object("set");
+        step.display = reader.value("display");
+        if (reader.has("set") || step.display.isUndefined())
+            step.object = reader.object("set");
+        break;
+    case Kind::Press:
+        if (reader.has("hold"))
+            step.hold = reader.time("hold");
         break;
     case Kind::Rotate:
         step.ticks = reader.integer("ticks");
@@ -156,14 +186,18 @@ void readMembers(StepReader &reader, ScriptStep &step)
     case Kind::Expect:
         if (reader.has("title"))
             step.title = reader.pattern("title");
+        if (reader.has("color"))
+            step.color = reader.color("color");
+        if (reader.has("size"))
+            step.pictureSize = reader.size("size");
         if (reader.has("within"))
             step.within = reader.time("within");
         break;
+    case Kind::Machine:
     case Kind::Snapshot:
         step.file = reader.text("file");
         break;
     case Kind::Remove:
-    case Kind::Press:
     case Kind::ServicePort:
     case Kind::HostDies:
         break;

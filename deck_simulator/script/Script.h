@@ -3,8 +3,11 @@
 #include "deck_simulator/deck/DeckPlace.h"
 
 #include <QByteArray>
+#include <QColor>
 #include <QJsonObject>
+#include <QJsonValue>
 #include <QRegularExpression>
+#include <QSize>
 #include <QString>
 #include <QVector>
 
@@ -20,13 +23,14 @@ struct ScriptStep
         Put,         ///< An action on a place; whatever lay there goes.
         Remove,      ///< The key on a place.
         Move,        ///< The key on a place to another one.
-        Settings,    ///< Changes members of the key's "titleParameters"; the whole set is sent.
+        Settings,    ///< Changes the key's settings; the whole set is sent.
         Press,       ///< keyDown and keyUp; on a dial, dialPress twice.
         Rotate,      ///< dialRotate.
         Send,        ///< Any message, as it stands.
         ServicePort, ///< The hardware-information service goes to another port.
         HostDies,
-        Expect, ///< Waits for a title on a key, or for its next picture.
+        Machine, ///< The readings are those of another recording from now on.
+        Expect,  ///< Waits for a title or a picture on a key.
         Snapshot,
     };
 
@@ -36,12 +40,18 @@ struct ScriptStep
     DeckPlace place;
     DeckPlace to;
     QString action;
-    QJsonObject object; ///< Settings, or the message to send.
+    QJsonObject object; ///< Changes of "titleParameters", or the message to send.
+    /// The key's new "display", whatever it is; undefined: it stays as it is; null: it goes.
+    QJsonValue display{QJsonValue::Undefined};
+    std::chrono::milliseconds hold{0}; ///< Between the two messages of a press.
     int ticks = 0;
     bool pressed = false;
-    std::optional<QRegularExpression> title; ///< Nothing: a picture is expected.
+    // What is expected; without any of it, the next picture.
+    std::optional<QRegularExpression> title;
+    QColor color;      ///< Somewhere in the picture.
+    QSize pictureSize; ///< Pixels.
     std::chrono::milliseconds within{5000};
-    QString file;
+    QString file; ///< Of a snapshot or a machine.
 };
 
 /// A script, or a description of its errors, possibly several lines, each with its line number.

@@ -14,14 +14,51 @@ QString placeText(const DeckPlace &place)
                       : QStringLiteral("key [%1, %2]").arg(place.column).arg(place.row);
 }
 
-QJsonObject withChanges(const QJsonObject &settings, const QJsonObject &changes)
+QJsonObject withChanges(const QJsonObject &settings, const ScriptStep &step)
 {
     QJsonObject parameters = settings.value(QLatin1String("titleParameters")).toObject();
-    for (auto member = changes.begin(); member != changes.end(); ++member)
+    for (auto member = step.object.begin(); member != step.object.end(); ++member)
         parameters.insert(member.key(), member.value());
     QJsonObject changed = settings;
     changed.insert(QStringLiteral("titleParameters"), parameters);
+    // As it stands, so that the plugin can be tested with broken ones.
+    if (step.display.isNull())
+        changed.remove(QStringLiteral("display"));
+    else if (!step.display.isUndefined())
+        changed.insert(QStringLiteral("display"), step.display);
     return changed;
+}
+
+// Whether more is expected than a picture.
+bool expectsMore(const ScriptStep &step)
+{
+    return step.title || step.color.isValid() || !step.pictureSize.isEmpty();
+}
+
+QString expectationText(const ScriptStep &step)
+{
+    QStringList parts;
+    if (step.title)
+        parts.append(QStringLiteral("\"%1\"").arg(step.title->pattern()));
+    if (step.color.isValid())
+        parts.append(QStringLiteral("the colour %1").arg(step.color.name()));
+    if (!step.pictureSize.isEmpty())
+        parts.append(QStringLiteral("%1 x %2 pixels")
+                         .arg(step.pictureSize.width())
+                         .arg(step.pictureSize.height()));
+    return parts.isEmpty() ? QStringLiteral("a picture") : parts.join(QStringLiteral(" and "));
+}
+
+bool hasColor(const QImage &picture, const QColor &color)
+{
+    const QImage pixels = picture.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < pixels.height(); ++y) {
+        for (int x = 0; x < pixels.width(); ++x) {
+            if (pixels.pixel(x, y) == color.rgba())
+                return true;
+        }
+    }
+    return false;
 }
 
 QJsonObject usualSettings()
@@ -52,7 +89,7 @@ void ScriptPlayer::start()
 
 void ScriptPlayer::playDue()
 {
-    while (!m_ended && !m_waiting && m_next < m_steps.size()) {
+    while (!m_ended && !m_waiting && !m_holding && m_next < m_steps.size()) {
         const ScriptStep step = m_steps.at(m_next);
         const qint64 rest = step.at.count() - m_clock.elapsed();
         if (rest > 0) {
@@ -69,7 +106,7 @@ void ScriptPlayer::playDue()
             return;
         ++m_next;
     }
-    if (!m_ended && !m_waiting && m_next == m_steps.size())
+    if (!m_ended && !m_waiting && !m_holding && m_next == m_steps.size())
         end({});
 }
 
@@ -95,6 +132,10 @@ QString ScriptPlayer::play(const ScriptStep &step)
     case Kind::Snapshot:
         Q_EMIT snapshotWanted(step.file);
         return {};
+    case Kind::Machine:
+        return m_session->changeRecording(step.file)
+                   ? QString()
+                   : QStringLiteral("the recording %1 cannot be used").arg(step.file);
     case Kind::Expect:
         beginToWait(step);
         return {};
@@ -137,7 +178,7 @@ void ScriptPlayer::put(const ScriptStep &step)
     if (const DeckKey *displaced = keyOf(step))
         host.removeKey(displaced->context());
     DeckKey key(placeText(step.place), step.action, QStringLiteral("script-%1").arg(++m_made),
-                withChanges(usualSettings(), step.object));
+                withChanges(usualSettings(), step));
     key.setPlace(step.place);
     host.putKey(key);
 }
@@ -160,22 +201,40 @@ QString ScriptPlayer::change(const ScriptStep &step, const DeckKey &key)
     EntrySettings known = settingsFrom(settings, {});
     const QSize size =
         key.pictureSize().isEmpty() ? QSize(deckKeyPixels, deckKeyPixels) : key.pictureSize();
-    settings = withChanges(settingsMessage(known, size), step.object);
+    const QJsonValue display = settings.value(QLatin1String("display"));
+    settings = settingsMessage(known, size);
+    if (!display.isUndefined())
+        settings.insert(QStringLiteral("display"), display);
+    settings = withChanges(settings, step);
     return m_session->host().changeSettings(key.context(), settings)
                ? QString()
                : QStringLiteral("nobody is there");
 }
 
+// The steps after it wait until it is released.
 void ScriptPlayer::press(const ScriptStep &step, const QString &context)
 {
-    DeckHost &host = m_session->host();
-    for (const bool down : {true, false}) {
-        if (step.place.dial)
-            host.sendKeyEvent(QStringLiteral("dialPress"), context,
-                              {{QStringLiteral("pressed"), down}});
-        else
-            host.sendKeyEvent(down ? QStringLiteral("keyDown") : QStringLiteral("keyUp"), context);
+    sendPress(step.place, context, true);
+    if (step.hold.count() == 0) {
+        sendPress(step.place, context, false);
+        return;
     }
+    m_holding = true;
+    QTimer::singleShot(step.hold, Qt::PreciseTimer, this, [this, place = step.place, context] {
+        sendPress(place, context, false);
+        m_holding = false;
+        playDue();
+    });
+}
+
+void ScriptPlayer::sendPress(const DeckPlace &place, const QString &context, bool down)
+{
+    DeckHost &host = m_session->host();
+    if (place.dial)
+        host.sendKeyEvent(QStringLiteral("dialPress"), context,
+                          {{QStringLiteral("pressed"), down}});
+    else
+        host.sendKeyEvent(down ? QStringLiteral("keyDown") : QStringLiteral("keyUp"), context);
 }
 
 // The key on the place of the step, or null.
@@ -190,19 +249,21 @@ void ScriptPlayer::beginToWait(const ScriptStep &step)
     const DeckKey *key = keyOf(step);
     m_picturesBefore = key == nullptr ? 0 : key->pictures();
     m_patience.start(step.within);
-    // A title that is already there counts too.
-    if (step.title)
+    // What is already there counts too.
+    if (expectsMore(step))
         checkExpectation();
 }
 
 bool ScriptPlayer::isFulfilled(const ScriptStep &step) const
 {
     const DeckKey *key = keyOf(step);
-    if (key == nullptr)
+    if (key == nullptr || !key->lastUpdate())
         return false;
-    if (step.title)
-        return key->lastUpdate().has_value() && step.title->match(key->title()).hasMatch();
-    return key->pictures() > m_picturesBefore && !key->picture().isNull();
+    if (!expectsMore(step))
+        return key->pictures() > m_picturesBefore && !key->picture().isNull();
+    return (!step.title || step.title->match(key->title()).hasMatch()) &&
+           (!step.color.isValid() || hasColor(key->picture(), step.color)) &&
+           (step.pictureSize.isEmpty() || key->picture().size() == step.pictureSize);
 }
 
 void ScriptPlayer::checkExpectation()
@@ -221,13 +282,13 @@ void ScriptPlayer::onPatienceEnd()
     const ScriptStep &step = m_steps.at(m_next);
     QString shown = QStringLiteral("nothing is on it");
     if (const DeckKey *key = keyOf(step))
-        shown = QStringLiteral("its title is \"%1\"").arg(key->title());
+        shown = QStringLiteral("its title is \"%1\", its picture has %2 x %3 pixels")
+                    .arg(key->title())
+                    .arg(key->picture().width())
+                    .arg(key->picture().height());
     end(QStringLiteral("Line %1 of the script: %2 did not come to show %3 in time; %4.")
             .arg(step.line)
-            .arg(placeText(step.place),
-                 step.title ? QStringLiteral("\"%1\"").arg(step.title->pattern())
-                            : QStringLiteral("a picture"),
-                 shown));
+            .arg(placeText(step.place), expectationText(step), shown));
 }
 
 void ScriptPlayer::end(const QString &failure)

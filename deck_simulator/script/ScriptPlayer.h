@@ -34,6 +34,7 @@ private:
     [[nodiscard]] QString change(const ScriptStep &step, const DeckKey &key);
     void put(const ScriptStep &step);
     void press(const ScriptStep &step, const QString &context);
+    void sendPress(const DeckPlace &place, const QString &context, bool down);
     void move(const ScriptStep &step, const QString &context);
     void beginToWait(const ScriptStep &step);
     [[nodiscard]] bool isFulfilled(const ScriptStep &step) const;
@@ -51,6 +52,7 @@ private:
     int m_made = 0; // keys put by the script
     quint64 m_picturesBefore = 0;
     bool m_waiting = false;
+    bool m_holding = false;
     bool m_ended = false;
 };
 

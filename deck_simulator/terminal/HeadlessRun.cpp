@@ -100,10 +100,10 @@ void HeadlessRun::takeSnapshot()
 // The names of the keys without a picture.
 QStringList HeadlessRun::writeSnapshot(const QString &file)
 {
-    QVector<QImage> pictures;
+    QVector<SheetPicture> pictures;
     QStringList missing;
     for (const DeckKey &key : m_session->host().keys()) {
-        pictures.append(key.picture());
+        pictures.append({key.picture(), key.showsGauge()});
         if (key.picture().isNull())
             missing.append(key.name());
     }

@@ -10,11 +10,12 @@
 //   stubborn   as draw, but stays when its link closes
 //   panel      as draw, answers didReceiveSettings likewise, and keeps in its working folder what
 //   it
-//              receives (received.txt), its -info (info.txt) and the recording that it was given
-//              (recording.txt)
+//              receives (received.txt) and when (times.txt: milliseconds and event), its -info
+//              (info.txt) and the recording that it was given (recording.txt)
 
 #include <QBuffer>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QFile>
 #include <QImage>
 #include <QJsonDocument>
@@ -33,9 +34,10 @@ QString compact(const QJsonObject &object)
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
 
-QString picture()
+// As large as a text; square where a gauge is asked for.
+QString picture(bool gauge)
 {
-    QImage image(60, 20, QImage::Format_ARGB32);
+    QImage image(60, gauge ? 60 : 20, QImage::Format_ARGB32);
     image.fill(Qt::red);
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -58,11 +60,14 @@ void drawKey(QWebSocket &link, const QJsonObject &appearance)
                                .toObject()
                                .value(QLatin1String("settings"))
                                .toObject();
+    const bool gauge =
+        settings.value(QLatin1String("display")).toObject().contains(QLatin1String("style"));
     settings.insert(QStringLiteral("seen"), true);
     sendForKey(link, QStringLiteral("setSettings"), context, settings);
     sendForKey(link, QStringLiteral("setTitle"), context,
                {{QStringLiteral("title"), QStringLiteral("drawn")}});
-    sendForKey(link, QStringLiteral("setImage"), context, {{QStringLiteral("image"), picture()}});
+    sendForKey(link, QStringLiteral("setImage"), context,
+               {{QStringLiteral("image"), picture(gauge)}});
 }
 
 void keep(const char *fileName, const QString &text)
@@ -79,6 +84,8 @@ void onEvent(QWebSocket &link, const QByteArray &script, const QString &text)
     const QString event = message.value(QLatin1String("event")).toString();
     if (script == "panel") {
         keep("received.txt", text);
+        keep("times.txt",
+             QString::number(QDateTime::currentMSecsSinceEpoch()) + QLatin1Char(' ') + event);
         if (event == QLatin1String("didReceiveSettings"))
             drawKey(link, message);
     }

@@ -29,6 +29,9 @@ private Q_SLOTS:
     void reportsAPluginThatEndsAtOnce();
     void refusesWrongUsage();
     void playsAScript();
+    void holdsKeysInAScript();
+    void changesDisplaysInAScript();
+    void changesTheMachineInAScript();
     void movesAKeyOntoAnother();
     void failsWhenAnExpectationFails();
     void failsWhenAStepCannotBePlayed();
@@ -90,10 +93,16 @@ void tst_DeckSimulator::writesASnapshot()
     QVERIFY2(m_process.exitCode() == 0, qPrintable(errors()));
     const ContactSheetStyle style{4, 96};
     const QImage sheet(path("deck.png"));
-    QCOMPARE(sheet.size(), sheetSize(13, style));
-    for (int index = 0; index < 13; ++index)
+    QCOMPARE(sheet.size(), sheetSize(14, style));
+    for (int index = 0; index < 14; ++index)
         QCOMPARE(sheet.pixel(sheetKeyRect(index, style).center()), qRgb(255, 0, 0));
-    QVERIFY(sheet.pixel(sheetKeyRect(13, style).center()) != qRgb(255, 0, 0));
+    // Gauges are as large as their keys, texts are not.
+    const auto edge = [&](int index) {
+        const QRect key = sheetKeyRect(index, style);
+        return sheet.pixel(key.center().x(), key.top() + 2);
+    };
+    QCOMPARE(edge(0), qRgb(255, 0, 0));
+    QVERIFY(edge(13) != qRgb(255, 0, 0));
 
     const QString table = output();
     QVERIFY2(table.contains(QLatin1String("CPU usage")), qPrintable(table));
@@ -106,7 +115,8 @@ void tst_DeckSimulator::failsWhenAKeyStaysEmpty()
     run("half", {QStringLiteral("--snapshot"), path("deck.png"), QStringLiteral("--after=0.5")});
     QCOMPARE(m_process.exitCode(), 1);
     const QString text = errors();
-    QVERIFY2(text.contains(QLatin1String("drawn nothing on: Memory load;")), qPrintable(text));
+    QVERIFY2(text.contains(QLatin1String("drawn nothing on: CPU usage, history;")),
+             qPrintable(text));
     QVERIFY(!QImage(path("deck.png")).isNull());
 }
 
@@ -238,6 +248,97 @@ void tst_DeckSimulator::playsAScript()
         QVERIFY2(received().contains(part), part);
 }
 
+void tst_DeckSimulator::holdsKeysInAScript()
+{
+    writeScript(R"({"do": "put", "key": [0, 0], "action": "one"}
+{"do": "put", "key": {"dial": 0}, "action": "two"}
+{"do": "press", "key": [0, 0], "hold": 0.6}
+{"do": "press", "key": {"dial": 0}, "hold": 0.3}
+{"do": "press", "key": [0, 0]}
+)");
+    run("panel",
+        {QStringLiteral("--deck=empty"), QStringLiteral("--script"), path("script.jsonl")});
+    QVERIFY2(m_process.exitCode() == 0, qPrintable(errors()));
+    QFile file(path("work/times.txt"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QStringList events;
+    QVector<qint64> times;
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        const QList<QByteArray> words = line.split(' ');
+        const QByteArray event = words.value(1);
+        if (!event.startsWith("key") && !event.startsWith("dial"))
+            continue;
+        events.append(QString::fromLatin1(event));
+        times.append(words.at(0).toLongLong());
+    }
+    QCOMPARE(events.join(QLatin1Char(' ')),
+             QStringLiteral("keyDown keyUp dialPress dialPress keyDown keyUp"));
+    const auto isAbout = [&](int index, qint64 wanted) {
+        const qint64 held = times.at(index + 1) - times.at(index);
+        return held > wanted - 50 && held < wanted + 200;
+    };
+    QVERIFY(isAbout(0, 600));
+    QVERIFY(isAbout(2, 300));
+    QVERIFY(isAbout(4, 0));
+}
+
+void tst_DeckSimulator::changesDisplaysInAScript()
+{
+    writeScript(R"({"do": "put", "key": [0, 0], "action": "one", "display": {"style": "ring"}}
+{"do": "expect", "key": [0, 0], "size": [60, 60], "color": "red"}
+{"do": "settings", "key": [0, 0], "set": {"text": "kept"}}
+{"do": "expect", "key": [0, 0]}
+{"do": "expect", "key": [0, 0], "size": [60, 60], "title": "drawn"}
+{"do": "settings", "key": [0, 0], "display": 5}
+{"do": "expect", "key": [0, 0], "size": [60, 20]}
+{"do": "settings", "key": [0, 0], "set": {"text": "broken as it is"}}
+{"do": "expect", "key": [0, 0]}
+{"do": "settings", "key": [0, 0], "display": null}
+{"do": "expect", "key": [0, 0], "color": "blue", "within": 0.3}
+)");
+    run("panel",
+        {QStringLiteral("--deck=empty"), QStringLiteral("--script"), path("script.jsonl")});
+    QCOMPARE(m_process.exitCode(), 1);
+    const QString text = errors();
+    QVERIFY2(text.contains(QLatin1String("Line 11 of the script: key [0, 0] did not come to show "
+                                         "the colour #0000ff in time")),
+             qPrintable(text));
+    QStringList displays;
+    for (const QByteArray &line : received().split('\n')) {
+        const QJsonObject message = QJsonDocument::fromJson(line).object();
+        const QJsonObject payload = message.value(QLatin1String("payload")).toObject();
+        const QJsonObject settings = payload.value(QLatin1String("settings")).toObject();
+        if (message.value(QLatin1String("event")) == QStringLiteral("didReceiveSettings"))
+            displays.append(
+                settings.contains(QLatin1String("display"))
+                    ? QLatin1String(settings.value(QLatin1String("display")).toVariant().typeName())
+                    : QLatin1String("none"));
+    }
+    QCOMPARE(displays.join(QLatin1Char(' ')),
+             QStringLiteral("QVariantMap qlonglong qlonglong none"));
+}
+
+void tst_DeckSimulator::changesTheMachineInAScript()
+{
+    QFile machine(path("hot.json"));
+    QVERIFY(machine.open(QIODevice::WriteOnly));
+    machine.write("{\"getCPUInfo\": {}}");
+    machine.close();
+    writeScript(R"({"do": "machine", "file": "hot.json"})"); // beside the script
+    run("panel",
+        {QStringLiteral("--deck=empty"), QStringLiteral("--script"), path("script.jsonl")});
+    QVERIFY2(m_process.exitCode() == 0, qPrintable(errors()));
+    QFile used(path("work/recording.json"));
+    QVERIFY(used.open(QIODevice::ReadOnly));
+    QCOMPARE(used.readAll(), QByteArray("{\"getCPUInfo\": {}}"));
+
+    writeScript(R"({"do": "machine", "file": "missing.json"})");
+    run("panel",
+        {QStringLiteral("--deck=empty"), QStringLiteral("--script"), path("script.jsonl")});
+    QCOMPARE(m_process.exitCode(), 1);
+    QVERIFY(errors().contains(QLatin1String("missing.json cannot be used")));
+}
+
 void tst_DeckSimulator::movesAKeyOntoAnother()
 {
     writeScript(R"({"do": "put", "key": [0, 0], "action": "one"}
@@ -273,9 +374,17 @@ void tst_DeckSimulator::failsWhenAnExpectationFails()
         "\n{\"do\": \"expect\", \"key\": [0, 0], \"title\": \"^no such$\", \"within\": 0.3}");
     run("draw", {QStringLiteral("--script"), path("script.jsonl")});
     QCOMPARE(m_process.exitCode(), 1);
-    const QString text = errors();
+    QString text = errors();
     QVERIFY2(text.contains(QLatin1String("Line 2 of the script: key [0, 0]")), qPrintable(text));
     QVERIFY(text.contains(QLatin1String("\"drawn\"")));
+
+    writeScript("{\"do\": \"expect\", \"key\": [0, 0], \"title\": \"drawn\", \"size\": [60, 61], "
+                "\"within\": 0.3}");
+    run("draw", {QStringLiteral("--script"), path("script.jsonl")});
+    QCOMPARE(m_process.exitCode(), 1);
+    text = errors();
+    QVERIFY2(text.contains(QLatin1String("\"drawn\" and 60 x 61 pixels in time")),
+             qPrintable(text));
 }
 
 void tst_DeckSimulator::failsWhenAStepCannotBePlayed()

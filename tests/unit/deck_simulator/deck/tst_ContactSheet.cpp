@@ -10,9 +10,13 @@ class tst_ContactSheet : public QObject
 
 private Q_SLOTS:
     void laysKeysOutInRows();
-    void fitsPictures_data();
-    void fitsPictures();
-    void paintsPicturesInTheMiddleOfTheirKeys();
+    void fitsTexts_data();
+    void fitsTexts();
+    void fitsGauges_data();
+    void fitsGauges();
+    void paintsTextsInTheMiddleOfTheirKeys();
+    void paintsGaugesAsLargeAsTheirKeys();
+    void givesWideGaugesTwoKeys();
     void showsEmptyKeysAndRoundCorners();
     void keepsTransparency();
     void paintsADeckWithoutKeys();
@@ -27,6 +31,16 @@ QImage filled(int width, int height, Qt::GlobalColor color)
     QImage image(width, height, QImage::Format_ARGB32);
     image.fill(color);
     return image;
+}
+
+SheetPicture text(int width, int height, Qt::GlobalColor color)
+{
+    return {filled(width, height, color), false};
+}
+
+SheetPicture gauge(int width, int height, Qt::GlobalColor color)
+{
+    return {filled(width, height, color), true};
 }
 
 QRect paintedArea(const QImage &sheet, const QRect &key, QRgb color)
@@ -60,7 +74,7 @@ void tst_ContactSheet::laysKeysOutInRows()
     QCOMPARE(size.height() - 1 - third.bottom(), first.top());
 }
 
-void tst_ContactSheet::fitsPictures_data()
+void tst_ContactSheet::fitsTexts_data()
 {
     QTest::addColumn<QSize>("picture");
     QTest::addColumn<int>("keySize");
@@ -73,17 +87,17 @@ void tst_ContactSheet::fitsPictures_data()
     QTest::newRow("no picture") << QSize() << 144 << QSize(0, 0);
 }
 
-void tst_ContactSheet::fitsPictures()
+void tst_ContactSheet::fitsTexts()
 {
     QFETCH(QSize, picture);
     QFETCH(int, keySize);
-    QTEST(shownPictureSize(picture, {5, keySize}), "shown");
+    QTEST(shownTextSize(picture, {5, keySize}), "shown");
 }
 
-void tst_ContactSheet::paintsPicturesInTheMiddleOfTheirKeys()
+void tst_ContactSheet::paintsTextsInTheMiddleOfTheirKeys()
 {
     const QImage sheet =
-        paintContactSheet({filled(264, 60, Qt::red), filled(20, 20, Qt::green)}, twoColumns);
+        paintContactSheet({text(264, 60, Qt::red), text(20, 20, Qt::green)}, twoColumns);
     QCOMPARE(sheet.size(), sheetSize(2, twoColumns));
 
     const QRect red = paintedArea(sheet, sheetKeyRect(0, twoColumns), qRgb(255, 0, 0));
@@ -94,10 +108,67 @@ void tst_ContactSheet::paintsPicturesInTheMiddleOfTheirKeys()
     QCOMPARE(green.center(), sheetKeyRect(1, twoColumns).center());
 }
 
+void tst_ContactSheet::fitsGauges_data()
+{
+    QTest::addColumn<QSize>("picture");
+    QTest::addColumn<QSize>("screen");
+    QTest::addColumn<QSize>("shown");
+    QTest::newRow("as large as the key") << QSize(144, 144) << QSize(144, 144) << QSize(144, 144);
+    QTest::newRow("small ones grow") << QSize(72, 72) << QSize(288, 288) << QSize(288, 288);
+    QTest::newRow("large ones shrink") << QSize(288, 288) << QSize(96, 96) << QSize(96, 96);
+    QTest::newRow("wide on a key") << QSize(288, 144) << QSize(144, 144) << QSize(144, 72);
+    QTest::newRow("wide on a dial") << QSize(288, 144) << QSize(200, 90) << QSize(180, 90);
+    QTest::newRow("square on a dial") << QSize(144, 144) << QSize(200, 90) << QSize(90, 90);
+    QTest::newRow("no picture") << QSize() << QSize(144, 144) << QSize(0, 0);
+}
+
+void tst_ContactSheet::fitsGauges()
+{
+    QFETCH(const QSize, picture);
+    QFETCH(const QSize, screen);
+    QTEST(shownGaugeSize(picture, screen), "shown");
+}
+
+void tst_ContactSheet::paintsGaugesAsLargeAsTheirKeys()
+{
+    SheetPicture exact = gauge(144, 144, Qt::black);
+    for (int x = 0; x < 144; ++x)
+        exact.image.setPixel(x, 72, x % 2 == 0 ? qRgb(255, 0, 0) : qRgb(0, 0, 255));
+    const QImage sheet = paintContactSheet({exact, gauge(72, 72, Qt::green)}, twoColumns);
+    const QRect key = sheetKeyRect(0, twoColumns);
+    // Pixel by pixel, up to the edges, but not in the round corners.
+    for (int x = 0; x < 144; ++x)
+        QCOMPARE(sheet.pixel(key.left() + x, key.top() + 72), exact.image.pixel(x, 72));
+    QCOMPARE(sheet.pixel(key.topLeft()), sheet.pixel(0, 0));
+    const QRect green = paintedArea(sheet, sheetKeyRect(1, twoColumns), qRgb(0, 255, 0));
+    QCOMPARE(green.size(), QSize(144, 144));
+}
+
+void tst_ContactSheet::givesWideGaugesTwoKeys()
+{
+    const ContactSheetStyle threeColumns{3, 144};
+    const QImage sheet = paintContactSheet({text(20, 20, Qt::red), text(288, 144, Qt::red),
+                                            gauge(288, 144, Qt::green), text(20, 20, Qt::blue)},
+                                           threeColumns);
+    // It does not fit beside the first two; a wide text takes one key.
+    QCOMPARE(sheet.size(), sheetSize(6, threeColumns));
+    const QRect both = sheetKeyRect(3, threeColumns) | sheetKeyRect(4, threeColumns);
+    const QRect green = paintedArea(sheet, both, qRgb(0, 255, 0));
+    QCOMPARE(green.size(), QSize(288, 144));
+    QCOMPARE(green.center(), both.center());
+    QCOMPARE(sheet.pixel(sheetKeyRect(5, threeColumns).center()), qRgb(0, 0, 255));
+    const QRgb dark = sheet.pixel(sheetKeyRect(2, threeColumns).center());
+    QVERIFY(dark != sheet.pixel(0, 0)); // the key that was passed over
+    // Where there is one column it has to do with one key.
+    const ContactSheetStyle oneColumn{1, 144};
+    const QImage narrow = paintContactSheet({gauge(288, 144, Qt::green)}, oneColumn);
+    QCOMPARE(narrow.size(), sheetSize(1, oneColumn));
+    QCOMPARE(paintedArea(narrow, narrow.rect(), qRgb(0, 255, 0)).size(), QSize(144, 72));
+}
+
 void tst_ContactSheet::showsEmptyKeysAndRoundCorners()
 {
-    const QImage sheet =
-        paintContactSheet({filled(20, 20, Qt::white), QImage(), QImage()}, twoColumns);
+    const QImage sheet = paintContactSheet({text(20, 20, Qt::white), {}, {}}, twoColumns);
     const QRgb ground = sheet.pixel(0, 0);
     const QRgb dark = sheet.pixel(sheetKeyRect(1, twoColumns).center());
     QVERIFY(dark != ground);
@@ -114,7 +185,7 @@ void tst_ContactSheet::showsEmptyKeysAndRoundCorners()
 
 void tst_ContactSheet::keepsTransparency()
 {
-    const QImage sheet = paintContactSheet({filled(20, 20, Qt::transparent), QImage()}, twoColumns);
+    const QImage sheet = paintContactSheet({text(20, 20, Qt::transparent), {}}, twoColumns);
     QCOMPARE(sheet.pixel(sheetKeyRect(0, twoColumns).center()),
              sheet.pixel(sheetKeyRect(1, twoColumns).center()));
 }

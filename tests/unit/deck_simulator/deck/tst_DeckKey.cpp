@@ -17,6 +17,7 @@ private Q_SLOTS:
     void keepsTheLastValidPicture();
     void clearsThePictureOnAnEmptyText();
     void keepsTitlesAndSettings();
+    void tellsGauges();
 };
 
 namespace {
@@ -115,6 +116,23 @@ void tst_DeckKey::keepsTitlesAndSettings()
     QCOMPARE(subject.lastUpdate().value_or(-1), qint64(7));
     QCOMPARE(subject.settings().value(QLatin1String("a")).toInt(), 2);
     QCOMPARE(subject.settingsReplies(), quint64(1));
+}
+
+void tst_DeckKey::tellsGauges()
+{
+    DeckKey shown = key();
+    QVERIFY(!shown.showsGauge());
+    const QJsonObject ring{{QStringLiteral("style"), QStringLiteral("ring")}};
+    shown.changeSettings({{QStringLiteral("display"), ring}});
+    QVERIFY(!shown.showsGauge()); // nothing was painted yet
+    QVERIFY(shown.takePicture(dataUrl(pngBytes(20, 20)), 1));
+    QVERIFY(shown.showsGauge());
+    QVERIFY(shown.takePicture(dataUrl(pngBytes(50, 20)), 2));
+    QVERIFY(!shown.showsGauge());
+    QVERIFY(shown.takePicture(dataUrl(pngBytes(40, 20)), 3));
+    QVERIFY(shown.showsGauge());
+    shown.changeSettings({{QStringLiteral("display"), QStringLiteral("ring")}});
+    QVERIFY(!shown.showsGauge());
 }
 
 QTEST_GUILESS_MAIN(tst_DeckKey)

@@ -2,6 +2,7 @@
 #include "tests/support/KeyUuids.h"
 
 #include <QJsonDocument>
+#include <QMap>
 #include <QSet>
 #include <QtTest>
 
@@ -16,6 +17,8 @@ private Q_SLOTS:
     void showsEveryKind();
     void showsSettingsAndFonts();
     void hasBothNetworkLayouts();
+    void showsEveryStyleBesideText();
+    void paintsGaugesForTheKeysSize();
     void fillsTheGridByColumns_data();
     void fillsTheGridByColumns();
 };
@@ -27,12 +30,17 @@ QJsonObject titleParameters(const DeckKey &key)
     return key.settings().value(QLatin1String("titleParameters")).toObject();
 }
 
+QJsonObject displayOf(const DeckKey &key)
+{
+    return key.settings().value(QLatin1String("display")).toObject();
+}
+
 } // namespace
 
 void tst_DeckProfile::givesEveryKeyCompleteSettings()
 {
     const DeckProfile deck = defaultDeck(5);
-    QCOMPARE(deck.keys.size(), 13);
+    QCOMPARE(deck.keys.size(), 14);
     QSet<QString> contexts;
     for (const DeckKey &key : deck.keys) {
         contexts.insert(key.context());
@@ -98,11 +106,45 @@ void tst_DeckProfile::hasBothNetworkLayouts()
 {
     QStringList layouts;
     for (const DeckKey &key : defaultDeck(5).keys) {
-        if (key.action() == keyuuid::netWork)
+        if (key.action() == keyuuid::netWork && displayOf(key).isEmpty())
             layouts.append(titleParameters(key).value(QLatin1String("titleLines")).toString());
     }
     const QStringList expected{QStringLiteral("单行显示"), QStringLiteral("双行显示")};
     QCOMPARE(layouts, expected);
+}
+
+void tst_DeckProfile::showsEveryStyleBesideText()
+{
+    QMap<QString, int> styles;
+    int wide = 0;
+    int thresholds = 0;
+    for (const DeckKey &key : defaultDeck(5).keys) {
+        const QJsonObject display = displayOf(key);
+        ++styles[display.value(QLatin1String("style")).toString(QStringLiteral("text"))];
+        wide += display.value(QLatin1String("shape")) == QStringLiteral("wide") ? 1 : 0;
+        thresholds += display.contains(QLatin1String("warning")) ? 1 : 0;
+        QCOMPARE(key.settings().contains(QLatin1String("display")), !display.isEmpty());
+    }
+    for (const char *style : {"text", "bar", "ring", "graph", "pair"})
+        QVERIFY2(styles.value(QString::fromLatin1(style)) > 0, style);
+    QVERIFY(styles.value(QStringLiteral("text")) >= 3);
+    QVERIFY(wide > 0);
+    QVERIFY(thresholds >= 2); // a gauge and a text
+}
+
+void tst_DeckProfile::paintsGaugesForTheKeysSize()
+{
+    const auto sizeOf = [](int keyPixels) {
+        return displayOf(defaultDeck(5, keyPixels).keys.constFirst()).value(QLatin1String("size"));
+    };
+    QCOMPARE(sizeOf(144), QJsonValue(QJsonValue::Undefined));
+    QCOMPARE(sizeOf(96), QJsonValue(96));
+    QCOMPARE(sizeOf(32), QJsonValue(72));
+    QCOMPARE(sizeOf(512), QJsonValue(288));
+    for (const DeckKey &key : defaultDeck(5, 72).keys) {
+        const QJsonObject display = displayOf(key);
+        QCOMPARE(display.contains(QLatin1String("size")), display.contains(QLatin1String("style")));
+    }
 }
 
 void tst_DeckProfile::fillsTheGridByColumns_data()
@@ -110,7 +152,7 @@ void tst_DeckProfile::fillsTheGridByColumns_data()
     QTest::addColumn<int>("columns");
     QTest::addColumn<int>("rows");
     QTest::newRow("usual") << 5 << 3;
-    QTest::newRow("one column") << 1 << 13;
+    QTest::newRow("one column") << 1 << 14;
     QTest::newRow("one row") << 16 << 1;
 }
 

@@ -12,6 +12,7 @@ private Q_SLOTS:
     void sendsTheWholeSet();
     void sendsChoices();
     void comesBackAsItWent();
+    void hasADisplayOnlyWhereItIsUsed();
     void keepsWhatAMessageLacks();
     void refusesWhatIsOutOfRange_data();
     void refusesWhatIsOutOfRange();
@@ -43,6 +44,8 @@ EntrySettings unusualSettings()
     settings.selectCpuFan = QStringLiteral("CPU Fan");
     settings.selectPhysicalDisk = QStringLiteral("Disk 1");
     settings.audioDevice = QStringLiteral("Speakers");
+    settings.display.style = QStringLiteral("ring");
+    settings.display.warning = 70.5;
     return settings;
 }
 
@@ -88,11 +91,30 @@ void tst_EntrySettings::comesBackAsItWent()
     QVERIFY(settingsFrom(settingsMessage(settings, {1, 1}), {}) == settings);
 }
 
+void tst_EntrySettings::hasADisplayOnlyWhereItIsUsed()
+{
+    QVERIFY(!settingsMessage({}, {1, 1}).contains(QLatin1String("display")));
+    const QJsonObject display{{QStringLiteral("style"), QStringLiteral("ring")},
+                              {QStringLiteral("warning"), 70.5}};
+    QCOMPARE(settingsMessage(unusualSettings(), {1, 1}).value(QLatin1String("display")).toObject(),
+             display);
+    EntrySettings other;
+    other.display.span = 61;
+    QVERIFY(other != EntrySettings());
+    // A new one replaces the old one as a whole.
+    const QJsonObject bar{{QStringLiteral("style"), QStringLiteral("bar")}};
+    const DisplaySettings taken =
+        settingsFrom({{QStringLiteral("display"), bar}}, unusualSettings()).display;
+    QCOMPARE(taken.style, QStringLiteral("bar"));
+    QVERIFY(!taken.warning);
+}
+
 void tst_EntrySettings::keepsWhatAMessageLacks()
 {
     const EntrySettings settings = unusualSettings();
     QVERIFY(settingsFrom({}, settings) == settings);
     QVERIFY(settingsFrom({{QStringLiteral("titleParameters"), 5}}, settings) == settings);
+    QVERIFY(settingsFrom({{QStringLiteral("display"), 5}}, settings) == settings);
     // A plugin that has no sensor yet clears the choice.
     const QJsonObject parameters{{QStringLiteral("SelectValue"), QString()}};
     QVERIFY(settingsFrom({{QStringLiteral("titleParameters"), parameters}}, settings)

@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QJsonDocument>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -19,6 +20,8 @@ private Q_SLOTS:
     void comesBackAsItWasSaved();
     void keepsADeckWithoutKeys();
     void makesItsFolder();
+    void readsAProfileWithoutGauges();
+    void keepsGauges();
     void writesOnlyChanges();
     void startsWithADeckThatCanBeRead();
     void setsABrokenFileAside_data();
@@ -120,13 +123,44 @@ void tst_ProfileStore::makesItsFolder()
 void tst_ProfileStore::startsWithADeckThatCanBeRead()
 {
     const StoredProfile profile = firstProfile();
+    QSet<QString> styles;
     for (const DeckEntry &entry : profile.entries) {
-        // Its text is too long for a key.
+        const DisplaySettings &display = entry.settings.display;
+        styles.insert(display.style);
+        // Its text is too long for a key, and so is a wide gauge.
         const bool isDrive = entry.action.endsWith(QLatin1String("system.PhysicalDisk"));
-        QCOMPARE(entry.place.dial, isDrive);
+        const bool isWide = display.shape == QLatin1String("wide");
+        QCOMPARE(entry.place.dial, isDrive || isWide);
         QCOMPARE(entry.settings.showTitle, !isDrive);
         QCOMPARE(entry.settings.text.isEmpty(), isDrive);
     }
+    QCOMPARE(styles.size(), 5);
+}
+
+// A profile of a simulator that knew no gauges.
+void tst_ProfileStore::readsAProfileWithoutGauges()
+{
+    write(R"({"keys": [{"action": "com.quellor.stream.system.cpu", "column": 1, "row": 0,
+        "settings": {"titleParameters": {"text": "Load", "fontSize": 40}}}]})");
+    ProfileStore store(m_file);
+    const StoredProfile profile = store.load();
+    QCOMPARE(store.message(), QString());
+    QCOMPARE(profile.entries.size(), 1);
+    QCOMPARE(profile.entries.at(0).settings.text, QStringLiteral("Load"));
+    QVERIFY(profile.entries.at(0).settings.display == DisplaySettings());
+    QVERIFY(store.save(profile));
+    QVERIFY(!content().contains("display"));
+}
+
+void tst_ProfileStore::keepsGauges()
+{
+    StoredProfile profile = firstProfile();
+    profile.entries[0].settings.display = {};
+    profile.entries[0].settings.display.style = QStringLiteral("graph");
+    profile.entries[0].settings.display.minimum = -1.5;
+    QVERIFY(ProfileStore(m_file).save(profile));
+    ProfileStore again(m_file);
+    QVERIFY(again.load().entries.at(0).settings == profile.entries.at(0).settings);
 }
 
 void tst_ProfileStore::writesOnlyChanges()

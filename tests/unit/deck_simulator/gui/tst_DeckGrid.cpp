@@ -28,6 +28,9 @@ private Q_SLOTS:
     void pressesNoEmptyKey();
     void releasesWhenTheFocusGoes();
     void pressesWithTheMouse();
+    void keepsTheTimeOfAPress_data();
+    void keepsTheTimeOfAPress();
+    void releasesBeforeTheNextPress();
     void removes();
     void asksForSettings();
     void asksForAnAction();
@@ -39,6 +42,7 @@ private Q_SLOTS:
     void turnsDials();
     void pressesDials();
     void showsPicturesAsTheyCome();
+    void showsGaugesAsLargeAsTheirKeys();
     void showsTheTitleAsToolTip();
     void forgetsPictures();
     void followsTheSizeOfTheDeck();
@@ -176,13 +180,68 @@ void tst_DeckGrid::pressesWithTheMouse()
     QTRY_COMPARE(pressed.count(), 1); // when it lasts long enough
     QVERIFY(cell->isDown());
     QTest::mouseRelease(cell, Qt::LeftButton);
-    QCOMPARE(pressed.count(), 2);
+    QTRY_COMPARE(pressed.count(), 2);
     QTest::mouseClick(cell, Qt::RightButton);
     QCOMPARE(pressed.count(), 2);
     QTest::mouseClick(cell, Qt::LeftButton);
-    QCOMPARE(pressed.count(), 4);
+    QTRY_COMPARE(pressed.count(), 4);
     QCOMPARE(pressed.at(2).at(1), QVariant(true));
     QCOMPARE(pressed.at(3).at(1), QVariant(false));
+}
+
+// The press is reported late, because it may become a drag; the release is late by the same time.
+void tst_DeckGrid::keepsTheTimeOfAPress_data()
+{
+    QTest::addColumn<bool>("dial");
+    QTest::addColumn<int>("time");
+    QTest::newRow("click on a key") << false << 60;
+    QTest::newRow("held key") << false << 500;
+    QTest::newRow("held dial") << true << 500;
+}
+
+void tst_DeckGrid::keepsTheTimeOfAPress()
+{
+    QFETCH(const bool, dial);
+    QFETCH(const int, time);
+    KeyCell *cell = m_grid->cell({dial ? 1 : 0, 0, dial});
+    const auto *knob = qobject_cast<DialCell *>(cell);
+    const QPoint point = knob == nullptr ? cell->rect().center() : knob->knobRect().center();
+    QElapsedTimer clock;
+    clock.start();
+    QVector<qint64> times;
+    QVector<bool> downs;
+    const auto note = [&](const QString &context, bool down) {
+        Q_UNUSED(context)
+        times.append(clock.elapsed());
+        downs.append(down);
+    };
+    connect(m_grid.get(), &DeckGrid::keyPressed, this, note);
+    connect(m_grid.get(), &DeckGrid::dialPressed, this, note);
+    const qint64 begun = clock.elapsed();
+    QTest::mousePress(cell, Qt::LeftButton, {}, point);
+    QTRY_VERIFY(clock.elapsed() - begun >= time);
+    const qint64 held = clock.elapsed() - begun;
+    QTest::mouseRelease(cell, Qt::LeftButton, {}, point);
+    QTRY_COMPARE(times.size(), 2);
+    QCOMPARE(downs, (QVector<bool>{true, false}));
+    const qint64 reported = times.at(1) - times.at(0);
+    QVERIFY2(qAbs(reported - held) < 50,
+             qPrintable(QStringLiteral("%1 instead of %2").arg(reported).arg(held)));
+}
+
+void tst_DeckGrid::releasesBeforeTheNextPress()
+{
+    QSignalSpy pressed(m_grid.get(), &DeckGrid::keyPressed);
+    KeyCell *cell = m_grid->cell({0, 0});
+    QTest::mousePress(cell, Qt::LeftButton);
+    QTRY_COMPARE(pressed.count(), 1);
+    QTest::mouseRelease(cell, Qt::LeftButton);
+    QTest::mousePress(cell, Qt::LeftButton); // before the release was reported
+    QCOMPARE(pressed.count(), 2);
+    QCOMPARE(pressed.at(1).at(1), QVariant(false));
+    QTRY_COMPARE(pressed.count(), 3);
+    QTest::mouseRelease(cell, Qt::LeftButton);
+    QTRY_COMPARE(pressed.count(), 4);
 }
 
 void tst_DeckGrid::removes()
@@ -334,7 +393,7 @@ void tst_DeckGrid::pressesDials()
     press(Qt::Key_PageUp);
     QTest::mouseRelease(dial, Qt::LeftButton, {}, dial->knobRect().center());
     const QString context = m_model->at({1, 0, true})->context;
-    QCOMPARE(pressed.count(), 2);
+    QTRY_COMPARE(pressed.count(), 2);
     QCOMPARE(pressed.at(0), (QVariantList{context, true}));
     QCOMPARE(pressed.at(1), (QVariantList{context, false}));
     QCOMPARE(turned.count(), 1);
@@ -365,6 +424,40 @@ void tst_DeckGrid::showsPicturesAsTheyCome()
     m_model->move({0, 0}, {1, 1});
     QVERIFY(!m_grid->cell({0, 0})->isOccupied());
     QCOMPARE(m_grid->cell({1, 1})->face().picture.size(), QSize(60, 20));
+}
+
+void tst_DeckGrid::showsGaugesAsLargeAsTheirKeys()
+{
+    const auto redBox = [](const QImage &image) {
+        QRect box;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (QColor(image.pixel(x, y)) == QColor(Qt::red))
+                    box |= QRect(x, y, 1, 1);
+            }
+        }
+        return box;
+    };
+    EntrySettings settings;
+    settings.display.style = QStringLiteral("ring");
+    const QString key = m_model->at({0, 0})->context;
+    const QString dial = m_model->at({1, 0, true})->context;
+    m_model->changeSettings(key, settings);
+    m_model->changeSettings(dial, settings);
+    QImage picture(144, 144, QImage::Format_ARGB32);
+    picture.fill(Qt::red);
+    m_grid->setCurrent({3, 3}); // the mark of the current key lies over its edge
+    m_grid->showLive(key, QString(), picture);
+    const QImage square = m_grid->cell({0, 0})->grab().toImage();
+    QCOMPARE(redBox(square).size(), square.size() - QSize(6, 6)); // up to the gap between keys
+    QVERIFY(QColor(square.pixel(4, 4)) != QColor(Qt::red));       // the corners are round
+    m_grid->showLive(dial, QString(), picture.scaled(288, 144));
+    const QRect wide = redBox(m_grid->cell({1, 0, true})->grab().toImage());
+    QVERIFY2(qAbs(wide.width() - 2 * wide.height()) <= 2, "not twice as wide as high");
+    QVERIFY2(wide.height() > square.height() * 2 / 3, qPrintable(QString::number(wide.height())));
+    // A line of text keeps its border.
+    m_grid->showLive(key, QString(), picture.scaled(144, 40));
+    QVERIFY(redBox(m_grid->cell({0, 0})->grab().toImage()).width() < square.width() - 8);
 }
 
 void tst_DeckGrid::showsTheTitleAsToolTip()

@@ -49,6 +49,11 @@ private Q_SLOTS:
     void isLeftWithEnterAndEscape();
     void forgetsListsOfAnotherKey();
     void showsPreviewsAsPlainText();
+    void choosesAStyle();
+    void showsOnlyWhatAGaugeUses();
+    void tellsTheShortTitle();
+    void fitsWithEverythingOpen_data();
+    void fitsWithEverythingOpen();
     void cutsNoTextOff_data();
     void cutsNoTextOff();
 
@@ -113,6 +118,7 @@ void tst_SettingsPanel::show(const QString &action, const EntrySettings &setting
     const DeckEntry entry{QStringLiteral("context"), action, {2, 1}, settings};
     m_panel->setEntry(&entry);
     m_panel->form()->setLists(someLists());
+    QCoreApplication::processEvents(); // what has just been shown gets its place
     QCOMPARE(m_edits->count(), 0);
 }
 
@@ -452,6 +458,99 @@ void tst_SettingsPanel::showsPreviewsAsPlainText()
     QCOMPARE(m_panel->preview(), QStringLiteral("Now: <b>37%</b>"));
     m_panel->setPreview({});
     QVERIFY(!control<QLabel>("preview")->isVisible());
+}
+
+void tst_SettingsPanel::choosesAStyle()
+{
+    show(keyuuid::cpu);
+    QTest::mouseClick(control<QToolButton>("style-graph"), Qt::LeftButton);
+    QCOMPARE(last().display.style, QStringLiteral("graph"));
+    // Later changes of other settings keep it.
+    m_panel->form()->focusFirst();
+    QTest::keyClicks(control<QLineEdit>("title"), QStringLiteral("x"));
+    QCOMPARE(last().display.style, QStringLiteral("graph"));
+    QCOMPARE(last().text, QStringLiteral("x"));
+    // Enter in a field of the display leaves the panel like any other.
+    QSignalSpy left(m_panel->form(), &SettingsForm::left);
+    QTest::keyClick(control<QSpinBox>("pictureSize"), Qt::Key_Return);
+    QCOMPARE(left.count(), 1);
+}
+
+void tst_SettingsPanel::showsOnlyWhatAGaugeUses()
+{
+    EntrySettings settings;
+    settings.display.style = QStringLiteral("pair");
+    show(keyuuid::netWork, settings);
+    for (const char *name : {"fontSize", "fillsKey", "titleLines"})
+        QVERIFY2(!control<QWidget>(name)->isVisibleTo(m_panel.get()), name);
+    for (const char *name : {"title", "showTitle", "font", "color", "opacity"})
+        QVERIFY2(control<QWidget>(name)->isVisibleTo(m_panel.get()), name);
+    QTest::mouseClick(control<QToolButton>("style-text"), Qt::LeftButton);
+    for (const char *name : {"fontSize", "fillsKey", "titleLines"})
+        QVERIFY2(control<QWidget>(name)->isVisibleTo(m_panel.get()), name);
+}
+
+void tst_SettingsPanel::tellsTheShortTitle()
+{
+    const auto *hint = control<QLabel>("titleHint");
+    show(keyuuid::gpuMemoryUsage);
+    QVERIFY(!hint->isVisibleTo(m_panel.get()));
+    QTest::mouseClick(control<QToolButton>("style-ring"), Qt::LeftButton);
+    QVERIFY(hint->isVisibleTo(m_panel.get()));
+    QVERIFY2(hint->text().contains(QLatin1String("\"GPU mem\"")), qPrintable(hint->text()));
+    // A kind without a gauge shows a text whatever it is asked for.
+    m_edits->clear();
+    EntrySettings settings;
+    settings.display.style = QStringLiteral("ring");
+    show(keyuuid::cpuModel, settings);
+    QVERIFY(!hint->isVisibleTo(m_panel.get()));
+    QVERIFY(control<QWidget>("fontSize")->isVisibleTo(m_panel.get()));
+}
+
+void tst_SettingsPanel::fitsWithEverythingOpen_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QString>("style");
+    QTest::newRow("temperature") << keyuuid::cpuTemperature << QStringLiteral("graph");
+    QTest::newRow("free memory") << keyuuid::memoryFreeGB << QStringLiteral("bar");
+    QTest::newRow("network") << keyuuid::netWork << QStringLiteral("pair");
+    QTest::newRow("drive") << keyuuid::physicalDisk << QStringLiteral("ring");
+}
+
+// At 125 % of the font size, in the narrowest panel: it scrolls down, but not to the side.
+void tst_SettingsPanel::fitsWithEverythingOpen()
+{
+    QFETCH(const QString, action);
+    QFETCH(const QString, style);
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSizeF(large.pointSizeF() * 1.25);
+    QApplication::setFont(large);
+    init();
+    EntrySettings settings;
+    settings.display.style = style;
+    show(action, settings);
+    m_panel->resize(m_panel->minimumSizeHint().width(), 400);
+    for (const char *section : {"scaleSection", "colorSection", "valueSection"})
+        control<QToolButton>(section)->click();
+    QCoreApplication::processEvents();
+    const QWidget *form = m_panel->form();
+    QVERIFY2(form->width() <= form->parentWidget()->width(),
+             qPrintable(
+                 QStringLiteral("%1 in %2").arg(form->width()).arg(form->parentWidget()->width())));
+    QVERIFY(form->height() > form->parentWidget()->height());
+    const QList<QWidget *> fields = form->findChildren<QWidget *>();
+    for (const QWidget *field : fields) {
+        if (!field->isVisible() || field->objectName().isEmpty())
+            continue;
+        const QRect place(field->mapTo(form, QPoint()), field->size());
+        QVERIFY2(form->rect().contains(place), qPrintable(field->objectName()));
+        const auto *button = qobject_cast<const QToolButton *>(field);
+        if (button != nullptr)
+            QVERIFY2(button->width() >= button->minimumSizeHint().width(),
+                     qPrintable(button->text()));
+    }
+    QApplication::setFont(usual);
 }
 
 void tst_SettingsPanel::cutsNoTextOff_data()

@@ -17,6 +17,9 @@ private Q_SLOTS:
     void runsAPluginFromStartToEnd();
     void keepsAGivenWorkFolder();
     void findsARecordingFromItsOwnFolder();
+    void changesItsRecording();
+    void beginsWithoutReadings();
+    void keepsAGivenRecording();
     void failsWithoutAPlugin();
     void failsWithAnUnusableWorkFolder();
     void reportsAPluginThatEndsAtOnce();
@@ -37,6 +40,20 @@ namespace {
 void play(const char *script)
 {
     qputenv("SCRIPT", script);
+}
+
+QByteArray content(const QString &file)
+{
+    QFile source(file);
+    return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
+}
+
+QString makeFile(const QTemporaryDir &folder, const char *name, const QByteArray &text)
+{
+    QFile file(folder.filePath(QString::fromLatin1(name)));
+    file.open(QIODevice::WriteOnly);
+    file.write(text);
+    return file.fileName();
 }
 
 } // namespace
@@ -64,7 +81,7 @@ void tst_DeckSession::runsAPluginFromStartToEnd()
         QTRY_COMPARE(changed.count(), 3 * keys.size());
         for (const DeckKey &key : keys) {
             QCOMPARE(key.title(), QStringLiteral("drawn"));
-            QCOMPARE(key.picture().size(), QSize(60, 20));
+            QCOMPARE(key.picture().width(), 60);
             QVERIFY(key.settings().value(QLatin1String("seen")).toBool());
         }
         workFolder = session.workFolder();
@@ -115,6 +132,59 @@ void tst_DeckSession::findsARecordingFromItsOwnFolder()
     QCOMPARE(QString::fromUtf8(file.readAll()).trimmed(), absolute);
     QCOMPARE(notices.count(), 1);
     QVERIFY(notices.at(0).at(0).toString().contains(QDir::toNativeSeparators(absolute)));
+}
+
+void tst_DeckSession::changesItsRecording()
+{
+    play("panel");
+    const QTemporaryDir folder;
+    const QString first = makeFile(folder, "first.json", "{\"a\": 1}");
+    m_settings.recording = first;
+    m_settings.changesRecording = true;
+    DeckSession session(m_settings, emptyDeck(5));
+    QSignalSpy appeared(&session, &DeckSession::keysAppeared);
+    session.start();
+    QTRY_COMPARE(appeared.count(), 1);
+    const QString used = session.workFolder() + QStringLiteral("/recording.json");
+    QCOMPARE(content(session.workFolder() + QStringLiteral("/recording.txt")),
+             used.toUtf8() + '\n');
+    QCOMPARE(content(used), QByteArray("{\"a\": 1}"));
+    QVERIFY(session.changeRecording(makeFile(folder, "second.json", "{\"b\": 2}")));
+    QCOMPARE(content(used), QByteArray("{\"b\": 2}"));
+    QCOMPARE(content(first), QByteArray("{\"a\": 1}"));
+    QVERIFY(!session.changeRecording(makeFile(folder, "broken.json", "{")));
+    QVERIFY(!session.changeRecording(folder.filePath(QStringLiteral("missing.json"))));
+    QCOMPARE(content(used), QByteArray("{\"b\": 2}"));
+}
+
+void tst_DeckSession::beginsWithoutReadings()
+{
+    play("draw");
+    m_settings.changesRecording = true;
+    for (const QString &recording : {QString(), QStringLiteral("/no/such/file")}) {
+        m_settings.recording = recording;
+        DeckSession session(m_settings, emptyDeck(5));
+        QSignalSpy appeared(&session, &DeckSession::keysAppeared);
+        QSignalSpy notices(&session, &DeckSession::notice);
+        session.start();
+        QTRY_COMPARE(appeared.count(), 1);
+        QCOMPARE(content(session.workFolder() + QStringLiteral("/recording.json")),
+                 QByteArray("{}"));
+        QCOMPARE(notices.count(), recording.isEmpty() ? 0 : 1);
+    }
+}
+
+void tst_DeckSession::keepsAGivenRecording()
+{
+    play("draw");
+    const QTemporaryDir folder;
+    m_settings.recording = makeFile(folder, "first.json", "{}");
+    DeckSession session(m_settings, emptyDeck(5));
+    QSignalSpy appeared(&session, &DeckSession::keysAppeared);
+    session.start();
+    QTRY_COMPARE(appeared.count(), 1);
+    QVERIFY(!session.changeRecording(makeFile(folder, "second.json", "{\"b\": 2}")));
+    QCOMPARE(content(*m_settings.recording), QByteArray("{}"));
 }
 
 void tst_DeckSession::failsWithoutAPlugin()

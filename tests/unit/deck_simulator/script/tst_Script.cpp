@@ -10,6 +10,8 @@ class tst_Script : public QObject
 
 private Q_SLOTS:
     void readsEveryStep();
+    void readsDisplays();
+    void readsWhatAPictureIsLike();
     void ordersByTime();
     void passesOverRemarks();
     void readsDials();
@@ -60,6 +62,44 @@ void tst_Script::readsEveryStep()
     QCOMPARE(script.steps.at(8).file, QStringLiteral("deck.png"));
 }
 
+void tst_Script::readsDisplays()
+{
+    const ParsedScript script = parseScript(R"(
+{"do": "put", "key": [0, 0], "action": "a", "display": {"style": "ring"}}
+{"do": "settings", "key": [0, 0], "display": "broken"}
+{"do": "settings", "key": [0, 0], "display": null, "set": {"text": "x"}}
+{"do": "settings", "key": [0, 0], "set": {"text": "y"}}
+)");
+    QCOMPARE(script.error, QString());
+    QCOMPARE(script.steps.at(0).display.toObject().value(QLatin1String("style")).toString(),
+             QStringLiteral("ring"));
+    QCOMPARE(script.steps.at(1).display, QJsonValue(QStringLiteral("broken")));
+    QVERIFY(script.steps.at(1).object.isEmpty());
+    QVERIFY(script.steps.at(2).display.isNull());
+    QCOMPARE(script.steps.at(2).object.size(), 1);
+    QVERIFY(script.steps.at(3).display.isUndefined());
+}
+
+void tst_Script::readsWhatAPictureIsLike()
+{
+    const ParsedScript script = parseScript(R"(
+{"do": "expect", "key": [0, 0], "color": "#ff7043", "size": [288, 144]}
+{"do": "expect", "key": [0, 0]}
+{"do": "machine", "file": "hot.json"}
+{"do": "press", "key": [0, 0], "hold": 1.25}
+{"do": "press", "key": [0, 0]}
+)");
+    QCOMPARE(script.error, QString());
+    QCOMPARE(script.steps.at(0).color, QColor(0xff, 0x70, 0x43));
+    QCOMPARE(script.steps.at(0).pictureSize, QSize(288, 144));
+    QVERIFY(!script.steps.at(1).color.isValid());
+    QVERIFY(script.steps.at(1).pictureSize.isEmpty());
+    QCOMPARE(int(script.steps.at(2).kind), int(Kind::Machine));
+    QCOMPARE(script.steps.at(2).file, QStringLiteral("hot.json"));
+    QCOMPARE(qint64(script.steps.at(3).hold.count()), qint64(1250));
+    QCOMPARE(qint64(script.steps.at(4).hold.count()), qint64(0));
+}
+
 void tst_Script::ordersByTime()
 {
     const ParsedScript script = parseScript("{\"at\": 2, \"do\": \"servicePort\"}\n"
@@ -108,6 +148,12 @@ void tst_Script::refusesFaults_data()
     row("without ticks", "{\"do\": \"rotate\", \"key\": {\"dial\": 0}}", "\"ticks\"");
     row("no pattern", "{\"do\": \"expect\", \"key\": [0, 0], \"title\": \"(\"}",
         "regular expression");
+    row("settings without any", "{\"do\": \"settings\", \"key\": [0, 0]}", "\"set\"");
+    row("no colour", "{\"do\": \"expect\", \"key\": [0, 0], \"color\": \"reddish\"}", "\"color\"");
+    row("half a size", "{\"do\": \"expect\", \"key\": [0, 0], \"size\": [144]}", "\"size\"");
+    row("no size", "{\"do\": \"expect\", \"key\": [0, 0], \"size\": [0, 144]}", "\"size\"");
+    row("held for no time", "{\"do\": \"press\", \"key\": [0, 0], \"hold\": \"1\"}", "\"hold\"");
+    row("a machine without a file", "{\"do\": \"machine\"}", "\"file\"");
     row("without a message", "{\"do\": \"send\"}", "\"message\"");
     row("without a file", "{\"do\": \"snapshot\"}", "\"file\"");
     row("early", "{\"at\": -1, \"do\": \"hostDies\"}", "\"at\"");
