@@ -5,6 +5,7 @@
 #include <QDebug>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcessEnvironment>
 #include <QRegularExpression>
 #include <QTest>
@@ -54,7 +55,7 @@ PluginProcess::~PluginProcess()
 
 QString PluginProcess::executable()
 {
-    return QStringLiteral(PLUGIN_EXECUTABLE);
+    return QFileInfo(QStringLiteral(PLUGIN_EXECUTABLE)).absoluteFilePath();
 }
 
 void PluginProcess::setVariable(const QString &name, const QString &value)
@@ -82,7 +83,9 @@ bool PluginProcess::endsWithStatus(int status)
 
 QStringList PluginProcess::lines() const
 {
-    QStringList lines = QString::fromUtf8(m_standardError).split(QLatin1Char('\n'));
+    QString text = QString::fromUtf8(m_standardError);
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    QStringList lines = text.split(QLatin1Char('\n'));
     lines.removeLast();
     return lines;
 }

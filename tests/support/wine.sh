@@ -34,11 +34,18 @@ export WINEQT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} WINEQT_FORCE_STDERR_LOG
 export WINEQT_QPA_FONTDIR=/usr/share/fonts/truetype/dejavu
 
 # Wine takes a machine's code page from the language: this one's is UTF-8, and its digits are Latin.
+languages=$machines/languages
+language=ka_GE.UTF-8
+
 make_language() {
-    [ -d "$LOCPATH/$LC_ALL" ] && return
-    mkdir -p "$LOCPATH"
-    localedef -i "${LC_ALL%%.*}" -f "${LC_ALL#*.}" "$LOCPATH/new" &&
-        mv "$LOCPATH/new" "$LOCPATH/$LC_ALL"
+    [ -d "$languages/$language" ] && return
+    mkdir -p "$languages"
+    localedef -i "${language%%.*}" -f "${language#*.}" "$languages/new" &&
+        mv "$languages/new" "$languages/$language"
+}
+
+wine() {
+    env LOCPATH="$languages" LC_ALL="$language" wine "$@"
 }
 
 # Starts the machine unless it runs. What it starts with outlives this program for half a minute, so
@@ -105,7 +112,7 @@ else
     flock 8
 fi
 
-export WINEPREFIX=$machines/$number LOCPATH=$machines/languages LC_ALL=ka_GE.UTF-8
+export WINEPREFIX=$machines/$number
 trap 'cat "$WINEPREFIX/start.log" >&2' EXIT
 {
     flock 9

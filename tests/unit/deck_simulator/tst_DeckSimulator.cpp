@@ -1,4 +1,5 @@
 #include "deck_simulator/deck/ContactSheet.h"
+#include "tests/support/Interrupt.h"
 
 #include <QDir>
 #include <QImage>
@@ -160,7 +161,7 @@ void tst_DeckSimulator::endsOnTermination()
 {
     start("draw", {QStringLiteral("--seconds=600")});
     QTRY_VERIFY(QFile::exists(path("work/plugin-stderr.txt")));
-    m_process.terminate();
+    interrupt(m_process);
     QVERIFY(m_process.waitForFinished());
     QCOMPARE(m_process.exitStatus(), QProcess::NormalExit);
     QCOMPARE(m_process.exitCode(), 0);

@@ -1,5 +1,7 @@
 #include "deck_simulator/host/DeckSession.h"
 
+#include <QDir>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -101,7 +103,8 @@ void tst_DeckSession::failsWithoutAPlugin()
     QSignalSpy ended(&session, &DeckSession::ended);
     session.start();
     QTRY_COMPARE(ended.count(), 1);
-    QVERIFY2(session.failure().contains(QLatin1String("/no/such/plugin cannot be started")),
+    QVERIFY2(session.failure().contains(QDir::toNativeSeparators(m_settings.program) +
+                                        QStringLiteral(" cannot be started")),
              qPrintable(session.failure()));
 }
 
@@ -132,7 +135,7 @@ void tst_DeckSession::reportsAPluginThatEndsAtOnce()
                  qPrintable(failure));
         QVERIFY(failure.contains(QStringLiteral("this plugin \uFFFD[31mrefuses")));
         workFolder = session.workFolder();
-        QVERIFY(failure.contains(workFolder));
+        QVERIFY(failure.contains(QDir::toNativeSeparators(workFolder)));
     }
     // The folder that the message names is still there.
     QVERIFY(QFile::exists(workFolder));
@@ -175,9 +178,10 @@ void tst_DeckSession::reportsAPluginThatDies()
     QSignalSpy ended(&session, &DeckSession::ended);
     session.start();
     QTRY_COMPARE(ended.count(), 1);
-    QVERIFY2(session.failure().startsWith(
-                 QLatin1String("The plugin ended with signal 6 (Aborted) while its keys")),
-             qPrintable(session.failure()));
+    // As each platform tells of abort().
+    static const QRegularExpression aborted(QStringLiteral(
+        "\\AThe plugin ended with (signal 6 \\(Aborted\\)|exit status 3) while its keys"));
+    QVERIFY2(aborted.match(session.failure()).hasMatch(), qPrintable(session.failure()));
     QVERIFY(QDir(session.workFolder()).removeRecursively());
 }
 
@@ -222,7 +226,8 @@ void tst_DeckSession::doesNotWaitWhenToldTwice()
     session.end();
     session.end();
     QTRY_COMPARE(ended.count(), 1);
-    QVERIFY(QDir(session.workFolder()).removeRecursively());
+    // The folder of a process that was killed may stay in use for a moment.
+    QTRY_VERIFY(QDir(session.workFolder()).removeRecursively());
 }
 
 void tst_DeckSession::endsBeforeTheRegistration()
