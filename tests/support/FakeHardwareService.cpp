@@ -13,6 +13,8 @@ void writeFile(const QString &path, const QByteArray &content)
         qFatal("No configuration file for the service");
 }
 
+const QString fileName = QStringLiteral("/ServeConfig.ini");
+
 } // namespace
 
 FakeHardwareService::FakeHardwareService()
@@ -23,16 +25,20 @@ FakeHardwareService::FakeHardwareService()
         qFatal("No port for the service");
     connect(&m_server, &QWebSocketServer::newConnection, this,
             &FakeHardwareService::takeConnection);
-    const QString folder = m_drive.filePath(QStringLiteral("ProgramData/ParvaneCraftServe"));
-    QDir().mkpath(folder);
-    writeFile(folder + QStringLiteral("/ServeConfig.ini"),
-              "[HWInfoServe]\nport=" + QByteArray::number(port()) + '\n');
+    const QStringList folders = configurationFolders();
+    for (const QString &folder : folders) {
+        QDir().mkpath(folder);
+        writeFile(folder + fileName, "[HWInfoServe]\nport=" + QByteArray::number(port()) + '\n');
+    }
     qputenv("SystemDrive", m_drive.path().toLocal8Bit());
 }
 
 FakeHardwareService::~FakeHardwareService()
 {
     qputenv("SystemDrive", m_previousDrive);
+    const QStringList folders = configurationFolders();
+    for (const QString &folder : folders)
+        QFile::remove(folder + fileName);
 }
 
 void FakeHardwareService::takeConnection()

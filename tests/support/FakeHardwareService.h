@@ -36,6 +36,8 @@ public:
     int connections = 0;
 
 private:
+    /// Below SystemDrive, and where else programs that are started look for it.
+    QStringList configurationFolders() const;
     void takeConnection();
     void answer(QWebSocket *client, const QString &message);
 

@@ -66,6 +66,8 @@ furnish_machine() {
         ln -sfn "../drive_${drive%%:*}" "$WINEPREFIX/dosdevices/${drive%%:*}:"
         wine reg add 'HKLM\Software\Wine\Drives' /v "${drive%%:*}:" /d "${drive#*:}" /f
     done
+    # Otherwise Wine tries ALSA as well, which says much on standard error.
+    wine reg add 'HKCU\Software\Wine\Drivers' /v Audio /d pulse /f
     wineserver --kill
 }
 

@@ -19,6 +19,8 @@ namespace {
 
 const QString pressed = QStringLiteral("nativeEvent Ctrl+Backspace pressed!");
 const QString opening = QStringLiteral("尝试打开控制台...");
+const QString shown = QStringLiteral("尝试显示出来");
+const QString place = QStringLiteral("X: 0,y: 0");
 const QString updated = QStringLiteral("-------------------updateImages over---------------------");
 
 } // namespace
@@ -34,8 +36,8 @@ void tst_DebugConsole_windows::takesStandardErrorOver()
     QVERIFY(plugin.start());
     QTRY_PATIENTLY(process.hasLogged(updated));
     process.pressConsoleHotKey();
-    QTRY_PATIENTLY(
-        process.hasLoggedInOrder({QStringLiteral("outPutName: output.txt"), pressed, opening}));
+    QTRY_PATIENTLY(process.hasLoggedInOrder(
+        {QStringLiteral("outPutName: output.txt"), pressed, opening, shown, place}));
 
     host.appear(keyuuid::cpu, key);
     QVERIFY(host.waitForUpdate(key));
@@ -43,7 +45,7 @@ void tst_DebugConsole_windows::takesStandardErrorOver()
     QVERIFY(host.waitForUpdate(key));
     QVERIFY(host.waitForUpdate(key));
     const QStringList lines = process.lines();
-    const QStringList behind = lines.mid(lines.indexOf(PluginProcess::quoted(opening)) + 1);
+    const QStringList behind = lines.mid(lines.indexOf(PluginProcess::quoted(place)) + 1);
     QVERIFY2(behind.isEmpty(), qPrintable(behind.join(QLatin1Char('\n'))));
     host.closeLink();
     QVERIFY(process.endsWithStatus(0));

@@ -93,7 +93,8 @@ void tst_InstanceGuard::endsAFrozenInstanceAndServes()
     RunningPlugin second;
     QVERIFY(second.start());
     QVERIFY(first.process.waitForEnd());
-    QCOMPARE(first.process.exitStatus(), QProcess::CrashExit);
+    // It had no chance to end by itself.
+    QVERIFY(!first.process.content(QStringLiteral("log.txt")).contains("Disonnected"));
     QTRY_PATIENTLY(
         second.process.hasLoggedInOrder({failedProbe, ownName, ended + firstId, endedAll}));
     QCOMPARE(second.process.lines().filter(ended).size(), 1);

@@ -176,7 +176,7 @@ void tst_DeckSimulator::staysQuiet()
 
 void tst_DeckSimulator::reportsAPluginThatEndsAtOnce()
 {
-    run("refuse", {});
+    run("refuse", {QStringLiteral("--headless")});
     QCOMPARE(m_process.exitCode(), 1);
     const QString text = errors();
     QVERIFY2(text.contains(QLatin1String("exit status 3")), qPrintable(text));

@@ -40,6 +40,12 @@ void play(const char *script)
     qputenv("SCRIPT", script);
 }
 
+/// On Windows it may be in use for a moment longer than the process that worked in it.
+bool removeFolder(const QString &path)
+{
+    return QTest::qWaitFor([&path] { return QDir(path).removeRecursively(); });
+}
+
 } // namespace
 
 void tst_DeckSession::init()
@@ -139,7 +145,7 @@ void tst_DeckSession::reportsAPluginThatEndsAtOnce()
     }
     // The folder that the message names is still there.
     QVERIFY(QFile::exists(workFolder));
-    QVERIFY(QDir(workFolder).removeRecursively());
+    QVERIFY(removeFolder(workFolder));
 }
 
 void tst_DeckSession::reportsAWrongRegistration()
@@ -153,7 +159,7 @@ void tst_DeckSession::reportsAWrongRegistration()
     QCOMPARE(notices.count(), 1);
     QVERIFY(notices.at(0).at(0).toString().contains(QLatin1String("somebody else")));
     QVERIFY(session.failure().contains(QLatin1String("exit status 0 before it registered")));
-    QVERIFY(QDir(session.workFolder()).removeRecursively());
+    QVERIFY(removeFolder(session.workFolder()));
 }
 
 void tst_DeckSession::reportsAPluginThatNeverRegisters()
@@ -168,7 +174,7 @@ void tst_DeckSession::reportsAPluginThatNeverRegisters()
     QVERIFY2(
         session.failure().startsWith(QLatin1String("The plugin did not register within 0.2 s")),
         qPrintable(session.failure()));
-    QVERIFY(QDir(session.workFolder()).removeRecursively());
+    QVERIFY(removeFolder(session.workFolder()));
 }
 
 void tst_DeckSession::reportsAPluginThatDies()
@@ -182,7 +188,7 @@ void tst_DeckSession::reportsAPluginThatDies()
     static const QRegularExpression aborted(QStringLiteral(
         "\\AThe plugin ended with (signal 6 \\(Aborted\\)|exit status 3) while its keys"));
     QVERIFY2(aborted.match(session.failure()).hasMatch(), qPrintable(session.failure()));
-    QVERIFY(QDir(session.workFolder()).removeRecursively());
+    QVERIFY(removeFolder(session.workFolder()));
 }
 
 void tst_DeckSession::reportsAPluginThatLeaves()
@@ -195,7 +201,7 @@ void tst_DeckSession::reportsAPluginThatLeaves()
     QVERIFY2(session.failure().startsWith(
                  QLatin1String("The plugin ended with exit status 0 while its keys")),
              qPrintable(session.failure()));
-    QVERIFY(QDir(session.workFolder()).removeRecursively());
+    QVERIFY(removeFolder(session.workFolder()));
 }
 
 void tst_DeckSession::terminatesAPluginThatStays()
@@ -211,7 +217,7 @@ void tst_DeckSession::terminatesAPluginThatStays()
     QTRY_COMPARE(ended.count(), 1);
     QVERIFY2(session.failure().contains(QLatin1String("did not end within 0.1 s")),
              qPrintable(session.failure()));
-    QVERIFY(QDir(session.workFolder()).removeRecursively());
+    QVERIFY(removeFolder(session.workFolder()));
 }
 
 void tst_DeckSession::doesNotWaitWhenToldTwice()
@@ -226,8 +232,7 @@ void tst_DeckSession::doesNotWaitWhenToldTwice()
     session.end();
     session.end();
     QTRY_COMPARE(ended.count(), 1);
-    // The folder of a process that was killed may stay in use for a moment.
-    QTRY_VERIFY(QDir(session.workFolder()).removeRecursively());
+    QVERIFY(removeFolder(session.workFolder()));
 }
 
 void tst_DeckSession::endsBeforeTheRegistration()
