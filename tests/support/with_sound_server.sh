@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # with_sound_server.sh COMMAND [ARGUMENTS...]: runs a command beside a PulseAudio daemon of its own
-# with two null sinks, "Desk Speakers" (speakers) and "Head Phones" (phones), which needs no card. Where there is none to
+# with two null sinks, "Desk Speakers" and "Head Phones", which needs no card. Where there is none to
 # be had, says why and runs the command plainly.
 set -uo pipefail
 
@@ -13,14 +13,12 @@ finish() {
 trap finish EXIT
 
 start() {
-    local sink name
+    local sink
     local -a options=(-n --daemonize=no --use-pid-file=no --exit-idle-time=-1 --disable-shm=yes
         --realtime=no --high-priority=no --log-target=stderr
         -L "module-native-protocol-unix auth-anonymous=1 socket=$folder/native")
     for sink in "Desk Speakers" "Head Phones"; do
-        name=${sink##* }
-        name=${name,,}
-        options+=(-L "module-null-sink sink_name=$name sink_properties=\"device.description='$sink'\"")
+        options+=(-L "module-null-sink sink_name=${sink##* } sink_properties=\"device.description='$sink'\"")
     done
     env -u DISPLAY -u DBUS_SESSION_BUS_ADDRESS -u PULSE_SERVER HOME="$folder" \
         XDG_RUNTIME_DIR="$folder" XDG_CONFIG_HOME="$folder" PULSE_RUNTIME_PATH="$folder" \

@@ -25,6 +25,7 @@ class tst_Faults_linux : public QObject
 
 private Q_SLOTS:
     void startsWithoutANameService();
+    void outlivesItsWorkingFolder();
     void outlivesAFullDisk();
     void outlivesALackOfDescriptors();
     void outlivesAClockThatIsSet_data();
@@ -84,6 +85,19 @@ void tst_Faults_linux::startsWithoutANameService()
     QVERIFY(folder.run(QStringLiteral("umount /etc/hosts")));
     QVERIFY(started);
     QVERIFY(updated);
+}
+
+void tst_Faults_linux::outlivesItsWorkingFolder()
+{
+    RunningPlugin plugin;
+    QVERIFY(plugin.start());
+    QVERIFY(QDir(plugin.process.workingFolder()).removeRecursively());
+    plugin.host.appear(cpu, key);
+    QVERIFY(updates(plugin.host));
+    plugin.process.pressConsoleHotKey();
+    QVERIFY(updates(plugin.host));
+    plugin.host.closeLink();
+    QVERIFY(plugin.process.endsWithStatus(0));
 }
 
 void tst_Faults_linux::outlivesAFullDisk()
