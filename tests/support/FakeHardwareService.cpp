@@ -13,8 +13,6 @@ void writeFile(const QString &path, const QByteArray &content)
         qFatal("No configuration file for the service");
 }
 
-const QString fileName = QStringLiteral("/ServeConfig.ini");
-
 } // namespace
 
 FakeHardwareService::FakeHardwareService()
@@ -25,20 +23,23 @@ FakeHardwareService::FakeHardwareService()
         qFatal("No port for the service");
     connect(&m_server, &QWebSocketServer::newConnection, this,
             &FakeHardwareService::takeConnection);
-    const QStringList folders = configurationFolders();
-    for (const QString &folder : folders) {
-        QDir().mkpath(folder);
-        writeFile(folder + fileName, "[HWInfoServe]\nport=" + QByteArray::number(port()) + '\n');
-    }
+    announceIn(m_drive.path());
     qputenv("SystemDrive", m_drive.path().toLocal8Bit());
 }
 
 FakeHardwareService::~FakeHardwareService()
 {
     qputenv("SystemDrive", m_previousDrive);
-    const QStringList folders = configurationFolders();
-    for (const QString &folder : folders)
-        QFile::remove(folder + fileName);
+    for (const QString &file : qAsConst(m_files))
+        QFile::remove(file);
+}
+
+void FakeHardwareService::announceIn(const QString &drive)
+{
+    const QString folder = drive + QStringLiteral("/ProgramData/ParvaneCraftServe");
+    QDir().mkpath(folder);
+    m_files.append(folder + QStringLiteral("/ServeConfig.ini"));
+    writeFile(m_files.constLast(), "[HWInfoServe]\nport=" + QByteArray::number(port()) + '\n');
 }
 
 void FakeHardwareService::takeConnection()

@@ -35,13 +35,16 @@ public:
     QStringList received;
     int connections = 0;
 
+    /// Lets programs that this one starts find it where SystemDrive does not reach them.
+    void announceToPrograms();
+
 private:
-    /// Below SystemDrive, and where else programs that are started look for it.
-    QStringList configurationFolders() const;
+    void announceIn(const QString &drive);
     void takeConnection();
     void answer(QWebSocket *client, const QString &message);
 
     QWebSocketServer m_server;
     QTemporaryDir m_drive;
+    QStringList m_files;
     QByteArray m_previousDrive;
 };

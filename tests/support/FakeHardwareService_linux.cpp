@@ -1,6 +1,3 @@
 #include "tests/support/FakeHardwareService.h"
 
-QStringList FakeHardwareService::configurationFolders() const
-{
-    return {m_drive.filePath(QStringLiteral("ProgramData/ParvaneCraftServe"))};
-}
+void FakeHardwareService::announceToPrograms() {}

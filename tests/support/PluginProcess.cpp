@@ -39,6 +39,7 @@ PluginProcess::PluginProcess()
     setProgram(executable());
     setWorkingDirectory(workingFolder());
     setProcessEnvironment(bareEnvironment());
+    m_service.announceToPrograms();
     setVariable(QStringLiteral("SystemDrive"), m_service.drive());
     setStandardInputFile(nullDevice());
     setStandardOutputFile(nullDevice());

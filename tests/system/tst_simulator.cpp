@@ -134,6 +134,7 @@ QMap<QString, QString> titlesIn(const QString &table)
 
 void tst_Simulator::init()
 {
+    m_service.announceToPrograms();
     m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
 }
