@@ -1,6 +1,7 @@
 #include "render/FontRegistry.h"
 
 #include "SDK/Logger/Logger.h"
+#include "render/FontFile.h"
 #include "sensors/systemInfor.h"
 #include "json/ParseJson.h"
 
@@ -42,7 +43,7 @@ int registerFile(const QString &path)
 {
     const QFileInfo file(path);
     const bool readable = file.isFile() && file.size() > 0 && file.size() <= largestFile;
-    return readable ? QFontDatabase::addApplicationFont(path) : -1;
+    return readable && isSafeFontFile(path) ? QFontDatabase::addApplicationFont(path) : -1;
 }
 
 } // namespace

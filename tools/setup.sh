@@ -7,7 +7,7 @@ test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux pulseaud
     e2fsprogs btrfs-progs squashfs-tools procps faketime xvfb)
 gate_packages=(clang-format clang-tidy git)
 fuzz_packages=(clang libclang-rt-14-dev)
-windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth
+windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth iproute2 util-linux locales
     pulseaudio pulseaudio-utils nsis)
 
 is_installed() {

@@ -23,16 +23,23 @@ FakeHardwareService::FakeHardwareService()
         qFatal("No port for the service");
     connect(&m_server, &QWebSocketServer::newConnection, this,
             &FakeHardwareService::takeConnection);
-    const QString folder = m_drive.filePath(QStringLiteral("ProgramData/ParvaneCraftServe"));
-    QDir().mkpath(folder);
-    writeFile(folder + QStringLiteral("/ServeConfig.ini"),
-              "[HWInfoServe]\nport=" + QByteArray::number(port()) + '\n');
+    announceIn(m_drive.path());
     qputenv("SystemDrive", m_drive.path().toLocal8Bit());
 }
 
 FakeHardwareService::~FakeHardwareService()
 {
     qputenv("SystemDrive", m_previousDrive);
+    for (const QString &file : qAsConst(m_files))
+        QFile::remove(file);
+}
+
+void FakeHardwareService::announceIn(const QString &drive)
+{
+    const QString folder = drive + QStringLiteral("/ProgramData/ParvaneCraftServe");
+    QDir().mkpath(folder);
+    m_files.append(folder + QStringLiteral("/ServeConfig.ini"));
+    writeFile(m_files.constLast(), "[HWInfoServe]\nport=" + QByteArray::number(port()) + '\n');
 }
 
 void FakeHardwareService::takeConnection()

@@ -35,11 +35,16 @@ public:
     QStringList received;
     int connections = 0;
 
+    /// Lets programs that this one starts find it where SystemDrive does not reach them.
+    void announceToPrograms();
+
 private:
+    void announceIn(const QString &drive);
     void takeConnection();
     void answer(QWebSocket *client, const QString &message);
 
     QWebSocketServer m_server;
     QTemporaryDir m_drive;
+    QStringList m_files;
     QByteArray m_previousDrive;
 };

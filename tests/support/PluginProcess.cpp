@@ -5,6 +5,7 @@
 #include <QDebug>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcessEnvironment>
 #include <QRegularExpression>
 #include <QTest>
@@ -38,6 +39,7 @@ PluginProcess::PluginProcess()
     setProgram(executable());
     setWorkingDirectory(workingFolder());
     setProcessEnvironment(bareEnvironment());
+    m_service.announceToPrograms();
     setVariable(QStringLiteral("SystemDrive"), m_service.drive());
     setStandardInputFile(nullDevice());
     setStandardOutputFile(nullDevice());
@@ -54,7 +56,7 @@ PluginProcess::~PluginProcess()
 
 QString PluginProcess::executable()
 {
-    return QStringLiteral(PLUGIN_EXECUTABLE);
+    return QFileInfo(QStringLiteral(PLUGIN_EXECUTABLE)).absoluteFilePath();
 }
 
 void PluginProcess::setVariable(const QString &name, const QString &value)
@@ -82,7 +84,9 @@ bool PluginProcess::endsWithStatus(int status)
 
 QStringList PluginProcess::lines() const
 {
-    QStringList lines = QString::fromUtf8(m_standardError).split(QLatin1Char('\n'));
+    QString text = QString::fromUtf8(m_standardError);
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    QStringList lines = text.split(QLatin1Char('\n'));
     lines.removeLast();
     return lines;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/support/FakeHardwareService.h"
+#include "tests/support/ProcessControl.h"
 
 #include <QByteArray>
 #include <QProcess>
@@ -57,22 +58,17 @@ public:
     /// Its working folder, which contains log.txt.
     QString workingFolder() const;
 
-    void freeze();
-    void thaw();
-
-    /// Limits the number of its open files from now on.
-    void limitDescriptors(int most);
-
-    int openDescriptors() const;
-
-    /// Its memory at present, in bytes.
-    qint64 residentMemory() const;
-
-    /// The processor time that it has taken so far, in milliseconds, to a hundredth of a second.
-    qint64 processorTime() const;
+    void freeze() { processcontrol::freeze(processId()); }
+    void thaw() { processcontrol::thaw(processId()); }
+    int openDescriptors() const { return processcontrol::openDescriptors(processId()); }
+    qint64 residentMemory() const { return processcontrol::residentMemory(processId()); }
+    qint64 processorTime() const { return processcontrol::processorTime(processId()); }
+    QStringList platforms() const { return processcontrol::loadedPlatforms(processId()); }
 
     void pressConsoleHotKey();
-    void closeConsole();
+
+    /// The framework's platform that it runs on when nothing says otherwise.
+    static QString usualPlatform();
 
 protected:
     void setupChildProcess() override;

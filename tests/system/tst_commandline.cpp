@@ -2,6 +2,7 @@
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Waits.h"
 
+#include <QDir>
 #include <QtTest>
 
 class tst_CommandLine : public QObject
@@ -119,7 +120,8 @@ void tst_CommandLine::accepts()
     QCOMPARE(json(host.texts().constFirst().toUtf8()),
              json(R"({"event": "register me", "uuid": "u 1"})"));
 
-    QTRY_PATIENTLY(process.hasLogged(QStringLiteral("args0: ") + PluginProcess::executable()));
+    QTRY_PATIENTLY(process.hasLogged(QStringLiteral("args0: ") +
+                                     QDir::toNativeSeparators(PluginProcess::executable())));
     for (int i = 0; i < arguments.size(); ++i) {
         QTRY_PATIENTLY(process.hasLogged(
             QStringLiteral("args%1: %2").arg(QString::number(i + 1), arguments.at(i))));

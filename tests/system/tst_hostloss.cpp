@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QTimer>
 #include <QtTest>
 
 class tst_HostLoss : public QObject
@@ -115,7 +116,8 @@ void tst_HostLoss::endsWhenTheHostIsNoWebSocketServer()
     connect(&server, &QTcpServer::newConnection, this, [&server] {
         QTcpSocket *const link = server.nextPendingConnection();
         link->write("SSH-2.0-something else\r\n\r\n");
-        link->disconnectFromHost();
+        // Not together with it: under Wine the end of the link is then missed at times.
+        QTimer::singleShot(500, link, &QTcpSocket::disconnectFromHost);
     });
 
     PluginProcess process;

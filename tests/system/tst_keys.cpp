@@ -1,9 +1,9 @@
 #include "tests/support/Json.h"
 #include "tests/support/KeyUuids.h"
+#include "tests/support/MachineMemory.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Waits.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QRegularExpression>
 #include <QtTest>
@@ -106,17 +106,6 @@ QJsonObject geometry(const QJsonObject &settings)
     return settings.value(QLatin1String("ActionGeometry")).toObject();
 }
 
-/// One line of the kernel's memory report, in whole megabytes.
-int memoryReport(const char *label)
-{
-    QFile file(QStringLiteral("/proc/meminfo"));
-    if (!file.open(QIODevice::ReadOnly))
-        return -1;
-    const QString text = QString::fromLatin1(file.readAll());
-    const QRegularExpression line(QStringLiteral("\\b%1:\\s+(\\d+) kB").arg(QLatin1String(label)));
-    return static_cast<int>(line.match(text).captured(1).toLongLong() / 1024);
-}
-
 } // namespace
 
 void tst_Keys::initTestCase()
@@ -215,15 +204,15 @@ void tst_Keys::showsThisMachinesMemory()
     const double load = shown.value(keyuuid::memory);
     const double rounded = shown.value(keyuuid::memoryModel);
 
-    const int installed = memoryReport("MemTotal");
+    const MachineMemory machine = machineMemory();
+    const int installed = machine.total;
     QVERIFY(installed > 0);
     QVERIFY2(std::abs(total - installed) <= 2, qPrintable(QString::number(total)));
     // The values of the machine change between the two readings.
     const double drift = 0.1 * installed;
     QVERIFY2(used > 0 && std::abs(used + free - installed) <= drift,
              qPrintable(QString::number(used)));
-    QVERIFY2(std::abs(free - memoryReport("MemAvailable")) <= drift,
-             qPrintable(QString::number(free)));
+    QVERIFY2(std::abs(free - machine.available) <= drift, qPrintable(QString::number(free)));
     QVERIFY2(std::abs(load - 100 * used / total) <= 10, qPrintable(QString::number(load)));
     QVERIFY2(std::abs(totalGB - total / 1024) <= 0.051, qPrintable(QString::number(totalGB)));
     QCOMPARE(rounded, std::floor(total / 1024 + 0.5));

@@ -1,4 +1,6 @@
 #include "sensors/machine/drives.h"
+#include "tests/support/Display.h"
+#include "tests/support/FakeHardwareService.h"
 #include "tests/support/KeyUuids.h"
 
 #include <QColor>
@@ -10,7 +12,6 @@
 #include <QMap>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -35,8 +36,10 @@ private:
     {
         return m_folder->filePath(QString::fromLatin1(name));
     }
-    void run(const QStringList &arguments, const QString &display = {});
+    void run(const QStringList &arguments, const Display *display = nullptr);
 
+    // The plugin waits long for one where the simulator's cannot be found.
+    FakeHardwareService m_service;
     std::unique_ptr<QTemporaryDir> m_folder;
     QProcess m_simulator;
 };
@@ -127,58 +130,22 @@ QMap<QString, QString> titlesIn(const QString &table)
     return titles;
 }
 
-// An X server of its own, which chooses a free display; it does not outlive this object.
-class XServer
-{
-public:
-    XServer()
-    {
-        m_server.start(QStringLiteral("Xvfb"),
-                       {QStringLiteral("-displayfd"), QStringLiteral("1"),
-                        QStringLiteral("-screen"), QStringLiteral("0"),
-                        QStringLiteral("1400x900x24"), QStringLiteral("-nolisten"),
-                        QStringLiteral("tcp")});
-    }
-
-    ~XServer()
-    {
-        m_server.terminate();
-        if (!m_server.waitForFinished(5000)) {
-            m_server.kill();
-            m_server.waitForFinished();
-        }
-    }
-    Q_DISABLE_COPY(XServer)
-
-    // Empty when it does not start.
-    QString display()
-    {
-        while (!m_server.canReadLine()) {
-            if (!m_server.waitForReadyRead(10000))
-                return {};
-        }
-        return QLatin1Char(':') + QString::fromLatin1(m_server.readLine().trimmed());
-    }
-
-private:
-    QProcess m_server;
-};
-
 } // namespace
 
 void tst_Simulator::init()
 {
+    m_service.announceToPrograms();
     m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
 }
 
-void tst_Simulator::run(const QStringList &arguments, const QString &display)
+void tst_Simulator::run(const QStringList &arguments, const Display *display)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         environment.remove(QString::fromLatin1(name));
-    if (!display.isEmpty()) {
-        environment.insert(QStringLiteral("DISPLAY"), display);
+    if (display) {
+        display->addTo(environment);
         // The libraries of the X platform free nothing until the process ends.
         environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
     }
@@ -186,7 +153,7 @@ void tst_Simulator::run(const QStringList &arguments, const QString &display)
     m_simulator.setProcessEnvironment(environment);
     m_simulator.start(QStringLiteral(DECK_SIMULATOR),
                       QStringList{QStringLiteral("--work-dir"), path("work")} + arguments);
-    QVERIFY(m_simulator.waitForFinished(patience));
+    QTRY_VERIFY_WITH_TIMEOUT(m_simulator.state() == QProcess::NotRunning, patience);
     const QByteArray errors = m_simulator.readAllStandardError();
     QCOMPARE(m_simulator.exitStatus(), QProcess::NormalExit);
     QVERIFY2(m_simulator.exitCode() == 0, errors.constData());
@@ -235,12 +202,9 @@ void tst_Simulator::showsEveryKindOfKey()
 
 void tst_Simulator::showsTheWindow()
 {
-    if (QStandardPaths::findExecutable(QStringLiteral("Xvfb")).isEmpty())
-        QSKIP("There is no Xvfb (Debian package xvfb) to open a window on");
-    XServer server;
-    const QString display = server.display();
-    if (display.isEmpty())
-        QSKIP("Xvfb does not start here");
+    const Display display;
+    if (!display.isThere())
+        QSKIP("There is no display to open a window on (Debian package xvfb)");
     QFile file(path("deck.json"));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(profile());
@@ -248,7 +212,7 @@ void tst_Simulator::showsTheWindow()
 
     run({QStringLiteral("--profile"), path("deck.json"), QStringLiteral("--screenshot"),
          path("window.png"), QStringLiteral("--colors=light")},
-        display);
+        &display);
     const QImage window(path("window.png"));
     QVERIFY(window.width() > 600 && window.height() > 400);
     // The keys are the largest dark part of a light window, the readings are white on them.

@@ -4,6 +4,7 @@
 #include "tests/support/Sanitizers.h"
 #include "tests/support/Stranger.h"
 #include "tests/support/Waits.h"
+#include "tests/support/Wine.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -42,8 +43,11 @@ namespace {
 const QString key = QStringLiteral("key");
 const QString title = QStringLiteral("setTitle");
 
-/// A sanitizer's own work is counted as the program's.
-constexpr double allowance = hasHeapOfItsOwn ? 3 : 1;
+/// A sanitizer's own work is counted as the program's, and so is some of Wine's.
+double allowance()
+{
+    return hasHeapOfItsOwn || isUnderWine() ? 3 : 1;
+}
 
 /// After the burst has been used up.
 constexpr int warmUp = 1500;
@@ -200,12 +204,16 @@ void tst_Strangers::takeLittleTogether()
             .arg(logged / 1024)
             .arg(sent / 1024);
     qInfo().noquote() << seen;
-    QVERIFY2(share < 0.1 * allowance, qPrintable(seen));
+    QVERIFY2(share < 0.1 * allowance(), qPrintable(seen));
     const qint64 room = strangers > 20 ? mostMemory : mostMemory / 2;
     QVERIFY2(hasHeapOfItsOwn || memory - memoryBefore < room, qPrintable(seen));
     QVERIFY2(logged < mostLogged, qPrintable(seen));
+    QVERIFY2(isFound, qPrintable(seen));
+    // Wine's server, through which all connections go, has its own share of the delays.
+    if (isUnderWine())
+        return;
     QVERIFY2(titles >= window / 1000 - 1, qPrintable(seen));
-    QVERIFY2(isFound && static_cast<double>(probed) < 1500 * allowance, qPrintable(seen));
+    QVERIFY2(static_cast<double>(probed) < 1500 * allowance(), qPrintable(seen));
 }
 
 void tst_Strangers::areAnsweredWhatTheyAskAtOnce()

@@ -135,10 +135,14 @@ int main(int argc, char *argv[])
     });
     QObject::connect(&link, &QWebSocket::textMessageReceived, &link,
                      [&](const QString &text) { onEvent(link, script, text); });
-    QObject::connect(&link, &QWebSocket::disconnected, &application, [&] {
-        if (script != "stubborn")
-            QCoreApplication::quit();
-    });
+    // Queued behind the messages that came together with the end of the link.
+    QObject::connect(
+        &link, &QWebSocket::disconnected, &application,
+        [&] {
+            if (script != "stubborn")
+                QCoreApplication::quit();
+        },
+        Qt::QueuedConnection);
     if (script != "mute")
         link.open(QUrl(QStringLiteral("ws://127.0.0.1:") +
                        argumentAfter(arguments, QStringLiteral("-port"))));

@@ -441,9 +441,9 @@ void tst_SystemMonitorPlugin::sessionEndStopsTheLibraryAndTheProcess_data()
     QTest::addColumn<int>("status");
     QTest::addColumn<QByteArray>("output");
     QTest::newRow("library") << QString::fromLatin1(endTheSession) << EXIT_SUCCESS
-                             << QByteArray("deinit calls: 1\n");
+                             << QByteArray("deinit calls: 1");
     QTest::newRow("none: the process goes on") << QString::fromLatin1(endTheSessionWithoutALibrary)
-                                               << EXIT_FAILURE << QByteArray("deinit calls: 0\n");
+                                               << EXIT_FAILURE << QByteArray("deinit calls: 0");
 }
 
 void tst_SystemMonitorPlugin::sessionEndStopsTheLibraryAndTheProcess()
@@ -454,8 +454,8 @@ void tst_SystemMonitorPlugin::sessionEndStopsTheLibraryAndTheProcess()
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitStatus(), QProcess::NormalExit);
     QTEST(process.exitCode(), "status");
-    QTEST(process.readAllStandardOutput(), "output");
-    QVERIFY(process.readAllStandardError().contains("\"Commit data request.\"\n"));
+    QTEST(process.readAllStandardOutput().trimmed(), "output");
+    QVERIFY(process.readAllStandardError().contains("\"Commit data request.\""));
 }
 
 int main(int argc, char **argv)

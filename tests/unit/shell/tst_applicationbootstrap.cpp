@@ -12,7 +12,7 @@
 
 #include <vector>
 
-/// The guard is tested with copies of a system program that have this test's own name.
+/// The guard is tested with copies of an idle program that have this test's own name.
 class tst_ApplicationBootstrap : public QObject
 {
     Q_OBJECT
@@ -40,9 +40,9 @@ public:
     explicit SleepingProgram(const QString &name)
     {
         const QString path = m_folder.filePath(name);
-        if (!QFile::copy(QStringLiteral("/bin/sleep"), path))
+        if (!QFile::copy(QStringLiteral(IDLE_EXECUTABLE), path))
             qFatal("No program to play with");
-        m_process.start(path, {QStringLiteral("60")});
+        m_process.start(path, QStringList());
         m_process.waitForStarted();
         m_id = m_process.processId();
     }

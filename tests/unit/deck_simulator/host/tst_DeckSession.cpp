@@ -1,5 +1,7 @@
 #include "deck_simulator/host/DeckSession.h"
 
+#include <QDir>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -54,6 +56,12 @@ QString makeFile(const QTemporaryDir &folder, const char *name, const QByteArray
     file.open(QIODevice::WriteOnly);
     file.write(text);
     return file.fileName();
+}
+
+/// On Windows it may be in use for a moment longer than the process that worked in it.
+bool removeFolder(const QString &path)
+{
+    return QTest::qWaitFor([&path] { return QDir(path).removeRecursively(); });
 }
 
 } // namespace
@@ -194,7 +202,8 @@ void tst_DeckSession::failsWithoutAPlugin()
     QSignalSpy ended(&session, &DeckSession::ended);
     session.start();
     QTRY_COMPARE(ended.count(), 1);
-    QVERIFY2(session.failure().contains(QLatin1String("/no/such/plugin cannot be started")),
+    QVERIFY2(session.failure().contains(QDir::toNativeSeparators(m_settings.program) +
+                                        QStringLiteral(" cannot be started")),
              qPrintable(session.failure()));
 }
 
@@ -225,11 +234,11 @@ void tst_DeckSession::reportsAPluginThatEndsAtOnce()
                  qPrintable(failure));
         QVERIFY(failure.contains(QStringLiteral("this plugin \uFFFD[31mrefuses")));
         workFolder = session.workFolder();
-        QVERIFY(failure.contains(workFolder));
+        QVERIFY(failure.contains(QDir::toNativeSeparators(workFolder)));
     }
     // The folder named by the message still exists.
     QVERIFY(QFile::exists(workFolder));
-    QVERIFY(QDir(workFolder).removeRecursively());
+    QVERIFY(removeFolder(workFolder));
 }
 
 void tst_DeckSession::reportsAWrongRegistration()
@@ -243,7 +252,7 @@ void tst_DeckSession::reportsAWrongRegistration()
     QCOMPARE(notices.count(), 1);
     QVERIFY(notices.at(0).at(0).toString().contains(QLatin1String("somebody else")));
     QVERIFY(session.failure().contains(QLatin1String("exit status 0 before it registered")));
-    QVERIFY(QDir(session.workFolder()).removeRecursively());
+    QVERIFY(removeFolder(session.workFolder()));
 }
 
 void tst_DeckSession::reportsAPluginThatNeverRegisters()
@@ -258,7 +267,7 @@ void tst_DeckSession::reportsAPluginThatNeverRegisters()
     QVERIFY2(
         session.failure().startsWith(QLatin1String("The plugin did not register within 0.2 s")),
         qPrintable(session.failure()));
-    QVERIFY(QDir(session.workFolder()).removeRecursively());
+    QVERIFY(removeFolder(session.workFolder()));
 }
 
 void tst_DeckSession::reportsAPluginThatDies()
@@ -268,10 +277,11 @@ void tst_DeckSession::reportsAPluginThatDies()
     QSignalSpy ended(&session, &DeckSession::ended);
     session.start();
     QTRY_COMPARE(ended.count(), 1);
-    QVERIFY2(session.failure().startsWith(
-                 QLatin1String("The plugin ended with signal 6 (Aborted) while its keys")),
-             qPrintable(session.failure()));
-    QVERIFY(QDir(session.workFolder()).removeRecursively());
+    // As each platform tells of abort().
+    static const QRegularExpression aborted(QStringLiteral(
+        "\\AThe plugin ended with (signal 6 \\(Aborted\\)|exit status 3) while its keys"));
+    QVERIFY2(aborted.match(session.failure()).hasMatch(), qPrintable(session.failure()));
+    QVERIFY(removeFolder(session.workFolder()));
 }
 
 void tst_DeckSession::reportsAPluginThatLeaves()
@@ -284,7 +294,7 @@ void tst_DeckSession::reportsAPluginThatLeaves()
     QVERIFY2(session.failure().startsWith(
                  QLatin1String("The plugin ended with exit status 0 while its keys")),
              qPrintable(session.failure()));
-    QVERIFY(QDir(session.workFolder()).removeRecursively());
+    QVERIFY(removeFolder(session.workFolder()));
 }
 
 void tst_DeckSession::terminatesAPluginThatStays()
@@ -300,7 +310,7 @@ void tst_DeckSession::terminatesAPluginThatStays()
     QTRY_COMPARE(ended.count(), 1);
     QVERIFY2(session.failure().contains(QLatin1String("did not end within 0.1 s")),
              qPrintable(session.failure()));
-    QVERIFY(QDir(session.workFolder()).removeRecursively());
+    QVERIFY(removeFolder(session.workFolder()));
 }
 
 void tst_DeckSession::doesNotWaitWhenToldTwice()
@@ -315,7 +325,7 @@ void tst_DeckSession::doesNotWaitWhenToldTwice()
     session.end();
     session.end();
     QTRY_COMPARE(ended.count(), 1);
-    QVERIFY(QDir(session.workFolder()).removeRecursively());
+    QVERIFY(removeFolder(session.workFolder()));
 }
 
 void tst_DeckSession::endsBeforeTheRegistration()

@@ -15,7 +15,7 @@
 #include <vector>
 
 /// The readings of the machine that the plugin runs on, compared with those of the kernel.
-class tst_LiveReadings : public QObject
+class tst_LiveReadings_linux : public QObject
 {
     Q_OBJECT
 
@@ -105,7 +105,7 @@ bool writeCounter(const QString &path, qint64 value)
 } // namespace
 
 /// Replaces the machine's adapters by one with constant traffic.
-void tst_LiveReadings::initTestCase()
+void tst_LiveReadings_linux::initTestCase()
 {
     m_folder = std::make_unique<MountFolder>();
     if (!m_folder->run(QStringLiteral("mkdir -p net/eth0/device net/eth0/statistics && "
@@ -129,7 +129,7 @@ void tst_LiveReadings::initTestCase()
     QVERIFY(m_panel->open());
 }
 
-void tst_LiveReadings::cleanupTestCase()
+void tst_LiveReadings_linux::cleanupTestCase()
 {
     if (!m_plugin)
         return;
@@ -141,7 +141,7 @@ void tst_LiveReadings::cleanupTestCase()
 }
 
 /// Waits until the plugin has just taken new readings.
-bool tst_LiveReadings::waitForPass() const
+bool tst_LiveReadings_linux::waitForPass() const
 {
     const auto passes = [this] {
         return m_plugin->process.timesLogged(QStringLiteral("updateImages"));
@@ -150,14 +150,14 @@ bool tst_LiveReadings::waitForPass() const
     return QTest::qWaitFor([&] { return passes() > before; }, patience);
 }
 
-void tst_LiveReadings::cpuUsageAgreesWithTheKernel_data()
+void tst_LiveReadings_linux::cpuUsageAgreesWithTheKernel_data()
 {
     QTest::addColumn<bool>("loaded");
     QTest::newRow("as it is") << false;
     QTest::newRow("busy") << true;
 }
 
-void tst_LiveReadings::cpuUsageAgreesWithTheKernel()
+void tst_LiveReadings_linux::cpuUsageAgreesWithTheKernel()
 {
     QFETCH(bool, loaded);
     const auto load = loaded ? std::make_unique<Load>() : nullptr;
@@ -180,7 +180,7 @@ void tst_LiveReadings::cpuUsageAgreesWithTheKernel()
     QVERIFY2(!loaded || told >= 60, qPrintable(QString::number(told)));
 }
 
-void tst_LiveReadings::networkRatesAgreeWithTheCounters_data()
+void tst_LiveReadings_linux::networkRatesAgreeWithTheCounters_data()
 {
     QTest::addColumn<QString>("request");
     QTest::addColumn<double>("rate");
@@ -191,7 +191,7 @@ void tst_LiveReadings::networkRatesAgreeWithTheCounters_data()
                         << QStringLiteral("MB/s");
 }
 
-void tst_LiveReadings::networkRatesAgreeWithTheCounters()
+void tst_LiveReadings_linux::networkRatesAgreeWithTheCounters()
 {
     QFETCH(QString, request);
     QFETCH(double, rate);
@@ -204,5 +204,5 @@ void tst_LiveReadings::networkRatesAgreeWithTheCounters()
     QTRY_PATIENTLY(agrees());
 }
 
-QTEST_GUILESS_MAIN(tst_LiveReadings)
-#include "tst_livereadings.moc"
+QTEST_GUILESS_MAIN(tst_LiveReadings_linux)
+#include "tst_livereadings_linux.moc"

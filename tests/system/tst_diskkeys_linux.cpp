@@ -14,7 +14,7 @@
 #include <memory>
 
 /// Disk keys with real drives that are mounted, fill up and are unmounted.
-class tst_Drives : public QObject
+class tst_DiskKeys_linux : public QObject
 {
     Q_OBJECT
 
@@ -67,7 +67,7 @@ QString spaceOf(const QString &root)
 
 } // namespace
 
-void tst_Drives::initTestCase()
+void tst_DiskKeys_linux::initTestCase()
 {
     m_folder = std::make_unique<MountFolder>();
     if (!m_folder->mountExt4(QStringLiteral("small"), QStringLiteral("Small one"),
@@ -89,7 +89,7 @@ void tst_Drives::initTestCase()
     QVERIFY(m_host->waitForMessages(QStringLiteral("setSettings"), key, 1));
 }
 
-void tst_Drives::cleanupTestCase()
+void tst_DiskKeys_linux::cleanupTestCase()
 {
     if (!m_plugin)
         return;
@@ -100,7 +100,7 @@ void tst_Drives::cleanupTestCase()
 }
 
 /// Sends the settings and waits for the reply.
-void tst_Drives::change(const QJsonObject &parameters)
+void tst_DiskKeys_linux::change(const QJsonObject &parameters)
 {
     QJsonObject all = parameters;
     all.insert(QStringLiteral("showTitle"), false);
@@ -109,7 +109,7 @@ void tst_Drives::change(const QJsonObject &parameters)
     QVERIFY(m_host->waitForMessages(QStringLiteral("setSettings"), key, replies + 1));
 }
 
-int tst_Drives::indexOf(const QString &drive)
+int tst_DiskKeys_linux::indexOf(const QString &drive)
 {
     return m_host->settings(key)
         .constLast()
@@ -120,7 +120,7 @@ int tst_Drives::indexOf(const QString &drive)
 }
 
 /// The data server's reply on a drive; empty when it does not know it.
-QJsonObject tst_Drives::drive(const QString &root)
+QJsonObject tst_DiskKeys_linux::drive(const QString &root)
 {
     const QJsonArray drives = json(m_panel->ask(QStringLiteral("drives")).toUtf8())
                                   .value(QStringLiteral("info"))
@@ -132,12 +132,12 @@ QJsonObject tst_Drives::drive(const QString &root)
     return {};
 }
 
-QString tst_Drives::nextTitle() const
+QString tst_DiskKeys_linux::nextTitle() const
 {
     return m_host->waitForUpdate(key) ? m_host->titles(key).constLast() : QString();
 }
 
-void tst_Drives::listsTheDrives()
+void tst_DiskKeys_linux::listsTheDrives()
 {
     const QJsonObject reply = m_host->settings(key).constLast();
     const int index = indexOf(m_small);
@@ -151,7 +151,7 @@ void tst_Drives::listsTheDrives()
          QStringLiteral("currentOperator->diskMode;: Single_Disk")}));
 }
 
-void tst_Drives::showsTheChosenDrive()
+void tst_DiskKeys_linux::showsTheChosenDrive()
 {
     QStringList pictures;
     for (const QString &root : {m_large, m_small}) {
@@ -173,7 +173,7 @@ void tst_Drives::showsTheChosenDrive()
     QCOMPARE(nextTitle(), spaceOf(m_small));
 }
 
-void tst_Drives::showsAllDrives()
+void tst_DiskKeys_linux::showsAllDrives()
 {
     change({{QStringLiteral("diskMode"), QStringLiteral("Total_Disks")},
             {QStringLiteral("showVolumeName"), true}});
@@ -193,7 +193,7 @@ void tst_Drives::showsAllDrives()
                         .arg(freeGB));
 }
 
-void tst_Drives::loopsOverTheDrives()
+void tst_DiskKeys_linux::loopsOverTheDrives()
 {
     const int drives =
         m_host->settings(key).constLast().value(QStringLiteral("DriveNames")).toArray().size();
@@ -220,7 +220,7 @@ void tst_Drives::loopsOverTheDrives()
     QVERIFY(qAbs(m_host->images(key).size() - m_host->titles(key).size()) <= 1);
 }
 
-void tst_Drives::loopsAtMostOnceASecond_data()
+void tst_DiskKeys_linux::loopsAtMostOnceASecond_data()
 {
     QTest::addColumn<int>("seconds");
     QTest::newRow("none") << 0;
@@ -229,7 +229,7 @@ void tst_Drives::loopsAtMostOnceASecond_data()
     QTest::newRow("largest") << std::numeric_limits<int>::max();
 }
 
-void tst_Drives::loopsAtMostOnceASecond()
+void tst_DiskKeys_linux::loopsAtMostOnceASecond()
 {
     QFETCH(int, seconds);
     change({{QStringLiteral("diskMode"), QStringLiteral("Disk_Loop")},
@@ -243,7 +243,7 @@ void tst_Drives::loopsAtMostOnceASecond()
     QVERIFY(!m_panel->ask(QStringLiteral("Cpu Usage")).isEmpty());
 }
 
-void tst_Drives::showsNothingPastTheLastDrive()
+void tst_DiskKeys_linux::showsNothingPastTheLastDrive()
 {
     change({{QStringLiteral("volumeNameItem"), QStringLiteral("1000")},
             {QStringLiteral("showVolumeName"), false}});
@@ -262,7 +262,7 @@ void tst_Drives::showsNothingPastTheLastDrive()
              qPrintable(m_host->titles(key).constLast()));
 }
 
-void tst_Drives::agreesWithDf()
+void tst_DiskKeys_linux::agreesWithDf()
 {
     QProcess df;
     df.start(QStringLiteral("df"),
@@ -282,7 +282,7 @@ void tst_Drives::agreesWithDf()
              static_cast<int>(available * 100 / figures.at(1).toLongLong()));
 }
 
-void tst_Drives::forgetsADriveThatVanishes()
+void tst_DiskKeys_linux::forgetsADriveThatVanishes()
 {
     change({{QStringLiteral("diskMode"), QStringLiteral("Disk_Loop")},
             {QStringLiteral("switchFrequency"), 1},
@@ -296,5 +296,5 @@ void tst_Drives::forgetsADriveThatVanishes()
     QVERIFY(!drive(m_large).isEmpty());
 }
 
-QTEST_GUILESS_MAIN(tst_Drives)
-#include "tst_drives.moc"
+QTEST_GUILESS_MAIN(tst_DiskKeys_linux)
+#include "tst_diskkeys_linux.moc"

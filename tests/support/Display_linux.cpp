@@ -1,0 +1,45 @@
+#include "tests/support/Display.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+
+struct Display::Server
+{
+    QProcess process;
+    QString name;
+};
+
+Display::Display()
+    : m_server(std::make_unique<Server>())
+{
+    QProcess &server = m_server->process;
+    server.start(QStringLiteral("Xvfb"),
+                 {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                  QStringLiteral("0"), QStringLiteral("1400x900x24"), QStringLiteral("-nolisten"),
+                  QStringLiteral("tcp")});
+    constexpr int patience = 10000;
+    while (!server.canReadLine() && server.waitForReadyRead(patience)) {
+    }
+    if (server.canReadLine())
+        m_server->name = QLatin1Char(':') + QString::fromLatin1(server.readLine().trimmed());
+}
+
+Display::~Display()
+{
+    QProcess &server = m_server->process;
+    server.terminate();
+    if (!server.waitForFinished(5000)) {
+        server.kill();
+        server.waitForFinished();
+    }
+}
+
+bool Display::isThere() const
+{
+    return !m_server->name.isEmpty();
+}
+
+void Display::addTo(QProcessEnvironment &environment) const
+{
+    environment.insert(QStringLiteral("DISPLAY"), m_server->name);
+}

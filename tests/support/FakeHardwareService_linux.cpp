@@ -1,0 +1,3 @@
+#include "tests/support/FakeHardwareService.h"
+
+void FakeHardwareService::announceToPrograms() {}

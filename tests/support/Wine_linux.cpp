@@ -1,0 +1,6 @@
+#include "tests/support/Wine.h"
+
+bool isUnderWine()
+{
+    return false;
+}
