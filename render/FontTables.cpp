@@ -23,7 +23,8 @@ public:
     File(const uchar *begin, qint64 size)
         : m_begin(begin)
         , m_size(size)
-    {}
+    {
+    }
 
     bool has(qint64 at, qint64 bytes) const { return at <= m_size && bytes <= m_size - at; }
 

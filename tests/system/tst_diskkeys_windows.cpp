@@ -104,9 +104,8 @@ void tst_DiskKeys_windows::listsFixedDrivesOnly()
     QCOMPARE(listed, m_roots);
     DataServerClient panel;
     QVERIFY(panel.open());
-    const QJsonArray drives = json(panel.ask(QStringLiteral("drives")).toUtf8())
-                                  .value(QStringLiteral("info"))
-                                  .toArray();
+    const QJsonArray drives =
+        json(panel.ask(QStringLiteral("drives")).toUtf8()).value(QStringLiteral("info")).toArray();
     QCOMPARE(drives.size(), m_roots.size());
 }
 

@@ -212,8 +212,7 @@ void tst_Keys::showsThisMachinesMemory()
     const double drift = 0.1 * installed;
     QVERIFY2(used > 0 && std::abs(used + free - installed) <= drift,
              qPrintable(QString::number(used)));
-    QVERIFY2(std::abs(free - machine.available) <= drift,
-             qPrintable(QString::number(free)));
+    QVERIFY2(std::abs(free - machine.available) <= drift, qPrintable(QString::number(free)));
     QVERIFY2(std::abs(load - 100 * used / total) <= 10, qPrintable(QString::number(load)));
     QVERIFY2(std::abs(totalGB - total / 1024) <= 0.051, qPrintable(QString::number(totalGB)));
     QCOMPARE(rounded, std::floor(total / 1024 + 0.5));
