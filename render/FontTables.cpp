@@ -23,7 +23,8 @@ public:
     File(const uchar *begin, qint64 size)
         : m_begin(begin)
         , m_size(size)
-    {}
+    {
+    }
 
     bool has(qint64 at, qint64 bytes) const { return at <= m_size && bytes <= m_size - at; }
 
@@ -73,16 +74,16 @@ bool fontIsWithin(const File &file, qint64 font)
 
 } // namespace
 
-bool areWithin(const uchar *bytes, qint64 size)
+bool areWithin(const uchar *file, qint64 size)
 {
-    const File file(bytes, size);
-    if (file.longWord(0) != collectionTag)
-        return fontIsWithin(file, 0);
-    const qint64 fonts = file.longWord(8);
-    if (fonts > mostFonts || !file.has(collectionHead, fonts * 4))
+    const File content(file, size);
+    if (content.longWord(0) != collectionTag)
+        return fontIsWithin(content, 0);
+    const qint64 fonts = content.longWord(8);
+    if (fonts > mostFonts || !content.has(collectionHead, fonts * 4))
         return false;
     for (qint64 font = 0; font < fonts; ++font) {
-        if (!fontIsWithin(file, file.longWord(collectionHead + font * 4)))
+        if (!fontIsWithin(content, content.longWord(collectionHead + font * 4)))
             return false;
     }
     return true;

@@ -44,7 +44,7 @@ ActionPalette::ActionPalette(QWidget *parent)
     m_view->setUniformRowHeights(true);
     m_view->setAccessibleName(tr("Actions"));
     m_view->expandAll();
-    m_view->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * fewestLetters);
+    m_view->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * fewestLetters);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_search);

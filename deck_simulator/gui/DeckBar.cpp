@@ -37,7 +37,7 @@ DeckBar::DeckBar(DeckModel *model, QWidget *parent)
     layout->addWidget(m_columns);
     layout->addWidget(new QLabel(QStringLiteral("×")));
     layout->addWidget(m_rows);
-    layout->addSpacing(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 2);
+    layout->addSpacing(fontMetrics().horizontalAdvance(QLatin1Char('0')) * 2);
     layout->addWidget(new QLabel(tr("Dials")));
     layout->addWidget(m_dials);
     layout->addStretch();

@@ -15,7 +15,7 @@ DeckStatusBar::DeckStatusBar(QWidget *parent)
     , m_bytes(new QLabel)
 {
     for (QLabel *label : {m_link, m_plugin, m_frames, m_bytes}) {
-        label->setIndent(2 * fontMetrics().horizontalAdvance(QLatin1Char('x')));
+        label->setIndent(2 * fontMetrics().horizontalAdvance(QLatin1Char('0')));
         addPermanentWidget(label);
     }
 }

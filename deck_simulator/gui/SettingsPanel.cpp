@@ -70,7 +70,7 @@ SettingsPanel::SettingsPanel(QWidget *parent)
     layout->addWidget(m_preview);
     layout->addWidget(m_empty, 1);
     layout->addWidget(m_scroll, 1);
-    setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * fewestLetters);
+    setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * fewestLetters);
     connect(m_form, &SettingsForm::edited, this,
             [this](const EntrySettings &settings) { Q_EMIT edited(m_context, settings); });
     setEntry(nullptr);
@@ -78,7 +78,7 @@ SettingsPanel::SettingsPanel(QWidget *parent)
 
 QSize SettingsPanel::sizeHint() const
 {
-    const int width = fontMetrics().horizontalAdvance(QLatin1Char('x')) * usualLetters;
+    const int width = fontMetrics().horizontalAdvance(QLatin1Char('0')) * usualLetters;
     return QWidget::sizeHint().expandedTo({width, 0});
 }
 

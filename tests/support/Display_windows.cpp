@@ -3,7 +3,8 @@
 #include <windows.h>
 
 struct Display::Server
-{};
+{
+};
 
 Display::Display() = default;
 Display::~Display() = default;

@@ -15,8 +15,8 @@ int openDescriptors(qint64 process);
 /// Its memory at present, in bytes; -1 when it cannot be looked at.
 qint64 residentMemory(qint64 process);
 
-/// The processor time that it has taken so far, in milliseconds, to a hundredth of a second; -1 when
-/// it cannot be looked at.
+/// The processor time that it has taken so far, in milliseconds, to a hundredth of a second; -1
+/// when it cannot be looked at.
 qint64 processorTime(qint64 process);
 
 /// The framework's platforms that it has loaded, such as "offscreen".

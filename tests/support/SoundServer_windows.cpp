@@ -5,7 +5,8 @@ SoundServer::~SoundServer() = default;
 
 bool SoundServer::start()
 {
-    m_reason = QStringLiteral("programs for Windows cannot start the host's; tst_audio_windows has one");
+    m_reason =
+        QStringLiteral("programs for Windows cannot start the host's; tst_audio_windows has one");
     return false;
 }
 

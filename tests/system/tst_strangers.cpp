@@ -43,10 +43,10 @@ namespace {
 const QString key = QStringLiteral("key");
 const QString title = QStringLiteral("setTitle");
 
-/// A sanitizer's own work is counted as the program's, and so is some of Wine's.
+/// A sanitizer's own work is counted as the program's.
 double allowance()
 {
-    return hasHeapOfItsOwn || isUnderWine() ? 3 : 1;
+    return hasHeapOfItsOwn ? 3 : 1;
 }
 
 /// After the burst has been used up.
@@ -204,14 +204,14 @@ void tst_Strangers::takeLittleTogether()
             .arg(logged / 1024)
             .arg(sent / 1024);
     qInfo().noquote() << seen;
-    QVERIFY2(share < 0.1 * allowance(), qPrintable(seen));
     const qint64 room = strangers > 20 ? mostMemory : mostMemory / 2;
     QVERIFY2(hasHeapOfItsOwn || memory - memoryBefore < room, qPrintable(seen));
     QVERIFY2(logged < mostLogged, qPrintable(seen));
     QVERIFY2(isFound, qPrintable(seen));
-    // Wine's server, through which all connections go, has its own share of the delays.
+    // Wine's server, through which all connections go, has its own share of time and delays.
     if (isUnderWine())
         return;
+    QVERIFY2(share < 0.1 * allowance(), qPrintable(seen));
     QVERIFY2(titles >= window / 1000 - 1, qPrintable(seen));
     QVERIFY2(static_cast<double>(probed) < 1500 * allowance(), qPrintable(seen));
 }

@@ -337,7 +337,7 @@ void tst_DeckSimulator::changesTheMachineInAScript()
     run("panel",
         {QStringLiteral("--deck=empty"), QStringLiteral("--script"), path("script.jsonl")});
     QCOMPARE(m_process.exitCode(), 1);
-    QVERIFY(errors().contains(QLatin1String("missing.json cannot be used")));
+    QVERIFY2(errors().contains(QLatin1String("missing.json cannot be used")), qPrintable(errors()));
 }
 
 void tst_DeckSimulator::movesAKeyOntoAnother()

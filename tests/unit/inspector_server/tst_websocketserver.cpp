@@ -8,6 +8,7 @@
 #include "tests/support/MessageCapture.h"
 #include "tests/support/RawPanel.h"
 #include "tests/support/SampleSnapshot.h"
+#include "tests/support/Wine.h"
 
 #include <QElapsedTimer>
 #include <QJsonArray>
@@ -524,7 +525,14 @@ void tst_WebSocketServer::dropsAClientThatReadsNoPongs()
     QTRY_VERIFY(deaf.isServed());
     const QByteArray burst = pings(8000);
     qint64 sent = 0;
-    QTRY_VERIFY_WITH_TIMEOUT((deaf.send(burst), sent += burst.size(), dropped() > 0), 90000);
+    // No more than the server takes.
+    const auto sendOn = [&] {
+        if (deaf.unsent() > burst.size())
+            return;
+        deaf.send(burst);
+        sent += burst.size();
+    };
+    QTRY_VERIFY_WITH_TIMEOUT((sendOn(), dropped() > 0), 90000);
     QVERIFY2(sent < 200 * 1024 * 1024, qPrintable(QString::number(sent)));
     QCOMPARE(
         MessageCapture::count(QStringLiteral("Connection disconnected. Remaining connections: 0")),
@@ -534,10 +542,10 @@ void tst_WebSocketServer::dropsAClientThatReadsNoPongs()
 void tst_WebSocketServer::boundsWhatClientsLeaveUnreadTogether()
 {
     constexpr int clients = 12;
+    // Wine does not limit what the system buffers, some 4 MB of each answer.
+    const int answer = (isUnderWine() ? 8 : 2) * 1024 * 1024;
     // Too little to drop one of them for its own answer.
-    constexpr int answer = 2 * 1024 * 1024;
-    static_assert(answer < WebSocketServer::mostHeld &&
-                  clients * answer > WebSocketServer::mostHeld);
+    QVERIFY(answer < WebSocketServer::mostHeld && clients * answer > WebSocketServer::mostHeld);
     InMemoryLibrary::allSensors = sensorsOfSize(answer);
     Panel other(m_server->port());
     QTRY_VERIFY(other.isConnected());

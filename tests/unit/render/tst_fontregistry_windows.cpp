@@ -69,8 +69,9 @@ void tst_FontRegistry_windows::listsTheStyleOfAFile()
     QCOMPARE(listedStyles(), QStringList{QStringLiteral("Bold")});
 }
 
-/// Of a family that is installed, the system names all styles that it can show, and not those of this
-/// file alone; the plugin lists them all. Some versions make up slanted ones where no file has them.
+/// Of a family that is installed, the system names all styles that it can show, and not those of
+/// this file alone; the plugin lists them all. Some versions make up slanted ones where no file has
+/// them.
 void tst_FontRegistry_windows::listsAllStylesOfAnInstalledFamily()
 {
     const QString file = testfonts::find(QStringLiteral("DejaVuSans.ttf"));
@@ -102,8 +103,7 @@ void tst_FontRegistry_windows::refusesBrokenFiles_data()
 void tst_FontRegistry_windows::refusesBrokenFiles()
 {
     QFETCH(QByteArray, content);
-    const QString path =
-        m_folder.filePath(QStringLiteral("%1.ttf").arg(content.size()));
+    const QString path = m_folder.filePath(QStringLiteral("%1.ttf").arg(content.size()));
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(content);

@@ -26,9 +26,9 @@ bool areWithin(const QByteArray &file)
 /// A font of one table, "name", with one name of three letters; in a collection or by itself.
 QByteArray smallFont(bool inCollection = false)
 {
-    const QByteArray collection =
-        QByteArray("ttcf") + QByteArray::fromHex("00010000") + QByteArray::fromHex("00000001"
-                                                                                  "00000010");
+    const QByteArray collection = QByteArray("ttcf") + QByteArray::fromHex("00010000") +
+                                  QByteArray::fromHex("00000001"
+                                                      "00000010");
     const char *const at = inCollection ? "0000002c" : "0000001c";
     return (inCollection ? collection : QByteArray()) +
            QByteArray::fromHex("00010000"

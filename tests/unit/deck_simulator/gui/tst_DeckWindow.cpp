@@ -487,8 +487,7 @@ void tst_DeckWindow::givesUpAScreenshotWithoutAPlugin()
                              std::chrono::milliseconds(0));
     m_window->start();
     QTRY_VERIFY(!m_window->isVisible());
-    QVERIFY(
-        m_window->failure().contains(QDir::toNativeSeparators(m_settings.session.program)));
+    QVERIFY(m_window->failure().contains(QDir::toNativeSeparators(m_settings.session.program)));
 }
 
 void tst_DeckWindow::tellsWhenAScreenshotCannotBeWritten()
