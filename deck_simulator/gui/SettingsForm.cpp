@@ -230,7 +230,8 @@ void SettingsForm::showLists()
     fillOrNone(m_fan, m_lists.fans, m_settings.selectCpuFan);
     fillOrNone(m_physicalDisk, m_lists.disks, m_settings.selectPhysicalDisk);
     fillOrNone(m_audioDevice, m_lists.audioDevices, m_settings.audioDevice);
-    m_pump->setText(m_lists.pump.isEmpty() ? tr("no reading") : m_lists.pump);
+    const bool hasPump = !m_lists.pump.isEmpty() && m_lists.pump != QLatin1String("nodata");
+    m_pump->setText(hasPump ? m_lists.pump : tr("no reading"));
     m_sensor->setCurrent(m_settings.selectValue);
 }
 

@@ -1,6 +1,7 @@
 // A plugin that does what the environment variable SCRIPT says:
 //   draw       registers, answers each willAppear with settings, a title and a picture, and ends
 //              with status 0 when its link closes
+//   bare       as draw, with the title of a reading that the machine does not have
 //   half       as draw, but draws on the first key only
 //   impostor   registers with a wrong uuid
 //   mute       never connects
@@ -55,6 +56,7 @@ void sendForKey(QWebSocket &link, const QString &event, const QString &context,
 
 void drawKey(QWebSocket &link, const QJsonObject &appearance)
 {
+    const bool bare = qgetenv("SCRIPT") == "bare";
     const QString context = appearance.value(QLatin1String("context")).toString();
     QJsonObject settings = appearance.value(QLatin1String("payload"))
                                .toObject()
@@ -64,8 +66,9 @@ void drawKey(QWebSocket &link, const QJsonObject &appearance)
         settings.value(QLatin1String("display")).toObject().contains(QLatin1String("style"));
     settings.insert(QStringLiteral("seen"), true);
     sendForKey(link, QStringLiteral("setSettings"), context, settings);
-    sendForKey(link, QStringLiteral("setTitle"), context,
-               {{QStringLiteral("title"), QStringLiteral("drawn")}});
+    sendForKey(
+        link, QStringLiteral("setTitle"), context,
+        {{QStringLiteral("title"), bare ? QStringLiteral("nodata") : QStringLiteral("drawn")}});
     sendForKey(link, QStringLiteral("setImage"), context,
                {{QStringLiteral("image"), picture(gauge)}});
 }

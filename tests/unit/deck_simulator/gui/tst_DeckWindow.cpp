@@ -62,6 +62,7 @@ private Q_SLOTS:
     void startsAgainWithARecording();
     void resizesTheDeck();
     void showsPreviews();
+    void tellsOfMissingFans();
     void tellsWhenThePluginCannotStart();
     void endsThePluginWhenItIsClosed();
     void takesAScreenshot();
@@ -429,6 +430,17 @@ void tst_DeckWindow::showsPreviews()
     QTRY_COMPARE(m_window->panel()->preview(), QStringLiteral("Now: 37%"));
     m_window->runner()->stop();
     QTRY_COMPARE(m_window->panel()->preview(), QString());
+}
+
+void tst_DeckWindow::tellsOfMissingFans()
+{
+    open("bare");
+    m_window->grid()->setCurrent({7, 3});
+    Q_EMIT m_window->actionList()->actionChosen(keyuuid::cpuFan);
+    QTRY_VERIFY(m_window->panel()->preview().startsWith(
+        QLatin1String("Now: not available on this machine")));
+    m_window->grid()->setCurrent({0, 0});
+    QCOMPARE(m_window->panel()->preview(), QString());
 }
 
 void tst_DeckWindow::tellsWhenThePluginCannotStart()
