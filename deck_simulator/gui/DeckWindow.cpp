@@ -10,6 +10,7 @@
 #include "deck_simulator/gui/PluginBar.h"
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
+#include "deck_simulator/host/DeckStatus.h"
 
 #include <QCloseEvent>
 #include <QDir>
@@ -147,6 +148,7 @@ void DeckWindow::connectRunner()
 {
     connect(&m_runner, &DeckRunner::stateChanged, this, &DeckWindow::onStateChanged);
     connect(&m_runner, &DeckRunner::keyChanged, this, &DeckWindow::showKey);
+    connect(&m_runner, &DeckRunner::stalledChanged, this, &DeckWindow::onStalled);
     connect(&m_runner, &DeckRunner::notice, this, [this](const QString &text) {
         showNotice(text);
         m_tellsOfRun = true;
@@ -234,6 +236,19 @@ void DeckWindow::onStateChanged()
     m_log.finish();
     if (m_closing)
         close();
+}
+
+void DeckWindow::onStalled(bool stalled)
+{
+    m_grid->setDimmed(stalled);
+    if (m_messages->message() == stallText(true))
+        m_messages->clear();
+    if (!m_runner.isLinked())
+        return;
+    m_log.tell(stallText(stalled));
+    if (stalled)
+        m_messages->showMessage(stallText(stalled));
+    m_tellsOfRun = true;
 }
 
 void DeckWindow::showKey(const QString &context)

@@ -75,6 +75,7 @@ private:
     void connectGrid();
     void connectRunner();
     void onStateChanged();
+    void onStalled(bool stalled);
     void showKey(const QString &context);
     void putOnCurrent(const QString &action);
     void focusDeck();

@@ -1,6 +1,7 @@
 #include "deck_simulator/terminal/HeadlessRun.h"
 
 #include "deck_simulator/deck/ContactSheet.h"
+#include "deck_simulator/host/DeckStatus.h"
 #include "deck_simulator/script/ScriptPlayer.h"
 #include "deck_simulator/terminal/DeckReport.h"
 
@@ -39,6 +40,11 @@ HeadlessRun::HeadlessRun(const SimulatorOptions &options, DeckSession *session, 
     connect(m_session, &DeckSession::keysAppeared, this, &HeadlessRun::onKeysAppeared);
     connect(m_session, &DeckSession::ended, this, &HeadlessRun::onEnded);
     connect(m_session, &DeckSession::notice, this, &HeadlessRun::report);
+    connect(m_session, &DeckSession::stalledChanged, this, [this](bool stalled) {
+        // A link that is gone says nothing of the plugin.
+        if (m_session->host().isRegistered())
+            report(stallText(stalled));
+    });
     connect(&m_tableTimer, &QTimer::timeout, this, &HeadlessRun::showTable);
     connect(&m_meterTimer, &QTimer::timeout, this, &HeadlessRun::measure);
     m_endTimer.setSingleShot(true);

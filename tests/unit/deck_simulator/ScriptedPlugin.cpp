@@ -5,6 +5,9 @@
 //   half       as draw, but draws on the first key only
 //   impostor   registers with a wrong uuid
 //   mute       never connects
+//   freeze     as panel, but when a key is pressed it stands still until there is a file "go" in
+//   its
+//              working folder
 //   refuse     writes to standard error and ends with status 3 at once
 //   die        as draw, but kills itself once it has drawn
 //   leave      as draw, but closes its link after the first key
@@ -21,6 +24,7 @@
 #include <QImage>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QThread>
 #include <QTimer>
 #include <QUrl>
 #include <QWebSocket>
@@ -85,12 +89,16 @@ void onEvent(QWebSocket &link, const QByteArray &script, const QString &text)
     static int appearances = 0;
     const QJsonObject message = QJsonDocument::fromJson(text.toUtf8()).object();
     const QString event = message.value(QLatin1String("event")).toString();
-    if (script == "panel") {
+    if (script == "panel" || script == "freeze") {
         keep("received.txt", text);
         keep("times.txt",
              QString::number(QDateTime::currentMSecsSinceEpoch()) + QLatin1Char(' ') + event);
         if (event == QLatin1String("didReceiveSettings"))
             drawKey(link, message);
+    }
+    if (script == "freeze" && event == QLatin1String("keyDown")) {
+        while (!QFile::exists(QStringLiteral("go")))
+            QThread::msleep(20);
     }
     if (event != QLatin1String("willAppear"))
         return;
@@ -123,7 +131,7 @@ int main(int argc, char *argv[])
         return 3;
     }
 
-    if (script == "panel") {
+    if (script == "panel" || script == "freeze") {
         keep("info.txt", argumentAfter(arguments, QStringLiteral("-info")));
         keep("recording.txt", qEnvironmentVariable("SYSTEM_MONITOR_RECORDING"));
     }
