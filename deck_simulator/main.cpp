@@ -120,6 +120,16 @@ QString userProfile()
         .filePath(QStringLiteral("deck.json"));
 }
 
+int refuseKey(const QSize &grid)
+{
+    std::fputs(qPrintable(QStringLiteral("deck_simulator: --select names no key of the deck, which "
+                                         "has %1 columns and %2 rows.\n")
+                              .arg(grid.width())
+                              .arg(grid.height())),
+               stderr);
+    return 2;
+}
+
 int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
@@ -133,12 +143,16 @@ int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
     settings.profileFile = options.profileFile.isEmpty() ? userProfile() : options.profileFile;
     if (options.languageGiven)
         settings.language = options.language;
+    settings.keepsProfile = options.screenshotFile.isEmpty();
     DeckWindow window(settings);
+    const DeckPlace selected{options.selectedKey.x(), options.selectedKey.y()};
+    if (window.grid()->cell(selected) == nullptr)
+        return refuseKey(window.model()->grid());
     const InterruptWatcher interrupts;
     QObject::connect(&interrupts, &InterruptWatcher::interrupted, &window, &QWidget::close);
     if (!options.screenshotFile.isEmpty())
         window.takeScreenshot(options.screenshotFile, options.snapshotAfter);
-    window.grid()->setCurrent({options.selectedKey.x(), options.selectedKey.y()});
+    window.grid()->setCurrent(selected);
     window.show();
     window.start();
     const int status = QApplication::exec();

@@ -1,5 +1,6 @@
 #include "deck_simulator/gui/DeckWindow.h"
 
+#include "deck_simulator/deck/PictureFile.h"
 #include "deck_simulator/gui/ActionPalette.h"
 #include "deck_simulator/gui/DeckBar.h"
 #include "deck_simulator/gui/DeckGrid.h"
@@ -16,7 +17,6 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QGuiApplication>
-#include <QImageWriter>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
@@ -62,7 +62,8 @@ void bringUp(const QWidget *content)
 
 DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     : QMainWindow(parent)
-    , m_store(settings.profileFile)
+    , m_store(settings.profileFile,
+              settings.keepsProfile ? ProfileStore::Access::Full : ProfileStore::Access::ReadOnly)
     , m_runner(settings.session, &m_model)
     , m_grid(new DeckGrid(&m_model))
     , m_actions(new ActionPalette)
@@ -219,11 +220,11 @@ void DeckWindow::writeScreenshot(const QString &file)
     if (!m_awaitsScreenshot)
         return;
     m_awaitsScreenshot = false;
-    QImageWriter writer(file, "png");
-    writer.setQuality(0); // as small as it gets
-    if (!writer.write(grab().toImage().convertToFormat(QImage::Format_RGB32)))
+    const QString fault =
+        writePicture(grab().toImage().convertToFormat(QImage::Format_RGB32), file);
+    if (!fault.isEmpty())
         m_failure = tr("The screenshot %1 cannot be written: %2.")
-                        .arg(QDir::toNativeSeparators(file), writer.errorString());
+                        .arg(QDir::toNativeSeparators(file), fault);
     close();
 }
 

@@ -42,7 +42,8 @@ const QCommandLineOption &screenshotOption()
 {
     static const QCommandLineOption option(
         QStringLiteral("screenshot"),
-        QStringLiteral("Write a picture of the window to this file, then end."),
+        QStringLiteral("Write a picture of the window to this file, then end. The suffix chooses "
+                       "the format. The profile is not written."),
         QStringLiteral("FILE.png"));
     return option;
 }

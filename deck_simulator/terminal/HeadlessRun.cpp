@@ -1,12 +1,12 @@
 #include "deck_simulator/terminal/HeadlessRun.h"
 
 #include "deck_simulator/deck/ContactSheet.h"
+#include "deck_simulator/deck/PictureFile.h"
 #include "deck_simulator/host/DeckStatus.h"
 #include "deck_simulator/script/ScriptPlayer.h"
 #include "deck_simulator/terminal/DeckReport.h"
 
 #include <QDir>
-#include <QImageWriter>
 
 #include <cstdio>
 
@@ -114,10 +114,10 @@ QStringList HeadlessRun::writeSnapshot(const QString &file)
             missing.append(key.name());
     }
     const QImage sheet = paintContactSheet(pictures, {m_options.columns, m_options.keySize});
-    QImageWriter writer(file, "png");
-    if (!writer.write(sheet))
+    const QString fault = writePicture(sheet, file);
+    if (!fault.isEmpty())
         m_failure = QStringLiteral("The snapshot %1 cannot be written: %2.")
-                        .arg(QDir::toNativeSeparators(file), writer.errorString());
+                        .arg(QDir::toNativeSeparators(file), fault);
     return missing;
 }
 

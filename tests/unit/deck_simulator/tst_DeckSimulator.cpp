@@ -22,6 +22,7 @@ private Q_SLOTS:
     void failsWhenAKeyStaysEmpty();
     void failsWhenTheSnapshotCannotBeWritten();
     void failsWithoutAScreenshot();
+    void refusesAKeyThatTheDeckLacks();
     void warnsOfABrokenRecording();
     void endsByItself();
     void endsOnTermination();
@@ -137,12 +138,30 @@ void tst_DeckSimulator::failsWithoutAScreenshot()
     QVERIFY2(text.contains(QLatin1String("deck_simulator: The plugin ended with exit status 3")),
              qPrintable(text));
     QVERIFY(!QFile::exists(path("window.png")));
+    QVERIFY(!QFile::exists(path("deck.json")));
 
     run("draw", profile + QStringList{QStringLiteral("--screenshot"), path("missing/window.png"),
                                       QStringLiteral("--after=0.1")});
     QCOMPARE(m_process.exitCode(), 1);
     text = errors();
     QVERIFY2(text.contains(QLatin1String("cannot be written")), qPrintable(text));
+}
+
+void tst_DeckSimulator::refusesAKeyThatTheDeckLacks()
+{
+    const QStringList screenshot{QStringLiteral("--profile"), path("deck.json"),
+                                 QStringLiteral("--screenshot"), path("window.png"),
+                                 QStringLiteral("--after=0.5")};
+    for (const QString &key : {QStringLiteral("99,99"), QStringLiteral("8,0")}) {
+        run("draw", screenshot + QStringList{QStringLiteral("--select"), key});
+        QCOMPARE(m_process.exitCode(), 2);
+        const QString text = errors();
+        QVERIFY2(text.contains(QLatin1String("8 columns and 4 rows")), qPrintable(text));
+        QVERIFY(!QFile::exists(path("window.png")));
+    }
+    run("draw", screenshot + QStringList{QStringLiteral("--select=7,3")});
+    QVERIFY2(m_process.exitCode() == 0, qPrintable(errors()));
+    QVERIFY(!QFile::exists(path("deck.json"))); // the screenshot keeps nothing
 }
 
 void tst_DeckSimulator::warnsOfABrokenRecording()

@@ -48,6 +48,7 @@ private Q_SLOTS:
     void showsAndKeepsADeck();
     void savesEveryChangeAtOnce();
     void setsABrokenProfileAside();
+    void tellsOfAProfileThatIsInUse();
     void showsLivePictures();
     void putsAnActionFromTheList();
     void returnsToTheDeck();
@@ -194,6 +195,15 @@ void tst_DeckWindow::setsABrokenProfileAside()
     QCOMPARE(content(m_settings.profileFile + QStringLiteral(".broken")), QByteArray("{broken"));
     QVERIFY(m_window->messages()->message().contains(QLatin1String("deck.json.broken")));
     QVERIFY(m_window->logView()->view()->toPlainText().contains(QLatin1String("deck.json.broken")));
+}
+
+void tst_DeckWindow::tellsOfAProfileThatIsInUse()
+{
+    reopen();
+    const DeckWindow second(m_settings);
+    QVERIFY2(second.messages()->message().contains(QLatin1String("works on a copy")),
+             qPrintable(second.messages()->message()));
+    QCOMPARE(m_window->messages()->message(), QString());
 }
 
 void tst_DeckWindow::showsLivePictures()
