@@ -182,7 +182,16 @@ void tst_DeckSimulator::endsByItself()
 {
     run("draw", {QStringLiteral("--seconds=0.3")});
     QVERIFY2(m_process.exitCode() == 0, qPrintable(errors()));
-    QVERIFY(output().contains(QLatin1String("Memory load")));
+    const QString text = output();
+    QVERIFY(text.contains(QLatin1String("Memory load")));
+    // One line per change, though the plugin sends pictures and settings too.
+    const QRegularExpression change(
+        QStringLiteral("^\\d\\d:\\d\\d:\\d\\d  drawn  \\(CPU usage\\)$"),
+        QRegularExpression::MultilineOption);
+    int changes = 0;
+    for (auto match = change.globalMatch(text); match.hasNext(); match.next())
+        ++changes;
+    QVERIFY2(changes == 1, qPrintable(text));
 }
 
 void tst_DeckSimulator::endsOnTermination()
