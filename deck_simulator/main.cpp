@@ -4,6 +4,7 @@
 #include "deck_simulator/gui/WindowStyle.h"
 #include "deck_simulator/host/DeckSession.h"
 #include "deck_simulator/options/DisplayPlatform.h"
+#include "deck_simulator/options/PlatformNoise.h"
 #include "deck_simulator/options/RunMode.h"
 #include "deck_simulator/options/SimulatorOptions.h"
 #include "deck_simulator/process/FontFiles.h"
@@ -173,6 +174,7 @@ int main(int argc, char *argv[])
     }
     const bool window = opensWindow(*parsed.options, hasDisplay());
     chooseDisplayPlatform();
+    silencePlatformNoise();
     int programNameOnly = 1;
     return window ? runWindow(*parsed.options, programNameOnly, argv)
                   : runHeadless(*parsed.options, programNameOnly, argv);

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void failsWithoutAScreenshot();
     void refusesAKeyThatTheDeckLacks();
     void warnsOfABrokenRecording();
+    void takesEmptyPicturesForEmptyReadings();
     void endsByItself();
     void endsOnTermination();
     void staysQuiet();
@@ -160,8 +161,13 @@ void tst_DeckSimulator::refusesAKeyThatTheDeckLacks()
         QVERIFY(!QFile::exists(path("window.png")));
     }
     run("draw", screenshot + QStringList{QStringLiteral("--select=7,3")});
-    QVERIFY2(m_process.exitCode() == 0, qPrintable(errors()));
+    const QString noise = errors();
+    QVERIFY2(m_process.exitCode() == 0, qPrintable(noise));
     QVERIFY(!QFile::exists(path("deck.json"))); // the screenshot keeps nothing
+    QVERIFY2(!noise.contains(QLatin1String("Negative sizes")) &&
+                 !noise.contains(QLatin1String("propagateSizeHints")) &&
+                 !noise.contains(QLatin1String("libpng")),
+             qPrintable(noise));
 }
 
 void tst_DeckSimulator::warnsOfABrokenRecording()
@@ -178,6 +184,18 @@ void tst_DeckSimulator::warnsOfABrokenRecording()
     QVERIFY2(text.contains(QLatin1String("machine.json cannot be used")), qPrintable(text));
 }
 
+void tst_DeckSimulator::takesEmptyPicturesForEmptyReadings()
+{
+    run("blank", {QStringLiteral("--seconds=0.3")});
+    QCOMPARE(m_process.exitCode(), 0);
+    const QString table = output();
+    const QRegularExpression row(QStringLiteral("^drawn +Memory load +- +0 +[\\d.]+ s +1\\r?$"),
+                                 QRegularExpression::MultilineOption); // nothing is broken
+    QVERIFY2(row.match(table).hasMatch(), qPrintable(table));
+    const QString noise = errors();
+    QVERIFY2(!noise.contains(QLatin1String("libpng")), qPrintable(noise));
+}
+
 void tst_DeckSimulator::endsByItself()
 {
     run("draw", {QStringLiteral("--seconds=0.3")});
@@ -186,7 +204,7 @@ void tst_DeckSimulator::endsByItself()
     QVERIFY(text.contains(QLatin1String("Memory load")));
     // One line per change, though the plugin sends pictures and settings too.
     const QRegularExpression change(
-        QStringLiteral("^\\d\\d:\\d\\d:\\d\\d  drawn  \\(CPU usage\\)$"),
+        QStringLiteral("^\\d\\d:\\d\\d:\\d\\d  drawn  \\(CPU usage\\)\\r?$"),
         QRegularExpression::MultilineOption);
     int changes = 0;
     for (auto match = change.globalMatch(text); match.hasNext(); match.next())
