@@ -31,6 +31,8 @@ QString defaultPlugin()
     return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral(PLUGIN_FILE_NAME));
 }
 
+constexpr int mostOtherFonts = 16; // they travel in a command line
+
 SessionSettings sessionSettings(const SimulatorOptions &options)
 {
     SessionSettings settings;
@@ -41,6 +43,8 @@ SessionSettings sessionSettings(const SimulatorOptions &options)
         settings.fonts.append(fontFile(file));
     if (settings.fonts.isEmpty())
         settings.fonts = findRobotoFiles(fontFolders());
+    if (settings.fonts.isEmpty())
+        settings.fonts = findFontFiles(fontFolders(), mostOtherFonts);
     return settings;
 }
 

@@ -88,8 +88,9 @@ const QCommandLineOption &fontOption()
 {
     static const QCommandLineOption option(
         QStringLiteral("font"),
-        QStringLiteral("A font file to offer to the plugin; may be repeated. Default: the files of "
-                       "the Roboto family in this machine's font folders."),
+        QStringLiteral(
+            "A font file to offer to the plugin; may be repeated. Default: the files of "
+            "the Roboto family in this machine's font folders, or else other ones there."),
         QStringLiteral("FILE"));
     return option;
 }
