@@ -4,6 +4,7 @@
 #include "deck_simulator/gui/WindowStyle.h"
 #include "deck_simulator/host/DeckSession.h"
 #include "deck_simulator/options/DisplayPlatform.h"
+#include "deck_simulator/options/PlatformNoise.h"
 #include "deck_simulator/options/RunMode.h"
 #include "deck_simulator/options/SimulatorOptions.h"
 #include "deck_simulator/process/FontFiles.h"
@@ -30,6 +31,8 @@ QString defaultPlugin()
     return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral(PLUGIN_FILE_NAME));
 }
 
+constexpr int mostOtherFonts = 16; // they travel in a command line
+
 SessionSettings sessionSettings(const SimulatorOptions &options)
 {
     SessionSettings settings;
@@ -40,6 +43,8 @@ SessionSettings sessionSettings(const SimulatorOptions &options)
         settings.fonts.append(fontFile(file));
     if (settings.fonts.isEmpty())
         settings.fonts = findRobotoFiles(fontFolders());
+    if (settings.fonts.isEmpty())
+        settings.fonts = findFontFiles(fontFolders(), mostOtherFonts);
     return settings;
 }
 
@@ -120,6 +125,16 @@ QString userProfile()
         .filePath(QStringLiteral("deck.json"));
 }
 
+int refuseKey(const QSize &grid)
+{
+    std::fputs(qPrintable(QStringLiteral("deck_simulator: --select names no key of the deck, which "
+                                         "has %1 columns and %2 rows.\n")
+                              .arg(grid.width())
+                              .arg(grid.height())),
+               stderr);
+    return 2;
+}
+
 int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
@@ -133,12 +148,16 @@ int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
     settings.profileFile = options.profileFile.isEmpty() ? userProfile() : options.profileFile;
     if (options.languageGiven)
         settings.language = options.language;
+    settings.keepsProfile = options.screenshotFile.isEmpty();
     DeckWindow window(settings);
+    const DeckPlace selected{options.selectedKey.x(), options.selectedKey.y()};
+    if (window.grid()->cell(selected) == nullptr)
+        return refuseKey(window.model()->grid());
     const InterruptWatcher interrupts;
     QObject::connect(&interrupts, &InterruptWatcher::interrupted, &window, &QWidget::close);
     if (!options.screenshotFile.isEmpty())
         window.takeScreenshot(options.screenshotFile, options.snapshotAfter);
-    window.grid()->setCurrent({options.selectedKey.x(), options.selectedKey.y()});
+    window.grid()->setCurrent(selected);
     window.show();
     window.start();
     const int status = QApplication::exec();
@@ -159,6 +178,7 @@ int main(int argc, char *argv[])
     }
     const bool window = opensWindow(*parsed.options, hasDisplay());
     chooseDisplayPlatform();
+    silencePlatformNoise();
     int programNameOnly = 1;
     return window ? runWindow(*parsed.options, programNameOnly, argv)
                   : runHeadless(*parsed.options, programNameOnly, argv);

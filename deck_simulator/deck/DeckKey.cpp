@@ -29,14 +29,14 @@ void DeckKey::takeTitle(const QString &title, qint64 now)
 bool DeckKey::takePicture(const QString &dataUrl, qint64 now)
 {
     const QImage picture = decodeKeyPicture(dataUrl);
-    if (picture.isNull() && !dataUrl.isEmpty()) {
+    if (picture.isNull() && !isEmptyPicture(dataUrl)) {
         ++m_brokenPictures;
         return false;
     }
     m_picture = picture;
     if (!picture.isNull())
         m_pictureSize = picture.size();
-    m_pictureBytes = dataUrl.size();
+    m_pictureBytes = picture.isNull() ? 0 : dataUrl.size();
     m_lastUpdate = now;
     ++m_pictures;
     return true;

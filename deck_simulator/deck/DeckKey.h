@@ -45,8 +45,8 @@ public:
     [[nodiscard]] std::optional<qint64> lastUpdate() const { return m_lastUpdate; }
 
     void takeTitle(const QString &title, qint64 now);
-    /// An empty text clears the picture. False for a text that is not a picture: it is counted, and
-    /// the previous picture stays.
+    /// An empty picture, as of an empty reading, clears the last one. False for a text that is not
+    /// a picture: it is counted, and the previous picture stays.
     bool takePicture(const QString &dataUrl, qint64 now);
     void takeSettings(const QJsonObject &settings);
     /// A change by the host, not a reply of the plugin.

@@ -6,9 +6,19 @@
 
 namespace deck {
 
+namespace {
+
+const QLatin1String prefix("data:image/png;base64,");
+
+} // namespace
+
+bool isEmptyPicture(const QString &dataUrl)
+{
+    return dataUrl.isEmpty() || dataUrl == prefix;
+}
+
 QImage decodeKeyPicture(const QString &dataUrl)
 {
-    const QLatin1String prefix("data:image/png;base64,");
     if (!dataUrl.startsWith(prefix))
         return {};
     const auto decoded = QByteArray::fromBase64Encoding(dataUrl.mid(prefix.size()).toLatin1(),
@@ -17,6 +27,9 @@ QImage decodeKeyPicture(const QString &dataUrl)
         return {};
 
     QByteArray bytes = *decoded;
+    // Its library would complain on standard error.
+    if (!bytes.startsWith("\x89PNG\r\n\x1a\n"))
+        return {};
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer, "png");
     reader.setAutoDetectImageFormat(false);

@@ -12,4 +12,8 @@ constexpr int maximumPictureSide = 4096;
 /// base64 or the PNG is broken, or a side is longer than maximumPictureSide.
 QImage decodeKeyPicture(const QString &dataUrl);
 
+/// Whether a text carries no picture at all: it is empty, or ends where the picture would begin, as
+/// it does for a text of no letters.
+bool isEmptyPicture(const QString &dataUrl);
+
 } // namespace deck

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSaveFile>
 
 namespace deck {
@@ -19,14 +20,39 @@ QString freeName(const QString &path)
 
 } // namespace
 
-ProfileStore::ProfileStore(const QString &path)
+ProfileStore::ProfileStore(const QString &path, Access access)
     : m_path(QFileInfo(path).absoluteFilePath())
+    , m_keeps(access == Access::Full)
 {
 }
+
+ProfileStore::~ProfileStore() = default;
 
 StoredProfile ProfileStore::load()
 {
     m_message.clear();
+    if (m_keeps && m_lock == nullptr)
+        acquire();
+    return read();
+}
+
+void ProfileStore::acquire()
+{
+    QDir().mkpath(QFileInfo(m_path).absolutePath());
+    m_lock = std::make_unique<QLockFile>(m_path + QStringLiteral(".lock"));
+    m_lock->setStaleLockTime(0); // until its owner ends
+    // Where no lock can be made, nobody else can save either.
+    if (m_lock->tryLock() || m_lock->error() != QLockFile::LockFailedError)
+        return;
+    m_keeps = false;
+    m_message = QStringLiteral("Another simulator has the profile %1. This one works on a copy, "
+                               "whose changes are not kept. --profile FILE gives it a profile of "
+                               "its own.")
+                    .arg(QDir::toNativeSeparators(m_path));
+}
+
+StoredProfile ProfileStore::read()
+{
     QFile file(m_path);
     if (!file.exists())
         return firstProfile();
@@ -50,6 +76,12 @@ StoredProfile ProfileStore::load()
 
 void ProfileStore::setAside(const QString &reason)
 {
+    if (!m_keeps) {
+        if (m_message.isEmpty())
+            m_message = QStringLiteral("The profile %1 is broken: %2.")
+                            .arg(QDir::toNativeSeparators(m_path), reason);
+        return;
+    }
     const QString aside = freeName(m_path);
     m_locked = !QFile::rename(m_path, aside);
     const QString native = QDir::toNativeSeparators(m_path);
@@ -64,6 +96,8 @@ void ProfileStore::setAside(const QString &reason)
 
 bool ProfileStore::save(const StoredProfile &profile)
 {
+    if (!m_keeps)
+        return true;
     if (m_locked)
         return false;
     const QByteArray text = profileText(profile);

@@ -78,6 +78,14 @@ void DeckGrid::showLive(const QString &context, const QString &title, const QIma
         showFace(shown);
 }
 
+void DeckGrid::setDimmed(bool dimmed)
+{
+    if (dimmed == m_dimmed)
+        return;
+    m_dimmed = dimmed;
+    showFaces();
+}
+
 void DeckGrid::clearLive()
 {
     m_live.clear();
@@ -162,7 +170,8 @@ void DeckGrid::showFace(KeyCell *cell)
     }
     const Live live = m_live.value(entry->context);
     cell->setFace({actionCaption(entry->action), actionIcon(entry->action, Qt::white), live.title,
-                   live.picture, isGaugePicture(live.picture.size(), entry->settings.display)});
+                   live.picture, isGaugePicture(live.picture.size(), entry->settings.display),
+                   m_dimmed});
 }
 
 QSize DeckGrid::sizeFor(int keySide) const

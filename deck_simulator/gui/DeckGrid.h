@@ -28,6 +28,8 @@ public:
 
     /// What the plugin has sent for the key.
     void showLive(const QString &context, const QString &title, const QImage &picture);
+    /// Shows what the plugin has sent as out of date.
+    void setDimmed(bool dimmed);
     /// Without a plugin the keys show their captions.
     void clearLive();
 
@@ -75,6 +77,7 @@ private:
     QHash<QString, Live> m_live; // by context
     DeckPlace m_current;
     QRect m_body;
+    bool m_dimmed = false;
 };
 
 } // namespace deck

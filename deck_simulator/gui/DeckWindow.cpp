@@ -1,5 +1,6 @@
 #include "deck_simulator/gui/DeckWindow.h"
 
+#include "deck_simulator/deck/PictureFile.h"
 #include "deck_simulator/gui/ActionPalette.h"
 #include "deck_simulator/gui/DeckBar.h"
 #include "deck_simulator/gui/DeckGrid.h"
@@ -10,12 +11,12 @@
 #include "deck_simulator/gui/PluginBar.h"
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
+#include "deck_simulator/host/DeckStatus.h"
 
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
 #include <QGuiApplication>
-#include <QImageWriter>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
@@ -61,7 +62,8 @@ void bringUp(const QWidget *content)
 
 DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     : QMainWindow(parent)
-    , m_store(settings.profileFile)
+    , m_store(settings.profileFile,
+              settings.keepsProfile ? ProfileStore::Access::Full : ProfileStore::Access::ReadOnly)
     , m_runner(settings.session, &m_model)
     , m_grid(new DeckGrid(&m_model))
     , m_actions(new ActionPalette)
@@ -147,6 +149,7 @@ void DeckWindow::connectRunner()
 {
     connect(&m_runner, &DeckRunner::stateChanged, this, &DeckWindow::onStateChanged);
     connect(&m_runner, &DeckRunner::keyChanged, this, &DeckWindow::showKey);
+    connect(&m_runner, &DeckRunner::stalledChanged, this, &DeckWindow::onStalled);
     connect(&m_runner, &DeckRunner::notice, this, [this](const QString &text) {
         showNotice(text);
         m_tellsOfRun = true;
@@ -217,11 +220,11 @@ void DeckWindow::writeScreenshot(const QString &file)
     if (!m_awaitsScreenshot)
         return;
     m_awaitsScreenshot = false;
-    QImageWriter writer(file, "png");
-    writer.setQuality(0); // as small as it gets
-    if (!writer.write(grab().toImage().convertToFormat(QImage::Format_RGB32)))
+    const QString fault =
+        writePicture(grab().toImage().convertToFormat(QImage::Format_RGB32), file);
+    if (!fault.isEmpty())
         m_failure = tr("The screenshot %1 cannot be written: %2.")
-                        .arg(QDir::toNativeSeparators(file), writer.errorString());
+                        .arg(QDir::toNativeSeparators(file), fault);
     close();
 }
 
@@ -234,6 +237,19 @@ void DeckWindow::onStateChanged()
     m_log.finish();
     if (m_closing)
         close();
+}
+
+void DeckWindow::onStalled(bool stalled)
+{
+    m_grid->setDimmed(stalled);
+    if (m_messages->message() == stallText(true))
+        m_messages->clear();
+    if (!m_runner.isLinked())
+        return;
+    m_log.tell(stallText(stalled));
+    if (stalled)
+        m_messages->showMessage(stallText(stalled));
+    m_tellsOfRun = true;
 }
 
 void DeckWindow::showKey(const QString &context)

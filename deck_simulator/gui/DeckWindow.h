@@ -28,7 +28,8 @@ struct WindowSettings
 {
     SessionSettings session;
     QString profileFile;
-    QString language; ///< In place of the profile's; empty: that.
+    bool keepsProfile = true; ///< Otherwise the profile is only read.
+    QString language;         ///< In place of the profile's; empty: that.
     /// The port of the plugin's data server.
     quint16 dataServerPort = InspectorClient::usualPort;
 };
@@ -75,6 +76,7 @@ private:
     void connectGrid();
     void connectRunner();
     void onStateChanged();
+    void onStalled(bool stalled);
     void showKey(const QString &context);
     void putOnCurrent(const QString &action);
     void focusDeck();

@@ -2,6 +2,7 @@
 
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
+#include "deck_simulator/panel/MissingReading.h"
 
 namespace deck {
 
@@ -26,6 +27,7 @@ Inspector::Inspector(DeckModel *model, DeckRunner *runner, SettingsPanel *panel,
                 if (context == m_panel->context())
                     showLists();
             });
+    connect(m_runner, &DeckRunner::keyChanged, this, &Inspector::showMissingFan);
     connect(&m_client, &InspectorClient::replied, this, &Inspector::takeReply);
     showSelected();
 }
@@ -77,7 +79,17 @@ void Inspector::ask()
     m_askedFor = action;
     m_readings.clear();
     m_panel->setPreview({});
-    m_client.setRequests(inspectorRequests(action));
+    m_client.setRequests(inspectorQuestions(action));
+}
+
+void Inspector::showMissingFan(const QString &context)
+{
+    const DeckKey *key = m_runner->key(context);
+    // The server answers for every other kind.
+    if (key == nullptr || context != m_panel->context() ||
+        !inspectorRequests(key->action()).isEmpty())
+        return;
+    m_panel->setPreview(missingFanText(key->action(), key->title()));
 }
 
 void Inspector::takeReply(const QByteArray &reply)

@@ -34,6 +34,7 @@ private:
     void showLists();
     void showSettings(const QString &context);
     void ask();
+    void showMissingFan(const QString &context);
     void takeReply(const QByteArray &reply);
 
     DeckModel *m_model;

@@ -19,6 +19,7 @@ const QColor keyEdgeColor(0x4a, 0x4c, 0x52);
 const QColor captionColor(0xa8, 0xac, 0xb4);
 const QColor plusColor(0x6a, 0x6e, 0x76);
 
+constexpr qreal dimmedOpacity = 0.35;
 constexpr int holdTime = 200; // milliseconds
 
 QString toolTipOf(const KeyFace &face)
@@ -105,6 +106,8 @@ void KeyCell::paintScreen(QPainter &painter, const QRect &rect)
     painter.setPen(QPen(m_dropTarget ? palette().color(QPalette::Highlight) : keyEdgeColor, 1));
     painter.setBrush(m_hovered ? keyColor.lighter(250) : keyColor);
     painter.drawRoundedRect(QRectF(shown).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    if (m_face.isDimmed)
+        painter.setOpacity(dimmedOpacity);
     if (m_face.isGauge)
         paintGaugePicture(painter, shown, m_face.picture);
     else if (!m_face.picture.isNull())
@@ -113,6 +116,7 @@ void KeyCell::paintScreen(QPainter &painter, const QRect &rect)
         paintCaption(painter, shown);
     else if (m_hovered || m_dropTarget || m_current)
         paintPlus(painter, shown);
+    painter.setOpacity(1);
 }
 
 // As large as a key of the screen's width shows it, as far as the height allows.

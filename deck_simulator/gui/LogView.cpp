@@ -1,12 +1,12 @@
 #include "deck_simulator/gui/LogView.h"
 
-#include <QComboBox>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -16,7 +16,7 @@ namespace {
 
 constexpr int fewestLines = 3;
 
-enum Source { both, fileOnly, debugOnly };
+enum Source { fileOnly, debugOnly, both }; // as the tabs
 
 QFont fixedFont()
 {
@@ -34,14 +34,16 @@ QFont fixedFont()
 LogView::LogView(PluginLog *log, QWidget *parent)
     : QWidget(parent)
     , m_log(log)
-    , m_source(new QComboBox)
+    , m_source(new QTabBar)
     , m_text(new QLineEdit)
     , m_clear(new QToolButton)
     , m_view(new QPlainTextEdit)
 {
-    m_source->addItem(tr("Everything"), both);
-    m_source->addItem(tr("log.txt"), fileOnly);
-    m_source->addItem(tr("Debug stream"), debugOnly);
+    for (const QString &name : {tr("log.txt"), tr("Debug stream"), tr("Everything")})
+        m_source->addTab(name);
+    m_source->setExpanding(false);
+    m_source->setDrawBase(false);
+    m_source->setTabToolTip(debugOnly, tr("The plugin's standard error, with times of arrival"));
     m_source->setAccessibleName(tr("Source"));
     m_text->setPlaceholderText(tr("Filter"));
     m_text->setClearButtonEnabled(true);
@@ -61,7 +63,7 @@ LogView::LogView(PluginLog *log, QWidget *parent)
     layout->addLayout(bar);
     layout->addWidget(m_view);
 
-    connect(m_source, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &LogView::showAll);
+    connect(m_source, &QTabBar::currentChanged, this, &LogView::showAll);
     connect(m_text, &QLineEdit::textChanged, this, &LogView::showAll);
     connect(m_clear, &QToolButton::clicked, this, [this] {
         m_log->clear();
@@ -76,7 +78,7 @@ LogView::LogView(PluginLog *log, QWidget *parent)
 
 LogFilter LogView::filter() const
 {
-    const int source = m_source->currentData().toInt();
+    const int source = m_source->currentIndex();
     return {source != debugOnly, source != fileOnly, m_text->text()};
 }
 

@@ -4,15 +4,15 @@
 
 #include <QWidget>
 
-class QComboBox;
 class QLineEdit;
 class QPlainTextEdit;
+class QTabBar;
 class QToolButton;
 
 namespace deck {
 
-/// The plugin's log and debug stream, with a filter. It follows the end unless the user has
-/// scrolled away or is selecting text.
+/// The plugin's log, its debug stream, or both, with a filter. It follows the end unless the user
+/// has scrolled away or is selecting text.
 class LogView : public QWidget
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
     explicit LogView(PluginLog *log, QWidget *parent = nullptr);
 
     [[nodiscard]] QLineEdit *filterField() const { return m_text; }
-    [[nodiscard]] QComboBox *sourceField() const { return m_source; }
+    [[nodiscard]] QTabBar *sourceTabs() const { return m_source; }
     [[nodiscard]] QPlainTextEdit *view() const { return m_view; }
     [[nodiscard]] QToolButton *clearButton() const { return m_clear; }
 
@@ -38,7 +38,7 @@ private:
     [[nodiscard]] bool isMarking() const;
 
     PluginLog *m_log;
-    QComboBox *m_source;
+    QTabBar *m_source;
     QLineEdit *m_text;
     QToolButton *m_clear;
     QPlainTextEdit *m_view;

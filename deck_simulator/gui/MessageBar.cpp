@@ -79,7 +79,8 @@ void MessageBar::clear()
 // A main window gives no widget the height that its width asks for.
 void MessageBar::makeRoom()
 {
-    m_label->setMinimumHeight(m_label->heightForWidth(m_label->width()));
+    // Without a text it is -1.
+    m_label->setMinimumHeight(qMax(0, m_label->heightForWidth(m_label->width())));
 }
 
 bool MessageBar::eventFilter(QObject *watched, QEvent *event)

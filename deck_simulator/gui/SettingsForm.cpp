@@ -18,6 +18,8 @@
 #include <QSlider>
 #include <QSpinBox>
 
+#include <algorithm>
+
 namespace deck {
 
 namespace {
@@ -94,7 +96,11 @@ void SettingsForm::addLookRows()
     opacityLayout->setContentsMargins(0, 0, 0, 0);
     opacityLayout->addWidget(m_opacity);
     opacityLayout->addWidget(m_opacityText);
+    m_fontHint = named(new QLabel, "fontHint");
+    m_fontHint->setWordWrap(true);
+    m_fontHint->setTextFormat(Qt::PlainText);
     m_rows.add(tr("&Font"), m_font);
+    m_rows.add(QString(), m_fontHint);
     m_rows.add(tr("Si&ze"), m_fontSize);
     m_rows.add(tr("&Width"), m_fillsKey);
     m_rows.add(tr("&Colour"), m_color);
@@ -159,6 +165,7 @@ void SettingsForm::showFields()
     m_display->setSettings(m_action, m_settings);
     showTitleHint();
     m_rows.show(m_titleHint, gauge);
+    showFontHint();
     m_rows.show(m_fontSize, !gauge); // a gauge chooses it by its own size
     m_rows.show(m_fillsKey, !gauge);
     m_rows.show(m_temperatureType, fields.temperatureUnit);
@@ -182,6 +189,22 @@ void SettingsForm::showTitleHint()
         title.isEmpty()
             ? tr("In place of the kind's default title a gauge shows the name of what it reads.")
             : tr("In place of the kind's default title a gauge shows \"%1\".").arg(title));
+}
+
+// What the plugin has is known from its first reply on.
+void SettingsForm::showFontHint()
+{
+    const QVector<ListEntry> &fonts = m_lists.fonts;
+    const QString &chosen = m_settings.fontFamily;
+    const bool missing = !fonts.isEmpty() &&
+                         std::none_of(fonts.begin(), fonts.end(), [&chosen](const ListEntry &font) {
+                             return font.value == chosen;
+                         });
+    const QString name = QString(chosen).replace(QLatin1Char('|'), QLatin1Char(' '));
+    m_fontHint->setText(tr("The plugin has no \"%1\" here and takes another font. Those that are "
+                           "there are in the list.")
+                            .arg(name));
+    m_rows.show(m_fontHint, missing);
 }
 
 void SettingsForm::setSettings(const EntrySettings &settings)
@@ -210,6 +233,8 @@ void SettingsForm::setLists(const SettingsLists &lists)
 {
     m_lists = lists;
     showLists();
+    showFontHint();
+    m_rows.layOut();
     m_sensor->setEntries(lists.sensors);
     m_sensor->setCurrent(m_settings.selectValue);
 }
@@ -230,7 +255,8 @@ void SettingsForm::showLists()
     fillOrNone(m_fan, m_lists.fans, m_settings.selectCpuFan);
     fillOrNone(m_physicalDisk, m_lists.disks, m_settings.selectPhysicalDisk);
     fillOrNone(m_audioDevice, m_lists.audioDevices, m_settings.audioDevice);
-    m_pump->setText(m_lists.pump.isEmpty() ? tr("no reading") : m_lists.pump);
+    const bool hasPump = !m_lists.pump.isEmpty() && m_lists.pump != QLatin1String("nodata");
+    m_pump->setText(hasPump ? m_lists.pump : tr("no reading"));
     m_sensor->setCurrent(m_settings.selectValue);
 }
 

@@ -54,6 +54,7 @@ private:
     void showFields();
     void showLists();
     void showTitleHint();
+    void showFontHint();
     void collect();
 
     FormRows m_rows;
@@ -62,6 +63,7 @@ private:
     QLabel *m_titleHint = nullptr;
     DisplayForm *m_display = nullptr;
     QComboBox *m_font = nullptr;
+    QLabel *m_fontHint = nullptr;
     QSpinBox *m_fontSize = nullptr;
     QCheckBox *m_fillsKey = nullptr;
     ColorField *m_color = nullptr;

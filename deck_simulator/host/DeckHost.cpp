@@ -50,6 +50,7 @@ DeckHost::DeckHost(const DeckProfile &deck, QObject *parent)
     int index = 0;
     for (DeckKey &key : m_deck.keys)
         fixPlace(key, index++);
+    connect(&m_watch, &StallWatch::stalledChanged, this, &DeckHost::stalledChanged);
     connect(m_server, &QWebSocketServer::newConnection, this, &DeckHost::acceptConnection);
 }
 
@@ -219,6 +220,7 @@ void DeckHost::takeRegistration(QWebSocket *socket, const QJsonObject &message)
         return;
     }
     m_link = socket;
+    m_watch.follow(socket);
     announceDeck();
     Q_EMIT registered();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "deck_simulator/deck/DeckProfile.h"
+#include "deck_simulator/host/StallWatch.h"
 
 #include <QElapsedTimer>
 #include <QJsonObject>
@@ -50,6 +51,8 @@ public:
     [[nodiscard]] QString pluginUUID() const { return m_pluginUUID; }
 
     [[nodiscard]] bool isRegistered() const { return m_link != nullptr; }
+    /// Whether the registered plugin gives no sign of life (see StallWatch).
+    [[nodiscard]] bool isStalled() const { return m_watch.isStalled(); }
     /// The keys in the order in which they were added, and the size of the deck.
     [[nodiscard]] const QVector<DeckKey> &keys() const { return m_deck.keys; }
     [[nodiscard]] QSize grid() const { return m_deck.grid; }
@@ -87,6 +90,7 @@ Q_SIGNALS:
     void registrationRefused(const QString &reason);
     /// The link of the registered plugin is closed, from whichever side.
     void linkClosed();
+    void stalledChanged(bool stalled);
     void keyChanged(const QString &context);
     /// The plugin has sent settings for the key; keyChanged follows.
     void settingsReplied(const QString &context);
@@ -109,6 +113,7 @@ private:
     QVector<QWebSocket *> m_candidates; // connected, not registered
     QWebSocket *m_link = nullptr;
     LinkCounters m_counters;
+    StallWatch m_watch;
     QElapsedTimer m_clock;
 };
 

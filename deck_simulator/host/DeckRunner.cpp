@@ -33,6 +33,8 @@ void DeckRunner::start()
     connect(m_session, &DeckSession::keysAppeared, this, &DeckRunner::onRegistered);
     connect(m_session, &DeckSession::ended, this, &DeckRunner::onSessionEnded);
     connect(m_session, &DeckSession::notice, this, &DeckRunner::notice);
+    connect(m_session, &DeckSession::stalledChanged, this, &DeckRunner::stalledChanged);
+    connect(m_session, &DeckSession::stalledChanged, this, &DeckRunner::stateChanged);
     connect(m_session, &DeckSession::keyChanged, this, &DeckRunner::keyChanged);
     connect(&m_session->host(), &DeckHost::settingsReplied, this, &DeckRunner::onSettingsReplied);
     m_meter = TrafficMeter();

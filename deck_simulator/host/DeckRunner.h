@@ -70,6 +70,8 @@ Q_SIGNALS:
     /// The plugin has ended for good; \a failure is empty on success.
     void ended(const QString &failure);
     void keyChanged(const QString &context);
+    /// The plugin stands still, or no longer does.
+    void stalledChanged(bool stalled);
     /// New lists for the settings panel.
     void settingsReplied(const QString &context, const QJsonObject &reply);
     void notice(const QString &text);

@@ -40,6 +40,9 @@ DeckSession::DeckSession(const SessionSettings &settings, const DeckProfile &dec
     connect(&m_registrationTimer, &QTimer::timeout, this, &DeckSession::onRegistrationLimit);
     connect(m_host, &DeckHost::registered, this, &DeckSession::onRegistered);
     connect(m_host, &DeckHost::linkClosed, this, &DeckSession::onLinkClosed);
+    connect(m_host, &DeckHost::stalledChanged, this, &DeckSession::stalledChanged);
+    connect(&m_recordingWatch, &RecordingWatch::broke, this, &DeckSession::onRecordingBroke);
+    connect(&m_recordingWatch, &RecordingWatch::mended, this, &DeckSession::onRecordingMended);
     connect(m_host, &DeckHost::keyChanged, this, &DeckSession::keyChanged);
     connect(m_host, &DeckHost::registrationRefused, this, [this](const QString &reason) {
         Q_EMIT notice(QStringLiteral("A connection was refused: %1.").arg(reason));
@@ -138,10 +141,24 @@ void DeckSession::checkRecording()
     const QString file = recording();
     if (file.isEmpty())
         return;
-    const QString fault = recordingFault(file);
+    m_recordingWatch.follow(file);
+    const QString &fault = m_recordingWatch.fault();
     if (!fault.isEmpty())
         Q_EMIT notice(QStringLiteral("The recording %1 cannot be used: %2. There are no readings.")
                           .arg(QDir::toNativeSeparators(file), fault));
+}
+
+void DeckSession::onRecordingBroke(const QString &fault)
+{
+    Q_EMIT notice(QStringLiteral("The recording %1 cannot be used any more: %2. The readings stay "
+                                 "as they were.")
+                      .arg(QDir::toNativeSeparators(recording()), fault));
+}
+
+void DeckSession::onRecordingMended()
+{
+    Q_EMIT notice(QStringLiteral("The recording %1 can be used again.")
+                      .arg(QDir::toNativeSeparators(recording())));
 }
 
 QString DeckSession::info() const
@@ -226,7 +243,8 @@ QString DeckSession::stateText() const
     case State::Starting:
         return QStringLiteral("waiting for the plugin");
     case State::Running:
-        return QStringLiteral("registered");
+        return m_host->isStalled() ? QStringLiteral("the plugin stands still")
+                                   : QStringLiteral("registered");
     case State::LinkLost:
         return QStringLiteral("link lost");
     case State::Ending:
@@ -305,6 +323,7 @@ void DeckSession::fail(const QString &reason)
 
 void DeckSession::finish()
 {
+    m_recordingWatch.follow({});
     m_state = State::Ended;
     Q_EMIT ended();
 }

@@ -4,6 +4,7 @@
 #include "deck_simulator/host/HardwareService.h"
 #include "deck_simulator/process/FontFiles.h"
 #include "deck_simulator/process/PluginProcess.h"
+#include "deck_simulator/process/RecordingWatch.h"
 
 #include <QObject>
 #include <QString>
@@ -85,6 +86,8 @@ public:
 Q_SIGNALS:
     void keysAppeared();
     void keyChanged(const QString &context);
+    /// The plugin stands still, or no longer does.
+    void stalledChanged(bool stalled);
     /// A message for the user that does not end the session.
     void notice(const QString &text);
     void ended();
@@ -98,6 +101,8 @@ private:
     /// The file's path as passed to the plugin; empty for live readings.
     [[nodiscard]] QString recording() const;
     void checkRecording();
+    void onRecordingBroke(const QString &fault);
+    void onRecordingMended();
     [[nodiscard]] QString info() const;
     [[nodiscard]] QProcessEnvironment environment() const;
     void startPlugin();
@@ -117,6 +122,7 @@ private:
     HardwareService *m_service;
     PluginProcess *m_process;
     QTimer m_registrationTimer;
+    RecordingWatch m_recordingWatch;
     QTemporaryDir m_systemDrive;
     std::unique_ptr<QTemporaryDir> m_temporaryFolder;
     QString m_workFolder;

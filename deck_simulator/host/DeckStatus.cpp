@@ -40,6 +40,15 @@ QString byteText(double bytes)
     return QStringLiteral("%1 MB").arg(bytes / (1024 * 1024), 0, 'f', 1);
 }
 
+QString stallText(bool stalled)
+{
+    const auto limit = std::chrono::duration_cast<std::chrono::seconds>(StallWatch::limit);
+    return stalled ? QStringLiteral("The plugin stands still: no sign of life for %1 seconds. "
+                                    "Its keys may be out of date.")
+                         .arg(limit.count())
+                   : QStringLiteral("The plugin goes on.");
+}
+
 QString statusText(const DeckStatus &status)
 {
     QStringList parts{status.link};

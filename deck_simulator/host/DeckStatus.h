@@ -20,6 +20,9 @@ struct DeckStatus
 /// "512 B", "1.5 KB", "2.0 MB"; 1 KB is 1024 bytes.
 QString byteText(double bytes);
 
+/// The message that the plugin stands still, or that it no longer does.
+QString stallText(bool stalled);
+
 /// The status as one line; refusals are named only when there were any.
 QString statusText(const DeckStatus &status);
 

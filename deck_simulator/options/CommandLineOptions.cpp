@@ -42,7 +42,8 @@ const QCommandLineOption &screenshotOption()
 {
     static const QCommandLineOption option(
         QStringLiteral("screenshot"),
-        QStringLiteral("Write a picture of the window to this file, then end."),
+        QStringLiteral("Write a picture of the window to this file, then end. The suffix chooses "
+                       "the format. The profile is not written."),
         QStringLiteral("FILE.png"));
     return option;
 }
@@ -87,8 +88,9 @@ const QCommandLineOption &fontOption()
 {
     static const QCommandLineOption option(
         QStringLiteral("font"),
-        QStringLiteral("A font file to offer to the plugin; may be repeated. Default: the files of "
-                       "the Roboto family in this machine's font folders."),
+        QStringLiteral(
+            "A font file to offer to the plugin; may be repeated. Default: the files of "
+            "the Roboto family in this machine's font folders, or else other ones there."),
         QStringLiteral("FILE"));
     return option;
 }

@@ -1,5 +1,6 @@
 #include "deck_simulator/panel/InspectorRequests.h"
 
+#include "deck_simulator/panel/MissingReading.h"
 #include "deck_simulator/panel/SettingsLists.h"
 
 #include <QJsonArray>
@@ -73,7 +74,19 @@ QString readingOf(const QVector<ListEntry> &list, const QString &value)
     const auto found = std::find_if(list.begin(), list.end(), [&value](const ListEntry &entry) {
         return value.isEmpty() || entry.value == value;
     });
-    return found == list.end() ? QString() : found->label + QStringLiteral(": ") + found->reading;
+    if (found == list.end())
+        return notAvailable(value.isEmpty() ? QString()
+                                            : QStringLiteral("there is no \"%1\"").arg(value));
+    const QString reading = found->reading.isEmpty() ? notAvailable({}) : found->reading;
+    return found->label + QStringLiteral(": ") + reading;
+}
+
+// Of one device, 0 to 100.
+QString volumeText(const QJsonObject &device)
+{
+    const double volume = device.value(QLatin1String("AudioNameszf")).toDouble();
+    return volume < 0 ? QStringLiteral("its volume cannot be read")
+                      : QString::number(volume, 'g', 4);
 }
 
 } // namespace
@@ -86,6 +99,25 @@ QStringList inspectorRequests(const QString &action)
             return QString::fromLatin1(row.requests).split(QLatin1Char('|'));
     }
     return {};
+}
+
+QStringList inspectorQuestions(const QString &action)
+{
+    QStringList requests = inspectorRequests(action);
+    const QString graphics = QStringLiteral("Gpu Model");
+    if (requests.value(0).startsWith(QLatin1String("Gpu ")) && !requests.contains(graphics))
+        requests.append(graphics);
+    return requests;
+}
+
+QString InspectorReadings::text(const QString &request) const
+{
+    const QJsonValue info = m_infos.value(request);
+    if (!info.isString())
+        return {};
+    const QString graphics = m_infos.value(QLatin1String("Gpu Model")).toString();
+    const QString missing = missingText(request, info.toString(), graphics);
+    return missing.isEmpty() ? infoText(request, info) : missing;
 }
 
 bool InspectorReadings::take(const QByteArray &reply)
@@ -121,11 +153,11 @@ QString InspectorReadings::driveLines() const
         if (lines.size() == mostLines)
             break;
     }
-    const QString free =
-        infoText(QStringLiteral("Space"), m_infos.value(QLatin1String("totalDisksFreeSpace")));
-    const QString total =
-        infoText(QStringLiteral("Space"), m_infos.value(QLatin1String("totalDisksTotalSpace")));
-    if (!free.isEmpty() && !total.isEmpty())
+    const QString free = text(QStringLiteral("totalDisksFreeSpace"));
+    const QString total = text(QStringLiteral("totalDisksTotalSpace"));
+    if (m_infos.value(QLatin1String("totalDisksTotalSpace")) == QLatin1String("0"))
+        lines.append(total);
+    else if (!free.isEmpty() && !total.isEmpty())
         lines.append(QStringLiteral("All: %1 free of %2").arg(free, total));
     return lines.join(QLatin1Char('\n'));
 }
@@ -133,16 +165,14 @@ QString InspectorReadings::driveLines() const
 QString InspectorReadings::deviceLines() const
 {
     QStringList lines;
-    const QString request = QStringLiteral("defaultAudioEndpointVolume");
-    const QString volume = infoText(request, m_infos.value(request));
+    const QString volume = text(QStringLiteral("defaultAudioEndpointVolume"));
     if (!volume.isEmpty())
         lines.append(QStringLiteral("Default device: %1").arg(volume));
     const QJsonArray devices = m_infos.value(QLatin1String("AllAudioEndpointVolume")).toArray();
     for (const QJsonValue &value : devices) {
         const QJsonObject device = value.toObject();
         lines.append(QStringLiteral("%1: %2").arg(
-            device.value(QLatin1String("AudioNames")).toString(),
-            QString::number(device.value(QLatin1String("AudioNameszf")).toDouble(), 'g', 4)));
+            device.value(QLatin1String("AudioNames")).toString(), volumeText(device)));
         if (lines.size() > mostLines)
             break;
     }
@@ -156,16 +186,20 @@ QString InspectorReadings::previewText(const QString &action, const EntrySetting
         return driveLines();
     if (requests.contains(QStringLiteral("AllAudioEndpointVolume")))
         return deviceLines();
-    if (requests.contains(QStringLiteral("Disk Temperature")))
-        return readingOf(disksFrom(m_infos.value(QLatin1String("Disk Temperature")).toObject()),
-                         settings.selectPhysicalDisk);
+    if (requests.contains(QStringLiteral("Disk Temperature"))) {
+        const QJsonValue disks = m_infos.value(QLatin1String("Disk Temperature"));
+        return disks.isObject()
+                   ? readingOf(disksFrom(disks.toObject()), settings.selectPhysicalDisk)
+                   : QString();
+    }
     if (requests.contains(QStringLiteral("GetAllSensorsData")))
-        return readingOf(sensorsFrom(m_sensors), settings.selectValue);
+        return m_sensors.isEmpty() ? QString()
+                                   : readingOf(sensorsFrom(m_sensors), settings.selectValue);
     QStringList lines;
     for (const QString &request : requests) {
-        const QString text = infoText(request, m_infos.value(request));
-        if (!text.isEmpty())
-            lines.append(requests.size() > 1 ? request + QStringLiteral(": ") + text : text);
+        const QString line = text(request);
+        if (!line.isEmpty())
+            lines.append(requests.size() > 1 ? request + QStringLiteral(": ") + line : line);
     }
     return lines.join(QLatin1Char('\n'));
 }

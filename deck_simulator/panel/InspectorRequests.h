@@ -13,6 +13,9 @@ namespace deck {
 /// a key of \a action. Empty if the server has nothing for that action.
 QStringList inspectorRequests(const QString &action);
 
+/// These, and what tells why their readings may be missing.
+QStringList inspectorQuestions(const QString &action);
+
 /// The server's replies so far, by request.
 class InspectorReadings
 {
@@ -21,12 +24,14 @@ public:
     bool take(const QByteArray &reply);
     void clear();
 
-    /// The current reading of \a action, in lines; empty before the replies.
+    /// The current reading of \a action, in lines, or that the machine has none;
+    /// empty before the replies.
     [[nodiscard]] QString previewText(const QString &action, const EntrySettings &settings) const;
     /// The tree of all sensors; empty when it was not requested.
     [[nodiscard]] const QJsonObject &sensors() const { return m_sensors; }
 
 private:
+    [[nodiscard]] QString text(const QString &request) const;
     [[nodiscard]] QString driveLines() const;
     [[nodiscard]] QString deviceLines() const;
 

@@ -6,6 +6,8 @@
 #include <QMap>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace deck {
 
 FontFile fontFile(const QString &path)
@@ -14,9 +16,11 @@ FontFile fontFile(const QString &path)
     return {file.completeBaseName(), file.absoluteFilePath()};
 }
 
-QVector<FontFile> findRobotoFiles(const QStringList &folders)
+namespace {
+
+// Sorted by name; each name once.
+QVector<FontFile> findFiles(const QStringList &folders, const QStringList &patterns)
 {
-    const QStringList patterns{QStringLiteral("Roboto-*.ttf"), QStringLiteral("Roboto-*.otf")};
     QMap<QString, FontFile> byName;
     for (const QString &folder : folders) {
         QDirIterator files(folder, patterns, QDir::Files | QDir::Readable,
@@ -28,6 +32,40 @@ QVector<FontFile> findRobotoFiles(const QStringList &folders)
         }
     }
     return byName.values().toVector();
+}
+
+// Families with the letters of many languages come first.
+int rankOf(const QString &name)
+{
+    const QStringList known{QStringLiteral("DejaVuSans"),     QStringLiteral("NotoSans"),
+                            QStringLiteral("LiberationSans"), QStringLiteral("OpenSans"),
+                            QStringLiteral("Ubuntu"),         QStringLiteral("segoeui"),
+                            QStringLiteral("arial")};
+    for (int index = 0; index < known.size(); ++index) {
+        const QString &family = known.at(index);
+        const bool same = name.compare(family, Qt::CaseInsensitive) == 0 ||
+                          name.startsWith(family + QLatin1Char('-'), Qt::CaseInsensitive);
+        if (same)
+            return index;
+    }
+    return known.size();
+}
+
+} // namespace
+
+QVector<FontFile> findRobotoFiles(const QStringList &folders)
+{
+    return findFiles(folders, {QStringLiteral("Roboto-*.ttf"), QStringLiteral("Roboto-*.otf")});
+}
+
+QVector<FontFile> findFontFiles(const QStringList &folders, int most)
+{
+    QVector<FontFile> files =
+        findFiles(folders, {QStringLiteral("*.ttf"), QStringLiteral("*.otf")});
+    std::stable_sort(files.begin(), files.end(), [](const FontFile &left, const FontFile &right) {
+        return rankOf(left.name) < rankOf(right.name);
+    });
+    return files.mid(0, most);
 }
 
 QStringList fontFolders()

@@ -18,6 +18,10 @@ FontFile fontFile(const QString &path);
 /// The files of the Roboto family anywhere below \a folders, sorted by name; each name once.
 QVector<FontFile> findRobotoFiles(const QStringList &folders);
 
+/// Other font files anywhere below \a folders, \a most of them: well-known families first, then by
+/// name; each name once.
+QVector<FontFile> findFontFiles(const QStringList &folders, int most);
+
 /// "FAMILY|STYLE" of every face in \a files, each once, in the files' order. Needs a GUI
 /// application object.
 QStringList fontSpecs(const QVector<FontFile> &files);

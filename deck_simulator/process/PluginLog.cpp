@@ -5,6 +5,17 @@
 
 namespace deck {
 
+namespace {
+
+// The debug stream has no times of its own, unlike log.txt.
+QString timed(const QString &line)
+{
+    const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
+    return QStringLiteral("%1  %2").arg(time, line);
+}
+
+} // namespace
+
 PluginLog::PluginLog(QObject *parent)
     : QObject(parent)
 {
@@ -33,10 +44,9 @@ void PluginLog::finish()
 
 void PluginLog::tell(const QString &text)
 {
-    const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
     const QStringList lines = text.split(QLatin1Char('\n'));
     for (const QString &line : lines)
-        add(LogSource::Host, {QStringLiteral("%1  %2").arg(time, line)});
+        add(LogSource::Host, {line});
 }
 
 void PluginLog::clear()
@@ -53,7 +63,7 @@ void PluginLog::look()
 void PluginLog::add(LogSource source, const QStringList &lines)
 {
     for (const QString &line : lines)
-        Q_EMIT lineAdded(m_lines.add(source, line));
+        Q_EMIT lineAdded(m_lines.add(source, source == LogSource::File ? line : timed(line)));
 }
 
 } // namespace deck

@@ -8,7 +8,8 @@
 
 namespace deck {
 
-/// Follows what a plugin writes in its working folder: log.txt and its standard error.
+/// Follows what a plugin writes in its working folder: log.txt and its standard error, whose lines
+/// get the time of their arrival.
 class PluginLog : public QObject
 {
     Q_OBJECT

@@ -7,12 +7,18 @@ namespace deck {
 
 namespace {
 
+// The title ends with the reading: other columns are left out before it is cut to less.
+constexpr int fewestOfTitle = 28;
+
 QVector<TableColumn> deckColumns()
 {
     return {
-        {QStringLiteral("Key"), false, 8}, {QStringLiteral("Title"), false, 12},
-        {QStringLiteral("Picture"), true}, {QStringLiteral("Bytes"), true},
-        {QStringLiteral("Age"), true},     {QStringLiteral("Updates"), true},
+        {QStringLiteral("Title"), false, fewestOfTitle, true},
+        {QStringLiteral("Key"), false, 8},
+        {QStringLiteral("Picture"), true},
+        {QStringLiteral("Bytes"), true},
+        {QStringLiteral("Age"), true},
+        {QStringLiteral("Updates"), true},
         {QStringLiteral("Broken"), true},
     };
 }
@@ -28,8 +34,8 @@ QStringList deckRow(const DeckKey &key, qint64 now)
     std::optional<qint64> age;
     if (key.lastUpdate())
         age = now - *key.lastUpdate();
-    return {printable(key.name()),
-            printable(key.title()),
+    return {key.title().isEmpty() ? QStringLiteral("-") : printable(key.title()),
+            printable(key.name()),
             pictureText(key.picture()),
             QString::number(key.pictureBytes()),
             ageText(age),
@@ -49,6 +55,13 @@ QString ageText(std::optional<qint64> milliseconds)
     if (seconds < 120)
         return QStringLiteral("%1 s").arg(seconds, 0, 'f', 0);
     return QStringLiteral("%1 min").arg(seconds / 60, 0, 'f', 0);
+}
+
+QString changeLine(const DeckKey &key, const QTime &time)
+{
+    return QStringLiteral("%1  %2  (%3)")
+        .arg(time.toString(QStringLiteral("HH:mm:ss")), printable(key.title()),
+             printable(key.name()));
 }
 
 QStringList deckReport(const QVector<DeckKey> &keys, const DeckStatus &status, qint64 now,

@@ -1,11 +1,14 @@
 #include "deck_simulator/terminal/HeadlessRun.h"
 
 #include "deck_simulator/deck/ContactSheet.h"
+#include "deck_simulator/deck/PictureFile.h"
+#include "deck_simulator/host/DeckStatus.h"
 #include "deck_simulator/script/ScriptPlayer.h"
 #include "deck_simulator/terminal/DeckReport.h"
+#include "deck_simulator/terminal/TerminalTable.h"
 
 #include <QDir>
-#include <QImageWriter>
+#include <QTime>
 
 #include <cstdio>
 
@@ -15,7 +18,6 @@ namespace {
 
 constexpr int meterPeriod = 500;    // milliseconds
 constexpr int terminalPeriod = 500; // milliseconds
-constexpr int plainPeriod = 10000;  // milliseconds
 constexpr int plainWidth = 120;
 
 } // namespace
@@ -39,6 +41,11 @@ HeadlessRun::HeadlessRun(const SimulatorOptions &options, DeckSession *session, 
     connect(m_session, &DeckSession::keysAppeared, this, &HeadlessRun::onKeysAppeared);
     connect(m_session, &DeckSession::ended, this, &HeadlessRun::onEnded);
     connect(m_session, &DeckSession::notice, this, &HeadlessRun::report);
+    connect(m_session, &DeckSession::stalledChanged, this, [this](bool stalled) {
+        // A link that is gone says nothing of the plugin.
+        if (m_session->host().isRegistered())
+            report(stallText(stalled));
+    });
     connect(&m_tableTimer, &QTimer::timeout, this, &HeadlessRun::showTable);
     connect(&m_meterTimer, &QTimer::timeout, this, &HeadlessRun::measure);
     m_endTimer.setSingleShot(true);
@@ -47,8 +54,10 @@ HeadlessRun::HeadlessRun(const SimulatorOptions &options, DeckSession *session, 
 void HeadlessRun::start()
 {
     m_meterTimer.start(meterPeriod);
-    if (!m_options.quiet)
-        m_tableTimer.start(m_terminal.isInteractive() ? terminalPeriod : plainPeriod);
+    if (!m_options.quiet && m_terminal.isInteractive())
+        m_tableTimer.start(terminalPeriod);
+    else if (!m_options.quiet)
+        connect(m_session, &DeckSession::keyChanged, this, &HeadlessRun::showChange);
     m_session->start();
 }
 
@@ -108,10 +117,10 @@ QStringList HeadlessRun::writeSnapshot(const QString &file)
             missing.append(key.name());
     }
     const QImage sheet = paintContactSheet(pictures, {m_options.columns, m_options.keySize});
-    QImageWriter writer(file, "png");
-    if (!writer.write(sheet))
+    const QString fault = writePicture(sheet, file);
+    if (!fault.isEmpty())
         m_failure = QStringLiteral("The snapshot %1 cannot be written: %2.")
-                        .arg(QDir::toNativeSeparators(file), writer.errorString());
+                        .arg(QDir::toNativeSeparators(file), fault);
     return missing;
 }
 
@@ -120,7 +129,7 @@ void HeadlessRun::onEnded()
     m_endTimer.stop();
     m_tableTimer.stop();
     m_meterTimer.stop();
-    if (!m_options.quiet && m_session->host().counters().frames > 0)
+    if (!m_options.quiet && !m_outputGone && m_session->host().counters().frames > 0)
         showTable();
     if (m_failure.isEmpty() && !m_script.isEmpty() && !m_scriptPlayed)
         m_failure = QStringLiteral("The script was not played to its end.");
@@ -147,6 +156,16 @@ void HeadlessRun::showTable()
         m_tableTimer.stop();
 }
 
+void HeadlessRun::showChange(const QString &context)
+{
+    const DeckKey *key = m_session->host().key(context);
+    if (key == nullptr || m_outputGone || m_shownTitles.value(context) == key->title())
+        return;
+    m_shownTitles.insert(context, key->title());
+    const QString line = changeLine(*key, QTime::currentTime()) + QLatin1Char('\n');
+    m_outputGone = !m_terminal.write(line.toUtf8());
+}
+
 QByteArray HeadlessRun::tableInPlace()
 {
     QByteArray begin;
@@ -158,10 +177,8 @@ QByteArray HeadlessRun::tableInPlace()
         begin = "\x1b[2J\x1b[H";
     }
     // The last column stays free, as terminals differ in what they do after it.
-    QStringList lines = tableText(qMax(1, size.width() - 1));
-    const int most = qMax(1, size.height() - 1);
-    if (lines.size() > most)
-        lines = lines.mid(0, most - 1) + lines.mid(lines.size() - 1);
+    const QStringList lines =
+        cutRows(tableText(qMax(1, size.width() - 1)), qMax(1, size.height() - 1));
     const int previousLines = m_shownLines;
     m_shownLines = lines.size();
     return begin + replacementFrame(lines, previousLines);

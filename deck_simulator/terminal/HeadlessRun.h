@@ -7,6 +7,7 @@
 #include "deck_simulator/terminal/Terminal.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QObject>
 #include <QSize>
 #include <QStringList>
@@ -20,7 +21,8 @@ QByteArray replacementFrame(const QStringList &lines, int previousLines);
 
 /// A session without a window: a table in the terminal, a snapshot, a script, an end after some
 /// seconds.
-/// Where the output is no terminal, a plain table is written every ten seconds and at the end.
+/// Where the output is no terminal, a line is written for each title that changes, and a table at
+/// the end.
 class HeadlessRun : public QObject
 {
     Q_OBJECT
@@ -48,6 +50,7 @@ private:
     QStringList writeSnapshot(const QString &file);
     void measure();
     void showTable();
+    void showChange(const QString &context);
     QByteArray tableInPlace();
     void report(const QString &text);
     [[nodiscard]] QStringList tableText(int width) const;
@@ -61,6 +64,8 @@ private:
     QTimer m_endTimer;
     QSize m_terminalSize;
     int m_shownLines = 0;
+    QHash<QString, QString> m_shownTitles; // by context
+    bool m_outputGone = false;
     bool m_snapshotTaken = false;
     bool m_scriptPlayed = false;
     QVector<ScriptStep> m_script;

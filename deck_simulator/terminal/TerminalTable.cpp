@@ -54,6 +54,20 @@ QString leadingPart(const QString &text, int width)
     return part;
 }
 
+QString trailingPart(const QString &text, int width)
+{
+    const QVector<uint> codes = text.toUcs4();
+    QString part;
+    int used = 0;
+    for (auto code = codes.rbegin(); code != codes.rend(); ++code) {
+        used += codePointWidth(*code);
+        if (used > width)
+            break;
+        part.prepend(QString::fromUcs4(&*code, 1));
+    }
+    return part;
+}
+
 QVector<int> naturalWidths(const QVector<TableColumn> &columns, const QVector<QStringList> &rows)
 {
     QVector<int> widths;
@@ -87,13 +101,18 @@ bool narrowOne(const QVector<TableColumn> &columns, QVector<int> &widths)
     return true;
 }
 
+QString cell(const TableColumn &column, const QString &text, int width)
+{
+    return column.keepsEnd ? fittedInTheMiddle(text, width)
+                           : fitted(text, width, column.rightAligned);
+}
+
 QString tableLine(const QVector<TableColumn> &columns, const QVector<int> &widths,
                   const QStringList &cells)
 {
     QStringList parts;
     for (int column = 0; column < widths.size(); ++column)
-        parts.append(
-            fitted(cells.value(column), widths.at(column), columns.at(column).rightAligned));
+        parts.append(cell(columns.at(column), cells.value(column), widths.at(column)));
     QString line = parts.join(QString(columnGap, QLatin1Char(' ')));
     while (line.endsWith(QLatin1Char(' ')))
         line.chop(1);
@@ -117,6 +136,27 @@ QString fitted(const QString &text, int width, bool rightAligned)
         result = width > 0 ? leadingPart(text, width - 1) + QStringLiteral("…") : QString();
     const QString padding(qMax(0, width - displayWidth(result)), QLatin1Char(' '));
     return rightAligned ? padding + result : result + padding;
+}
+
+QString fittedInTheMiddle(const QString &text, int width)
+{
+    if (displayWidth(text) <= width || width < 3)
+        return fitted(text, width);
+    const int beginning = (width - 1) / 2;
+    return fitted(leadingPart(text, beginning) + QStringLiteral("…") +
+                      trailingPart(text, width - 1 - beginning),
+                  width);
+}
+
+QStringList cutRows(const QStringList &lines, int most)
+{
+    if (lines.size() <= most || lines.isEmpty())
+        return lines;
+    if (most < 4) // header, row, count and last line
+        return lines.mid(0, qMax(0, most));
+    const int rows = most - 3;
+    const int hidden = lines.size() - 2 - rows;
+    return lines.mid(0, 1 + rows) << QStringLiteral("%1 more").arg(hidden) << lines.constLast();
 }
 
 QStringList tableLines(QVector<TableColumn> columns, const QVector<QStringList> &rows, int width)

@@ -116,16 +116,20 @@ const Kind kinds[] = {
     {"Any sensor", "51°C"},
 };
 
-// The titles by the names of their keys, from a table in which they are the first two columns.
-QMap<QString, QString> titlesIn(const QString &table)
+// The titles by the names of their keys, from the table that the output ends with. They are its
+// first two columns, the other way round.
+QMap<QString, QString> titlesIn(const QString &output)
 {
     QMap<QString, QString> titles;
-    const QStringList lines = table.split(QLatin1Char('\n'));
-    const int column = lines.constFirst().indexOf(QLatin1String("Title"));
+    const QStringList lines = output.split(QLatin1Char('\n'));
+    const int header = lines.indexOf(QRegularExpression(QStringLiteral("^Title +Key .*$")));
+    if (header < 0)
+        return titles;
+    const int column = lines.at(header).indexOf(QLatin1String("Key"));
     const QRegularExpression picture(QStringLiteral(" +\\d+x\\d+ .*$"));
-    for (const QString &line : lines) {
+    for (const QString &line : lines.mid(header)) {
         if (line.contains(picture))
-            titles.insert(line.left(column).trimmed(), line.mid(column).remove(picture));
+            titles.insert(line.mid(column).remove(picture), line.left(column).trimmed());
     }
     return titles;
 }
@@ -229,7 +233,7 @@ void tst_Simulator::showsTheWindow()
     }
     QVERIFY2(dark > 10000, qPrintable(QString::number(dark)));
     QVERIFY2(white > 1000, qPrintable(QString::number(white)));
-    // The plugin ran and ended as it should: its folder has its log, and the profile was saved.
+    // The plugin ran and ended as it should: its folder has its log, and the profile is there.
     QVERIFY(QFile::exists(path("work/log.txt")));
     QVERIFY(QFile::exists(path("deck.json")));
     QVERIFY(!QFile::exists(path("deck.json.broken")));

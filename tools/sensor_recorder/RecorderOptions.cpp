@@ -11,7 +11,8 @@ std::variant<RecorderOptions, RecorderMessage> parseRecorderOptions(const QStrin
                                   QStringLiteral("Shows this text."));
     const QCommandLineOption samples(
         QStringLiteral("samples"),
-        QStringLiteral("Takes N samples into FILE-1, FILE-2, ... (default: 1, into FILE)."),
+        QStringLiteral("Takes N samples; for FILE.json into FILE-1.json, FILE-2.json, ... "
+                       "(default: 1, into FILE)."),
         QStringLiteral("N"), QStringLiteral("1"));
     const QCommandLineOption interval(
         QStringLiteral("interval"),

@@ -1,9 +1,14 @@
 // A plugin that does what the environment variable SCRIPT says:
 //   draw       registers, answers each willAppear with settings, a title and a picture, and ends
 //              with status 0 when its link closes
+//   bare       as draw, with the title of a reading that the machine does not have
+//   blank      as draw, with the pictures of empty readings
 //   half       as draw, but draws on the first key only
 //   impostor   registers with a wrong uuid
 //   mute       never connects
+//   freeze     as panel, but when a key is pressed it stands still until there is a file "go" in
+//   its
+//              working folder
 //   refuse     writes to standard error and ends with status 3 at once
 //   die        as draw, but kills itself once it has drawn
 //   leave      as draw, but closes its link after the first key
@@ -20,6 +25,7 @@
 #include <QImage>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QThread>
 #include <QTimer>
 #include <QUrl>
 #include <QWebSocket>
@@ -41,7 +47,8 @@ QString picture(bool gauge)
     image.fill(Qt::red);
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    image.save(&buffer, "png");
+    if (qgetenv("SCRIPT") != "blank")
+        image.save(&buffer, "png");
     return QStringLiteral("data:image/png;base64,") + QString::fromLatin1(bytes.toBase64());
 }
 
@@ -55,6 +62,7 @@ void sendForKey(QWebSocket &link, const QString &event, const QString &context,
 
 void drawKey(QWebSocket &link, const QJsonObject &appearance)
 {
+    const bool bare = qgetenv("SCRIPT") == "bare";
     const QString context = appearance.value(QLatin1String("context")).toString();
     QJsonObject settings = appearance.value(QLatin1String("payload"))
                                .toObject()
@@ -64,8 +72,9 @@ void drawKey(QWebSocket &link, const QJsonObject &appearance)
         settings.value(QLatin1String("display")).toObject().contains(QLatin1String("style"));
     settings.insert(QStringLiteral("seen"), true);
     sendForKey(link, QStringLiteral("setSettings"), context, settings);
-    sendForKey(link, QStringLiteral("setTitle"), context,
-               {{QStringLiteral("title"), QStringLiteral("drawn")}});
+    sendForKey(
+        link, QStringLiteral("setTitle"), context,
+        {{QStringLiteral("title"), bare ? QStringLiteral("nodata") : QStringLiteral("drawn")}});
     sendForKey(link, QStringLiteral("setImage"), context,
                {{QStringLiteral("image"), picture(gauge)}});
 }
@@ -82,12 +91,16 @@ void onEvent(QWebSocket &link, const QByteArray &script, const QString &text)
     static int appearances = 0;
     const QJsonObject message = QJsonDocument::fromJson(text.toUtf8()).object();
     const QString event = message.value(QLatin1String("event")).toString();
-    if (script == "panel") {
+    if (script == "panel" || script == "freeze") {
         keep("received.txt", text);
         keep("times.txt",
              QString::number(QDateTime::currentMSecsSinceEpoch()) + QLatin1Char(' ') + event);
         if (event == QLatin1String("didReceiveSettings"))
             drawKey(link, message);
+    }
+    if (script == "freeze" && event == QLatin1String("keyDown")) {
+        while (!QFile::exists(QStringLiteral("go")))
+            QThread::msleep(20);
     }
     if (event != QLatin1String("willAppear"))
         return;
@@ -120,7 +133,7 @@ int main(int argc, char *argv[])
         return 3;
     }
 
-    if (script == "panel") {
+    if (script == "panel" || script == "freeze") {
         keep("info.txt", argumentAfter(arguments, QStringLiteral("-info")));
         keep("recording.txt", qEnvironmentVariable("SYSTEM_MONITOR_RECORDING"));
     }

@@ -23,7 +23,9 @@ private Q_SLOTS:
     void failsWhenAKeyStaysEmpty();
     void failsWhenTheSnapshotCannotBeWritten();
     void failsWithoutAScreenshot();
+    void refusesAKeyThatTheDeckLacks();
     void warnsOfABrokenRecording();
+    void takesEmptyPicturesForEmptyReadings();
     void endsByItself();
     void endsOnTermination();
     void staysQuiet();
@@ -138,12 +140,35 @@ void tst_DeckSimulator::failsWithoutAScreenshot()
     QVERIFY2(text.contains(QLatin1String("deck_simulator: The plugin ended with exit status 3")),
              qPrintable(text));
     QVERIFY(!QFile::exists(path("window.png")));
+    QVERIFY(!QFile::exists(path("deck.json")));
 
     run("draw", profile + QStringList{QStringLiteral("--screenshot"), path("missing/window.png"),
                                       QStringLiteral("--after=0.1")});
     QCOMPARE(m_process.exitCode(), 1);
     text = errors();
     QVERIFY2(text.contains(QLatin1String("cannot be written")), qPrintable(text));
+}
+
+void tst_DeckSimulator::refusesAKeyThatTheDeckLacks()
+{
+    const QStringList screenshot{QStringLiteral("--profile"), path("deck.json"),
+                                 QStringLiteral("--screenshot"), path("window.png"),
+                                 QStringLiteral("--after=0.5")};
+    for (const QString &key : {QStringLiteral("99,99"), QStringLiteral("8,0")}) {
+        run("draw", screenshot + QStringList{QStringLiteral("--select"), key});
+        QCOMPARE(m_process.exitCode(), 2);
+        const QString text = errors();
+        QVERIFY2(text.contains(QLatin1String("8 columns and 4 rows")), qPrintable(text));
+        QVERIFY(!QFile::exists(path("window.png")));
+    }
+    run("draw", screenshot + QStringList{QStringLiteral("--select=7,3")});
+    const QString noise = errors();
+    QVERIFY2(m_process.exitCode() == 0, qPrintable(noise));
+    QVERIFY(!QFile::exists(path("deck.json"))); // the screenshot keeps nothing
+    QVERIFY2(!noise.contains(QLatin1String("Negative sizes")) &&
+                 !noise.contains(QLatin1String("propagateSizeHints")) &&
+                 !noise.contains(QLatin1String("libpng")),
+             qPrintable(noise));
 }
 
 void tst_DeckSimulator::warnsOfABrokenRecording()
@@ -160,11 +185,32 @@ void tst_DeckSimulator::warnsOfABrokenRecording()
     QVERIFY2(text.contains(QLatin1String("machine.json cannot be used")), qPrintable(text));
 }
 
+void tst_DeckSimulator::takesEmptyPicturesForEmptyReadings()
+{
+    run("blank", {QStringLiteral("--seconds=0.3")});
+    QCOMPARE(m_process.exitCode(), 0);
+    const QString table = output();
+    const QRegularExpression row(QStringLiteral("^drawn +Memory load +- +0 +[\\d.]+ s +1\\r?$"),
+                                 QRegularExpression::MultilineOption); // nothing is broken
+    QVERIFY2(row.match(table).hasMatch(), qPrintable(table));
+    const QString noise = errors();
+    QVERIFY2(!noise.contains(QLatin1String("libpng")), qPrintable(noise));
+}
+
 void tst_DeckSimulator::endsByItself()
 {
     run("draw", {QStringLiteral("--seconds=0.3")});
     QVERIFY2(m_process.exitCode() == 0, qPrintable(errors()));
-    QVERIFY(output().contains(QLatin1String("Memory load")));
+    const QString text = output();
+    QVERIFY(text.contains(QLatin1String("Memory load")));
+    // One line per change, though the plugin sends pictures and settings too.
+    const QRegularExpression change(
+        QStringLiteral("^\\d\\d:\\d\\d:\\d\\d  drawn  \\(CPU usage\\)\\r?$"),
+        QRegularExpression::MultilineOption);
+    int changes = 0;
+    for (auto match = change.globalMatch(text); match.hasNext(); match.next())
+        ++changes;
+    QVERIFY2(changes == 1, qPrintable(text));
 }
 
 void tst_DeckSimulator::endsOnTermination()

@@ -65,6 +65,7 @@ void SensorRecorderTest::readsItsCommandLine()
     QVERIFY(message);
     QCOMPARE(message->status, 0);
     QVERIFY(message->text.contains(QStringLiteral("serial numbers")));
+    QVERIFY(message->text.contains(QLatin1String("FILE-1.json"))); // see sampleFile
 }
 
 void SensorRecorderTest::refusesACommandLine_data()

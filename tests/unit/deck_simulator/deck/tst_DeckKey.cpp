@@ -98,11 +98,13 @@ void tst_DeckKey::keepsTheLastValidPicture()
 void tst_DeckKey::clearsThePictureOnAnEmptyText()
 {
     DeckKey subject = key();
-    QVERIFY(subject.takePicture(dataUrl(pngBytes(5, 5)), 100));
-    QVERIFY(subject.takePicture(QString(), 200));
-    QVERIFY(subject.picture().isNull());
-    QCOMPARE(subject.pictureBytes(), 0);
-    QCOMPARE(subject.brokenPictures(), quint64(0));
+    for (const QString &empty : {QString(), dataUrl({})}) {
+        QVERIFY(subject.takePicture(dataUrl(pngBytes(5, 5)), 100));
+        QVERIFY(subject.takePicture(empty, 200));
+        QVERIFY(subject.picture().isNull());
+        QCOMPARE(subject.pictureBytes(), 0);
+        QCOMPARE(subject.brokenPictures(), quint64(0));
+    }
 }
 
 void tst_DeckKey::keepsTitlesAndSettings()

@@ -1,6 +1,7 @@
 #include "deck_simulator/deck/ActionList.h"
 #include "deck_simulator/deck/ProfileStore.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QSet>
@@ -30,6 +31,8 @@ private Q_SLOTS:
     void losesNoFileThatWasSetAside();
     void savesNothingOverWhatItCannotSetAside();
     void tellsWhenItCannotSave();
+    void worksOnACopyOfAnothersProfile();
+    void onlyReadsWhereToldSo();
 
 private:
     void write(const QByteArray &text);
@@ -74,8 +77,8 @@ void tst_ProfileStore::beginsWithKeysOfThePlugin()
 
 void tst_ProfileStore::comesBackAsItWasSaved()
 {
-    ProfileStore store(m_file);
-    StoredProfile profile = store.load();
+    auto store = std::make_unique<ProfileStore>(m_file);
+    StoredProfile profile = store->load();
     profile.grid = {6, 2};
     profile.dials = 1;
     profile.entries[0].settings.text = QStringLiteral("温度");
@@ -86,7 +89,8 @@ void tst_ProfileStore::comesBackAsItWasSaved()
     profile.launch = {QStringLiteral("zh_CN"), true, QStringLiteral("/tmp/a recording.json")};
     profile.windowGeometry = QByteArray("\x00\xff geometry", 11);
     profile.windowState = "state";
-    QVERIFY(store.save(profile));
+    QVERIFY(store->save(profile));
+    store.reset();
 
     ProfileStore again(m_file);
     const StoredProfile read = again.load();
@@ -260,6 +264,46 @@ void tst_ProfileStore::tellsWhenItCannotSave()
     ProfileStore store(m_file);
     QVERIFY(!store.save(firstProfile()));
     QVERIFY(store.message().contains(QLatin1String("cannot be saved")));
+}
+
+void tst_ProfileStore::worksOnACopyOfAnothersProfile()
+{
+    auto first = std::make_unique<ProfileStore>(m_file);
+    StoredProfile profile = first->load();
+    QCOMPARE(first->message(), QString());
+    profile.grid = {3, 2};
+    QVERIFY(first->save(profile));
+    const QByteArray saved = content();
+    {
+        ProfileStore second(m_file);
+        StoredProfile copy = second.load();
+        QCOMPARE(copy.grid, QSize(3, 2));
+        QVERIFY2(second.message().contains(QLatin1String("works on a copy")),
+                 qPrintable(second.message()));
+        copy.grid = {5, 5};
+        QVERIFY(second.save(copy));
+        QCOMPARE(content(), saved);
+    }
+    profile.grid = {4, 4};
+    QVERIFY(first->save(profile));
+    first.reset();
+    ProfileStore third(m_file);
+    QCOMPARE(third.load().grid, QSize(4, 4));
+    QCOMPARE(third.message(), QString());
+}
+
+void tst_ProfileStore::onlyReadsWhereToldSo()
+{
+    write("{broken");
+    {
+        ProfileStore store(m_file, ProfileStore::Access::ReadOnly);
+        const StoredProfile profile = store.load();
+        QVERIFY(!profile.entries.isEmpty());
+        QVERIFY2(store.message().contains(QLatin1String("is broken")), qPrintable(store.message()));
+        QVERIFY(store.save(profile));
+    }
+    QCOMPARE(content(), QByteArray("{broken"));
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_ProfileStore)

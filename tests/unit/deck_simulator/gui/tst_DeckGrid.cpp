@@ -44,6 +44,7 @@ private Q_SLOTS:
     void showsPicturesAsTheyCome();
     void showsGaugesAsLargeAsTheirKeys();
     void showsTheTitleAsToolTip();
+    void dimsPictures();
     void forgetsPictures();
     void followsTheSizeOfTheDeck();
     void keepsKeysInsideOfItsBody_data();
@@ -468,6 +469,22 @@ void tst_DeckGrid::showsTheTitleAsToolTip()
     QVERIFY2(cell->toolTip().contains(QLatin1String("&lt;b&gt;3&lt;/b&gt; %")),
              qPrintable(cell->toolTip()));
     QCOMPARE(m_grid->cell({1, 0})->toolTip(), QString());
+}
+
+void tst_DeckGrid::dimsPictures()
+{
+    QImage picture(60, 20, QImage::Format_ARGB32);
+    picture.fill(Qt::red);
+    m_grid->showLive(m_model->at({0, 0})->context, QStringLiteral("3 %"), picture);
+    KeyCell *cell = m_grid->cell({0, 0});
+    const auto brightness = [cell] {
+        return qRed(cell->grab().toImage().pixel(cell->rect().center()));
+    };
+    QVERIFY(brightness() > 200);
+    m_grid->setDimmed(true);
+    QVERIFY(brightness() < 150);
+    m_grid->setDimmed(false);
+    QVERIFY(brightness() > 200);
 }
 
 void tst_DeckGrid::forgetsPictures()

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void showsAndKeepsADeck();
     void savesEveryChangeAtOnce();
     void setsABrokenProfileAside();
+    void tellsOfAProfileThatIsInUse();
     void showsLivePictures();
     void putsAnActionFromTheList();
     void returnsToTheDeck();
@@ -56,6 +57,8 @@ private Q_SLOTS:
     void editsTheSelectedKey();
     void sendsKeysAndDials();
     void startsAndStopsThePlugin();
+    void tellsOfAPluginThatStandsStill();
+    void tellsOfARecordingThatBreaks();
     void playsTheDeathOfTheHost();
     void changesTheServicePort();
     void showsTheLog();
@@ -63,6 +66,7 @@ private Q_SLOTS:
     void startsAgainWithARecording();
     void resizesTheDeck();
     void showsPreviews();
+    void tellsOfMissingFans();
     void tellsWhenThePluginCannotStart();
     void endsThePluginWhenItIsClosed();
     void takesAScreenshot();
@@ -194,6 +198,15 @@ void tst_DeckWindow::setsABrokenProfileAside()
     QVERIFY(m_window->logView()->view()->toPlainText().contains(QLatin1String("deck.json.broken")));
 }
 
+void tst_DeckWindow::tellsOfAProfileThatIsInUse()
+{
+    reopen();
+    const DeckWindow second(m_settings);
+    QVERIFY2(second.messages()->message().contains(QLatin1String("works on a copy")),
+             qPrintable(second.messages()->message()));
+    QCOMPARE(m_window->messages()->message(), QString());
+}
+
 void tst_DeckWindow::showsLivePictures()
 {
     open();
@@ -313,6 +326,53 @@ void tst_DeckWindow::startsAndStopsThePlugin()
     QTRY_VERIFY(m_window->runner()->isLinked() && m_window->runner()->pluginPid() != pid);
 }
 
+void tst_DeckWindow::tellsOfAPluginThatStandsStill()
+{
+    open("freeze");
+    const DeckGrid *grid = m_window->grid();
+    QVERIFY(!grid->cell({0, 0})->face().isDimmed);
+    press(Qt::Key_Return);
+    QTRY_VERIFY(grid->cell({0, 0})->face().isDimmed);
+    QVERIFY(grid->cell({0, 1})->face().isDimmed);
+    QVERIFY(!grid->cell({0, 0})->face().picture.isNull());
+    const QString message = m_window->messages()->message();
+    QVERIFY2(message.contains(QLatin1String("stands still")), qPrintable(message));
+    QVERIFY2(status().contains(QLatin1String("stands still")), qPrintable(status()));
+
+    QFile go(m_folder->filePath(QStringLiteral("work/go")));
+    QVERIFY(go.open(QIODevice::WriteOnly));
+    QTRY_VERIFY(!grid->cell({0, 0})->face().isDimmed);
+    QCOMPARE(m_window->messages()->message(), QString());
+    QVERIFY2(status().contains(QLatin1String("registered")), qPrintable(status()));
+    QVERIFY(m_window->logView()->view()->toPlainText().contains(QLatin1String("goes on")));
+}
+
+void tst_DeckWindow::tellsOfARecordingThatBreaks()
+{
+    const QString name = m_folder->filePath(QStringLiteral("machine.json"));
+    const auto write = [&name](const QByteArray &text) {
+        QFile file(name);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    };
+    write("{}");
+    open();
+    QSignalSpy linked(m_window->runner(), &DeckRunner::linked);
+    m_window->pluginBar()->useRecording(name);
+    QTRY_COMPARE(linked.count(), 1);
+    const MessageBar *messages = m_window->messages();
+    QVERIFY2(!messages->isVisible(), qPrintable(messages->message()));
+    write("{broken");
+    QTRY_VERIFY2(messages->message().contains(QLatin1String("cannot be used any more")),
+                 qPrintable(messages->message()));
+    write("{ }");
+    QTRY_VERIFY2(messages->message().contains(QLatin1String("can be used again")),
+                 qPrintable(messages->message()));
+    QVERIFY(QFile::remove(name));
+    QTRY_VERIFY2(messages->message().contains(QLatin1String("no such file")),
+                 qPrintable(messages->message()));
+}
+
 void tst_DeckWindow::playsTheDeathOfTheHost()
 {
     open();
@@ -430,6 +490,17 @@ void tst_DeckWindow::showsPreviews()
     QTRY_COMPARE(m_window->panel()->preview(), QStringLiteral("Now: 37%"));
     m_window->runner()->stop();
     QTRY_COMPARE(m_window->panel()->preview(), QString());
+}
+
+void tst_DeckWindow::tellsOfMissingFans()
+{
+    open("bare");
+    m_window->grid()->setCurrent({7, 3});
+    Q_EMIT m_window->actionList()->actionChosen(keyuuid::cpuFan);
+    QTRY_VERIFY(m_window->panel()->preview().startsWith(
+        QLatin1String("Now: not available on this machine")));
+    m_window->grid()->setCurrent({0, 0});
+    QCOMPARE(m_window->panel()->preview(), QString());
 }
 
 void tst_DeckWindow::tellsWhenThePluginCannotStart()

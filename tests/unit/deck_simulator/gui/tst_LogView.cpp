@@ -1,9 +1,10 @@
 #include "deck_simulator/gui/LogView.h"
 
-#include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTabBar>
+#include <QTemporaryDir>
 #include <QToolButton>
 #include <QtTest>
 
@@ -19,6 +20,7 @@ private Q_SLOTS:
     void showsLinesAsTheyCome();
     void showsWhatWasThereBefore();
     void filters();
+    void opensOnTheFile();
     void clears();
     void staysWhereTheUserReads();
     void followsWhateverItsSize();
@@ -69,9 +71,30 @@ void tst_LogView::filters()
     QCOMPARE(shown().size(), 2);
     m_view->filterField()->clear();
     QCOMPARE(shown().size(), 4);
-    QTest::keyClick(m_view->sourceField(), Qt::Key_Down);
-    QCOMPARE(m_view->sourceField()->currentText(), QStringLiteral("log.txt"));
+    m_view->sourceTabs()->setCurrentIndex(1);
     QCOMPARE(shown().size(), 4); // lines of the simulator itself are always shown
+}
+
+void tst_LogView::opensOnTheFile()
+{
+    const QTemporaryDir folder;
+    const auto append = [&folder](const char *name, const QByteArray &text) {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        QVERIFY(file.open(QIODevice::Append));
+        file.write(text);
+    };
+    m_log->follow(folder.path());
+    append("log.txt", "[2026-01-02 03:04:05] of the file\n");
+    append("plugin-stderr.txt", "of the stream\n");
+    QTRY_COMPARE(m_log->lines().size(), 2);
+    QCOMPARE(shown(), QStringList(QStringLiteral("[2026-01-02 03:04:05] of the file")));
+    QTabBar *tabs = m_view->sourceTabs();
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
+    QCOMPARE(shown().size(), 1);
+    const QRegularExpression line(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d  of the stream$"));
+    QVERIFY2(line.match(shown().at(0)).hasMatch(), qPrintable(shown().at(0)));
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(2).center());
+    QCOMPARE(shown().size(), 2);
 }
 
 void tst_LogView::clears()

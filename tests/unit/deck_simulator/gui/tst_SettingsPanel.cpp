@@ -37,6 +37,7 @@ private Q_SLOTS:
     void picksAColour();
     void takesAColourBack();
     void choosesFonts();
+    void tellsOfAMissingFont();
     void keepsAFontThatIsNotInTheList();
     void choosesDrives();
     void switchesBetweenDiskModes();
@@ -271,6 +272,28 @@ void tst_SettingsPanel::takesAColourBack()
     picker->setCurrentColor(Qt::red);
     picker->reject();
     QCOMPARE(last().color, QStringLiteral("#ffffff"));
+}
+
+void tst_SettingsPanel::tellsOfAMissingFont()
+{
+    const DeckEntry shown{QStringLiteral("context"), keyuuid::cpu, {0, 0}, {}};
+    m_panel->setEntry(&shown);
+    m_panel->show();
+    const auto *hint = m_panel->findChild<QLabel *>(QStringLiteral("fontHint"));
+    QVERIFY(!hint->isVisible()); // nothing is known of the plugin's fonts
+    m_panel->form()->setLists(someLists());
+    QVERIFY(!hint->isVisible());
+    SettingsLists lists = someLists();
+    lists.fonts = {
+        {QStringLiteral("DejaVu Sans|Bold"), QStringLiteral("DejaVu Sans Bold"), {}, {}}};
+    m_panel->form()->setLists(lists);
+    QVERIFY(hint->isVisible());
+    QVERIFY2(hint->text().contains(QLatin1String("no \"Roboto Bold\"")), qPrintable(hint->text()));
+    auto *font = m_panel->findChild<QComboBox *>(QStringLiteral("font"));
+    font->setCurrentIndex(font->findData(QStringLiteral("DejaVu Sans|Bold")));
+    Q_EMIT font->activated(font->currentIndex());
+    QCOMPARE(m_panel->form()->settings().fontFamily, QStringLiteral("DejaVu Sans|Bold"));
+    QVERIFY(!hint->isVisible());
 }
 
 void tst_SettingsPanel::choosesFonts()

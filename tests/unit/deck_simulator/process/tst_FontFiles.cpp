@@ -12,6 +12,7 @@ class tst_FontFiles : public QObject
 
 private Q_SLOTS:
     void findsRobotoFilesBelowFolders();
+    void findsOtherFiles();
 };
 
 namespace {
@@ -40,6 +41,25 @@ void tst_FontFiles::findsRobotoFilesBelowFolders()
     QCOMPARE(fonts.at(0).name, QStringLiteral("Roboto-Bold"));
     QCOMPARE(fonts.at(1).name, QStringLiteral("Roboto-Regular"));
     QCOMPARE(fonts.at(1).path, first.filePath(QStringLiteral("deep/er/Roboto-Regular.ttf")));
+}
+
+void tst_FontFiles::findsOtherFiles()
+{
+    const QTemporaryDir folder;
+    for (const char *name : {"a/Zapf.otf", "a/Able.ttf", "b/NotoSans-Bold.ttf", "b/DejaVuSans.ttf",
+                             "b/NotoSansMath.ttf", "c/Able.ttf", "c/readme.txt"})
+        makeFile(folder.path(), QString::fromLatin1(name));
+    const auto names = [&folder](int most) {
+        QStringList list;
+        for (const FontFile &file : findFontFiles({folder.path()}, most))
+            list.append(file.name);
+        return list;
+    };
+    QCOMPARE(names(9), (QStringList{QStringLiteral("DejaVuSans"), QStringLiteral("NotoSans-Bold"),
+                                    QStringLiteral("Able"), QStringLiteral("NotoSansMath"),
+                                    QStringLiteral("Zapf")}));
+    QCOMPARE(names(2).size(), 2);
+    QVERIFY(findFontFiles({QStringLiteral("/no/such/folder")}, 9).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_FontFiles)

@@ -51,8 +51,10 @@ void tst_PluginLog::followsBothStreams()
     QTRY_COMPARE(added.count(), 2);
     QCOMPARE(log.lines().matching({true, false, {}}),
              QStringList{QStringLiteral("a line of the file")});
-    QCOMPARE(log.lines().matching({false, true, {}}),
-             QStringList{QStringLiteral("a line of the stream")});
+    const QStringList stream = log.lines().matching({false, true, {}});
+    QCOMPARE(stream.size(), 1);
+    const QRegularExpression timed(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d  a line of the stream$"));
+    QVERIFY2(timed.match(stream.at(0)).hasMatch(), qPrintable(stream.at(0)));
     log.clear();
     QCOMPARE(log.lines().size(), 0);
 }
@@ -63,7 +65,8 @@ void tst_PluginLog::readsTheRestAtTheEnd()
     log.follow(m_folder->path());
     append("plugin-stderr.txt", "Segmentation fault");
     log.finish();
-    QCOMPARE(log.lines().matching({}), QStringList{QStringLiteral("Segmentation fault")});
+    QCOMPARE(log.lines().size(), 1);
+    QVERIFY(log.lines().matching({}).at(0).endsWith(QLatin1String("Segmentation fault")));
     log.follow(m_folder->path()); // the next plugin
     append("log.txt", "new\n");
     const QStringList expected{QStringLiteral("new")};

@@ -16,6 +16,8 @@ private Q_SLOTS:
     void showsOneLinePerKeyAndTheStatus();
     void showsNoControlCharacters();
     void fitsNarrowTerminals();
+    void keepsTitleAndReadingOnNarrowTerminals();
+    void tellsAChangeOnOneLine();
     void replacesTheFrameBefore();
 };
 
@@ -62,10 +64,11 @@ void tst_DeckReport::showsOneLinePerKeyAndTheStatus()
     keys[0].takeTitle(QStringLiteral("CPU: 5%"), 1000);
     const QStringList lines = deckReport(keys, runningStatus(), 1500, 100);
     QCOMPARE(lines.size(), 4);
-    QVERIFY(lines.at(0).startsWith(QLatin1String("Key")));
-    QVERIFY(lines.at(1).contains(QLatin1String("CPU: 5%")));
+    QVERIFY(lines.at(0).startsWith(QLatin1String("Title")));
+    QVERIFY(lines.at(1).startsWith(QLatin1String("CPU: 5%")));
     QVERIFY(lines.at(1).contains(QLatin1String("0.5 s")));
-    QVERIFY(lines.at(2).startsWith(QLatin1String("Network")));
+    QVERIFY(lines.at(2).startsWith(QLatin1String("-")));
+    QVERIFY(lines.at(2).contains(QLatin1String("Network")));
     QCOMPARE(lines.at(3), QStringLiteral("registered | plugin 4711 | 26.0 frames/s | 2.0 KB/s"));
 }
 
@@ -87,6 +90,24 @@ void tst_DeckReport::fitsNarrowTerminals()
         for (const QString &line : deckReport(keys, runningStatus(), 0, width))
             QVERIFY(displayWidth(line) <= width);
     }
+}
+
+void tst_DeckReport::keepsTitleAndReadingOnNarrowTerminals()
+{
+    QVector<DeckKey> keys{key(QStringLiteral("GPU temperature of a long name"))};
+    keys[0].takeTitle(QStringLiteral("Graphics temperature: 45°C"), 0);
+    const auto row = [&keys](int width) { return deckReport(keys, {}, 0, width).at(1); };
+    QVERIFY(row(60).startsWith(QLatin1String("Graphics temperature: 45")));
+    QCOMPARE(row(26), QStringLiteral("Graphics temperature: 45°C"));
+    QCOMPARE(row(16), QStringLiteral("Graphic…re: 45°C"));
+}
+
+void tst_DeckReport::tellsAChangeOnOneLine()
+{
+    DeckKey changed = key(QStringLiteral("CPU usage"));
+    changed.takeTitle(QStringLiteral("CPU: 5%\nsecond"), 0);
+    QCOMPARE(changeLine(changed, QTime(1, 2, 3)),
+             QStringLiteral("01:02:03  CPU: 5% / second  (CPU usage)"));
 }
 
 void tst_DeckReport::replacesTheFrameBefore()

@@ -17,6 +17,8 @@ private Q_SLOTS:
     void keepsColumnsStraightWithWideCharacters();
     void narrowsColumnsThenLeavesThemOut();
     void staysWithinAnyWidth();
+    void cutsInTheMiddle();
+    void countsRowsThatDoNotFit();
 };
 
 void tst_TerminalTable::measuresText_data()
@@ -121,6 +123,34 @@ void tst_TerminalTable::staysWithinAnyWidth()
         for (const QString &line : lines)
             QVERIFY(displayWidth(line) <= width);
     }
+}
+
+void tst_TerminalTable::cutsInTheMiddle()
+{
+    const QString text = QStringLiteral("CPU封装功率: 12.3W");
+    QCOMPARE(fittedInTheMiddle(QStringLiteral("abcdef"), 5), QStringLiteral("ab…ef"));
+    QCOMPARE(fittedInTheMiddle(QStringLiteral("abcdef"), 6), QStringLiteral("abcdef"));
+    QCOMPARE(fittedInTheMiddle(QStringLiteral("ab"), 4), QStringLiteral("ab  "));
+    for (int width = 0; width < 25; ++width)
+        QCOMPARE(displayWidth(fittedInTheMiddle(text, width)), width);
+    QVERIFY(fittedInTheMiddle(text, 12).startsWith(QLatin1String("CPU")));
+    QVERIFY(fittedInTheMiddle(text, 12).contains(QLatin1String("12.3W")));
+}
+
+void tst_TerminalTable::countsRowsThatDoNotFit()
+{
+    QStringList lines{QStringLiteral("header")};
+    for (int row = 0; row < 14; ++row)
+        lines.append(QString::number(row));
+    lines.append(QStringLiteral("status"));
+    QCOMPARE(cutRows(lines, 16), lines);
+    QCOMPARE(cutRows(lines, 6), (QStringList{QStringLiteral("header"), QStringLiteral("0"),
+                                             QStringLiteral("1"), QStringLiteral("2"),
+                                             QStringLiteral("11 more"), QStringLiteral("status")}));
+    QCOMPARE(cutRows(lines, 4).at(2), QStringLiteral("13 more"));
+    for (int most = 0; most < 16; ++most)
+        QCOMPARE(cutRows(lines, most).size(), most);
+    QVERIFY(cutRows({}, 0).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_TerminalTable)
