@@ -23,7 +23,8 @@
 #include <vector>
 
 /// The whole pass, from the refresh to the socket, with all texts changing; "plain" is the same in
-/// plain Qt. Only the time of the working thread counts, not that of the host.
+/// plain Qt, "bar", "ring" and "graph" have gauges on all keys that can show them. Only the time of
+/// the working thread counts, not that of the host.
 namespace {
 
 constexpr int steps = 10;
@@ -47,12 +48,14 @@ public:
             m_trees.push_back(treesOf(step));
     }
 
-    /// Replaces the deck of the plugin with this one.
-    void setDeck(int keys)
+    /// Replaces the deck of the plugin with this one, whose keys have the style \a style.
+    void setDeck(int keys, const QString &style = {})
     {
         for (const BenchKey &key : qAsConst(m_deck))
             m_plugin.WillDisappearForAction(key.action, key.context, {}, {});
         m_deck = benchDeck(keys);
+        for (BenchKey &key : m_deck)
+            setStyle(key, style);
         for (const BenchKey &key : qAsConst(m_deck))
             m_plugin.WillAppearForAction(key.action, key.context, key.payload, {});
         settle();
@@ -107,6 +110,15 @@ public:
     [[nodiscard]] quint64 bytes() const { return m_host.bytes(); }
 
 private:
+    static void setStyle(BenchKey &key, const QString &style)
+    {
+        if (style.isEmpty())
+            return;
+        QJsonObject settings = key.payload.value(QStringLiteral("settings")).toObject();
+        settings.insert(QStringLiteral("display"), QJsonObject{{QStringLiteral("style"), style}});
+        key.payload.insert(QStringLiteral("settings"), settings);
+    }
+
     struct Trees
     {
         QJsonObject systemInfo, cpuInfo, cpuDtsInfo, cpuEnhancedInfo, gpuInfo, networkInfo,
@@ -168,9 +180,9 @@ void report(benchmark::State &state, quint64 bytes)
         benchmark::Counter(keys, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
-void ownPass(benchmark::State &state)
+void ownPass(benchmark::State &state, const char *style)
 {
-    bench->setDeck(static_cast<int>(state.range(0)));
+    bench->setDeck(static_cast<int>(state.range(0)), QString::fromLatin1(style));
     const quint64 before = bench->bytes();
     int step = 0;
     for (auto _ : state)
@@ -190,7 +202,8 @@ void plainPass(benchmark::State &state)
     bench->settle();
     report(state, bench->bytes() - before);
 }
-void add(const char *name, void (*function)(benchmark::State &))
+
+void add(const char *name, const std::function<void(benchmark::State &)> &function)
 {
     auto *const added = benchmark::RegisterBenchmark(name, function);
     added->Arg(1)->Arg(largeDeck)->Arg(1000)->Unit(benchmark::kMicrosecond);
@@ -211,7 +224,13 @@ int main(int argc, char **argv)
     Bench running;
     bench = &running;
     benchmark::Initialize(&argc, argv);
-    add("pass", ownPass);
+    const auto passOf = [](const char *style) {
+        return [style](benchmark::State &state) { ownPass(state, style); };
+    };
+    add("pass", passOf(""));
+    add("pass/bar", passOf("bar"));
+    add("pass/ring", passOf("ring"));
+    add("pass/graph", passOf("graph"));
     add("pass/plain", plainPass);
     benchmark::RunSpecifiedBenchmarks();
     // Losing the host would end the process anyway.

@@ -98,6 +98,7 @@ void BoardCollectorTest::readsRealChips_data()
     QTest::addColumn<QString>("machine");
     QTest::newRow("one chip") << QStringLiteral("amd-desktop");
     QTest::newRow("three chips") << QStringLiteral("three-chips-board");
+    QTest::newRow("water cooler") << QStringLiteral("water-cooled-desktop");
 }
 
 void BoardCollectorTest::readsRealChips()
