@@ -7,6 +7,8 @@ namespace deck {
 namespace {
 
 constexpr std::chrono::milliseconds period{250};
+/// For so long without a sign the other end need not be asked for one.
+constexpr std::chrono::milliseconds quiet{1000};
 
 } // namespace
 
@@ -44,7 +46,7 @@ void StallWatch::look()
         m_sinceSign.start();
     if (m_sinceSign.hasExpired(limit.count()))
         setStalled(true);
-    else
+    else if (m_sinceSign.hasExpired(quiet.count()))
         m_link->ping();
 }
 

@@ -104,8 +104,11 @@ QStringList PluginProcess::standardErrorTail(int lines) const
     QStringList tail =
         QString::fromUtf8(file.read(maximumTail)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     tail = tail.mid(qMax(0, tail.size() - lines));
-    for (QString &line : tail)
+    for (QString &line : tail) {
+        if (line.endsWith(QLatin1Char('\r')))
+            line.chop(1);
         line = printable(line);
+    }
     return tail;
 }
 
