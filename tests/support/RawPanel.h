@@ -20,7 +20,12 @@ public:
     /// Bytes that the system has not accepted yet.
     qint64 unsent() const { return m_socket.bytesToWrite(); }
 
-    bool isGone() const { return m_socket.state() == QAbstractSocket::UnconnectedState; }
+    bool isGone()
+    {
+        // Wine does not always report that the other end is gone; a look at the socket shows it.
+        return m_socket.state() == QAbstractSocket::UnconnectedState ||
+               m_socket.waitForDisconnected(1);
+    }
 
     /// Whether the server has answered the handshake.
     bool isServed() { return m_socket.peek(4096).contains("101 Switching Protocols"); }
