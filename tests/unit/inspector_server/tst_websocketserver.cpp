@@ -484,9 +484,9 @@ void tst_WebSocketServer::servesOneAfterTheOther()
         modest.ask(QStringLiteral("Cpu Usage"));
         QTRY_COMPARE(modest.replyCount(), asked);
     }
-    // Otherwise it would wait for all hundred of them each time.
+    // Otherwise it would wait for all hundred of them each time, which gives 460.
     const int meanwhile = greedy.replyCount() - before;
-    QVERIFY2(meanwhile < 150, qPrintable(QString::number(meanwhile)));
+    QVERIFY2(meanwhile < 300, qPrintable(QString::number(meanwhile)));
     QTRY_COMPARE_WITH_TIMEOUT(greedy.replyCount(), many, 60000);
 }
 
