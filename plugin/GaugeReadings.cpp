@@ -1,10 +1,9 @@
 #include "plugin/GaugeReadings.h"
 
 #include "SDK/LanguageUtilities.h"
+#include "plugin/NamedEntries.h"
 #include "render/normalAction.h"
 #include "sensors/readings/NetworkReadings.h"
-
-#include <algorithm>
 
 namespace {
 
@@ -15,15 +14,6 @@ const Reading<double> missing{0, QString(), true};
 Reading<double> rate(const double &scaled, const QString &units)
 {
     return {unscaledRate({scaled, units}), units, Info::MissingNumbers.contains(&scaled)};
-}
-
-/// The number of the first entry named \a label.
-Reading<double> lookUp(const Info::SensorTexts &list, const Info::SensorNumbers &numbers,
-                       const QString &label)
-{
-    const auto entry = std::find_if(list.begin(), list.end(),
-                                    [&label](const auto &each) { return each.first == label; });
-    return numbers.value(static_cast<int>(entry - list.begin()), missing);
 }
 
 /// From 0 to \a total, where that is known.
@@ -80,22 +70,21 @@ Reading<double> downloadRate(const QString & /*selection*/)
 Reading<double> driveTemperature(const QString &drive)
 {
     const auto &list = Info::DriveTemperatureList;
-    const auto entry = std::find_if(list.begin(), list.end(),
-                                    [&drive](const auto &each) { return each.first == drive; });
-    if (entry == list.end() || Info::DrivesWithoutTemperature.contains(drive))
+    const int place = placeOf(list, drive);
+    if (place < 0 || Info::DrivesWithoutTemperature.contains(drive))
         return missing;
-    return {static_cast<double>(entry->second), QString()};
+    return {static_cast<double>(list.at(place).second), QString()};
 }
 
 Reading<double> sensor(const QString &label)
 {
-    return label.isEmpty() ? Info::AllSensorNumbers.value(0, missing)
-                           : lookUp(Info::SensorList, Info::AllSensorNumbers, label);
+    const int place = label.isEmpty() ? 0 : placeOf(Info::SensorList, label);
+    return Info::AllSensorNumbers.value(place, missing);
 }
 
 Reading<double> fan(const QString &label)
 {
-    return lookUp(Info::CpuFanList, Info::CpuFanNumbers, label);
+    return Info::CpuFanNumbers.value(placeOf(Info::CpuFanList, label), missing);
 }
 
 Reading<double> pump(const QString & /*selection*/)

@@ -4,6 +4,8 @@
 #include "plugin/KeyKinds.h"
 #include "render/normalAction.h"
 
+#include <optional>
+
 namespace {
 
 using Style = DisplaySettings::Style;
@@ -64,8 +66,8 @@ QString KeyGauges::paintOn(Occasion occasion, normalAction &key, const KeyKind &
 
     const GaugeSource source = sourceOf(key, *gauge);
     GaugeRecord *const known = m_history.show(source, now);
-    GaugeRecord alone = GaugeHistory::newRecord(*gauge);
-    GaugeRecord &record = known ? *known : alone;
+    std::optional<GaugeRecord> alone;
+    GaugeRecord &record = known ? *known : alone.emplace(GaugeHistory::newRecord(*gauge));
     if (occasion == Occasion::Pass || !known)
         GaugeHistory::sample(source, record, now);
     KeyGaugeState &state = m_states[&key];

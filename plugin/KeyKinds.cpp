@@ -5,7 +5,9 @@
 #include "plugin/GaugeReadings.h"
 #include "plugin/KeyPass.h"
 #include "plugin/KeySelections.h"
+#include "plugin/NamedEntries.h"
 #include "plugin/ReplyParts.h"
+#include "plugin/gauges/NumberText.h"
 #include "render/ActionUuids.h"
 #include "render/normalAction.h"
 #include "sensors/systemInfor.h"
@@ -59,7 +61,7 @@ Reading<double> reading(Key /*key*/)
 
 int inChosenUnit(int celsius, Key key)
 {
-    return key.isFahrenheit() ? wholenumber::truncated(celsius * 1.8 + 32) : celsius;
+    return key.isFahrenheit() ? wholenumber::truncated(fahrenheit(celsius)) : celsius;
 }
 
 // Compatibility: bare-degrees
@@ -73,11 +75,9 @@ Reading<double> degrees(Key key)
 Reading<double> diskDegrees(Key key, KeyPass &pass)
 {
     const auto &list = Info::DriveTemperatureList;
-    const auto disk = std::find_if(list.begin(), list.end(), [&key](const auto &entry) {
-        return entry.first == key.SelectPhysicalDisk;
-    });
+    const int place = placeOf(list, key.SelectPhysicalDisk);
     // Compatibility: disk-temperature-carried
-    const int celsius = disk != list.end() ? disk->second : pass.shownDiskTemperature;
+    const int celsius = place >= 0 ? list.at(place).second : pass.shownDiskTemperature;
     pass.shownDiskTemperature = inChosenUnit(celsius, key);
     return {static_cast<double>(pass.shownDiskTemperature), degree};
 }
@@ -87,9 +87,8 @@ Reading<double> diskDegrees(Key key, KeyPass &pass)
 /// The text of the first entry named \a name, or \a fallback.
 QString lookUp(const Info::SensorTexts &list, const QString &name, const QString &fallback)
 {
-    const auto entry = std::find_if(list.begin(), list.end(),
-                                    [&name](const auto &each) { return each.first == name; });
-    return entry == list.end() ? fallback : entry->second;
+    const int place = placeOf(list, name);
+    return place >= 0 ? list.at(place).second : fallback;
 }
 
 QString sensorText(Key key)

@@ -13,10 +13,6 @@ constexpr qreal top = 0.74;
 
 constexpr TextPlaces titled{0.215, 0.46, 0.34, 0.90};
 constexpr TextPlaces bare{0, 0.38, 0.44, 0.90};
-constexpr TextPlaces titledBeside{0.26, 0.60, 0.38, 0.90};
-constexpr TextPlaces bareBeside{0, 0.50, 0.44, 0.90};
-
-constexpr qreal trackStrength = 0.16;
 
 /// The bar's place, in whole pixels.
 QRectF barPlace(const GaugeSheet &sheet)
@@ -38,10 +34,7 @@ void drawRounded(QPainter &painter, const QRectF &rect)
 
 void drawBar(GaugeSheet &sheet)
 {
-    if (sheet.isWide())
-        sheet.drawTexts(titledBeside, bareBeside);
-    else
-        sheet.drawTexts(titled, bare);
+    sheet.drawTexts(titled, bare);
     QRectF bar = barPlace(sheet);
     QPainter &painter = sheet.painter();
     painter.setPen(Qt::NoPen);

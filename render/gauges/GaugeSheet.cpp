@@ -28,6 +28,10 @@ constexpr qreal markSize = 0.135;
 constexpr qreal markMargin = 0.04;
 constexpr qreal markGap = 0.025;
 
+/// On a wide sheet.
+constexpr TextPlaces titledBeside{0.26, 0.60, 0.38, 0.90};
+constexpr TextPlaces bareBeside{0, 0.50, 0.44, 0.90};
+
 /// Of a value above its unit: how far it is raised, its size at most, the unit's size, and the
 /// unit's base line below the value's middle.
 constexpr qreal stackedRise = 0.05;
@@ -145,7 +149,8 @@ int GaugeSheet::pixels(qreal share) const
 void GaugeSheet::drawTexts(const TextPlaces &titled, const TextPlaces &bare)
 {
     const bool hasTitle = !m_content.title.isEmpty();
-    const TextPlaces &places = hasTitle ? titled : bare;
+    const TextPlaces &places =
+        isWide() ? (hasTitle ? titledBeside : bareBeside) : (hasTitle ? titled : bare);
     if (hasTitle)
         drawTitle(places.titleBase);
     const qreal width = length(places.valueWidth);

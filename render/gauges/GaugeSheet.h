@@ -18,6 +18,9 @@ struct TextPlaces
     qreal stackedBelow = 0;
 };
 
+/// Of the letters' colour, where the gauge would be if it were full.
+constexpr qreal trackStrength = 0.16;
+
 /// One value with its unit, and the room that they have.
 struct ValueRoom
 {
@@ -48,7 +51,8 @@ public:
     [[nodiscard]] QRectF textArea() const { return m_textArea; }
     [[nodiscard]] QRectF gaugeArea() const { return m_gaugeArea; }
 
-    /// Draws title and value of a gauge with one value. Without a title the value is at \a bare.
+    /// Draws title and value of a gauge with one value. Without a title the value is at \a bare. On
+    /// a wide sheet they stand beside the gauge, in the same places in each style.
     void drawTexts(const TextPlaces &titled, const TextPlaces &bare);
     void drawTitle(qreal base);
     /// The font size at which the widest text of \a reading fits into \a room, in whole pixels.

@@ -12,8 +12,6 @@ constexpr qreal heightBeside = 0.78;
 
 constexpr TextPlaces titled{0.18, 0.365, 0.34, 0.90};
 constexpr TextPlaces bare{0, 0.28, 0.44, 0.90};
-constexpr TextPlaces titledBeside{0.26, 0.60, 0.38, 0.90};
-constexpr TextPlaces bareBeside{0, 0.50, 0.44, 0.90};
 
 } // namespace
 
@@ -23,10 +21,7 @@ void drawGraph(GaugeSheet &sheet)
     area.setTop(area.bottom() - sheet.pixels(sheet.isWide() ? heightBeside : height));
     drawTrace(sheet.canvas(), area, sheet.content().first.trace, sheet.content().span, Ink::Gauge,
               sheet.content().thresholds);
-    if (sheet.isWide())
-        sheet.drawTexts(titledBeside, bareBeside);
-    else
-        sheet.drawTexts(titled, bare);
+    sheet.drawTexts(titled, bare);
     sheet.drawMarks();
 }
 

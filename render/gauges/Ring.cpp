@@ -19,10 +19,7 @@ constexpr qreal whole = -270;
 
 constexpr TextPlaces titled{0.95, 0.49, 0.34, 0.60, 0.27};
 constexpr TextPlaces bare{0, 0.50, 0.34, 0.60, 0.27};
-constexpr TextPlaces titledBeside{0.26, 0.60, 0.38, 0.90};
-constexpr TextPlaces bareBeside{0, 0.50, 0.44, 0.90};
 
-constexpr qreal trackStrength = 0.16;
 /// Draws no more than the round end.
 constexpr qreal leastShare = 1.0 / 4096;
 
@@ -38,10 +35,7 @@ void drawArc(QPainter &painter, const QRectF &circle, qreal share)
 
 void drawRing(GaugeSheet &sheet)
 {
-    if (sheet.isWide())
-        sheet.drawTexts(titledBeside, bareBeside);
-    else
-        sheet.drawTexts(titled, bare);
+    sheet.drawTexts(titled, bare);
     QRectF circle(0, 0, 1, 1);
     const qreal diameter = sheet.length(1 - 2 * margin - width);
     circle.setSize({diameter, diameter});
