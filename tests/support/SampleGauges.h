@@ -5,6 +5,19 @@
 /// Gauges as keys show them, for tests and benchmarks.
 namespace samplegauges {
 
+struct StyleName
+{
+    const char *name;
+    gauge::Style style;
+};
+
+inline constexpr StyleName styles[] = {
+    {"bar", gauge::Style::Bar},
+    {"ring", gauge::Style::Ring},
+    {"graph", gauge::Style::Graph},
+    {"pair", gauge::Style::Pair},
+};
+
 /// A load of 37 %, of a pair 1.2 and 12.4 MB/s, with a sample for each second of the span.
 gauge::Content contentOf(gauge::Style style);
 

@@ -1,4 +1,5 @@
 #include "tests/support/DataServerClient.h"
+#include "tests/support/DriveText.h"
 #include "tests/support/Json.h"
 #include "tests/support/KeyUuids.h"
 #include "tests/support/MountFolder.h"
@@ -8,7 +9,6 @@
 #include <QDir>
 #include <QProcess>
 #include <QSet>
-#include <QStorageInfo>
 #include <QtTest>
 
 #include <memory>
@@ -54,16 +54,6 @@ namespace {
 
 const QString uuid = keyuuid::physicalDisk;
 const QString key = QStringLiteral("disk");
-
-/// The text that a drive key shows for a drive.
-QString spaceOf(const QString &root)
-{
-    const QStorageInfo drive(root);
-    const qint64 freePercent = drive.bytesAvailable() * 100 / drive.bytesTotal();
-    return QStringLiteral("%1% Used  %2G Free")
-        .arg(100 - freePercent)
-        .arg(drive.bytesAvailable() >> 30);
-}
 
 } // namespace
 

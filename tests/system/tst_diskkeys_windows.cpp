@@ -1,11 +1,11 @@
 #include "tests/support/DataServerClient.h"
+#include "tests/support/DriveText.h"
 #include "tests/support/Json.h"
 #include "tests/support/KeyUuids.h"
 #include "tests/support/RunningPlugin.h"
 #include "tests/support/Waits.h"
 
 #include <QJsonArray>
-#include <QStorageInfo>
 #include <QtTest>
 
 #include <windows.h>
@@ -38,15 +38,6 @@ namespace {
 
 const QString uuid = keyuuid::physicalDisk;
 const QString key = QStringLiteral("disk");
-
-QString spaceOf(const QString &root)
-{
-    const QStorageInfo drive(root);
-    const qint64 freePercent = drive.bytesAvailable() * 100 / drive.bytesTotal();
-    return QStringLiteral("%1% Used  %2G Free")
-        .arg(100 - freePercent)
-        .arg(drive.bytesAvailable() >> 30);
-}
 
 } // namespace
 

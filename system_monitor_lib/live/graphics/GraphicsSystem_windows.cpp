@@ -8,6 +8,9 @@
 
 namespace {
 
+/// Of a card's number, which the system has in two parts.
+constexpr unsigned bitsOfHalf = 32;
+
 // D3DKMT_OPENADAPTERFROMLUID, D3DKMT_CLOSEADAPTER and D3DKMT_QUERYADAPTERINFO of the driver kit's
 // d3dkmthk.h.
 struct OpenedAdapter
@@ -89,7 +92,6 @@ private:
 
     static DisplayAdapter describe(const DXGI_ADAPTER_DESC1 &description)
     {
-        constexpr unsigned bitsOfHalf = 32;
         DisplayAdapter adapter;
         const auto high = static_cast<quint32>(description.AdapterLuid.HighPart);
         adapter.luid = quint64{high} << bitsOfHalf | description.AdapterLuid.LowPart;
@@ -124,7 +126,6 @@ public:
     {
         if (!m_open || !m_close || !m_query)
             return {};
-        constexpr unsigned bitsOfHalf = 32;
         OpenedAdapter adapter = {};
         adapter.luid.LowPart = static_cast<DWORD>(luid);
         adapter.luid.HighPart = static_cast<LONG>(luid >> bitsOfHalf);

@@ -69,23 +69,10 @@ constexpr int side = 144;
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinite = std::numeric_limits<double>::infinity();
 
-struct StyleName
-{
-    const char *name;
-    Style style;
-};
-
-const StyleName styles[] = {
-    {"bar", Style::Bar},
-    {"ring", Style::Ring},
-    {"graph", Style::Graph},
-    {"pair", Style::Pair},
-};
-
 void addStyles()
 {
     QTest::addColumn<Style>("style");
-    for (const StyleName &each : styles)
+    for (const samplegauges::StyleName &each : samplegauges::styles)
         QTest::newRow(each.name) << each.style;
 }
 
@@ -309,7 +296,7 @@ void tst_Gauge::unitsStayWhereTheyAre_data()
 {
     QTest::addColumn<Style>("style");
     QTest::addColumn<int>("size");
-    for (const StyleName &each : styles) {
+    for (const samplegauges::StyleName &each : samplegauges::styles) {
         for (const int size : {72, 100, 144})
             QTest::addRow("%s, %d px", each.name, size) << each.style << size;
     }
@@ -379,7 +366,7 @@ void tst_Gauge::titlesLeaveRoomForMarks_data()
     QTest::addColumn<Style>("style");
     QTest::addColumn<int>("size");
     QTest::addColumn<QString>("title");
-    for (const StyleName &each : styles) {
+    for (const samplegauges::StyleName &each : samplegauges::styles) {
         for (const int size : {72, 144, 288}) {
             for (const char *title : {"GPU", "Graphics temp", "Temperature of the graphics card",
                                       "显卡温度显卡温度显卡温度"})
@@ -416,7 +403,7 @@ void tst_Gauge::titlesStayInside_data()
     const QString texts[] = {QStringLiteral("GPU"), QString(30, QLatin1Char('W')),
                              QString(100, QLatin1Char('i')), QString(40, QChar(0x9F98)),
                              QStringLiteral("معالج معالج معالج معالج معالج")};
-    for (const StyleName &each : styles) {
+    for (const samplegauges::StyleName &each : samplegauges::styles) {
         for (const int size : {72, 144}) {
             for (const QString &text : texts)
                 QTest::addRow("%s, %d px, %s", each.name, size, qPrintable(text))
@@ -546,16 +533,16 @@ void tst_Gauge::nothingIsKept()
 {
     const Look look = samplegauges::look(side);
     QVector<QImage> before;
-    for (const StyleName &each : styles)
+    for (const samplegauges::StyleName &each : samplegauges::styles)
         before.append(paintGauge(samplegauges::contentOf(each.style), look));
-    for (const StyleName &each : styles) {
+    for (const samplegauges::StyleName &each : samplegauges::styles) {
         Look other = samplegauges::look(72);
         other.color = Qt::red;
         Content changed = samplegauges::contentOf(each.style);
         changed.level = Level::Critical;
         paintGauge(changed, other);
     }
-    for (const StyleName &each : styles)
+    for (const samplegauges::StyleName &each : samplegauges::styles)
         QCOMPARE(paintGauge(samplegauges::contentOf(each.style), look), before.takeFirst());
 }
 
@@ -582,7 +569,7 @@ void tst_Gauge::paintsAnySize()
     QFETCH(QSize, size);
     QFETCH(bool, painted);
     const MessageCapture capture;
-    for (const StyleName &each : styles) {
+    for (const samplegauges::StyleName &each : samplegauges::styles) {
         Content content = samplegauges::contentOf(each.style);
         content.level = Level::Critical;
         content.extreme = Extreme::Mean;
@@ -599,7 +586,7 @@ void tst_Gauge::paintsAnythingSoon_data()
 {
     QTest::addColumn<Content>("content");
     const auto row = [](const char *name, const std::function<void(Content &)> &change) {
-        for (const StyleName &each : styles) {
+        for (const samplegauges::StyleName &each : samplegauges::styles) {
             Content content = samplegauges::contentOf(each.style);
             change(content);
             QTest::addRow("%s, %s", name, each.name) << content;

@@ -41,19 +41,6 @@ struct State
     Change change;
 };
 
-struct StyleName
-{
-    const char *name;
-    Style style;
-};
-
-const StyleName styles[] = {
-    {"bar", Style::Bar},
-    {"ring", Style::Ring},
-    {"graph", Style::Graph},
-    {"pair", Style::Pair},
-};
-
 void setReading(Content &content, const char *title, const char *value, const char *unit,
                 double share)
 {
@@ -177,7 +164,7 @@ const State pairStates[] = {
 };
 
 template <std::size_t count>
-void addRows(const StyleName &style, const State (&states)[count])
+void addRows(const samplegauges::StyleName &style, const State (&states)[count])
 {
     for (const State &state : states) {
         for (const int side : {72, 144}) {
@@ -207,7 +194,7 @@ void tst_GaugePictures::paintsAsKept_data()
 {
     QTest::addColumn<Content>("content");
     QTest::addColumn<Look>("look");
-    for (const StyleName &style : styles) {
+    for (const samplegauges::StyleName &style : samplegauges::styles) {
         addRows(style, commonStates);
         if (style.style != Style::Pair)
             addRows(style, singleStates);
