@@ -3,6 +3,7 @@
 #include "system_monitor_lib/DistinctLabels.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -24,6 +25,13 @@ QJsonObject united(QJsonObject first, const QJsonObject &second)
 QJsonArray reading(double value, const QString &units)
 {
     return {QJsonObject{{QStringLiteral("value"), value}, {QStringLiteral("units"), units}}};
+}
+
+void addReading(QJsonObject &labels, const QString &label, std::optional<double> value,
+                const QString &units)
+{
+    if (value && std::isfinite(*value))
+        labels.insert(label, reading(*value, units));
 }
 
 const QJsonObject &SensorTrees::tree(Query query) const

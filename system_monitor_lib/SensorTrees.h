@@ -8,10 +8,15 @@
 #include <QStringList>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 /// The value under a sensor label: an array of one object with "value" and "units".
 QJsonArray reading(double value, const QString &units);
+
+/// Adds the label to \a labels if there is a finite value.
+void addReading(QJsonObject &labels, const QString &label, std::optional<double> value,
+                const QString &units);
 
 /// A group of the list of all sensors, and the device that it belongs to.
 struct SensorGroup
