@@ -24,6 +24,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         fuzz::require(times->busy <= fields * largestPlausibleNumber);
         fuzz::require(times->idle <= 2 * largestPlausibleNumber);
     }
+    const CpuDetails details = parseProcStatDetails(text);
+    if (details.modes)
+        fuzz::require(details.modes->user <= details.modes->total);
+    coreLoadLabels(details.cores, details.cores);
     if (const auto memory = parseMeminfo(text))
         fuzz::require(memory->total > 0 && memory->available <= memory->total);
     parseArcGivesBack(text);

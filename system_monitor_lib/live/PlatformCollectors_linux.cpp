@@ -8,6 +8,7 @@
 #include "system_monitor_lib/live/processor/CpuClockCollector.h"
 #include "system_monitor_lib/live/processor/CpuTemperatureCollector.h"
 #include "system_monitor_lib/live/processor/RaplCollector.h"
+#include "system_monitor_lib/live/processor/ThrottleCollector.h"
 
 namespace {
 
@@ -29,6 +30,7 @@ std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &r
     collectors.push_back(std::make_unique<CpuClockCollector>(roots, cpuGroup, stopwatch));
     collectors.push_back(std::make_unique<CpuTemperatureCollector>(roots, cpuGroup));
     collectors.push_back(std::make_unique<RaplCollector>(roots, cpuGroup));
+    collectors.push_back(std::make_unique<ThrottleCollector>(roots));
     collectors.push_back(std::make_unique<DriveCollector>(roots));
     collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
     if (roots.boardChips)

@@ -24,6 +24,13 @@ struct CpuModes
     quint64 total = 0;
 };
 
+/// The processors' times in detail, as far as the system tells them.
+struct CpuDetails
+{
+    std::optional<CpuModes> modes;
+    std::vector<CoreTimes> cores;
+};
+
 /// "Core #N Load" (%) of each logical processor that both samples have, and "Busiest Core Load".
 /// Both must be in the order of their numbers.
 QJsonObject coreLoadLabels(const std::vector<CoreTimes> &previous,

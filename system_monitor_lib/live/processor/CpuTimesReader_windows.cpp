@@ -78,3 +78,8 @@ std::optional<CpuTimes> CpuTimesReader::read()
     d->areGroupsKnown = d->areGroupsKnown || times;
     return d->areGroupsKnown ? times : timesOfOneGroup();
 }
+
+CpuDetails CpuTimesReader::details() const
+{
+    return {};
+}
