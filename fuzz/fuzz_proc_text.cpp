@@ -1,4 +1,5 @@
 #include "fuzz/FuzzSupport.h"
+#include "system_monitor_lib/live/drives/BlockStatText.h"
 #include "system_monitor_lib/live/files/TextFields.h"
 #include "system_monitor_lib/live/memory/ArcText.h"
 #include "system_monitor_lib/live/memory/MeminfoText.h"
@@ -30,6 +31,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     coreLoadLabels(details.cores, details.cores);
     if (const auto memory = parseMeminfo(text))
         fuzz::require(memory->total > 0 && memory->available <= memory->total);
+    const MemoryDetails memoryDetails = parseMeminfoDetails(text);
+    if (memoryDetails.swapUsed)
+        fuzz::require(memoryDetails.swapUsed <= memoryDetails.swapTotal);
+    parseZramStat(text);
+    parseBlockStat(text);
     parseArcGivesBack(text);
     parseCpuModel(text);
     armCores(text);

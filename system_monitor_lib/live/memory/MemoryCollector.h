@@ -7,7 +7,8 @@
 /// 1024 KiB, which together give the total).
 QJsonObject memoryLabels(const MemoryState &state);
 
-/// The labels of the memory for the system query and the group "System: memory".
+/// The labels of the memory for the system query and the group "System: memory", and its details
+/// in a group of their own.
 class MemoryCollector : public Collector
 {
 public:

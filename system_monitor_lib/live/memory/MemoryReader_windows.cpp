@@ -22,3 +22,8 @@ std::optional<MemoryState> MemoryReader::read()
         return std::nullopt;
     return state;
 }
+
+MemoryDetails MemoryReader::details(qint64 /*nowNs*/)
+{
+    return {};
+}

@@ -201,7 +201,8 @@ void LiveSourceTest::capturedMachineHasItsGroups()
                       [] { return second; });
     QVERIFY(source.open());
     const QStringList expected{QStringLiteral("CPU [#0]: AMD EPYC"),
-                               QStringLiteral("Network: eth0"), QStringLiteral("System: memory")};
+                               QStringLiteral("Memory details"), QStringLiteral("Network: eth0"),
+                               QStringLiteral("System: memory")};
     QCOMPARE(source.tree(Query::AllSensorsData).keys(), expected);
     QCOMPARE(source.tree(Query::NetworkInfo).keys(), QStringList{eth0});
     const QJsonObject memory = source.tree(Query::SystemInfo);
