@@ -6,6 +6,7 @@
 #include "system_monitor_lib/live/processor/ArmCores.h"
 #include "system_monitor_lib/live/processor/CpuInfoText.h"
 #include "system_monitor_lib/live/processor/ProcStatText.h"
+#include "system_monitor_lib/live/system/SystemText.h"
 
 #include <string_view>
 
@@ -36,6 +37,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         fuzz::require(memoryDetails.swapUsed <= memoryDetails.swapTotal);
     parseZramStat(text);
     parseBlockStat(text);
+    if (const auto pressure = parsePressure(text))
+        fuzz::require(*pressure >= 0 && *pressure <= 100);
+    if (const auto uptime = parseUptime(text))
+        fuzz::require(*uptime >= 0);
+    SystemState systemState;
+    parseLoadAverages(text, systemState);
+    isUserSession(text);
     parseArcGivesBack(text);
     parseCpuModel(text);
     armCores(text);

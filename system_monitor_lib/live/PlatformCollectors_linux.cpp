@@ -9,6 +9,8 @@
 #include "system_monitor_lib/live/processor/CpuTemperatureCollector.h"
 #include "system_monitor_lib/live/processor/RaplCollector.h"
 #include "system_monitor_lib/live/processor/ThrottleCollector.h"
+#include "system_monitor_lib/live/system/PressureCollector.h"
+#include "system_monitor_lib/live/system/SystemStateCollector.h"
 
 namespace {
 
@@ -33,6 +35,8 @@ std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &r
     collectors.push_back(std::make_unique<ThrottleCollector>(roots));
     collectors.push_back(std::make_unique<DriveCollector>(roots));
     collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
+    collectors.push_back(std::make_unique<SystemStateCollector>(roots));
+    collectors.push_back(std::make_unique<PressureCollector>(roots));
     if (roots.boardChips)
         collectors.push_back(std::make_unique<BoardCollector>(roots, stopwatch));
     return collectors;
