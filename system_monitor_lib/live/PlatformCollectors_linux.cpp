@@ -5,6 +5,7 @@
 #include "system_monitor_lib/live/graphics/GpuCollector.h"
 #include "system_monitor_lib/live/graphics/NvidiaGpus.h"
 #include "system_monitor_lib/live/graphics/SysfsGpus.h"
+#include "system_monitor_lib/live/power/PowerCollector.h"
 #include "system_monitor_lib/live/processor/CpuClockCollector.h"
 #include "system_monitor_lib/live/processor/CpuTemperatureCollector.h"
 #include "system_monitor_lib/live/processor/RaplCollector.h"
@@ -37,6 +38,7 @@ std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &r
     collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
     collectors.push_back(std::make_unique<SystemStateCollector>(roots));
     collectors.push_back(std::make_unique<PressureCollector>(roots));
+    collectors.push_back(std::make_unique<PowerCollector>(roots));
     if (roots.boardChips)
         collectors.push_back(std::make_unique<BoardCollector>(roots, stopwatch));
     return collectors;
