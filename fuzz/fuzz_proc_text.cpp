@@ -3,6 +3,8 @@
 #include "system_monitor_lib/live/files/TextFields.h"
 #include "system_monitor_lib/live/memory/ArcText.h"
 #include "system_monitor_lib/live/memory/MeminfoText.h"
+#include "system_monitor_lib/live/network/WirelessText.h"
+#include "system_monitor_lib/live/power/PowerSupplyText.h"
 #include "system_monitor_lib/live/processor/ArmCores.h"
 #include "system_monitor_lib/live/processor/CpuInfoText.h"
 #include "system_monitor_lib/live/processor/ProcStatText.h"
@@ -44,6 +46,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     SystemState systemState;
     parseLoadAverages(text, systemState);
     isUserSession(text);
+    for (const auto &[adapter, state] : parseWireless(text))
+        fuzz::require(!adapter.isEmpty() && state.percent >= 0 && state.percent <= 100);
+    parsePowerSupply(text);
     parseArcGivesBack(text);
     parseCpuModel(text);
     armCores(text);

@@ -78,8 +78,14 @@ void SensorTrees::addGroup(const SensorGroup &added, const QJsonObject &tree)
 {
     addDevice(Query::AllSensorsData, added.name, tree);
     SensorGroup &known = group(added.name);
-    if (!added.device.isEmpty())
-        known = added;
+    if (added.device.isEmpty())
+        return;
+    const QStringList labels = known.labels;
+    known = added;
+    for (const QString &label : labels) {
+        if (!known.labels.contains(label))
+            known.labels += label;
+    }
 }
 
 QJsonObject SensorTrees::allSensors() const

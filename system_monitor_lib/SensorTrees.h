@@ -41,7 +41,8 @@ public:
     /// Adds \a tree to \a query below the key \a device (a GPU, adapter, drive or sensor group),
     /// beside what is there already. The key exists afterwards even when \a tree is empty.
     void addDevice(Query query, const QString &device, const QJsonObject &tree);
-    /// Adds \a tree to the list of all sensors, as \a added.
+    /// Adds \a tree to the list of all sensors, as \a added. A group that is added again may have
+    /// the labels of both.
     void addGroup(const SensorGroup &added, const QJsonObject &tree);
     /// Adds the contents of \a other; for a label that both have, \a other's readings count if
     /// there are any.

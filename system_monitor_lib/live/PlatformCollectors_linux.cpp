@@ -5,6 +5,7 @@
 #include "system_monitor_lib/live/graphics/GpuCollector.h"
 #include "system_monitor_lib/live/graphics/NvidiaGpus.h"
 #include "system_monitor_lib/live/graphics/SysfsGpus.h"
+#include "system_monitor_lib/live/network/WirelessCollector.h"
 #include "system_monitor_lib/live/power/PowerCollector.h"
 #include "system_monitor_lib/live/processor/CpuClockCollector.h"
 #include "system_monitor_lib/live/processor/CpuTemperatureCollector.h"
@@ -30,6 +31,7 @@ std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &r
                                                            const MonotonicClock &stopwatch)
 {
     std::vector<std::unique_ptr<Collector>> collectors;
+    collectors.push_back(std::make_unique<WirelessCollector>(roots));
     collectors.push_back(std::make_unique<CpuClockCollector>(roots, cpuGroup, stopwatch));
     collectors.push_back(std::make_unique<CpuTemperatureCollector>(roots, cpuGroup));
     collectors.push_back(std::make_unique<RaplCollector>(roots, cpuGroup));

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void labelThatLooksLikeAnOwnOneIsAvoided();
     void groupWithoutDeviceLendsItsName();
     void samplesAreJoinedInTheirOrder();
+    void groupAddedAgainMayHaveTheLabelsOfBoth();
 
 private:
     [[nodiscard]] QStringList labels(const QString &group) const
@@ -132,6 +133,17 @@ void DistinctLabelsTest::samplesAreJoinedInTheirOrder()
     m_trees.add(part);
     QCOMPARE(labels(QStringLiteral("B")), QStringList{QStringLiteral("Two GPU Fan")});
     QVERIFY(m_trees.tree(Query::CpuInfo).contains(QStringLiteral("load")));
+}
+
+void DistinctLabelsTest::groupAddedAgainMayHaveTheLabelsOfBoth()
+{
+    m_trees.addGroup(card(QStringLiteral("A"), QStringLiteral("One"), {}, {temperature}), {});
+    m_trees.addGroup(card(QStringLiteral("A"), QStringLiteral("One"), {}, {fan}), {});
+    m_trees.addGroup(card(QStringLiteral("B"), QStringLiteral("Two"), {}, {}),
+                     tree({temperature, fan}));
+    const QStringList expected{QStringLiteral("Two GPU Fan"),
+                               QStringLiteral("Two GPU Temperature")};
+    QCOMPARE(labels(QStringLiteral("B")), expected);
 }
 
 QTEST_APPLESS_MAIN(DistinctLabelsTest)
