@@ -46,7 +46,9 @@ QJsonObject renamed(const QJsonObject &labels, const SensorGroup &group, const Q
 
 QJsonObject withDistinctLabels(const QJsonObject &sensors, const std::vector<SensorGroup> &groups)
 {
+    constexpr int usualCount = 256;
     Owners owners;
+    owners.reserve(usualCount);
     QSet<const SensorGroup *> shares;
     for (const SensorGroup &group : groups) {
         for (const QString &label : group.labels)

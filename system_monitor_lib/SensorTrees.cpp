@@ -2,6 +2,8 @@
 
 #include "system_monitor_lib/DistinctLabels.h"
 
+#include <QHash>
+
 #include <algorithm>
 #include <cmath>
 
@@ -24,7 +26,15 @@ QJsonObject united(QJsonObject first, const QJsonObject &second)
 
 QJsonArray reading(double value, const QString &units)
 {
-    return {QJsonObject{{QStringLiteral("value"), value}, {QStringLiteral("units"), units}}};
+    // Only a few units exist, and a copy costs less than a new object.
+    static QHash<QString, QJsonObject> prototypes;
+    static const QString valueKey = QStringLiteral("value");
+    QJsonObject &prototype = prototypes[units];
+    if (prototype.isEmpty())
+        prototype = {{valueKey, 0}, {QStringLiteral("units"), units}};
+    QJsonObject object = prototype;
+    object.insert(valueKey, value);
+    return {object};
 }
 
 void addReading(QJsonObject &labels, const QString &label, std::optional<double> value,

@@ -36,8 +36,8 @@ void SensorWalk::takeReading(const QString &label, const QJsonObject &reading)
         pump = textOf(number);
         pumpNumber = number;
     }
-    if (containsLabel(label, QStringLiteral("CPU")) &&
-        containsLabel(label, QStringLiteral("Fan")) && number.units == QLatin1String("RPM")) {
+    if (number.units == QLatin1String("RPM") && containsLabel(label, QStringLiteral("CPU")) &&
+        containsLabel(label, QStringLiteral("Fan"))) {
         cpuFans.append({label, textOf(number)});
         cpuFanNumbers.append(number);
     }
@@ -51,10 +51,11 @@ void SensorWalk::visitArray(const QString &label, const QJsonArray &array,
     for (const QJsonValue element : array) {
         if (!element.isObject())
             continue;
-        if (isReading(element.toObject()))
-            takeReading(label, element.toObject());
+        const QJsonObject object = element.toObject();
+        if (isReading(object))
+            takeReading(label, object);
         else
-            groups.append(element.toObject());
+            groups.append(object);
     }
 }
 

@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -45,11 +46,16 @@ BlockDrives::~BlockDrives() = default;
 
 bool BlockDrives::isDrive(const QString &name) const
 {
-    static const QRegularExpression isOther(
-        QStringLiteral("^(sr\\d+|fd\\d+|mmcblk\\d+(boot\\d+|rpmb))$"));
+    static const QRegularExpression isPart(QStringLiteral("^mmcblk\\d+(boot\\d+|rpmb)$"));
+    // All but the first two have no device of their own; there may be many of them.
+    static constexpr const char *others[] = {"sr", "fd", "loop", "ram", "zram", "nbd", "dm-", "md"};
+    const bool isOther =
+        std::any_of(std::begin(others), std::end(others),
+                    [&name](const char *start) { return name.startsWith(QLatin1String(start)); });
+    if (isOther || isPart.match(name).hasMatch())
+        return false;
     const QString folder = m_root + name;
-    return !isOther.match(name).hasMatch() &&
-           QFileInfo::exists(folder + QStringLiteral("/device")) &&
+    return QFileInfo::exists(folder + QStringLiteral("/device")) &&
            attributeWord(folder + QStringLiteral("/hidden")) != QLatin1String("1") &&
            attributeWord(folder + QStringLiteral("/size")) != QLatin1String("0");
 }

@@ -21,6 +21,16 @@ quint64 increaseOfTime(quint64 previous, quint64 current, quint64 wrapsAt)
     return wrapsAt > previous ? wrapsAt - previous + current : 0;
 }
 
+QJsonObject labelsOf(const DriveActivity &activity)
+{
+    constexpr double bytesPerMegabyte = 1024.0 * 1024.0;
+    const QString rate = QStringLiteral("MB/s");
+    return {{readLabel, reading(activity.readBytesPerSecond / bytesPerMegabyte, rate)},
+            {writeLabel, reading(activity.writtenBytesPerSecond / bytesPerMegabyte, rate)},
+            {busyLabel, reading(activity.busyPercent, QStringLiteral("%"))},
+            {requestLabel, reading(activity.requestMs, QStringLiteral("ms"))}};
+}
+
 } // namespace
 
 std::optional<DriveActivity> driveActivity(const DriveCounters &previous,
@@ -47,15 +57,15 @@ std::optional<DriveActivity> driveActivity(const DriveCounters &previous,
 
 QJsonObject driveActivityLabels(const DriveActivity &activity)
 {
-    constexpr double bytesPerMegabyte = 1024.0 * 1024.0;
-    const QString rate = QStringLiteral("MB/s");
-    return {{readLabel, reading(activity.readBytesPerSecond / bytesPerMegabyte, rate)},
-            {writeLabel, reading(activity.writtenBytesPerSecond / bytesPerMegabyte, rate)},
-            {busyLabel, reading(activity.busyPercent, QStringLiteral("%"))},
-            {requestLabel, reading(activity.requestMs, QStringLiteral("ms"))}};
+    // Most drives are idle most of the time.
+    static const QJsonObject idle = labelsOf({});
+    const bool isIdle = activity.readBytesPerSecond <= 0 && activity.writtenBytesPerSecond <= 0 &&
+                        activity.busyPercent <= 0 && activity.requestMs <= 0;
+    return isIdle ? idle : labelsOf(activity);
 }
 
 QStringList driveActivityLabelNames()
 {
-    return {readLabel, writeLabel, busyLabel, requestLabel};
+    static const QStringList names{readLabel, writeLabel, busyLabel, requestLabel};
+    return names;
 }

@@ -9,11 +9,10 @@ QString groupOf(const DriveName &name)
     return QStringLiteral("Drive: %1").arg(name.key);
 }
 
-void addActivity(SensorTrees &trees, const DriveName &name,
-                 const std::optional<DriveActivity> &activity)
+/// What the list of all sensors has of it.
+QJsonObject listed(const std::optional<DriveActivity> &activity)
 {
-    if (activity)
-        trees.addDevice(Query::AllSensorsData, groupOf(name), driveActivityLabels(*activity));
+    return activity ? driveActivityLabels(*activity) : QJsonObject();
 }
 
 } // namespace
@@ -23,18 +22,21 @@ void addDrive(SensorTrees &trees, const DriveName &name, std::optional<double> c
 {
     const QString label = QStringLiteral("Drive Temperature");
     QJsonObject tree;
-    if (celsius)
-        tree.insert(label, reading(std::round(*celsius), QStringLiteral("°C")));
+    QJsonObject all = listed(activity);
+    if (celsius) {
+        const QJsonArray temperature = reading(std::round(*celsius), QStringLiteral("°C"));
+        tree.insert(label, temperature);
+        all.insert(label, temperature);
+    }
     trees.addDevice(Query::SmartInfo, name.key, tree);
     trees.addGroup(
         {groupOf(name), name.model, name.place, QStringList{label} + driveActivityLabelNames()},
-        tree);
-    addActivity(trees, name, activity);
+        all);
 }
 
 void addListedDrive(SensorTrees &trees, const DriveName &name,
                     const std::optional<DriveActivity> &activity)
 {
-    trees.addGroup({groupOf(name), name.model, name.place, driveActivityLabelNames()}, {});
-    addActivity(trees, name, activity);
+    trees.addGroup({groupOf(name), name.model, name.place, driveActivityLabelNames()},
+                   listed(activity));
 }

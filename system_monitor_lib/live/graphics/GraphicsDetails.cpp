@@ -28,5 +28,7 @@ QJsonObject graphicsDetailLabels(const GraphicsDetails &details)
 
 QStringList graphicsDetailLabelNames()
 {
-    return {drawLabel, copyLabel, decodeLabel, encodeLabel, widthLabel, generationLabel};
+    static const QStringList names{drawLabel,   copyLabel,  decodeLabel,
+                                   encodeLabel, widthLabel, generationLabel};
+    return names;
 }

@@ -35,8 +35,9 @@ bool MemoryCollector::collect(qint64 nowNs, SensorTrees &trees)
     const QJsonObject tree = memoryLabels(*state);
     trees.add(Query::SystemInfo, tree);
     trees.addDevice(Query::AllSensorsData, QStringLiteral("System: memory"), tree);
-    const QJsonObject details = memoryDetailLabels(m_reader.details(nowNs));
-    if (!details.isEmpty())
-        trees.addDevice(Query::AllSensorsData, memoryDetailsGroup(), details);
+    if (m_reading.isDue(nowNs))
+        m_details = memoryDetailLabels(m_reader.details(nowNs));
+    if (!m_details.isEmpty())
+        trees.addDevice(Query::AllSensorsData, memoryDetailsGroup(), m_details);
     return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "system_monitor_lib/live/Collector.h"
+#include "system_monitor_lib/live/Pace.h"
 #include "system_monitor_lib/live/memory/MemoryReader.h"
 
 /// "Physical Memory Load" (%), "Physical Memory Used" and "Physical Memory Available" (whole MB of
@@ -12,10 +13,15 @@ QJsonObject memoryLabels(const MemoryState &state);
 class MemoryCollector : public Collector
 {
 public:
+    /// How often the details are read.
+    static constexpr std::chrono::nanoseconds detailsPeriod = std::chrono::seconds(2);
+
     explicit MemoryCollector(const MachineRoots &roots);
 
     bool collect(qint64 nowNs, SensorTrees &trees) override;
 
 private:
     MemoryReader m_reader;
+    Pace m_reading{detailsPeriod};
+    QJsonObject m_details;
 };

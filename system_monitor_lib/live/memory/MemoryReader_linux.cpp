@@ -52,8 +52,11 @@ private:
     void look()
     {
         m_hasZswap = m_zswap.word() == QLatin1String("Y");
-        const QStringList names =
-            QDir(m_blocks).entryList({QStringLiteral("zram*")}, QDir::Dirs | QDir::NoDotAndDotDot);
+        // Most machines have none, and this costs less than a listing.
+        const QStringList names = QFileInfo::exists(m_blocks + QStringLiteral("zram0"))
+                                      ? QDir(m_blocks).entryList({QStringLiteral("zram*")},
+                                                                 QDir::Dirs | QDir::NoDotAndDotDot)
+                                      : QStringList();
         if (names == m_zramNames)
             return;
         m_zramNames = names;

@@ -39,5 +39,7 @@ QJsonObject adapterLabels(const AdapterFigures &figures)
 
 QStringList adapterLabelNames()
 {
-    return {uploadLabel, downloadLabel, speedLabel, uploadedLabel, downloadedLabel};
+    static const QStringList names{uploadLabel, downloadLabel, speedLabel, uploadedLabel,
+                                   downloadedLabel};
+    return names;
 }

@@ -63,16 +63,21 @@ bool NetworkCollector::collect(qint64 nowNs, SensorTrees &trees)
 
 void NetworkCollector::add(const State &state, SensorTrees &trees)
 {
+    static const QStringList labels = QStringList{upLabel, downLabel} + adapterLabelNames();
     const QString &name = state.counters.name;
     QJsonObject tree;
-    if (state.figures.sentBytesPerSecond)
-        tree.insert(upLabel, rateReading(*state.figures.sentBytesPerSecond));
-    if (state.figures.receivedBytesPerSecond)
-        tree.insert(downLabel, rateReading(*state.figures.receivedBytesPerSecond));
+    QJsonObject all = adapterLabels(state.figures);
+    const auto addRate = [&](const QString &label, std::optional<double> rate) {
+        if (!rate)
+            return;
+        const QJsonArray reading = rateReading(*rate);
+        tree.insert(label, reading);
+        all.insert(label, reading);
+    };
+    addRate(upLabel, state.figures.sentBytesPerSecond);
+    addRate(downLabel, state.figures.receivedBytesPerSecond);
     trees.addDevice(Query::NetworkInfo, name, tree);
-    const QString group = QStringLiteral("Network: %1").arg(name);
-    trees.addGroup({group, name, {}, QStringList{upLabel, downLabel} + adapterLabelNames()}, tree);
-    trees.addDevice(Query::AllSensorsData, group, adapterLabels(state.figures));
+    trees.addGroup({QStringLiteral("Network: %1").arg(name), name, {}, labels}, all);
 }
 
 void NetworkCollector::measure(const State &previous, State &current) const

@@ -20,5 +20,6 @@ public:
 private:
     Pace m_reading{readingPeriod};
     PolledFile m_file;
-    std::vector<std::pair<QString, WirelessState>> m_adapters;
+    /// Their labels by name.
+    std::vector<std::pair<QString, QJsonObject>> m_adapters;
 };

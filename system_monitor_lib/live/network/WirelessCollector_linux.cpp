@@ -7,10 +7,13 @@ WirelessCollector::WirelessCollector(const MachineRoots &roots)
 
 bool WirelessCollector::collect(qint64 nowNs, SensorTrees &trees)
 {
-    if (m_reading.isDue(nowNs))
-        m_adapters = parseWireless(m_file.read());
-    for (const auto &[name, state] : m_adapters)
+    if (m_reading.isDue(nowNs)) {
+        m_adapters.clear();
+        for (const auto &[name, state] : parseWireless(m_file.read()))
+            m_adapters.emplace_back(name, wirelessLabels(state));
+    }
+    for (const auto &[name, labels] : m_adapters)
         trees.addGroup({QStringLiteral("Network: %1").arg(name), name, {}, wirelessLabelNames()},
-                       wirelessLabels(state));
+                       labels);
     return !m_adapters.empty();
 }

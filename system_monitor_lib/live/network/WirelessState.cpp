@@ -33,5 +33,6 @@ QJsonObject wirelessLabels(const WirelessState &state)
 
 QStringList wirelessLabelNames()
 {
-    return {signalLabel, levelLabel, rateLabel};
+    static const QStringList names{signalLabel, levelLabel, rateLabel};
+    return names;
 }

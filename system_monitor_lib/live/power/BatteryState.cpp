@@ -40,7 +40,8 @@ QJsonObject batteryLabels(const BatteryState &state)
 
 QStringList batteryLabelNames()
 {
-    return {chargeLabel, powerLabel, timeLabel, cyclesLabel, healthLabel};
+    static const QStringList names{chargeLabel, powerLabel, timeLabel, cyclesLabel, healthLabel};
+    return names;
 }
 
 QString batteryGroup(const QString &name)

@@ -26,6 +26,7 @@ private:
 
     const QString m_root;
     Pace m_reading{readingPeriod};
-    /// By name.
-    std::vector<std::pair<QString, PowerSupply>> m_supplies;
+    /// The labels of the batteries by name.
+    std::vector<std::pair<QString, QJsonObject>> m_batteries;
+    QJsonObject m_mains;
 };

@@ -5,8 +5,6 @@
 
 #include <QDir>
 
-#include <algorithm>
-
 PowerCollector::PowerCollector(const MachineRoots &roots)
     : m_root(roots.sys + QStringLiteral("/class/power_supply"))
 {
@@ -14,7 +12,8 @@ PowerCollector::PowerCollector(const MachineRoots &roots)
 
 void PowerCollector::read()
 {
-    m_supplies.clear();
+    std::optional<bool> isPluggedIn;
+    m_batteries.clear();
     for (const QString &name :
          QDir(m_root).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
         const QString folder = QStringLiteral("%1/%2").arg(m_root, name);
@@ -22,27 +21,22 @@ void PowerCollector::read()
         if (attributeWord(folder + QStringLiteral("/scope")) == QLatin1String("Device"))
             continue;
         PolledFile uevent(folder + QStringLiteral("/uevent"));
-        m_supplies.emplace_back(name, parsePowerSupply(uevent.read()));
+        const PowerSupply supply = parsePowerSupply(uevent.read());
+        if (supply.kind == PowerSupply::Kind::Battery)
+            m_batteries.emplace_back(name, batteryLabels(supply.battery));
+        else if (supply.kind == PowerSupply::Kind::Mains)
+            isPluggedIn = isPluggedIn.value_or(false) || supply.isOnline;
     }
+    m_mains = isPluggedIn ? mainsLabels(*isPluggedIn) : QJsonObject();
 }
 
 bool PowerCollector::collect(qint64 nowNs, SensorTrees &trees)
 {
     if (m_reading.isDue(nowNs))
         read();
-    const auto isMains = [](const auto &supply) {
-        return supply.second.kind == PowerSupply::Kind::Mains;
-    };
-    for (const auto &[name, supply] : m_supplies) {
-        if (supply.kind == PowerSupply::Kind::Battery)
-            trees.addGroup({batteryGroup(name), name, {}, batteryLabelNames()},
-                           batteryLabels(supply.battery));
-    }
-    if (std::any_of(m_supplies.begin(), m_supplies.end(), isMains)) {
-        const bool isPluggedIn =
-            std::any_of(m_supplies.begin(), m_supplies.end(),
-                        [](const auto &supply) { return supply.second.isOnline; });
-        trees.addDevice(Query::AllSensorsData, mainsGroup(), mainsLabels(isPluggedIn));
-    }
-    return !m_supplies.empty();
+    for (const auto &[name, labels] : m_batteries)
+        trees.addGroup({batteryGroup(name), name, {}, batteryLabelNames()}, labels);
+    if (!m_mains.isEmpty())
+        trees.addDevice(Query::AllSensorsData, mainsGroup(), m_mains);
+    return !m_batteries.empty() || !m_mains.isEmpty();
 }

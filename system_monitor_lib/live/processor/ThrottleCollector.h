@@ -24,10 +24,11 @@ public:
 
 private:
     void look();
+    void read();
 
     const MachineRoots m_roots;
     Pace m_listing{coresPeriod};
     Pace m_reading{readingPeriod};
     std::vector<std::unique_ptr<Attribute>> m_counts;
-    std::optional<qint64> m_sum;
+    QJsonObject m_labels;
 };

@@ -23,21 +23,25 @@ void ThrottleCollector::look()
         m_counts.push_back(std::make_unique<Attribute>(path.arg(processor)));
 }
 
+void ThrottleCollector::read()
+{
+    std::optional<double> sum;
+    for (const auto &count : m_counts) {
+        const std::optional<qint64> number = count->integer();
+        if (number && *number >= 0)
+            sum = sum.value_or(0) + static_cast<double>(*number);
+    }
+    m_labels = {};
+    addReading(m_labels, QStringLiteral("Throttled"), sum, QString());
+}
+
 bool ThrottleCollector::collect(qint64 nowNs, SensorTrees &trees)
 {
     if (m_listing.isDue(nowNs))
         look();
-    if (m_reading.isDue(nowNs)) {
-        m_sum.reset();
-        for (const auto &count : m_counts) {
-            const std::optional<qint64> number = count->integer();
-            if (number && *number >= 0)
-                m_sum = m_sum.value_or(0) + *number;
-        }
-    }
-    if (m_sum)
-        trees.addDevice(
-            Query::AllSensorsData, processorGroup(),
-            {{QStringLiteral("Throttled"), reading(static_cast<double>(*m_sum), QString())}});
-    return m_sum.has_value();
+    if (m_reading.isDue(nowNs))
+        read();
+    if (!m_labels.isEmpty())
+        trees.addDevice(Query::AllSensorsData, processorGroup(), m_labels);
+    return !m_labels.isEmpty();
 }

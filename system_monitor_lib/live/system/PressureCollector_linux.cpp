@@ -9,15 +9,22 @@ PressureCollector::PressureCollector(const MachineRoots &roots)
 {
 }
 
-bool PressureCollector::collect(qint64 /*nowNs*/, SensorTrees &trees)
+void PressureCollector::read()
 {
     const QString percent = QStringLiteral("%");
-    QJsonObject labels;
-    addReading(labels, QStringLiteral("Processor Pressure"), parsePressure(m_processor.read()),
+    m_labels = {};
+    addReading(m_labels, QStringLiteral("Processor Pressure"), parsePressure(m_processor.read()),
                percent);
-    addReading(labels, QStringLiteral("Memory Pressure"), parsePressure(m_memory.read()), percent);
-    addReading(labels, QStringLiteral("Disk Pressure"), parsePressure(m_disk.read()), percent);
-    if (!labels.isEmpty())
-        trees.addDevice(Query::AllSensorsData, QStringLiteral("Pressure"), labels);
-    return !labels.isEmpty();
+    addReading(m_labels, QStringLiteral("Memory Pressure"), parsePressure(m_memory.read()),
+               percent);
+    addReading(m_labels, QStringLiteral("Disk Pressure"), parsePressure(m_disk.read()), percent);
+}
+
+bool PressureCollector::collect(qint64 nowNs, SensorTrees &trees)
+{
+    if (m_reading.isDue(nowNs))
+        read();
+    if (!m_labels.isEmpty())
+        trees.addDevice(Query::AllSensorsData, QStringLiteral("Pressure"), m_labels);
+    return !m_labels.isEmpty();
 }

@@ -12,6 +12,8 @@
 class SystemStateCollector : public Collector
 {
 public:
+    /// The kernel's own interval for the load averages.
+    static constexpr std::chrono::nanoseconds readingPeriod = std::chrono::seconds(5);
     /// Processes and sessions are counted at this interval, because each costs something.
     static constexpr std::chrono::nanoseconds countingPeriod = std::chrono::seconds(10);
 
@@ -20,9 +22,13 @@ public:
     bool collect(qint64 nowNs, SensorTrees &trees) override;
 
 private:
+    void read(qint64 nowNs);
+
     const MachineRoots m_roots;
+    Pace m_reading{readingPeriod};
     Pace m_counting{countingPeriod};
     PolledFile m_uptime;
     PolledFile m_loads;
     SystemState m_state;
+    QJsonObject m_labels;
 };

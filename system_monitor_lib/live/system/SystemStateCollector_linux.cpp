@@ -61,7 +61,7 @@ SystemStateCollector::SystemStateCollector(const MachineRoots &roots)
 {
 }
 
-bool SystemStateCollector::collect(qint64 nowNs, SensorTrees &trees)
+void SystemStateCollector::read(qint64 nowNs)
 {
     if (m_counting.isDue(nowNs)) {
         m_state.processes = countProcesses(m_roots.proc);
@@ -69,8 +69,14 @@ bool SystemStateCollector::collect(qint64 nowNs, SensorTrees &trees)
     }
     m_state.uptimeSeconds = parseUptime(m_uptime.read());
     parseLoadAverages(m_loads.read(), m_state);
-    const QJsonObject labels = systemStateLabels(m_state);
-    if (!labels.isEmpty())
-        trees.addDevice(Query::AllSensorsData, systemStateGroup(), labels);
-    return !labels.isEmpty();
+    m_labels = systemStateLabels(m_state);
+}
+
+bool SystemStateCollector::collect(qint64 nowNs, SensorTrees &trees)
+{
+    if (m_reading.isDue(nowNs))
+        read(nowNs);
+    if (!m_labels.isEmpty())
+        trees.addDevice(Query::AllSensorsData, systemStateGroup(), m_labels);
+    return !m_labels.isEmpty();
 }
