@@ -5,6 +5,7 @@
 
 #include <QJsonArray>
 #include <QRegularExpression>
+#include <QStringMatcher>
 #include <QVector>
 
 using namespace sensortree;
@@ -32,7 +33,9 @@ void SensorWalk::addSensor(const QString &label, const Reading<double> &number)
 void SensorWalk::takeReading(const QString &label, const QJsonObject &reading)
 {
     const Reading<double> number = numberOf(reading, QString());
-    if (containsLabel(label, QStringLiteral("AIO Pump"))) {
+    // As containsLabel() does, but for each of many labels.
+    static const QStringMatcher isPump(QStringLiteral("AIO Pump"), Qt::CaseInsensitive);
+    if (isPump.indexIn(label) >= 0) {
         pump = textOf(number);
         pumpNumber = number;
     }
