@@ -29,8 +29,9 @@ std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &r
     std::vector<std::unique_ptr<Collector>> collectors;
     collectors.push_back(std::make_unique<CoreClockCollector>(cpuGroup));
     const auto drives = std::make_shared<StorageDrives>(storageSystem());
-    collectors.push_back(
-        std::make_unique<StorageCollector>([drives](qint64 nowNs) { return drives->read(nowNs); }));
+    collectors.push_back(std::make_unique<StorageCollector>(
+        [drives](qint64 nowNs) { return drives->read(nowNs); },
+        [drives](const QString &place) { return drives->counters(place); }));
     collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
     return collectors;
 }

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void firstHolderKeepsTheLabelAlsoWhileItSleeps();
     void labelThatTheFirstNeverHasIsTheSecondsOwn();
     void devicesOfOneNameAreToldApart();
+    void groupsOfOneDeviceHaveOnePrefix();
     void deviceThatIsAddedRenamesNone();
     void labelThatLooksLikeAnOwnOneIsAvoided();
     void groupWithoutDeviceLendsItsName();
@@ -91,6 +92,21 @@ void DistinctLabelsTest::devicesOfOneNameAreToldApart()
              QStringList{QStringLiteral("Card (04) GPU Temperature")});
     QCOMPARE(labels(QStringLiteral("05")),
              QStringList{QStringLiteral("Card (05) GPU Temperature")});
+}
+
+void DistinctLabelsTest::groupsOfOneDeviceHaveOnePrefix()
+{
+    for (const auto &[device, place] :
+         {std::pair("Other", "0"), std::pair("Disk", "1"), std::pair("Disk", "2")}) {
+        for (const QString &label : {temperature, fan})
+            m_trees.addGroup(card(label + QLatin1String(place), QLatin1String(device),
+                                  QLatin1String(place), {label}),
+                             tree({label}));
+    }
+    QCOMPARE(labels(temperature + QLatin1Char('1')),
+             QStringList{QStringLiteral("Disk ") + temperature});
+    QCOMPARE(labels(fan + QLatin1Char('1')), QStringList{QStringLiteral("Disk ") + fan});
+    QCOMPARE(labels(fan + QLatin1Char('2')), QStringList{QStringLiteral("Disk (2) ") + fan});
 }
 
 void DistinctLabelsTest::deviceThatIsAddedRenamesNone()
