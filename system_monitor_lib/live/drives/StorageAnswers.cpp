@@ -89,7 +89,7 @@ std::optional<DriveCounters> parseDriveCounters(const QByteArray &answer)
     // Not the sum of the two times above: requests overlap.
     if (at(clockOffset) > at(idleOffset))
         counters.busyNs = (at(clockOffset) - at(idleOffset)) * nanosecondsPerTick;
-    counters.requests = quint64{*numberAt<quint32>(answer, readsOffset)} +
-                        *numberAt<quint32>(answer, writesOffset);
+    counters.requests =
+        quint64{*numberAt<quint32>(answer, readsOffset)} + *numberAt<quint32>(answer, writesOffset);
     return counters;
 }

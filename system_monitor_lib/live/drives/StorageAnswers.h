@@ -26,6 +26,6 @@ bool parseIsRotating(const QByteArray &answer);
 /// used. Empty when the answer is too short.
 QByteArray parseServed(const QByteArray &answer);
 
-/// What a DISK_PERFORMANCE counts; of the time during which the drive was busy only the increase has
-/// a meaning. Nothing when the answer is too short or has a number below 0.
+/// What a DISK_PERFORMANCE counts; of the time during which the drive was busy only the increase
+/// has a meaning. Nothing when the answer is too short or has a number below 0.
 std::optional<DriveCounters> parseDriveCounters(const QByteArray &answer);

@@ -10,8 +10,8 @@
 #include <functional>
 
 /// "Drive Temperature" (whole °C) of each drive that \a drives lists, for the drive query and the
-/// groups "Drive: NAME"; and what DriveActivityGroups makes of \a counters. A drive is named after its
-/// model, and also its place if several have the same model.
+/// groups "Drive: NAME"; and what DriveActivityGroups makes of \a counters. A drive is named after
+/// its model, and also its place if several have the same model.
 class StorageCollector : public Collector
 {
 public:

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void clocksEveryCore();
     void groupBearsTheProcessorsName();
     void processorTimesAdvance();
+    void everyProcessorIsTimed();
     void counterGivesAValue();
     void counterThatDoesNotExistGivesNothing_data();
     void counterThatDoesNotExistGivesNothing();
@@ -79,6 +80,21 @@ void LiveMachineTest::processorTimesAdvance()
     QVERIFY(first.has_value());
     QTRY_VERIFY(reader.read().value_or(*first).idle + reader.read().value_or(*first).busy >
                 first->idle + first->busy);
+}
+
+void LiveMachineTest::everyProcessorIsTimed()
+{
+    CpuTimesReader reader({});
+    QVERIFY(reader.details().cores.empty());
+    reader.read();
+    const CpuDetails first = reader.details();
+    QVERIFY(first.modes.has_value());
+    QCOMPARE(static_cast<int>(first.cores.size()), QThread::idealThreadCount());
+    const auto total = [&reader] {
+        reader.read();
+        return reader.details().modes.value_or(CpuModes()).total;
+    };
+    QTRY_VERIFY(total() > first.modes->total);
 }
 
 void LiveMachineTest::counterGivesAValue()
