@@ -5,6 +5,7 @@
 #include "system_monitor_lib/live/graphics/GpuCollector.h"
 #include "system_monitor_lib/live/graphics/ListedNvidiaDevices.h"
 #include "system_monitor_lib/live/graphics/NvidiaGpus.h"
+#include "system_monitor_lib/live/power/BatteryDevices.h"
 #include "system_monitor_lib/live/processor/CoreClockCollector.h"
 
 namespace {
@@ -33,5 +34,6 @@ std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &r
         [drives](qint64 nowNs) { return drives->read(nowNs); },
         [drives](const QString &place) { return drives->counters(place); }));
     collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
+    collectors.push_back(std::make_unique<BatteryDevices>(batterySystem()));
     return collectors;
 }

@@ -5,6 +5,7 @@
 #include "system_monitor_lib/live/graphics/DisplayDevices.h"
 #include "system_monitor_lib/live/graphics/GraphicsSystem.h"
 #include "system_monitor_lib/live/graphics/NvidiaDevices.h"
+#include "system_monitor_lib/live/power/BatterySystem.h"
 #include "system_monitor_lib/live/processor/CoreClockCollector.h"
 #include "system_monitor_lib/live/processor/CpuModel.h"
 #include "system_monitor_lib/live/processor/CpuTimesReader.h"
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void driveThatDoesNotExistIsNotOpened();
     void nvidiaLibraryIsTheSystems();
     void nothingSleepsThatIsNotThere();
+    void batteriesAnswer();
 };
 
 void LiveMachineTest::readsEverySource()
@@ -206,6 +208,19 @@ void LiveMachineTest::nothingSleepsThatIsNotThere()
     QCOMPARE(devices.size(), std::size_t{1});
     QVERIFY(devices.front().address.isEmpty());
     QVERIFY(!devices.front().sleeps);
+}
+
+void LiveMachineTest::batteriesAnswer()
+{
+    const std::unique_ptr<BatterySystem> system = batterySystem();
+    QCOMPARE(system->powerStatus().size(), 12);
+    const std::vector<BatteryAnswers> batteries = system->batteries();
+    for (const BatteryAnswers &battery : batteries) {
+        const double percent = parseBattery(battery).percent.value_or(0);
+        QVERIFY(percent >= 0 && percent <= 100);
+    }
+    if (batteries.empty())
+        QSKIP("This machine shows no batteries");
 }
 
 QTEST_GUILESS_MAIN(LiveMachineTest)
