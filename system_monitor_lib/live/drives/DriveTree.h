@@ -14,10 +14,12 @@ struct DriveName
 };
 
 /// Adds the drive \a name, with "Drive Temperature" if \a celsius is known. It is rounded, because
-/// a temperature that is not a whole number would be read as 0. \a activity is for the list of all
-/// sensors only.
+/// a temperature that is not a whole number would be read as 0.
+void addDrive(SensorTrees &trees, const DriveName &name, std::optional<double> celsius);
+
+/// The same with what the drive serves, for the list of all sensors only.
 void addDrive(SensorTrees &trees, const DriveName &name, std::optional<double> celsius,
-              const std::optional<DriveActivity> &activity = {});
+              const std::optional<DriveActivity> &activity);
 
 /// Adds a drive without a temperature to the list of all sensors only.
 void addListedDrive(SensorTrees &trees, const DriveName &name,

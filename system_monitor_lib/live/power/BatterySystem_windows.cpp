@@ -27,17 +27,17 @@ struct Closer
 
 using Handle = std::unique_ptr<HANDLE, Closer>;
 
-/// The name under which the interface is opened; empty when there is none.
-std::wstring pathOf(HDEVINFO list, SP_DEVICE_INTERFACE_DATA &interface)
+/// The name under which the battery is opened; empty when there is none.
+std::wstring pathOf(HDEVINFO list, SP_DEVICE_INTERFACE_DATA &entry)
 {
     DWORD size = 0;
-    SetupDiGetDeviceInterfaceDetailW(list, &interface, nullptr, 0, &size, nullptr);
+    SetupDiGetDeviceInterfaceDetailW(list, &entry, nullptr, 0, &size, nullptr);
     if (size < sizeof(SP_DEVICE_INTERFACE_DETAIL_DATA_W))
         return {};
     std::vector<SP_DEVICE_INTERFACE_DETAIL_DATA_W> memory(
         size / sizeof(SP_DEVICE_INTERFACE_DETAIL_DATA_W) + 1);
     memory.front().cbSize = sizeof(SP_DEVICE_INTERFACE_DETAIL_DATA_W);
-    if (!SetupDiGetDeviceInterfaceDetailW(list, &interface, memory.data(), size, nullptr, nullptr))
+    if (!SetupDiGetDeviceInterfaceDetailW(list, &entry, memory.data(), size, nullptr, nullptr))
         return {};
     return memory.front().DevicePath;
 }
@@ -97,11 +97,11 @@ public:
         const DeviceList devices(handle);
         std::vector<BatteryAnswers> found;
         for (DWORD index = 0; index < most; ++index) {
-            SP_DEVICE_INTERFACE_DATA interface = {};
-            interface.cbSize = sizeof(interface);
-            if (!SetupDiEnumDeviceInterfaces(handle, nullptr, &batteryInterface, index, &interface))
+            SP_DEVICE_INTERFACE_DATA entry = {};
+            entry.cbSize = sizeof(entry);
+            if (!SetupDiEnumDeviceInterfaces(handle, nullptr, &batteryInterface, index, &entry))
                 break;
-            const std::wstring path = pathOf(handle, interface);
+            const std::wstring path = pathOf(handle, entry);
             HANDLE opened =
                 CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                             OPEN_EXISTING, 0, nullptr);
