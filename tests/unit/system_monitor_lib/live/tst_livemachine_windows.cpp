@@ -5,10 +5,12 @@
 #include "system_monitor_lib/live/graphics/DisplayDevices.h"
 #include "system_monitor_lib/live/graphics/GraphicsSystem.h"
 #include "system_monitor_lib/live/graphics/NvidiaDevices.h"
+#include "system_monitor_lib/live/memory/MemoryPages.h"
 #include "system_monitor_lib/live/power/BatterySystem.h"
 #include "system_monitor_lib/live/processor/CoreClockCollector.h"
 #include "system_monitor_lib/live/processor/CpuModel.h"
 #include "system_monitor_lib/live/processor/CpuTimesReader.h"
+#include "system_monitor_lib/live/system/SystemStateReader.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QDir>
@@ -38,6 +40,8 @@ private Q_SLOTS:
     void nvidiaLibraryIsTheSystems();
     void nothingSleepsThatIsNotThere();
     void batteriesAnswer();
+    void memoryIsCountedInPages();
+    void systemTellsItsState();
 };
 
 void LiveMachineTest::readsEverySource()
@@ -221,6 +225,25 @@ void LiveMachineTest::batteriesAnswer()
     }
     if (batteries.empty())
         QSKIP("This machine shows no batteries");
+}
+
+void LiveMachineTest::memoryIsCountedInPages()
+{
+    const MemoryPages pages = memoryPages()(0);
+    QVERIFY(pages.bytesPerPage >= 4096);
+    QVERIFY(pages.cached.has_value());
+    for (const MemoryPages::File &file : pages.files)
+        QVERIFY(file.used <= file.total);
+}
+
+void LiveMachineTest::systemTellsItsState()
+{
+    const SystemState state = systemStateReader()();
+    QVERIFY(state.uptimeSeconds.value_or(0) > 0);
+    QVERIFY(state.processes.value_or(0) > 0);
+    if (!state.sessions)
+        QSKIP("This machine does not tell its sessions");
+    QVERIFY(*state.sessions <= 1000);
 }
 
 QTEST_GUILESS_MAIN(LiveMachineTest)
