@@ -7,6 +7,7 @@
 #include "system_monitor_lib/live/graphics/ListedNvidiaDevices.h"
 #include "system_monitor_lib/live/graphics/NvidiaGpus.h"
 #include "system_monitor_lib/live/memory/MemoryPages.h"
+#include "system_monitor_lib/live/network/WirelessLinksCollector.h"
 #include "system_monitor_lib/live/power/BatteryDevices.h"
 #include "system_monitor_lib/live/processor/CoreClockCollector.h"
 #include "system_monitor_lib/live/system/SystemStateReader.h"
@@ -54,6 +55,7 @@ std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &r
     collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
     collectors.push_back(memory());
     collectors.push_back(systemState());
+    collectors.push_back(std::make_unique<WirelessLinksCollector>(wirelessLinks()));
     collectors.push_back(std::make_unique<BatteryDevices>(batterySystem()));
     return collectors;
 }

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void labelThatTheFirstNeverHasIsTheSecondsOwn();
     void devicesOfOneNameAreToldApart();
     void groupsOfOneDeviceHaveOnePrefix();
+    void groupAddedTwiceMayHaveTheLabelsOfBoth();
     void deviceThatIsAddedRenamesNone();
     void labelThatLooksLikeAnOwnOneIsAvoided();
     void groupWithoutDeviceLendsItsName();
@@ -107,6 +108,18 @@ void DistinctLabelsTest::groupsOfOneDeviceHaveOnePrefix()
              QStringList{QStringLiteral("Disk ") + temperature});
     QCOMPARE(labels(fan + QLatin1Char('1')), QStringList{QStringLiteral("Disk ") + fan});
     QCOMPARE(labels(fan + QLatin1Char('2')), QStringList{QStringLiteral("Disk (2) ") + fan});
+}
+
+void DistinctLabelsTest::groupAddedTwiceMayHaveTheLabelsOfBoth()
+{
+    const QString group = QStringLiteral("A");
+    for (const QString &label : {temperature, fan})
+        m_trees.addGroup(card(group, QStringLiteral("One"), {}, {label}), {});
+    m_trees.addGroup(card(QStringLiteral("B"), QStringLiteral("Two"), {}, {}),
+                     tree({temperature, fan}));
+    const QStringList expected{QStringLiteral("Two GPU Fan"),
+                               QStringLiteral("Two GPU Temperature")};
+    QCOMPARE(labels(QStringLiteral("B")), expected);
 }
 
 void DistinctLabelsTest::deviceThatIsAddedRenamesNone()

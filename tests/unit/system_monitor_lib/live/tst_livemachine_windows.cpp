@@ -6,6 +6,7 @@
 #include "system_monitor_lib/live/graphics/GraphicsSystem.h"
 #include "system_monitor_lib/live/graphics/NvidiaDevices.h"
 #include "system_monitor_lib/live/memory/MemoryPages.h"
+#include "system_monitor_lib/live/network/WirelessLinks.h"
 #include "system_monitor_lib/live/power/BatterySystem.h"
 #include "system_monitor_lib/live/processor/CoreClockCollector.h"
 #include "system_monitor_lib/live/processor/CpuModel.h"
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void batteriesAnswer();
     void memoryIsCountedInPages();
     void systemTellsItsState();
+    void wirelessAdaptersHaveNames();
 };
 
 void LiveMachineTest::readsEverySource()
@@ -244,6 +246,20 @@ void LiveMachineTest::systemTellsItsState()
     if (!state.sessions)
         QSKIP("This machine does not tell its sessions");
     QVERIFY(*state.sessions <= 1000);
+}
+
+void LiveMachineTest::wirelessAdaptersHaveNames()
+{
+    const std::unique_ptr<WirelessLinks> links = wirelessLinks();
+    std::vector<WirelessLink> found;
+    for (const qint64 seconds : {0, 1, 61})
+        found = links->read(seconds * 1'000'000'000);
+    for (const WirelessLink &link : found) {
+        QVERIFY(!link.adapter.isEmpty());
+        QVERIFY(link.isConnected || !link.dbm);
+    }
+    if (found.empty())
+        QSKIP("This machine shows no wireless adapters");
 }
 
 QTEST_GUILESS_MAIN(LiveMachineTest)
