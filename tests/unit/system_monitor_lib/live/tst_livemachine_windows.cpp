@@ -26,6 +26,7 @@ class LiveMachineTest : public QObject
 
 private Q_SLOTS:
     void readsEverySource();
+    void listKeepsItsRules();
     void clocksEveryCore();
     void groupBearsTheProcessorsName();
     void processorTimesAdvance();
@@ -55,6 +56,35 @@ void LiveMachineTest::readsEverySource()
     QVERIFY(value(source.tree(Query::CpuInfo), load) >= 0);
     QVERIFY(value(source.tree(Query::CpuInfo), load) <= 100);
     QVERIFY(value(source.tree(Query::SystemInfo), QStringLiteral("Physical Memory Used")) > 0);
+}
+
+void LiveMachineTest::listKeepsItsRules()
+{
+    LiveSource source;
+    QVERIFY(source.open());
+    const QString processor = QStringLiteral("Processor");
+    QTRY_VERIFY(source.tree(Query::AllSensorsData).contains(processor));
+    const QJsonObject groups = source.tree(Query::AllSensorsData);
+    QVERIFY(groups.value(processor).toObject().contains(QStringLiteral("Core #0 Load")));
+    QVERIFY(groups.contains(QStringLiteral("Machine")));
+    QVERIFY(groups.contains(QStringLiteral("Memory details")));
+    // What a key without a choice shows: the first sensor of the last group.
+    QCOMPARE(groups.keys().constLast(), QStringLiteral("System: memory"));
+    QCOMPARE(groups.value(groups.keys().constLast()).toObject().keys().constFirst(),
+             QStringLiteral("Physical Memory Available"));
+    QSet<QString> labels;
+    for (const QString &group : groups.keys()) {
+        // The models are looked for by these words.
+        const bool isModel = group.startsWith(QStringLiteral("CPU [#")) ||
+                             group.startsWith(QStringLiteral("GPU [#"));
+        QVERIFY2(isModel || !group.contains(QStringLiteral("CPU")), qPrintable(group));
+        QVERIFY2(isModel || !group.contains(QStringLiteral("GPU")), qPrintable(group));
+        for (const QString &label : groups.value(group).toObject().keys()) {
+            QVERIFY2(!labels.contains(label), qPrintable(label));
+            QVERIFY2(!label.contains(QStringLiteral("AIO Pump")), qPrintable(label));
+            labels += label;
+        }
+    }
 }
 
 void LiveMachineTest::clocksEveryCore()
