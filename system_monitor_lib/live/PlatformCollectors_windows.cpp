@@ -6,7 +6,6 @@
 #include "system_monitor_lib/live/graphics/GpuCollector.h"
 #include "system_monitor_lib/live/graphics/ListedNvidiaDevices.h"
 #include "system_monitor_lib/live/graphics/NvidiaGpus.h"
-#include "system_monitor_lib/live/memory/MemoryPages.h"
 #include "system_monitor_lib/live/network/WirelessLinksCollector.h"
 #include "system_monitor_lib/live/power/BatteryDevices.h"
 #include "system_monitor_lib/live/processor/CoreClockCollector.h"
@@ -23,14 +22,6 @@ std::vector<std::unique_ptr<GpuSource>> gpuSources(const MachineRoots &roots)
     std::vector<std::unique_ptr<GpuSource>> sources;
     sources.push_back(std::make_unique<AdapterGpus>(std::move(nvidia), cards, power));
     return sources;
-}
-
-std::unique_ptr<Collector> memory()
-{
-    return std::make_unique<PacedGroup>(memoryDetailsGroup(),
-                                        [pages = memoryPages()](qint64 nowNs) {
-                                            return memoryDetailLabels(detailsOfPages(pages(nowNs)));
-                                        });
 }
 
 std::unique_ptr<Collector> systemState()
@@ -53,7 +44,6 @@ std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &r
         [drives](qint64 nowNs) { return drives->read(nowNs); },
         [drives](const QString &place) { return drives->counters(place); }));
     collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
-    collectors.push_back(memory());
     collectors.push_back(systemState());
     collectors.push_back(std::make_unique<WirelessLinksCollector>(wirelessLinks()));
     collectors.push_back(std::make_unique<BatteryDevices>(batterySystem()));

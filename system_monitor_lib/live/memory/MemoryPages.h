@@ -27,4 +27,5 @@ struct MemoryPages
 MemoryDetails detailsOfPages(const MemoryPages &pages);
 
 /// Those of this machine.
-std::function<MemoryPages(qint64 nowNs)> memoryPages();
+using MemoryPagesReader = std::function<MemoryPages(qint64 nowNs)>;
+MemoryPagesReader memoryPages();

@@ -16,7 +16,7 @@ BOOL CALLBACK addFile(void *pages, ENUM_PAGE_FILE_INFORMATION *file, const wchar
 
 } // namespace
 
-std::function<MemoryPages(qint64 nowNs)> memoryPages()
+MemoryPagesReader memoryPages()
 {
     const auto modified =
         std::make_shared<PerformanceCounter>(QStringLiteral("\\Memory\\Modified Page List Bytes"));
