@@ -37,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const QString address = parseAddress(answer);
     fuzz::require(address.isEmpty() || address.size() == 12);
     parseType(answer);
-    isDrawingNode(answer);
+    parseNodeKind(answer);
 
     const QString name = QString::fromLatin1(answer);
     const auto usages = gpuUsage({{name, 60}, {name, 70}}, {{name, 1}});

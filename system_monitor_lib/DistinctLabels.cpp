@@ -46,7 +46,9 @@ QJsonObject renamed(const QJsonObject &labels, const SensorGroup &group, const Q
 
 QJsonObject withDistinctLabels(const QJsonObject &sensors, const std::vector<SensorGroup> &groups)
 {
+    constexpr int usualCount = 256;
     Owners owners;
+    owners.reserve(usualCount);
     QSet<const SensorGroup *> shares;
     for (const SensorGroup &group : groups) {
         for (const QString &label : group.labels)
@@ -58,10 +60,12 @@ QJsonObject withDistinctLabels(const QJsonObject &sensors, const std::vector<Sen
         }
     }
     QJsonObject result = sensors;
-    QSet<QString> names;
+    // The place of the first device with that name, which may have several groups.
+    QHash<QString, QString> first;
     for (const SensorGroup &group : groups) {
-        const bool isFirst = !names.contains(group.device);
-        names.insert(group.device);
+        if (!first.contains(group.device))
+            first.insert(group.device, group.place);
+        const bool isFirst = first.value(group.device) == group.place;
         if (shares.contains(&group))
             result.insert(group.name, renamed(sensors.value(group.name).toObject(), group,
                                               prefixOf(group, isFirst), owners));

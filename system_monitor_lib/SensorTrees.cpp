@@ -2,7 +2,10 @@
 
 #include "system_monitor_lib/DistinctLabels.h"
 
+#include <QHash>
+
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -23,7 +26,22 @@ QJsonObject united(QJsonObject first, const QJsonObject &second)
 
 QJsonArray reading(double value, const QString &units)
 {
-    return {QJsonObject{{QStringLiteral("value"), value}, {QStringLiteral("units"), units}}};
+    // Only a few units exist, and a copy costs less than a new object.
+    static QHash<QString, QJsonObject> prototypes;
+    static const QString valueKey = QStringLiteral("value");
+    QJsonObject &prototype = prototypes[units];
+    if (prototype.isEmpty())
+        prototype = {{valueKey, 0}, {QStringLiteral("units"), units}};
+    QJsonObject object = prototype;
+    object.insert(valueKey, value);
+    return {object};
+}
+
+void addReading(QJsonObject &labels, const QString &label, std::optional<double> value,
+                const QString &units)
+{
+    if (value && std::isfinite(*value))
+        labels.insert(label, reading(*value, units));
 }
 
 const QJsonObject &SensorTrees::tree(Query query) const
@@ -70,8 +88,14 @@ void SensorTrees::addGroup(const SensorGroup &added, const QJsonObject &tree)
 {
     addDevice(Query::AllSensorsData, added.name, tree);
     SensorGroup &known = group(added.name);
-    if (!added.device.isEmpty())
-        known = added;
+    if (added.device.isEmpty())
+        return;
+    const QStringList labels = known.labels;
+    known = added;
+    for (const QString &label : labels) {
+        if (!known.labels.contains(label))
+            known.labels += label;
+    }
 }
 
 QJsonObject SensorTrees::allSensors() const

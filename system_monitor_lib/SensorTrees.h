@@ -8,10 +8,15 @@
 #include <QStringList>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 /// The value under a sensor label: an array of one object with "value" and "units".
 QJsonArray reading(double value, const QString &units);
+
+/// Adds the label to \a labels if there is a finite value.
+void addReading(QJsonObject &labels, const QString &label, std::optional<double> value,
+                const QString &units);
 
 /// A group of the list of all sensors, and the device that it belongs to.
 struct SensorGroup
@@ -36,7 +41,8 @@ public:
     /// Adds \a tree to \a query below the key \a device (a GPU, adapter, drive or sensor group),
     /// beside what is there already. The key exists afterwards even when \a tree is empty.
     void addDevice(Query query, const QString &device, const QJsonObject &tree);
-    /// Adds \a tree to the list of all sensors, as \a added.
+    /// Adds \a tree to the list of all sensors, as \a added. A group that is added again may have
+    /// the labels of both.
     void addGroup(const SensorGroup &added, const QJsonObject &tree);
     /// Adds the contents of \a other; for a label that both have, \a other's readings count if
     /// there are any.

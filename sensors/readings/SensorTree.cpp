@@ -65,7 +65,8 @@ QString unitsOf(const QJsonObject &reading, const QString &fallback)
 
 Reading<double> numberOf(const QJsonObject &reading, const QString &fallback)
 {
-    return {valueOf(reading), unitsOf(reading, fallback), !hasValue(reading)};
+    const QJsonValue value = reading.value(QLatin1String("value"));
+    return {value.toDouble(), unitsOf(reading, fallback), !value.isDouble()};
 }
 
 Reading<int> wholeNumber(const Reading<double> &reading, unsigned cap)

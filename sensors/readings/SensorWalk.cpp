@@ -5,6 +5,7 @@
 
 #include <QJsonArray>
 #include <QRegularExpression>
+#include <QStringMatcher>
 #include <QVector>
 
 using namespace sensortree;
@@ -32,12 +33,14 @@ void SensorWalk::addSensor(const QString &label, const Reading<double> &number)
 void SensorWalk::takeReading(const QString &label, const QJsonObject &reading)
 {
     const Reading<double> number = numberOf(reading, QString());
-    if (containsLabel(label, QStringLiteral("AIO Pump"))) {
+    // As containsLabel() does, but for each of many labels.
+    static const QStringMatcher isPump(QStringLiteral("AIO Pump"), Qt::CaseInsensitive);
+    if (isPump.indexIn(label) >= 0) {
         pump = textOf(number);
         pumpNumber = number;
     }
-    if (containsLabel(label, QStringLiteral("CPU")) &&
-        containsLabel(label, QStringLiteral("Fan")) && number.units == QLatin1String("RPM")) {
+    if (number.units == QLatin1String("RPM") && containsLabel(label, QStringLiteral("CPU")) &&
+        containsLabel(label, QStringLiteral("Fan"))) {
         cpuFans.append({label, textOf(number)});
         cpuFanNumbers.append(number);
     }
@@ -51,10 +54,11 @@ void SensorWalk::visitArray(const QString &label, const QJsonArray &array,
     for (const QJsonValue element : array) {
         if (!element.isObject())
             continue;
-        if (isReading(element.toObject()))
-            takeReading(label, element.toObject());
+        const QJsonObject object = element.toObject();
+        if (isReading(object))
+            takeReading(label, object);
         else
-            groups.append(element.toObject());
+            groups.append(object);
     }
 }
 

@@ -19,8 +19,9 @@ void CollectorGuard::ask(qint64 nowNs, SensorTrees &trees)
     constexpr qint64 share = 100;
     const qint64 start = m_stopwatch();
     // A copy costs some time, so it is kept only for a collector that may have to be paused.
+    const bool isCopied = m_wasSlow;
     SensorTrees copy;
-    m_wasReadable = m_guarded->collect(nowNs, m_wasSlow ? copy : trees);
+    m_wasReadable = m_guarded->collect(nowNs, isCopied ? copy : trees);
     const qint64 spent = m_stopwatch() - start;
     const bool isSlow = spent > m_guarded->patience().count();
     // A single slow sample is not an error: a library may have been loaded.
@@ -29,7 +30,8 @@ void CollectorGuard::ask(qint64 nowNs, SensorTrees &trees)
     m_askedNs = nowNs;
     m_rest = std::chrono::nanoseconds(
         mustRest ? std::min(spent, longestRest.count() / share) * share : 0);
-    trees.add(copy);
+    if (isCopied)
+        trees.add(copy);
     m_last = std::move(copy);
 }
 

@@ -15,6 +15,8 @@ struct MachineRoots
     QString amdIds = {};
     /// NVIDIA's management library, loaded if it exists; empty when it must not be loaded.
     QString nvidiaLibrary = {};
+    /// Where running services keep their state; empty when it is not read.
+    QString run = {};
     /// Whether the chips of the board are read. They are always those of this machine.
     bool boardChips = false;
 };

@@ -19,6 +19,7 @@ MachineRoots thisMachine()
                               QStringLiteral("/usr/share/pci.ids")});
     roots.amdIds = QStringLiteral("/usr/share/libdrm/amdgpu.ids");
     roots.nvidiaLibrary = QStringLiteral("libnvidia-ml.so.1");
+    roots.run = QStringLiteral("/run");
     roots.boardChips = true;
     return roots;
 }

@@ -5,9 +5,14 @@
 #include "system_monitor_lib/live/graphics/GpuCollector.h"
 #include "system_monitor_lib/live/graphics/NvidiaGpus.h"
 #include "system_monitor_lib/live/graphics/SysfsGpus.h"
+#include "system_monitor_lib/live/network/WirelessCollector.h"
+#include "system_monitor_lib/live/power/PowerCollector.h"
 #include "system_monitor_lib/live/processor/CpuClockCollector.h"
 #include "system_monitor_lib/live/processor/CpuTemperatureCollector.h"
 #include "system_monitor_lib/live/processor/RaplCollector.h"
+#include "system_monitor_lib/live/processor/ThrottleCollector.h"
+#include "system_monitor_lib/live/system/PressureCollector.h"
+#include "system_monitor_lib/live/system/SystemStateCollector.h"
 
 namespace {
 
@@ -26,11 +31,16 @@ std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &r
                                                            const MonotonicClock &stopwatch)
 {
     std::vector<std::unique_ptr<Collector>> collectors;
+    collectors.push_back(std::make_unique<WirelessCollector>(roots));
     collectors.push_back(std::make_unique<CpuClockCollector>(roots, cpuGroup, stopwatch));
     collectors.push_back(std::make_unique<CpuTemperatureCollector>(roots, cpuGroup));
     collectors.push_back(std::make_unique<RaplCollector>(roots, cpuGroup));
+    collectors.push_back(std::make_unique<ThrottleCollector>(roots));
     collectors.push_back(std::make_unique<DriveCollector>(roots));
     collectors.push_back(std::make_unique<GpuCollector>(gpuSources(roots)));
+    collectors.push_back(std::make_unique<SystemStateCollector>(roots));
+    collectors.push_back(std::make_unique<PressureCollector>(roots));
+    collectors.push_back(std::make_unique<PowerCollector>(roots));
     if (roots.boardChips)
         collectors.push_back(std::make_unique<BoardCollector>(roots, stopwatch));
     return collectors;

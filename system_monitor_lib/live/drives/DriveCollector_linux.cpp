@@ -53,6 +53,7 @@ QString placeOf(const HwmonChip &chip, const QString &device)
 
 DriveCollector::DriveCollector(const MachineRoots &roots)
     : m_roots(roots)
+    , m_blocks(roots)
 {
 }
 
@@ -80,6 +81,7 @@ void DriveCollector::look()
         };
         Drive drive;
         drive.directory = chip.directory;
+        drive.device = QFileInfo(device).canonicalFilePath();
         drive.model = attributeWord(device + QStringLiteral("/model"));
         drive.place = placeOf(chip, device);
         drive.order = orderOfDevice(device);
@@ -124,7 +126,36 @@ bool DriveCollector::collect(qint64 nowNs, SensorTrees &trees)
         for (Drive &drive : m_drives)
             read(drive, nowNs);
     }
-    for (const Drive &drive : m_drives)
-        addDrive(trees, {name(drive), drive.model, drive.place}, drive.celsius);
-    return !m_drives.empty();
+    const std::vector<BlockDrive> &blocks = m_blocks.read(nowNs);
+    add(trees, blocks);
+    return !m_drives.empty() || !blocks.empty();
+}
+
+void DriveCollector::add(SensorTrees &trees, const std::vector<BlockDrive> &blocks) const
+{
+    std::vector<const BlockDrive *> others;
+    for (const BlockDrive &block : blocks)
+        others.push_back(&block);
+    for (const Drive &drive : m_drives) {
+        const auto block =
+            std::find_if(others.begin(), others.end(), [&drive](const BlockDrive *other) {
+                return other->device == drive.device;
+            });
+        const auto activity =
+            block == others.end() ? std::optional<DriveActivity>() : (*block)->activity;
+        if (block != others.end())
+            others.erase(block);
+        addDrive(trees, {name(drive), drive.model, drive.place}, drive.celsius, activity);
+    }
+    for (const BlockDrive *const block : others)
+        addListedDrive(trees, {name(*block, blocks), block->model, block->place}, block->activity);
+}
+
+QString DriveCollector::name(const BlockDrive &drive, const std::vector<BlockDrive> &all) const
+{
+    const bool isTaken =
+        std::any_of(m_drives.begin(), m_drives.end(),
+                    [&drive](const Drive &other) { return other.model == drive.model; });
+    return isTaken ? QStringLiteral("%1 (%2)").arg(drive.model, drive.place)
+                   : distinctName(drive, all, &BlockDrive::model);
 }

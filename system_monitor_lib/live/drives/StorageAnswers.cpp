@@ -63,3 +63,33 @@ QByteArray parseServed(const QByteArray &answer)
         return {};
     return answer.left(bytesSize) + answer.mid(countsOffset, countsSize);
 }
+
+std::optional<DriveCounters> parseDriveCounters(const QByteArray &answer)
+{
+    constexpr int writtenOffset = 8;
+    constexpr int readTimeOffset = 16;
+    constexpr int writeTimeOffset = 24;
+    constexpr int idleOffset = 32;
+    constexpr int readsOffset = 40;
+    constexpr int writesOffset = 44;
+    constexpr int clockOffset = 56;
+    const auto numbers = {0,          writtenOffset, readTimeOffset, writeTimeOffset,
+                          idleOffset, clockOffset};
+    for (const int offset : numbers) {
+        if (numberAt<qint64>(answer, offset).value_or(-1) < 0)
+            return std::nullopt;
+    }
+    const auto at = [&answer](int offset) { return *numberAt<quint64>(answer, offset); };
+    constexpr quint64 nanosecondsPerTick = 100;
+    DriveCounters counters;
+    counters.readBytes = at(0);
+    counters.writtenBytes = at(writtenOffset);
+    counters.readNs = at(readTimeOffset) * nanosecondsPerTick;
+    counters.writeNs = at(writeTimeOffset) * nanosecondsPerTick;
+    // Not the sum of the two times above: requests overlap.
+    if (at(clockOffset) > at(idleOffset))
+        counters.busyNs = (at(clockOffset) - at(idleOffset)) * nanosecondsPerTick;
+    counters.requests =
+        quint64{*numberAt<quint32>(answer, readsOffset)} + *numberAt<quint32>(answer, writesOffset);
+    return counters;
+}

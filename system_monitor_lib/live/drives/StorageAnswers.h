@@ -1,5 +1,7 @@
 #pragma once
 
+#include "system_monitor_lib/live/drives/DriveActivity.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -23,3 +25,7 @@ bool parseIsRotating(const QByteArray &answer);
 /// What a DISK_PERFORMANCE counts about reading and writing, which changes whenever the drive is
 /// used. Empty when the answer is too short.
 QByteArray parseServed(const QByteArray &answer);
+
+/// What a DISK_PERFORMANCE counts; of the time during which the drive was busy only the increase
+/// has a meaning. Nothing when the answer is too short or has a number below 0.
+std::optional<DriveCounters> parseDriveCounters(const QByteArray &answer);

@@ -5,8 +5,9 @@
 
 #include <algorithm>
 
-StorageCollector::StorageCollector(Drives drives)
+StorageCollector::StorageCollector(Drives drives, Counters counters)
     : m_list(std::move(drives))
+    , m_counters(std::move(counters))
 {
 }
 
@@ -15,9 +16,8 @@ bool StorageCollector::collect(qint64 nowNs, SensorTrees &trees)
     if (m_reading.isDue(nowNs))
         m_drives = m_list(nowNs);
     for (const StorageDrive &drive : inOrder())
-        addDrive(trees,
-                 {name(drive), drive.model.isEmpty() ? drive.place : drive.model, drive.place},
-                 drive.celsius);
+        addDrive(trees, name(drive), drive.celsius);
+    addActivity(nowNs, trees);
     return !m_drives.empty();
 }
 
@@ -37,9 +37,20 @@ std::vector<StorageDrive> StorageCollector::inOrder()
     return drives;
 }
 
-QString StorageCollector::name(const StorageDrive &drive) const
+void StorageCollector::addActivity(qint64 nowNs, SensorTrees &trees)
+{
+    std::vector<DriveActivityGroups::Sample> samples;
+    for (const StorageDrive &drive : m_drives) {
+        samples.push_back({name(drive), {}});
+        if (!drive.sleeps)
+            samples.back().counters = m_counters(drive.place);
+    }
+    m_activity.add(samples, nowNs, trees);
+}
+
+DriveName StorageCollector::name(const StorageDrive &drive) const
 {
     if (drive.model.isEmpty())
-        return drive.place;
-    return distinctName(drive, m_drives, &StorageDrive::model);
+        return {drive.place, drive.place, drive.place};
+    return {distinctName(drive, m_drives, &StorageDrive::model), drive.model, drive.place};
 }

@@ -40,9 +40,15 @@ std::vector<StorageDrive> StorageDrives::read(qint64 nowNs)
             known.celsius = parseDriveCelsius(drive->property(OpenDrive::Property::Temperature));
             known.readNs = nowNs;
         }
-        drives.push_back({place, model, known.celsius});
+        drives.push_back({place, model, known.celsius, sleeps});
         found.insert(place, known);
     }
     m_known = std::move(found);
     return drives;
+}
+
+std::optional<DriveCounters> StorageDrives::counters(const QString &place) const
+{
+    const std::unique_ptr<OpenDrive> drive = m_system->open(place);
+    return drive ? parseDriveCounters(drive->performance()) : std::nullopt;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "system_monitor_lib/live/drives/DriveActivity.h"
 #include "system_monitor_lib/live/drives/StorageSystem.h"
 
 #include <QHash>
@@ -15,6 +16,7 @@ struct StorageDrive
     QString place; ///< Tells it from another one of the same model, such as "PhysicalDrive0".
     QString model; ///< Empty when it has no name.
     std::optional<double> celsius; ///< Absent while it sleeps and where it has no sensor.
+    bool sleeps = false;
 };
 
 /// The drives that Windows numbers. A sleeping drive is not woken. A hard disk is asked for its
@@ -29,6 +31,9 @@ public:
     explicit StorageDrives(std::unique_ptr<StorageSystem> system);
 
     std::vector<StorageDrive> read(qint64 nowNs);
+    /// What the drive has done so far, which the system tells without the drive. Nothing when it
+    /// does not count.
+    [[nodiscard]] std::optional<DriveCounters> counters(const QString &place) const;
 
 private:
     struct Known

@@ -83,11 +83,20 @@ AdapterType parseType(const QByteArray &answer)
             (flags & (hybridDiscrete | runtimePowerManagement)) != 0};
 }
 
-bool isDrawingNode(const QByteArray &answer)
+NodeKind parseNodeKind(const QByteArray &answer)
 {
-    constexpr int typeOffset = 4;
-    constexpr quint32 engineOf3D = 1;
-    return numberAt<quint32>(answer, typeOffset) == engineOf3D;
+    constexpr int kindOffset = 4;
+    const auto kind = static_cast<NodeKind>(numberAt<quint32>(answer, kindOffset).value_or(0));
+    switch (kind) {
+    case NodeKind::Drawing:
+    case NodeKind::VideoDecode:
+    case NodeKind::VideoEncode:
+    case NodeKind::Copy:
+        return kind;
+    case NodeKind::Other:
+        break;
+    }
+    return NodeKind::Other;
 }
 
 AdapterPerformance parseAdapterPerformance(const QByteArray &answer)

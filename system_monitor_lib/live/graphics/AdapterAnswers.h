@@ -36,8 +36,15 @@ struct AdapterType
 /// Hardware that stays awake when the answer is too short.
 AdapterType parseType(const QByteArray &answer);
 
-/// Whether the engine is the one that draws.
-bool isDrawingNode(const QByteArray &answer);
+/// DXGK_ENGINE_TYPE of an engine.
+enum class NodeKind : quint32 {
+    Other = 0,
+    Drawing = 1,
+    VideoDecode = 2,
+    VideoEncode = 3,
+    Copy = 6,
+};
+NodeKind parseNodeKind(const QByteArray &answer);
 
 struct AdapterPerformance
 {

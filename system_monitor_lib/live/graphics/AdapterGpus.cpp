@@ -3,6 +3,7 @@
 #include "system_monitor_lib/SensorTrees.h"
 
 #include <algorithm>
+#include <array>
 
 using namespace adapter_answers;
 
@@ -11,12 +12,32 @@ namespace {
 const QString loadLabel = QStringLiteral("GPU Core Load");
 const QString allocatedLabel = QStringLiteral("GPU Memory Allocated");
 
+struct EngineKind
+{
+    NodeKind kind;
+    std::optional<double> GraphicsDetails::*load;
+};
+
+constexpr std::array engineKinds{
+    EngineKind{NodeKind::Drawing, &GraphicsDetails::drawPercent},
+    EngineKind{NodeKind::Copy, &GraphicsDetails::copyPercent},
+    EngineKind{NodeKind::VideoDecode, &GraphicsDetails::decodePercent},
+    EngineKind{NodeKind::VideoEncode, &GraphicsDetails::encodePercent}};
+
+QStringList engineLabels()
+{
+    GraphicsDetails all;
+    for (const EngineKind &each : engineKinds)
+        all.*each.load = 0;
+    return graphicsDetailLabels(all).keys();
+}
+
 QStringList adapterLabels()
 {
     return QStringList{QStringLiteral("GPU Temperature"),  QStringLiteral("GPU Clock"),
                        QStringLiteral("GPU Memory Clock"), QStringLiteral("GPU Core Voltage"),
                        QStringLiteral("GPU Fan"),          loadLabel} +
-           memoryLabelNames();
+           memoryLabelNames() + engineLabels();
 }
 
 void addLabel(QJsonObject &labels, const QString &label, std::optional<double> value,
@@ -47,6 +68,27 @@ bool hasUsage(const GpuState &known)
 {
     return isAsleep(known) ||
            (known.labels.contains(loadLabel) && known.labels.contains(allocatedLabel));
+}
+
+void addMissing(QJsonObject &labels, const QJsonObject &more)
+{
+    for (auto label = more.constBegin(); label != more.constEnd(); ++label) {
+        if (!labels.contains(label.key()))
+            labels.insert(label.key(), label.value());
+    }
+}
+
+/// An engine that no process uses is idle. \a engines are those that are known.
+GraphicsDetails engineLoads(GraphicsDetails &engines, const GpuUsage &usage)
+{
+    GraphicsDetails loads;
+    for (const EngineKind &each : engineKinds) {
+        if (!usage.loadPercent || !(engines.*each.load || usage.engines.*each.load))
+            continue;
+        loads.*each.load = (usage.engines.*each.load).value_or(0);
+        engines.*each.load = 0;
+    }
+    return loads;
 }
 
 double megabytesOf(const GraphicsCard &card)
@@ -84,28 +126,35 @@ QByteArray AdapterGpus::ask(const Unit &unit, Topic topic, quint32 node) const
                                  question(topic, node));
 }
 
-quint32 AdapterGpus::drawingNode(Unit &unit) const
+void AdapterGpus::findEngines(Unit &unit) const
 {
     constexpr quint32 most = 32;
-    for (quint32 node = 0; !unit.drawingNode && node < most; ++node) {
+    if (unit.drawingNode)
+        return;
+    for (quint32 node = 0; node < most; ++node) {
         const QByteArray metadata = ask(unit, Topic::NodeMetadata, node);
         if (metadata.isEmpty())
             break;
-        if (isDrawingNode(metadata))
+        const NodeKind kind = parseNodeKind(metadata);
+        if (kind == NodeKind::Drawing && !unit.drawingNode)
             unit.drawingNode = node;
+        for (const EngineKind &each : engineKinds) {
+            if (each.kind == kind)
+                unit.engines.*each.load = 0;
+        }
     }
     if (!unit.drawingNode)
         unit.drawingNode = 0;
-    return *unit.drawingNode;
 }
 
 void AdapterGpus::measure(Unit &unit) const
 {
     const QString megahertz = QStringLiteral("MHz");
+    findEngines(unit);
     const AdapterPerformance adapter =
         parseAdapterPerformance(ask(unit, Topic::AdapterPerformance));
     const NodePerformance node =
-        parseNodePerformance(ask(unit, Topic::NodePerformance, drawingNode(unit)));
+        parseNodePerformance(ask(unit, Topic::NodePerformance, *unit.drawingNode));
     QJsonObject labels;
     addLabel(labels, QStringLiteral("GPU Temperature"), adapter.celsius, QStringLiteral("°C"));
     addLabel(labels, QStringLiteral("GPU Memory Clock"), adapter.memoryMegahertz, megahertz);
@@ -121,7 +170,8 @@ void AdapterGpus::describe(Unit &unit, const GpuUsage &usage, GpuState &state)
     addLabel(state.labels, loadLabel, usage.loadPercent, QStringLiteral("%"));
     const quint64 total = unit.card.memoryBytes;
     addMemoryLabels(state.labels, usage.memoryBytes.value_or(total + 1), total);
-    for (const QString &label : state.labels.keys()) {
+    state.listed = graphicsDetailLabels(engineLoads(unit.engines, usage));
+    for (const QString &label : state.labels.keys() + state.listed.keys()) {
         if (!unit.told.contains(label))
             unit.told += label;
     }
@@ -166,10 +216,8 @@ void AdapterGpus::supplement(GpuState &known, Unit &unit, const GpuUsage &usage)
     if (!sleeps) {
         GpuState state;
         describe(unit, usage, state);
-        for (auto label = state.labels.constBegin(); label != state.labels.constEnd(); ++label) {
-            if (!known.labels.contains(label.key()))
-                known.labels.insert(label.key(), label.value());
-        }
+        addMissing(known.labels, state.labels);
+        addMissing(known.listed, state.listed);
     }
     if (known.memory <= 0)
         known.memory = megabytesOf(unit.card);
@@ -193,14 +241,17 @@ std::vector<GpuState *> AdapterGpus::match(std::vector<GpuState> &gpus) const
     return matches;
 }
 
-QHash<quint64, GpuUsage> AdapterGpus::usage(const std::vector<GpuState *> &matches,
-                                            qint64 nowNs) const
+void AdapterGpus::count(const std::vector<GpuState *> &matches, qint64 nowNs)
 {
-    if (std::all_of(matches.begin(), matches.end(),
-                    [](const GpuState *known) { return known && hasUsage(*known); }))
-        return {};
-    GraphicsSystem &system = m_cards->system();
-    return gpuUsage(system.engineLoads(nowNs), system.memoryInUse(nowNs));
+    const auto lacks = [](const GpuState *known) { return !known || !hasUsage(*known); };
+    const auto isUp = [](const GpuState *known) { return !isAsleep(*known); };
+    const bool isNeeded = std::any_of(matches.begin(), matches.end(), lacks);
+    if (!isNeeded && std::none_of(matches.begin(), matches.end(), isUp))
+        m_usages.clear();
+    else if (m_counting.isDue(nowNs) || isNeeded) {
+        GraphicsSystem &system = m_cards->system();
+        m_usages = gpuUsage(system.engineLoads(nowNs), system.memoryInUse(nowNs));
+    }
 }
 
 std::vector<GpuState> AdapterGpus::read(qint64 nowNs)
@@ -208,11 +259,11 @@ std::vector<GpuState> AdapterGpus::read(qint64 nowNs)
     std::vector<GpuState> gpus = m_library->read(nowNs);
     look(nowNs);
     const std::vector<GpuState *> matches = match(gpus);
-    const QHash<quint64, GpuUsage> usages = usage(matches, nowNs);
+    count(matches, nowNs);
     std::vector<GpuState> others;
     for (std::size_t index = 0; index < m_units.size(); ++index) {
         Unit &unit = m_units[index];
-        const GpuUsage used = usages.value(unit.card.luid);
+        const GpuUsage used = m_usages.value(unit.card.luid);
         if (matches[index])
             supplement(*matches[index], unit, used);
         else

@@ -14,6 +14,9 @@
 class AdapterGpus : public GpuSource
 {
 public:
+    /// How often the counters are read for the loads of single engines alone.
+    static constexpr std::chrono::nanoseconds countingPeriod = std::chrono::seconds(5);
+
     AdapterGpus(std::unique_ptr<GpuSource> library, std::shared_ptr<GraphicsCards> cards,
                 std::shared_ptr<DisplayPower> power);
 
@@ -26,6 +29,8 @@ private:
         GpuRest rest;
         /// What its driver said last.
         QJsonObject measured;
+        /// Has a load for each kind of engine that it has.
+        GraphicsDetails engines;
         /// The number of the engine that draws.
         std::optional<quint32> drawingNode;
         /// The labels that it has had so far.
@@ -35,12 +40,13 @@ private:
     void look(qint64 nowNs);
     /// The library's GPU for each card; null for one that the library does not know.
     std::vector<GpuState *> match(std::vector<GpuState> &gpus) const;
-    /// By card. The counters are not read if the library knows all that they know.
-    [[nodiscard]] QHash<quint64, GpuUsage> usage(const std::vector<GpuState *> &matches,
-                                                 qint64 nowNs) const;
+    /// Reads the counters. If the library knows the load and the memory of each card, only the
+    /// loads of the single engines are missing, and the counters are read rarely.
+    void count(const std::vector<GpuState *> &matches, qint64 nowNs);
     [[nodiscard]] QByteArray ask(const Unit &unit, adapter_answers::Topic topic,
                                  quint32 node = 0) const;
-    quint32 drawingNode(Unit &unit) const;
+    /// Finds out which engines it has.
+    void findEngines(Unit &unit) const;
     /// Queries the driver.
     void measure(Unit &unit) const;
     /// The readings of a card that is awake, and its memory.
@@ -52,5 +58,8 @@ private:
     const std::unique_ptr<GpuSource> m_library;
     const std::shared_ptr<GraphicsCards> m_cards;
     const std::shared_ptr<DisplayPower> m_power;
+    Pace m_counting{countingPeriod};
+    /// By card.
+    QHash<quint64, GpuUsage> m_usages;
     std::vector<Unit> m_units;
 };

@@ -35,7 +35,8 @@ bool isUsable(const CounterValue &counted)
     return counted.value >= 0 && counted.value <= highest;
 }
 
-QHash<quint64, double> busiestEngines(const std::vector<CounterValue> &engines)
+/// The loads of the engines of each adapter: the sums over their processes.
+QHash<quint64, QHash<QString, double>> engineLoads(const std::vector<CounterValue> &engines)
 {
     QHash<quint64, QHash<QString, double>> sums;
     for (const CounterValue &counted : engines) {
@@ -43,10 +44,27 @@ QHash<quint64, double> busiestEngines(const std::vector<CounterValue> &engines)
         if (part && isUsable(counted))
             sums[part->luid][part->name] += counted.value;
     }
-    QHash<quint64, double> busiest;
-    for (auto sum = sums.cbegin(); sum != sums.cend(); ++sum)
-        busiest.insert(sum.key(), *std::max_element(sum->cbegin(), sum->cend()));
-    return busiest;
+    return sums;
+}
+
+/// Where the load of an engine belongs; null for engines of other kinds.
+std::optional<double> GraphicsDetails::*kindOf(const QString &engine)
+{
+    static const QHash<QString, std::optional<double> GraphicsDetails::*> kinds{
+        {QStringLiteral("3d"), &GraphicsDetails::drawPercent},
+        {QStringLiteral("copy"), &GraphicsDetails::copyPercent},
+        {QStringLiteral("videodecode"), &GraphicsDetails::decodePercent},
+        {QStringLiteral("videoencode"), &GraphicsDetails::encodePercent}};
+    return kinds.value(engine.section(QStringLiteral("_engtype_"), 1).toLower(), nullptr);
+}
+
+void addEngine(const QString &engine, double sum, GpuUsage &usage)
+{
+    constexpr double highestLoad = 100;
+    const double load = std::min(sum, highestLoad);
+    usage.loadPercent = std::max(usage.loadPercent.value_or(0), load);
+    if (std::optional<double> GraphicsDetails::*const kind = kindOf(engine))
+        usage.engines.*kind = std::max((usage.engines.*kind).value_or(0), load);
 }
 
 } // namespace
@@ -54,7 +72,6 @@ QHash<quint64, double> busiestEngines(const std::vector<CounterValue> &engines)
 QHash<quint64, GpuUsage> gpuUsage(const std::vector<CounterValue> &engines,
                                   const std::vector<CounterValue> &memory)
 {
-    constexpr double highestLoad = 100;
     QHash<quint64, GpuUsage> usage;
     for (const CounterValue &counted : memory) {
         const std::optional<Part> part = partOf(counted.instance);
@@ -66,8 +83,10 @@ QHash<quint64, GpuUsage> gpuUsage(const std::vector<CounterValue> &engines,
         if (!engines.empty())
             adapter.loadPercent = 0;
     }
-    const QHash<quint64, double> busiest = busiestEngines(engines);
-    for (auto load = busiest.cbegin(); load != busiest.cend(); ++load)
-        usage[load.key()].loadPercent = std::min(*load, highestLoad);
+    const QHash<quint64, QHash<QString, double>> loads = engineLoads(engines);
+    for (auto adapter = loads.cbegin(); adapter != loads.cend(); ++adapter) {
+        for (auto engine = adapter->cbegin(); engine != adapter->cend(); ++engine)
+            addEngine(engine.key(), engine.value(), usage[adapter.key()]);
+    }
     return usage;
 }

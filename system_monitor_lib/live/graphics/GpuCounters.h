@@ -1,6 +1,7 @@
 #pragma once
 
 #include "system_monitor_lib/live/PerformanceCounter.h"
+#include "system_monitor_lib/live/graphics/GraphicsDetails.h"
 
 #include <QHash>
 
@@ -11,6 +12,9 @@ struct GpuUsage
     std::optional<double> loadPercent;
     /// How much of its own memory is in use.
     std::optional<quint64> memoryBytes;
+    /// The loads of its engines by kind, of several of a kind the highest. A kind that no process
+    /// uses is absent, like the link.
+    GraphicsDetails engines;
 };
 
 /// Sorts the instances of "GPU Engine(*)\Utilization Percentage" and "GPU Adapter

@@ -1,6 +1,7 @@
 #include "system_monitor_lib/live/graphics/NvidiaGpus.h"
 
 #include "system_monitor_lib/SensorTrees.h"
+#include "system_monitor_lib/live/graphics/GraphicsDetails.h"
 #include "system_monitor_lib/live/graphics/PciNames.h"
 
 #include <algorithm>
@@ -21,8 +22,30 @@ QStringList nvidiaLabels()
         QStringList{QStringLiteral("GPU Temperature"), QStringLiteral("GPU Clock"),
                     QStringLiteral("GPU Memory Clock"), QStringLiteral("GPU Core Load"),
                     QStringLiteral("GPU Power")} +
-        memoryLabelNames();
+        memoryLabelNames() + graphicsDetailLabelNames();
     return labels;
+}
+
+std::optional<double> upTo(std::optional<unsigned> value, unsigned highest)
+{
+    return value && *value <= highest ? std::optional<double>(*value) : std::nullopt;
+}
+
+/// What the list of all sensors has besides.
+QJsonObject listedLabels(const NvidiaReadings &readings)
+{
+    constexpr unsigned mostLanes = 32;
+    constexpr unsigned latestGeneration = 10;
+    GraphicsDetails details;
+    details.decodePercent = upTo(readings.decodePercent, 100);
+    details.encodePercent = upTo(readings.encodePercent, 100);
+    details.memoryPercent = upTo(readings.memoryPercent, 100);
+    details.fanPercent = upTo(readings.fanPercent, 100);
+    if (readings.linkLanes != 0U)
+        details.linkLanes = upTo(readings.linkLanes, mostLanes);
+    if (readings.linkGeneration != 0U)
+        details.linkGeneration = upTo(readings.linkGeneration, latestGeneration);
+    return graphicsDetailLabels(details);
 }
 
 } // namespace
@@ -37,6 +60,7 @@ GpuState nvidiaState(const NvidiaReadings &readings)
     state.name = readings.name;
     state.place = readings.place;
     state.mayHave = nvidiaLabels();
+    state.listed = listedLabels(readings);
     QJsonObject &labels = state.labels;
     addLabel(labels, QStringLiteral("GPU Temperature"), readings.celsius, highestTemperature, 1,
              QStringLiteral("°C"));
@@ -169,7 +193,7 @@ std::vector<GpuState> NvidiaGpus::read(qint64 nowNs)
         if (unit.turn == GpuRest::Turn::Sleeps) {
             nameSleeper(unit);
             for (GpuState &state : unit.states)
-                state.labels = {};
+                state.labels = state.listed = {};
         } else if (unit.turn == GpuRest::Turn::Ask) {
             if (m_library)
                 ask(unit, nowNs);

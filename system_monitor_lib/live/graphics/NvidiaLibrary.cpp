@@ -10,6 +10,7 @@ using Device = void *;
 
 constexpr int success = 0;
 constexpr int uninitialized = 1;
+constexpr int notSupported = 3;
 constexpr int driverNotLoaded = 9;
 constexpr int gpuIsLost = 15;
 
@@ -62,6 +63,16 @@ public:
         return code == success ? std::optional(result) : std::nullopt;
     }
 
+    /// Of a load that is also answered with the period, in microseconds, over which it is the mean.
+    std::optional<unsigned> askWithPeriod(int (*function)(Device, unsigned *, unsigned *))
+    {
+        unsigned load = 0;
+        unsigned period = 0;
+        const int code = function ? function(m_device, &load, &period) : notSupported;
+        m_lost = m_lost || meansLost(code);
+        return code == success ? std::optional(load) : std::nullopt;
+    }
+
     [[nodiscard]] bool isLost() const { return m_lost; }
 
 private:
@@ -99,6 +110,11 @@ public:
     int (*getUtilization)(Device, Utilization *) = nullptr;
     int (*getMemory)(Device, Memory *) = nullptr;
     int (*getPower)(Device, unsigned *) = nullptr;
+    int (*getDecoder)(Device, unsigned *, unsigned *) = nullptr;
+    int (*getEncoder)(Device, unsigned *, unsigned *) = nullptr;
+    int (*getFan)(Device, unsigned *) = nullptr;
+    int (*getLinkWidth)(Device, unsigned *) = nullptr;
+    int (*getLinkGeneration)(Device, unsigned *) = nullptr;
 };
 
 NvidiaLibrary::Private::Private(const QString &fileName)
@@ -117,6 +133,11 @@ NvidiaLibrary::Private::Private(const QString &fileName)
     find(library, "nvmlDeviceGetUtilizationRates", getUtilization);
     find(library, "nvmlDeviceGetMemoryInfo", getMemory);
     find(library, "nvmlDeviceGetPowerUsage", getPower);
+    find(library, "nvmlDeviceGetDecoderUtilization", getDecoder);
+    find(library, "nvmlDeviceGetEncoderUtilization", getEncoder);
+    find(library, "nvmlDeviceGetFanSpeed", getFan);
+    find(library, "nvmlDeviceGetCurrPcieLinkWidth", getLinkWidth);
+    find(library, "nvmlDeviceGetCurrPcieLinkGeneration", getLinkGeneration);
 }
 
 QString NvidiaLibrary::Private::name(Device device) const
@@ -138,8 +159,15 @@ std::optional<NvidiaReadings> NvidiaLibrary::Private::read(Device device) const
     readings.clockMhz = questions.ask<unsigned>(getClock, graphicsClock);
     readings.memoryClockMhz = questions.ask<unsigned>(getClock, memoryClock);
     readings.milliwatts = questions.ask<unsigned>(getPower);
-    if (const auto utilization = questions.ask<Utilization>(getUtilization))
+    if (const auto utilization = questions.ask<Utilization>(getUtilization)) {
         readings.loadPercent = utilization->gpu;
+        readings.memoryPercent = utilization->memory;
+    }
+    readings.decodePercent = questions.askWithPeriod(getDecoder);
+    readings.encodePercent = questions.askWithPeriod(getEncoder);
+    readings.fanPercent = questions.ask<unsigned>(getFan);
+    readings.linkLanes = questions.ask<unsigned>(getLinkWidth);
+    readings.linkGeneration = questions.ask<unsigned>(getLinkGeneration);
     if (const auto memory = questions.ask<Memory>(getMemory))
         readings.memory = NvidiaReadings::Memory{memory->used, memory->total};
     if (questions.isLost())

@@ -14,6 +14,13 @@ struct NvidiaReadings
     std::optional<unsigned> clockMhz;
     std::optional<unsigned> memoryClockMhz;
     std::optional<unsigned> loadPercent;
+    /// Of the connection to its memory.
+    std::optional<unsigned> memoryPercent = {};
+    std::optional<unsigned> decodePercent = {};
+    std::optional<unsigned> encodePercent = {};
+    std::optional<unsigned> fanPercent = {};
+    std::optional<unsigned> linkLanes = {};
+    std::optional<unsigned> linkGeneration = {};
     std::optional<unsigned> milliwatts;
     struct Memory
     {

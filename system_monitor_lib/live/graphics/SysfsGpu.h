@@ -2,6 +2,7 @@
 
 #include "system_monitor_lib/live/EnergyCounter.h"
 #include "system_monitor_lib/live/MachineRoots.h"
+#include "system_monitor_lib/live/Pace.h"
 #include "system_monitor_lib/live/files/Attribute.h"
 #include "system_monitor_lib/live/graphics/GpuIdleTime.h"
 #include "system_monitor_lib/live/graphics/GpuSource.h"
@@ -46,6 +47,7 @@ private:
     void askWindow();
     void addPower(qint64 nowNs);
     void addLoad(qint64 nowNs);
+    void addLink(qint64 nowNs);
 
     const QString m_card;
     const QString m_hwmon;
@@ -58,6 +60,11 @@ private:
     /// Whether they count the energy of a zone of the processor.
     bool m_isPowerOfZone = false;
     GpuIdleTime m_idleTime;
+    Attribute m_linkWidth;
+    Attribute m_linkSpeed;
+    /// Reading the link costs the bus some time.
+    Pace m_linkReading{listingPeriod};
+    QJsonObject m_link;
     bool m_slept = false;
     qint64 m_wokeNs = 0;
 };

@@ -24,6 +24,8 @@ constexpr SysfsGpuRow rows[] = {
     {"amdgpu", "GPU Junction Temperature", "hwmon/temp2_input", 1e3, "°C", highestTemperature,
      true},
     {"amdgpu", "GPU Memory Temperature", "hwmon/temp3_input", 1e3, "°C", highestTemperature, true},
+    {"amdgpu", "Graphics Video Load", "device/vcn_busy_percent", 1, "%", 100, true},
+    {"amdgpu", "Graphics Memory Controller Load", "device/mem_busy_percent", 1, "%", 100, true},
     {"radeon", "GPU Temperature", "hwmon/temp1_input", 1e3, "°C", highestTemperature},
     {"radeon", "GPU Fan", "hwmon/fan1_input", 1, "RPM", highestSpeed},
     {"i915", "GPU Clock", "gt_act_freq_mhz", 1, "MHz", highestClock},

@@ -3,6 +3,7 @@
 #include "system_monitor_lib/SensorTrees.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
 #include "system_monitor_lib/live/graphics/AmdNames.h"
+#include "system_monitor_lib/live/graphics/GraphicsDetails.h"
 #include "system_monitor_lib/live/graphics/PciMemory.h"
 #include "system_monitor_lib/live/graphics/PciNames.h"
 #include "system_monitor_lib/live/graphics/SysfsGpuTable.h"
@@ -88,6 +89,8 @@ SysfsGpu::SysfsGpu(const QString &card, const QString &driver, const MachineRoot
                                 ? QStringLiteral("/device/tile0/physical_vram_size_bytes")
                                 : QStringLiteral("/device/mem_info_vram_total")))
     , m_idleTime(card, driver)
+    , m_linkWidth(card + QStringLiteral("/device/current_link_width"))
+    , m_linkSpeed(card + QStringLiteral("/device/current_link_speed"))
 {
     constexpr std::size_t longestUevent = 4096;
     PolledFile uevent(card + QStringLiteral("/device/uevent"), longestUevent);
@@ -106,6 +109,7 @@ SysfsGpu::SysfsGpu(const QString &card, const QString &driver, const MachineRoot
         askWindow();
     if (m_idleTime.isCounted())
         m_state.mayHave += loadLabel;
+    m_state.mayHave += graphicsDetailLabelNames();
 }
 
 SysfsGpu::~SysfsGpu() = default;
@@ -226,12 +230,29 @@ void SysfsGpu::addLoad(qint64 nowNs)
         m_state.labels.insert(loadLabel, reading(*load, QStringLiteral("%")));
 }
 
+void SysfsGpu::addLink(qint64 nowNs)
+{
+    constexpr qint64 mostLanes = 32;
+    if (m_linkReading.isDue(nowNs)) {
+        GraphicsDetails details;
+        const std::optional<qint64> lanes = m_linkWidth.integer();
+        if (lanes && *lanes > 0 && *lanes <= mostLanes) {
+            details.linkLanes = static_cast<double>(*lanes);
+            details.linkGeneration = linkGeneration(m_linkSpeed.word());
+        }
+        m_link = graphicsDetailLabels(details);
+    }
+    for (auto label = m_link.constBegin(); label != m_link.constEnd(); ++label)
+        m_state.listed.insert(label.key(), label.value());
+}
+
 GpuState SysfsGpu::read(qint64 nowNs)
 {
     m_state.labels = {};
     m_state.listed = {};
     if (!isAwake(nowNs)) {
         m_idleTime.reset();
+        m_linkReading.expire();
         for (const auto &energy : m_energies)
             energy->reset();
         return m_state;
@@ -247,5 +268,6 @@ GpuState SysfsGpu::read(qint64 nowNs)
     addMemory(m_state.labels);
     addPower(nowNs);
     addLoad(nowNs);
+    addLink(nowNs);
     return m_state;
 }

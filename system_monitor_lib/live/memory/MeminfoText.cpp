@@ -2,6 +2,8 @@
 
 #include "system_monitor_lib/live/files/TextFields.h"
 
+#include <utility>
+
 namespace {
 
 struct Lines
@@ -11,6 +13,10 @@ struct Lines
     std::optional<quint64> free;
     std::optional<quint64> buffers;
     std::optional<quint64> cached;
+    std::optional<quint64> dirty;
+    std::optional<quint64> swapTotal;
+    std::optional<quint64> swapFree;
+    std::optional<quint64> zswapped;
 };
 
 /// The number of kB after the colon.
@@ -29,28 +35,55 @@ void takeOver(std::string_view line, Lines &lines)
         return;
     const std::string_view key = line.substr(0, colon);
     const std::string_view value = line.substr(colon + 1);
-    if (key == "MemTotal")
-        lines.total = amount(value);
-    else if (key == "MemAvailable")
-        lines.available = amount(value);
-    else if (key == "MemFree")
-        lines.free = amount(value);
-    else if (key == "Buffers")
-        lines.buffers = amount(value);
-    else if (key == "Cached")
-        lines.cached = amount(value);
+    static constexpr std::pair<std::string_view, std::optional<quint64> Lines::*> keys[] = {
+        {"MemTotal", &Lines::total},      {"MemAvailable", &Lines::available},
+        {"MemFree", &Lines::free},        {"Buffers", &Lines::buffers},
+        {"Cached", &Lines::cached},       {"Dirty", &Lines::dirty},
+        {"SwapTotal", &Lines::swapTotal}, {"SwapFree", &Lines::swapFree},
+        {"Zswapped", &Lines::zswapped}};
+    for (const auto &[name, member] : keys) {
+        if (key == name)
+            lines.*member = amount(value);
+    }
+}
+
+Lines allLines(std::string_view text)
+{
+    Lines lines;
+    while (const std::optional<std::string_view> line = takeLine(text))
+        takeOver(*line, lines);
+    return lines;
 }
 
 } // namespace
 
 std::optional<MemoryState> parseMeminfo(std::string_view text)
 {
-    Lines lines;
-    while (const std::optional<std::string_view> line = takeLine(text))
-        takeOver(*line, lines);
+    Lines lines = allLines(text);
     if (!lines.available && lines.free && lines.buffers && lines.cached)
         lines.available = *lines.free + *lines.buffers + *lines.cached;
     if (!lines.total || !lines.available || *lines.total == 0 || *lines.available > *lines.total)
         return std::nullopt;
     return MemoryState{*lines.total, *lines.available};
+}
+
+MemoryDetails parseMeminfoDetails(std::string_view text)
+{
+    const Lines lines = allLines(text);
+    MemoryDetails details;
+    details.cached = lines.cached;
+    details.dirty = lines.dirty;
+    details.compressed = lines.zswapped;
+    if (lines.swapTotal.value_or(0) > 0) {
+        details.swapTotal = lines.swapTotal;
+        if (lines.swapFree && *lines.swapFree <= *lines.swapTotal)
+            details.swapUsed = *lines.swapTotal - *lines.swapFree;
+    }
+    return details;
+}
+
+std::optional<quint64> parseZramStat(std::string_view text)
+{
+    std::optional<std::string_view> line = takeLine(text);
+    return line ? takeNumber(*line) : std::nullopt;
 }

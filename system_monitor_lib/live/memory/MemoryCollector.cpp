@@ -27,7 +27,7 @@ MemoryCollector::MemoryCollector(const MachineRoots &roots)
 {
 }
 
-bool MemoryCollector::collect(qint64 /*nowNs*/, SensorTrees &trees)
+bool MemoryCollector::collect(qint64 nowNs, SensorTrees &trees)
 {
     const std::optional<MemoryState> state = m_reader.read();
     if (!state)
@@ -35,5 +35,9 @@ bool MemoryCollector::collect(qint64 /*nowNs*/, SensorTrees &trees)
     const QJsonObject tree = memoryLabels(*state);
     trees.add(Query::SystemInfo, tree);
     trees.addDevice(Query::AllSensorsData, QStringLiteral("System: memory"), tree);
+    if (m_reading.isDue(nowNs))
+        m_details = memoryDetailLabels(m_reader.details(nowNs));
+    if (!m_details.isEmpty())
+        trees.addDevice(Query::AllSensorsData, memoryDetailsGroup(), m_details);
     return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "system_monitor_lib/live/MachineRoots.h"
+#include "system_monitor_lib/live/memory/MemoryDetails.h"
 #include "system_monitor_lib/live/memory/MemoryState.h"
 
 #include <memory>
@@ -16,6 +17,8 @@ public:
 
     /// Nothing when the system does not report it.
     std::optional<MemoryState> read();
+    /// The details, as of the last read().
+    [[nodiscard]] MemoryDetails details(qint64 nowNs);
 
 private:
     class Private;

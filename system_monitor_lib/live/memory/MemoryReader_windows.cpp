@@ -1,12 +1,31 @@
 #include "system_monitor_lib/live/memory/MemoryReader.h"
 
+#include "system_monitor_lib/live/Pace.h"
+#include "system_monitor_lib/live/memory/MemoryPages.h"
+
 #include <windows.h>
 
 class MemoryReader::Private
 {
+public:
+    MemoryDetails details(qint64 nowNs)
+    {
+        if (m_reading.isDue(nowNs))
+            m_details = detailsOfPages(m_pages(nowNs));
+        return m_details;
+    }
+
+private:
+    const MemoryPagesReader m_pages = memoryPages();
+    /// Windows goes through its list of processes for them.
+    Pace m_reading{std::chrono::seconds(5)};
+    MemoryDetails m_details;
 };
 
-MemoryReader::MemoryReader(const MachineRoots & /*roots*/) {}
+MemoryReader::MemoryReader(const MachineRoots & /*roots*/)
+    : d(std::make_unique<Private>())
+{
+}
 
 MemoryReader::~MemoryReader() = default;
 
@@ -21,4 +40,9 @@ std::optional<MemoryState> MemoryReader::read()
     if (state.total == 0 || state.available > state.total)
         return std::nullopt;
     return state;
+}
+
+MemoryDetails MemoryReader::details(qint64 nowNs)
+{
+    return d->details(nowNs);
 }

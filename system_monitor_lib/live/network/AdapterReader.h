@@ -31,8 +31,9 @@ public:
     /// list adapters at all.
     std::optional<std::vector<AdapterCounters>> read();
 
-    /// The current speed of an adapter's link in bytes per second, 0 when unknown. Drivers may
-    /// query the hardware for it, so it should not be called for every sample.
+    /// The current speed of an adapter's link in bytes per second; 0 when unknown, without a link
+    /// and while the adapter is asleep. Drivers may query the hardware for it, so it should not be
+    /// called for every sample.
     [[nodiscard]] double linkBytesPerSecond(const QString &name) const;
 
 private:

@@ -1,7 +1,9 @@
 #include "system_monitor_lib/live/network/AdapterReader.h"
 
+#include "system_monitor_lib/live/files/Attribute.h"
 #include "system_monitor_lib/live/files/DeviceOrder.h"
 #include "system_monitor_lib/live/files/PolledFile.h"
+#include "system_monitor_lib/live/files/SysfsText.h"
 #include "system_monitor_lib/live/network/AdapterKind.h"
 #include "system_monitor_lib/live/network/NetworkText.h"
 
@@ -177,6 +179,10 @@ std::optional<std::vector<AdapterCounters>> AdapterReader::read()
 double AdapterReader::linkBytesPerSecond(const QString &name) const
 {
     constexpr std::size_t length = 32;
-    return parseLinkSpeed(
-        PolledFile(QStringLiteral("%1/%2/speed").arg(d->root, name), length).read());
+    const QString folder = QStringLiteral("%1/%2").arg(d->root, name);
+    const QString power = folder + QStringLiteral("/device/power/runtime_status");
+    if (attributeWord(folder + QStringLiteral("/operstate")) == QLatin1String("down") ||
+        meansAsleep(attributeWord(power)))
+        return 0;
+    return parseLinkSpeed(PolledFile(folder + QStringLiteral("/speed"), length).read());
 }

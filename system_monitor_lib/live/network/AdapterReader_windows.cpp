@@ -38,6 +38,8 @@ double linkSpeed(const MIB_IF_ROW2 &row)
 {
     constexpr double bitsPerByte = 8;
     constexpr ULONG64 unknown = ~ULONG64{0};
+    if (row.OperStatus != IfOperStatusUp)
+        return 0;
     const ULONG64 bits = qMax(row.ReceiveLinkSpeed, row.TransmitLinkSpeed);
     return bits == unknown ? 0 : static_cast<double>(bits) / bitsPerByte;
 }

@@ -41,18 +41,19 @@ bool NetworkCollector::collect(qint64 nowNs, SensorTrees &trees)
                   [](const AdapterCounters &a, const AdapterCounters &b) {
                       return std::tie(a.order, a.name) < std::tie(b.order, b.name);
                   });
+        const bool asksAll = m_speeds.isDue(nowNs);
         for (const AdapterCounters &counters : *adapters) {
-            State state{counters, nowNs, 0, {}, {}};
+            State state{counters, nowNs, 0, {}, {}, {}};
+            state.figures.sentBytes = counters.sentBytes;
+            state.figures.receivedBytes = counters.receivedBytes;
             const auto previous = m_states.constFind(counters.name);
-            QJsonObject tree;
-            if (previous != m_states.cend() && previous->counters.identity == counters.identity)
-                tree = labels(*previous, state);
-            trees.addDevice(Query::NetworkInfo, counters.name, tree);
-            trees.addGroup({QStringLiteral("Network: %1").arg(counters.name),
-                            counters.name,
-                            {},
-                            {upLabel, downLabel}},
-                           tree);
+            const bool isKnown =
+                previous != m_states.cend() && previous->counters.identity == counters.identity;
+            if (isKnown)
+                measure(*previous, state);
+            if (!isKnown || asksAll)
+                state.figures.linkBytesPerSecond = m_reader.linkBytesPerSecond(counters.name);
+            add(state, trees);
             states.insert(counters.name, state);
         }
     }
@@ -60,20 +61,38 @@ bool NetworkCollector::collect(qint64 nowNs, SensorTrees &trees)
     return adapters.has_value();
 }
 
-QJsonObject NetworkCollector::labels(const State &previous, State &current) const
+void NetworkCollector::add(const State &state, SensorTrees &trees)
+{
+    static const QStringList labels = QStringList{upLabel, downLabel} + adapterLabelNames();
+    const QString &name = state.counters.name;
+    QJsonObject tree;
+    QJsonObject all = adapterLabels(state.figures);
+    const auto addRate = [&](const QString &label, std::optional<double> rate) {
+        if (!rate)
+            return;
+        const QJsonArray reading = rateReading(*rate);
+        tree.insert(label, reading);
+        all.insert(label, reading);
+    };
+    addRate(upLabel, state.figures.sentBytesPerSecond);
+    addRate(downLabel, state.figures.receivedBytesPerSecond);
+    trees.addDevice(Query::NetworkInfo, name, tree);
+    trees.addGroup({QStringLiteral("Network: %1").arg(name), name, {}, labels}, all);
+}
+
+void NetworkCollector::measure(const State &previous, State &current) const
 {
     current.linkSpeed = previous.linkSpeed;
+    current.figures.linkBytesPerSecond = previous.figures.linkBytesPerSecond;
     const qint64 interval = current.timeNs - previous.timeNs;
     const auto sent =
         ratePerSecond(previous.counters.sentBytes, current.counters.sentBytes, interval);
     const auto received =
         ratePerSecond(previous.counters.receivedBytes, current.counters.receivedBytes, interval);
-    QJsonObject tree;
     if (sent && isPossible(*sent, previous.sent, current.sent, current))
-        tree.insert(upLabel, rateReading(*sent));
+        current.figures.sentBytesPerSecond = sent;
     if (received && isPossible(*received, previous.received, current.received, current))
-        tree.insert(downLabel, rateReading(*received));
-    return tree;
+        current.figures.receivedBytesPerSecond = received;
 }
 
 bool NetworkCollector::isPossible(double rate, const Excess &before, Excess &now,

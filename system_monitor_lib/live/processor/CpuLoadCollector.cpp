@@ -16,9 +16,11 @@ CpuLoadCollector::CpuLoadCollector(const MachineRoots &roots, const QString &gro
 
 bool CpuLoadCollector::collect(qint64 nowNs, SensorTrees &trees)
 {
-    const bool wasPaused = m_previous && !isUsableInterval(nowNs - m_previous->timeNs);
+    const bool wasPaused = m_current && !isUsableInterval(nowNs - m_current->timeNs);
     // Read in any case, so that they are ready when the figure is missing.
-    const std::optional<double> busy = busyPercent(nowNs);
+    const std::unique_ptr<Sample> previous = advance(nowNs);
+    const std::optional<double> busy =
+        previous ? cpuLoadPercent(previous->times, m_current->times) : std::nullopt;
     std::optional<double> figure = figurePercent(nowNs);
     // It is a mean as well.
     if (wasPaused)
@@ -29,17 +31,32 @@ bool CpuLoadCollector::collect(qint64 nowNs, SensorTrees &trees)
         tree.insert(QStringLiteral("Total CPU Usage"), reading(*load, QStringLiteral("%")));
     trees.add(Query::CpuInfo, tree);
     trees.addDevice(Query::AllSensorsData, m_group, tree);
-    return m_previous || figure;
+    if (previous)
+        addDetails(previous->details, m_current->details, trees);
+    return m_current || figure;
 }
 
-std::optional<double> CpuLoadCollector::busyPercent(qint64 nowNs)
+std::unique_ptr<CpuLoadCollector::Sample> CpuLoadCollector::advance(qint64 nowNs)
 {
     const std::optional<CpuTimes> times = m_reader.read();
-    const std::optional<Sample> previous =
-        std::exchange(m_previous, times ? std::optional(Sample{*times, nowNs}) : std::nullopt);
-    if (!times || !previous || !isUsableInterval(nowNs - previous->timeNs))
-        return std::nullopt;
-    return cpuLoadPercent(previous->times, *times);
+    std::unique_ptr<Sample> previous = std::move(m_current);
+    if (times)
+        m_current = std::make_unique<Sample>(Sample{*times, m_reader.details(), nowNs});
+    const bool isUsable = m_current && previous && isUsableInterval(nowNs - previous->timeNs);
+    return isUsable ? std::move(previous) : nullptr;
+}
+
+void CpuLoadCollector::addDetails(const CpuDetails &previous, const CpuDetails &current,
+                                  SensorTrees &trees)
+{
+    const QJsonObject loads = coreLoadLabels(previous.cores, current.cores);
+    const QJsonObject shares = previous.modes && current.modes
+                                   ? cpuModeLabels(*previous.modes, *current.modes)
+                                   : QJsonObject();
+    if (!loads.isEmpty())
+        trees.addDevice(Query::AllSensorsData, processorGroup(), loads);
+    if (!shares.isEmpty())
+        trees.addDevice(Query::AllSensorsData, processorGroup(), shares);
 }
 
 std::optional<double> CpuLoadCollector::figurePercent(qint64 nowNs) const

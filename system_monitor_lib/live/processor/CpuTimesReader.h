@@ -1,6 +1,7 @@
 #pragma once
 
 #include "system_monitor_lib/live/MachineRoots.h"
+#include "system_monitor_lib/live/processor/CoreLoads.h"
 #include "system_monitor_lib/live/processor/CpuTimes.h"
 
 #include <memory>
@@ -17,6 +18,8 @@ public:
 
     /// Nothing when the system does not report it.
     std::optional<CpuTimes> read();
+    /// The same in detail, as of the last read().
+    [[nodiscard]] CpuDetails details() const;
 
 private:
     class Private;

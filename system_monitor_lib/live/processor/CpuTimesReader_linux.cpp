@@ -6,14 +6,15 @@
 class CpuTimesReader::Private
 {
 public:
-    /// Enough for the first line, which alone is needed; the whole file can be very long.
-    static constexpr std::size_t firstLine = 512;
+    /// Enough for some 600 processors; what follows them in the file can be very long.
+    static constexpr std::size_t longest = std::size_t{64} * 1024;
 
     PolledFile stat;
+    std::string_view text = {};
 };
 
 CpuTimesReader::CpuTimesReader(const MachineRoots &roots)
-    : d(new Private{PolledFile(roots.proc + QStringLiteral("/stat"), Private::firstLine)})
+    : d(new Private{PolledFile(roots.proc + QStringLiteral("/stat"), Private::longest)})
 {
 }
 
@@ -21,5 +22,11 @@ CpuTimesReader::~CpuTimesReader() = default;
 
 std::optional<CpuTimes> CpuTimesReader::read()
 {
-    return parseProcStat(d->stat.read());
+    d->text = d->stat.read();
+    return parseProcStat(d->text);
+}
+
+CpuDetails CpuTimesReader::details() const
+{
+    return parseProcStatDetails(d->text);
 }

@@ -1,5 +1,6 @@
 #include "system_monitor_lib/live/processor/CpuTimesReader.h"
 
+#include "system_monitor_lib/live/processor/ProcessorGroups.h"
 #include "system_monitor_lib/live/processor/ProcessorTimes.h"
 
 #include <windows.h>
@@ -27,36 +28,14 @@ std::optional<CpuTimes> timesOfOneGroup()
     return CpuTimes{total - ticks(idle), ticks(idle)};
 }
 
-/// NtQuerySystemInformationEx, the form of NtQuerySystemInformation that takes a group.
-using QueryOfGroup = LONG(NTAPI *)(ULONG topic, void *group, ULONG groupSize, void *answer,
-                                   ULONG answerSize, ULONG *size);
-
-QueryOfGroup queryOfGroup()
-{
-    return reinterpret_cast<QueryOfGroup>(reinterpret_cast<void (*)()>(
-        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformationEx")));
-}
-
-/// Empty when the system does not tell.
-QByteArray timesOfGroup(QueryOfGroup query, USHORT group)
-{
-    constexpr ULONG processorPerformance = 8;
-    constexpr int longest = 64 * 48;
-    QByteArray answer(longest, '\0');
-    ULONG size = 0;
-    if (!query || query(processorPerformance, &group, sizeof(group), answer.data(),
-                        static_cast<ULONG>(answer.size()), &size) < 0)
-        return {};
-    answer.truncate(static_cast<int>(size));
-    return answer;
-}
-
 } // namespace
 
 class CpuTimesReader::Private
 {
 public:
-    const QueryOfGroup query = queryOfGroup();
+    const ProcessorGroups groups = processorGroups();
+    /// As of the last read.
+    std::vector<QByteArray> answers;
     /// Whether sums over the groups are given; this must not change between two samples.
     bool areGroupsKnown = false;
 };
@@ -70,11 +49,15 @@ CpuTimesReader::~CpuTimesReader() = default;
 
 std::optional<CpuTimes> CpuTimesReader::read()
 {
-    const WORD count = GetActiveProcessorGroupCount();
-    std::vector<QByteArray> groups;
-    for (WORD group = 0; count > 1 && group < count; ++group)
-        groups.push_back(timesOfGroup(d->query, group));
-    const std::optional<CpuTimes> times = sumOfProcessorTimes(groups);
+    d->answers = d->groups();
+    std::optional<CpuTimes> times;
+    if (d->answers.size() > 1)
+        times = sumOfProcessorTimes(d->answers);
     d->areGroupsKnown = d->areGroupsKnown || times;
     return d->areGroupsKnown ? times : timesOfOneGroup();
+}
+
+CpuDetails CpuTimesReader::details() const
+{
+    return detailsOfProcessorTimes(d->answers);
 }

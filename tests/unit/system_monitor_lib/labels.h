@@ -4,6 +4,8 @@
 #include <QJsonObject>
 #include <QStringList>
 
+#include <initializer_list>
+
 /// The first reading under a label; empty when the label is absent.
 inline QJsonObject firstReading(const QJsonObject &tree, const QString &label)
 {
@@ -19,6 +21,15 @@ inline double value(const QJsonObject &tree, const QString &label)
 inline QString units(const QJsonObject &tree, const QString &label)
 {
     return firstReading(tree, label).value(QStringLiteral("units")).toString();
+}
+
+/// The lines that describe() is expected to give.
+inline QStringList texts(std::initializer_list<const char *> lines)
+{
+    QStringList list;
+    for (const char *const line : lines)
+        list += QString::fromUtf8(line);
+    return list;
 }
 
 /// Adds one line per reading and per device without readings.

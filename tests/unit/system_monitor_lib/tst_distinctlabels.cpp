@@ -34,10 +34,13 @@ private Q_SLOTS:
     void firstHolderKeepsTheLabelAlsoWhileItSleeps();
     void labelThatTheFirstNeverHasIsTheSecondsOwn();
     void devicesOfOneNameAreToldApart();
+    void groupsOfOneDeviceHaveOnePrefix();
+    void groupAddedTwiceMayHaveTheLabelsOfBoth();
     void deviceThatIsAddedRenamesNone();
     void labelThatLooksLikeAnOwnOneIsAvoided();
     void groupWithoutDeviceLendsItsName();
     void samplesAreJoinedInTheirOrder();
+    void groupAddedAgainMayHaveTheLabelsOfBoth();
 
 private:
     [[nodiscard]] QStringList labels(const QString &group) const
@@ -92,6 +95,33 @@ void DistinctLabelsTest::devicesOfOneNameAreToldApart()
              QStringList{QStringLiteral("Card (05) GPU Temperature")});
 }
 
+void DistinctLabelsTest::groupsOfOneDeviceHaveOnePrefix()
+{
+    for (const auto &[device, place] :
+         {std::pair("Other", "0"), std::pair("Disk", "1"), std::pair("Disk", "2")}) {
+        for (const QString &label : {temperature, fan})
+            m_trees.addGroup(card(label + QLatin1String(place), QLatin1String(device),
+                                  QLatin1String(place), {label}),
+                             tree({label}));
+    }
+    QCOMPARE(labels(temperature + QLatin1Char('1')),
+             QStringList{QStringLiteral("Disk ") + temperature});
+    QCOMPARE(labels(fan + QLatin1Char('1')), QStringList{QStringLiteral("Disk ") + fan});
+    QCOMPARE(labels(fan + QLatin1Char('2')), QStringList{QStringLiteral("Disk (2) ") + fan});
+}
+
+void DistinctLabelsTest::groupAddedTwiceMayHaveTheLabelsOfBoth()
+{
+    const QString group = QStringLiteral("A");
+    for (const QString &label : {temperature, fan})
+        m_trees.addGroup(card(group, QStringLiteral("One"), {}, {label}), {});
+    m_trees.addGroup(card(QStringLiteral("B"), QStringLiteral("Two"), {}, {}),
+                     tree({temperature, fan}));
+    const QStringList expected{QStringLiteral("Two GPU Fan"),
+                               QStringLiteral("Two GPU Temperature")};
+    QCOMPARE(labels(QStringLiteral("B")), expected);
+}
+
 void DistinctLabelsTest::deviceThatIsAddedRenamesNone()
 {
     m_trees.addGroup(card(QStringLiteral("A"), QStringLiteral("One"), QStringLiteral("1"), {fan}),
@@ -132,6 +162,17 @@ void DistinctLabelsTest::samplesAreJoinedInTheirOrder()
     m_trees.add(part);
     QCOMPARE(labels(QStringLiteral("B")), QStringList{QStringLiteral("Two GPU Fan")});
     QVERIFY(m_trees.tree(Query::CpuInfo).contains(QStringLiteral("load")));
+}
+
+void DistinctLabelsTest::groupAddedAgainMayHaveTheLabelsOfBoth()
+{
+    m_trees.addGroup(card(QStringLiteral("A"), QStringLiteral("One"), {}, {temperature}), {});
+    m_trees.addGroup(card(QStringLiteral("A"), QStringLiteral("One"), {}, {fan}), {});
+    m_trees.addGroup(card(QStringLiteral("B"), QStringLiteral("Two"), {}, {}),
+                     tree({temperature, fan}));
+    const QStringList expected{QStringLiteral("Two GPU Fan"),
+                               QStringLiteral("Two GPU Temperature")};
+    QCOMPARE(labels(QStringLiteral("B")), expected);
 }
 
 QTEST_APPLESS_MAIN(DistinctLabelsTest)

@@ -49,6 +49,7 @@ MachineRoots rootsOf(const QString &machine, const QTemporaryDir &directory)
 {
     MachineRoots roots{directory.filePath(QStringLiteral("proc")),
                        directory.filePath(QStringLiteral("sys"))};
+    roots.run = directory.filePath(QStringLiteral("run"));
     roots.pciIds = QStringLiteral(FIXTURES_DIRECTORY "/machines/pci.ids");
     roots.amdIds = QStringLiteral(FIXTURES_DIRECTORY "/machines/amdgpu.ids");
     if (machine == QLatin1String("nvidia-desktop"))

@@ -5,9 +5,13 @@
 #include "system_monitor_lib/live/graphics/DisplayDevices.h"
 #include "system_monitor_lib/live/graphics/GraphicsSystem.h"
 #include "system_monitor_lib/live/graphics/NvidiaDevices.h"
+#include "system_monitor_lib/live/memory/MemoryPages.h"
+#include "system_monitor_lib/live/network/WirelessLinks.h"
+#include "system_monitor_lib/live/power/BatterySystem.h"
 #include "system_monitor_lib/live/processor/CoreClockCollector.h"
 #include "system_monitor_lib/live/processor/CpuModel.h"
 #include "system_monitor_lib/live/processor/CpuTimesReader.h"
+#include "system_monitor_lib/live/system/SystemStateReader.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QDir>
@@ -22,9 +26,11 @@ class LiveMachineTest : public QObject
 
 private Q_SLOTS:
     void readsEverySource();
+    void listKeepsItsRules();
     void clocksEveryCore();
     void groupBearsTheProcessorsName();
     void processorTimesAdvance();
+    void everyProcessorIsTimed();
     void counterGivesAValue();
     void counterThatDoesNotExistGivesNothing_data();
     void counterThatDoesNotExistGivesNothing();
@@ -35,6 +41,10 @@ private Q_SLOTS:
     void driveThatDoesNotExistIsNotOpened();
     void nvidiaLibraryIsTheSystems();
     void nothingSleepsThatIsNotThere();
+    void batteriesAnswer();
+    void memoryIsCountedInPages();
+    void systemTellsItsState();
+    void wirelessAdaptersHaveNames();
 };
 
 void LiveMachineTest::readsEverySource()
@@ -46,6 +56,35 @@ void LiveMachineTest::readsEverySource()
     QVERIFY(value(source.tree(Query::CpuInfo), load) >= 0);
     QVERIFY(value(source.tree(Query::CpuInfo), load) <= 100);
     QVERIFY(value(source.tree(Query::SystemInfo), QStringLiteral("Physical Memory Used")) > 0);
+}
+
+void LiveMachineTest::listKeepsItsRules()
+{
+    LiveSource source;
+    QVERIFY(source.open());
+    const QString processor = QStringLiteral("Processor");
+    QTRY_VERIFY(source.tree(Query::AllSensorsData).contains(processor));
+    const QJsonObject groups = source.tree(Query::AllSensorsData);
+    QVERIFY(groups.value(processor).toObject().contains(QStringLiteral("Core #0 Load")));
+    QVERIFY(groups.contains(QStringLiteral("Machine")));
+    QVERIFY(groups.contains(QStringLiteral("Memory details")));
+    // What a key without a choice shows: the first sensor of the last group.
+    QCOMPARE(groups.keys().constLast(), QStringLiteral("System: memory"));
+    QCOMPARE(groups.value(groups.keys().constLast()).toObject().keys().constFirst(),
+             QStringLiteral("Physical Memory Available"));
+    QSet<QString> labels;
+    for (const QString &group : groups.keys()) {
+        // The models are looked for by these words.
+        const bool isModel = group.startsWith(QStringLiteral("CPU [#")) ||
+                             group.startsWith(QStringLiteral("GPU [#"));
+        QVERIFY2(isModel || !group.contains(QStringLiteral("CPU")), qPrintable(group));
+        QVERIFY2(isModel || !group.contains(QStringLiteral("GPU")), qPrintable(group));
+        for (const QString &label : groups.value(group).toObject().keys()) {
+            QVERIFY2(!labels.contains(label), qPrintable(label));
+            QVERIFY2(!label.contains(QStringLiteral("AIO Pump")), qPrintable(label));
+            labels += label;
+        }
+    }
 }
 
 void LiveMachineTest::clocksEveryCore()
@@ -79,6 +118,21 @@ void LiveMachineTest::processorTimesAdvance()
     QVERIFY(first.has_value());
     QTRY_VERIFY(reader.read().value_or(*first).idle + reader.read().value_or(*first).busy >
                 first->idle + first->busy);
+}
+
+void LiveMachineTest::everyProcessorIsTimed()
+{
+    CpuTimesReader reader({});
+    QVERIFY(reader.details().cores.empty());
+    reader.read();
+    const CpuDetails first = reader.details();
+    QVERIFY(first.modes.has_value());
+    QCOMPARE(static_cast<int>(first.cores.size()), QThread::idealThreadCount());
+    const auto total = [&reader] {
+        reader.read();
+        return reader.details().modes.value_or(CpuModes()).total;
+    };
+    QTRY_VERIFY(total() > first.modes->total);
 }
 
 void LiveMachineTest::counterGivesAValue()
@@ -190,6 +244,52 @@ void LiveMachineTest::nothingSleepsThatIsNotThere()
     QCOMPARE(devices.size(), std::size_t{1});
     QVERIFY(devices.front().address.isEmpty());
     QVERIFY(!devices.front().sleeps);
+}
+
+void LiveMachineTest::batteriesAnswer()
+{
+    const std::unique_ptr<BatterySystem> system = batterySystem();
+    QCOMPARE(system->powerStatus().size(), 12);
+    const std::vector<BatteryAnswers> batteries = system->batteries();
+    for (const BatteryAnswers &battery : batteries) {
+        const double percent = parseBattery(battery).percent.value_or(0);
+        QVERIFY(percent >= 0 && percent <= 100);
+    }
+    if (batteries.empty())
+        QSKIP("This machine shows no batteries");
+}
+
+void LiveMachineTest::memoryIsCountedInPages()
+{
+    const MemoryPages pages = memoryPages()(0);
+    QVERIFY(pages.bytesPerPage >= 4096);
+    QVERIFY(pages.cached.has_value());
+    for (const MemoryPages::File &file : pages.files)
+        QVERIFY(file.used <= file.total);
+}
+
+void LiveMachineTest::systemTellsItsState()
+{
+    const SystemState state = systemStateReader()();
+    QVERIFY(state.uptimeSeconds.value_or(0) > 0);
+    QVERIFY(state.processes.value_or(0) > 0);
+    if (!state.sessions)
+        QSKIP("This machine does not tell its sessions");
+    QVERIFY(*state.sessions <= 1000);
+}
+
+void LiveMachineTest::wirelessAdaptersHaveNames()
+{
+    const std::unique_ptr<WirelessLinks> links = wirelessLinks();
+    std::vector<WirelessLink> found;
+    for (const qint64 seconds : {0, 1, 61})
+        found = links->read(seconds * 1'000'000'000);
+    for (const WirelessLink &link : found) {
+        QVERIFY(!link.adapter.isEmpty());
+        QVERIFY(link.isConnected || !link.dbm);
+    }
+    if (found.empty())
+        QSKIP("This machine shows no wireless adapters");
 }
 
 QTEST_GUILESS_MAIN(LiveMachineTest)

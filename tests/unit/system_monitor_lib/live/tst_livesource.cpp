@@ -17,6 +17,8 @@ const QString downRate = QStringLiteral("Current DL rate");
 /// The group of a processor whose name and cores are unknown.
 const QString nameless = QStringLiteral("CPU [#0]: ") + QSysInfo::currentCpuArchitecture();
 const QString eth0 = QStringLiteral("eth0");
+const QString groupOfEth0 = QStringLiteral("Network: eth0");
+const QString linkSpeed = QStringLiteral("Adapter Link Speed");
 
 /// A machine whose /proc and /sys are folders, and whose clock only advances when it is told to.
 class Machine
@@ -126,11 +128,21 @@ private Q_SLOTS:
     void jumpAboveTheLinkSpeedIsDropped();
     void linkThatBecameFasterIsAskedAgain();
     void emulatedAdapterMayBeFasterThanItSays();
+    void adapterHasItsOtherFigures();
+    void linkSpeedIsNotAskedForInVain_data();
+    void linkSpeedIsNotAskedForInVain();
+    void linkSpeedIsAskedForNowAndThen();
+    void coresHaveTheirLoads();
 
 private:
     QJsonObject network(const QString &adapter = eth0)
     {
         return m_source->tree(Query::NetworkInfo).value(adapter).toObject();
+    }
+
+    QJsonObject group(const QString &name)
+    {
+        return m_source->tree(Query::AllSensorsData).value(name).toObject();
     }
 
     std::unique_ptr<Machine> m_machine;
@@ -189,7 +201,8 @@ void LiveSourceTest::capturedMachineHasItsGroups()
                       [] { return second; });
     QVERIFY(source.open());
     const QStringList expected{QStringLiteral("CPU [#0]: AMD EPYC"),
-                               QStringLiteral("Network: eth0"), QStringLiteral("System: memory")};
+                               QStringLiteral("Memory details"), QStringLiteral("Network: eth0"),
+                               QStringLiteral("System: memory")};
     QCOMPARE(source.tree(Query::AllSensorsData).keys(), expected);
     QCOMPARE(source.tree(Query::NetworkInfo).keys(), QStringList{eth0});
     const QJsonObject memory = source.tree(Query::SystemInfo);
@@ -250,7 +263,10 @@ void LiveSourceTest::groupsHoldTheSameLabels()
     QCOMPARE(all.value(nameless).toObject(), m_source->tree(Query::CpuInfo));
     QCOMPARE(all.value(QStringLiteral("System: memory")).toObject(),
              m_source->tree(Query::SystemInfo));
-    QCOMPARE(all.value(QStringLiteral("Network: eth0")).toObject(), network());
+    const QJsonObject adapter = all.value(QStringLiteral("Network: eth0")).toObject();
+    for (const QString &label : {upRate, downRate})
+        QCOMPARE(adapter.value(label), network().value(label));
+    QCOMPARE(network().keys(), (QStringList{downRate, upRate}));
     QCOMPARE(value(m_source->tree(Query::CpuInfo), usage), 50.0);
 }
 
@@ -543,6 +559,81 @@ void LiveSourceTest::emulatedAdapterMayBeFasterThanItSays()
     QCOMPARE(rateAfter(2 * step + 1024), 1.0);
     QCOMPARE(rateAfter(3 * step + 1024), static_cast<double>(step) / 1024);
     QCOMPARE(rateAfter(quint64{1} << 59U), -1.0);
+}
+
+void LiveSourceTest::adapterHasItsOtherFigures()
+{
+    constexpr quint64 gigabyte = quint64{1} << 30U;
+    QVERIFY(m_machine->setLinkSpeed(eth0, "1000\n"));
+    QVERIFY(m_machine->setCounters(eth0, 2 * gigabyte, gigabyte));
+    QVERIFY(m_source->open());
+    QVERIFY(!group(groupOfEth0).contains(QStringLiteral("Adapter Upload Rate")));
+    QVERIFY(m_machine->setCounters(eth0, 2 * gigabyte + 250'000, gigabyte + 125'000));
+    m_machine->now += 2 * second;
+
+    const QJsonObject adapter = group(groupOfEth0);
+    QCOMPARE(value(adapter, QStringLiteral("Adapter Upload Rate")), 0.5);
+    QCOMPARE(value(adapter, QStringLiteral("Adapter Download Rate")), 1.0);
+    QCOMPARE(value(adapter, linkSpeed), 1000.0);
+    QCOMPARE(qRound(value(adapter, QStringLiteral("Adapter Uploaded")) * 1000), 1000);
+    QCOMPARE(qRound(value(adapter, QStringLiteral("Adapter Downloaded")) * 1000), 2000);
+    QCOMPARE(network().size(), 2);
+}
+
+void LiveSourceTest::linkSpeedIsNotAskedForInVain_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<bool>("listed");
+    QTest::newRow("without a link")
+        << QStringLiteral("/operstate") << QByteArray("down\n") << false;
+    QTest::newRow("asleep") << QStringLiteral("/device/power/runtime_status")
+                            << QByteArray("suspended\n") << false;
+    QTest::newRow("awake with a link")
+        << QStringLiteral("/operstate") << QByteArray("up\n") << true;
+}
+
+void LiveSourceTest::linkSpeedIsNotAskedForInVain()
+{
+    QFETCH(const QString, file);
+    QFETCH(const QByteArray, content);
+    QVERIFY(m_machine->setLinkSpeed(eth0, "1000\n"));
+    QVERIFY(writeFile(m_machine->adapter(eth0) + file, content));
+    QVERIFY(m_source->open());
+    QTEST(group(groupOfEth0).contains(linkSpeed), "listed");
+}
+
+void LiveSourceTest::linkSpeedIsAskedForNowAndThen()
+{
+    QVERIFY(m_machine->setLinkSpeed(eth0, "1000\n"));
+    QVERIFY(m_source->open());
+    QVERIFY(m_machine->setLinkSpeed(eth0, "100\n"));
+    m_machine->now += second;
+    QCOMPARE(value(group(groupOfEth0), linkSpeed), 1000.0);
+    m_machine->now += 9 * second;
+    QCOMPARE(value(group(groupOfEth0), linkSpeed), 100.0);
+}
+
+void LiveSourceTest::coresHaveTheirLoads()
+{
+    const QString stat = m_machine->path(QStringLiteral("proc/stat"));
+    const QString processor = QStringLiteral("Processor");
+    QVERIFY(writeFile(stat, "cpu  10 0 10 80 0 0 0 0\ncpu0 5 0 5 40\ncpu1 5 0 5 40\n"));
+    QVERIFY(m_source->open());
+    QVERIFY(!m_source->tree(Query::AllSensorsData).contains(processor));
+    QVERIFY(writeFile(stat, "cpu  60 0 20 110 10 0 0 0\ncpu0 50 0 10 40\ncpu1 10 0 10 80\n"));
+    m_machine->now += second;
+    QStringList lines;
+    describe(processor, group(processor), lines);
+    QCOMPARE(lines,
+             texts({"Processor | Busiest Core Load = 100 %", "Processor | Core #0 Load = 100 %",
+                    "Processor | Core #1 Load = 20 %", "Processor | System Load = 10 %",
+                    "Processor | User Load = 50 %", "Processor | Waiting for Disks = 10 %"}));
+    QCOMPARE(m_source->tree(Query::CpuInfo).keys(), QStringList{usage});
+
+    m_machine->now += 60 * second;
+    QVERIFY(writeFile(stat, "cpu  90 0 20 180 10 0 0 0\ncpu0 60 0 10 80\ncpu1 30 0 10 100\n"));
+    QVERIFY2(!m_source->tree(Query::AllSensorsData).contains(processor), "was asleep");
 }
 
 QTEST_GUILESS_MAIN(LiveSourceTest)

@@ -54,6 +54,9 @@ private Q_SLOTS:
     void findsWhetherItRotates();
     void servedChangesWithEachUse_data();
     void servedChangesWithEachUse();
+    void counts();
+    void countsTheTimeWithoutRest();
+    void countersGoingBelowZeroAreNone();
     void survivesEveryCut();
 };
 
@@ -139,6 +142,39 @@ void StorageAnswersTest::servedChangesWithEachUse()
     QCOMPARE(answer.size(), 88);
     QVERIFY(parseServed(answer.left(47)).isEmpty());
     QVERIFY(!parseServed(answer.left(48)).isEmpty());
+}
+
+void StorageAnswersTest::countsTheTimeWithoutRest()
+{
+    // Rest, and the time of the question.
+    const auto busyNs = [](qint64 idle, qint64 clock) {
+        QByteArray answer = performance(4096, 512, 10, 3);
+        answer.replace(32, 8, bytes(idle)).replace(56, 8, bytes(clock));
+        return parseDriveCounters(answer)->busyNs;
+    };
+    QCOMPARE(busyNs(7, 9), quint64{200});
+    QCOMPARE(busyNs(9, 7), quint64{0});
+}
+
+void StorageAnswersTest::counts()
+{
+    const QByteArray answer = performance(4096, 512, 4'294'967'295U, 3, 99);
+    const std::optional<DriveCounters> counters = parseDriveCounters(answer);
+    QVERIFY(counters.has_value());
+    QCOMPARE(counters->readBytes, quint64{4096});
+    QCOMPARE(counters->writtenBytes, quint64{512});
+    QCOMPARE(counters->readNs, quint64{100});
+    QCOMPARE(counters->writeNs, quint64{200});
+    QCOMPARE(counters->requests, quint64{4'294'967'298U});
+    for (int length = 0; length < answer.size(); ++length)
+        QCOMPARE(parseDriveCounters(answer.left(length)).has_value(), length >= 64);
+}
+
+void StorageAnswersTest::countersGoingBelowZeroAreNone()
+{
+    QVERIFY(!parseDriveCounters(performance(-1, 512, 1, 1)).has_value());
+    QVERIFY(!parseDriveCounters(performance(4096, -1, 1, 1)).has_value());
+    QVERIFY(!parseDriveCounters(performance(4096, 512, 1, 1, -1)).has_value());
 }
 
 void StorageAnswersTest::survivesEveryCut()

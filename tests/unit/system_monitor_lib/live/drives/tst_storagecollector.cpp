@@ -20,6 +20,7 @@ private Q_SLOTS:
     void firstThatTellsKeepsThePlainLabel();
     void asksRarely();
     void noDrivesAreNoSource();
+    void showsWhatDrivesDo();
 
 private:
     SensorTrees collect(qint64 nowNs)
@@ -31,6 +32,9 @@ private:
 
     std::vector<StorageDrive> m_drives;
     int m_lists = 0;
+    /// The places that were asked.
+    QStringList m_asked;
+    QHash<QString, DriveCounters> m_counters;
     bool m_collected = false;
     std::unique_ptr<StorageCollector> m_collector;
 };
@@ -42,10 +46,17 @@ void StorageCollectorTest::init()
                 {QStringLiteral("PhysicalDrive1"), QStringLiteral("Disk B"), 41.0},
                 {QStringLiteral("PhysicalDrive2"), QStringLiteral("Disk B"), {}},
                 {QStringLiteral("PhysicalDrive7"), QString(), 29.0}};
-    m_collector = std::make_unique<StorageCollector>([this](qint64 /*nowNs*/) {
+    m_asked.clear();
+    m_counters.clear();
+    const auto drives = [this](qint64 /*nowNs*/) {
         ++m_lists;
         return m_drives;
-    });
+    };
+    const auto counters = [this](const QString &place) {
+        m_asked += place;
+        return m_counters.contains(place) ? std::optional(m_counters.value(place)) : std::nullopt;
+    };
+    m_collector = std::make_unique<StorageCollector>(drives, counters);
 }
 
 void StorageCollectorTest::namesAndRounds()
@@ -102,6 +113,30 @@ void StorageCollectorTest::noDrivesAreNoSource()
     const SensorTrees trees = collect(0);
     QVERIFY(!m_collected);
     QVERIFY(trees.tree(Query::SmartInfo).isEmpty());
+}
+
+void StorageCollectorTest::showsWhatDrivesDo()
+{
+    const QString readRate = QStringLiteral("Drive Read Rate");
+    // The first one never tells a temperature, but its counters.
+    m_drives[0].celsius.reset();
+    m_drives[2].sleeps = true;
+    m_counters[m_drives[0].place] = {};
+    m_counters[m_drives[1].place] = {};
+    collect(0);
+    m_counters[m_drives[0].place].readBytes = 1024 * 1024;
+    const SensorTrees trees = collect(second);
+    const QJsonObject sensors = trees.allSensors();
+    QCOMPARE(value(sensors.value(QStringLiteral("Drive activity: Disk A")).toObject(), readRate),
+             1.0);
+    QCOMPARE(
+        value(sensors.value(QStringLiteral("Drive activity: Disk B (PhysicalDrive1)")).toObject(),
+              QStringLiteral("Disk B Drive Read Rate")),
+        0.0);
+    QVERIFY(!m_asked.contains(m_drives[2].place));
+    QCOMPARE(trees.tree(Query::SmartInfo).size(), 4);
+    for (const QJsonValue drive : trees.tree(Query::SmartInfo))
+        QVERIFY(!drive.toObject().contains(readRate));
 }
 
 QTEST_APPLESS_MAIN(StorageCollectorTest)

@@ -88,6 +88,7 @@ private Q_SLOTS:
     void temperatureOfAnIdleDiskGetsOld();
     void sleepingDriveIsNotAsked();
     void anotherDriveInThePlaceIsNew();
+    void countsWithoutADrive();
 
 private:
     double celsius(qint64 seconds)
@@ -188,6 +189,17 @@ void StorageDrivesTest::anotherDriveInThePlaceIsNew()
     QCOMPARE(drive().asked, 1);
     m_drives.clear();
     QCOMPARE(celsius(90), -2.0);
+}
+
+void StorageDrivesTest::countsWithoutADrive()
+{
+    drive().isAwake = false;
+    QVERIFY(m_storage->read(0).front().sleeps);
+    QCOMPARE(m_storage->counters(place)->requests, quint32{5});
+    QVERIFY(!m_storage->counters(QStringLiteral("PhysicalDrive1")).has_value());
+    drive().reads.reset();
+    QVERIFY(!m_storage->counters(place).has_value());
+    QCOMPARE(drive().asked, 0);
 }
 
 QTEST_APPLESS_MAIN(StorageDrivesTest)

@@ -59,6 +59,8 @@ public:
             ++questions[luid];
         if (asked == Topic::NodeMetadata || asked == Topic::NodePerformance)
             lastNode = numberOfNode(question);
+        if (asked == Topic::NodeMetadata && !kinds.empty())
+            return lastNode < kinds.size() ? nodeAnswer(kinds[lastNode]) : QByteArray();
         if (asked == Topic::NodeMetadata && lastNode < firstDrawingNode)
             return nodeAnswer(5);
         return answers.value(luid).value(asked);
@@ -76,6 +78,8 @@ public:
     std::vector<CounterValue> engines;
     std::vector<CounterValue> memory;
     quint32 firstDrawingNode = 0;
+    /// The kinds of the engines, if the test tells them.
+    std::vector<quint32> kinds;
 
     int listed = 0;
     /// How often the counters were read.

@@ -147,6 +147,39 @@ EXPORTED int nvmlDeviceGetUtilizationRates(FakeGpu *device, FakeUtilization *rat
     return answer("Utilization");
 }
 
+EXPORTED int nvmlDeviceGetDecoderUtilization(FakeGpu *device, unsigned *percent, unsigned *period)
+{
+    *percent = device->index == 0 ? 0 : 30;
+    *period = 167'000;
+    return answer("Decoder");
+}
+
+EXPORTED int nvmlDeviceGetEncoderUtilization(FakeGpu *device, unsigned *percent, unsigned *period)
+{
+    *percent = device->index == 0 ? 0 : 20;
+    *period = 167'000;
+    return answer("Encoder");
+}
+
+EXPORTED int nvmlDeviceGetFanSpeed(FakeGpu *device, unsigned *percent)
+{
+    *percent = 45;
+    // The small card has no fan.
+    return device->index == 0 ? 3 : answer("Fan");
+}
+
+EXPORTED int nvmlDeviceGetCurrPcieLinkWidth(FakeGpu *device, unsigned *lanes)
+{
+    *lanes = device->index == 0 ? 4 : 16;
+    return answer("LinkWidth");
+}
+
+EXPORTED int nvmlDeviceGetCurrPcieLinkGeneration(FakeGpu *device, unsigned *generation)
+{
+    *generation = device->index == 0 ? 3 : 4;
+    return answer("LinkGeneration");
+}
+
 EXPORTED int nvmlDeviceGetMemoryInfo(FakeGpu *device, FakeMemory *memory)
 {
     constexpr unsigned long long megabyte = 1024ULL * 1024;

@@ -27,7 +27,7 @@ private Q_SLOTS:
     void findsTheAddress();
     void findsTheType_data();
     void findsTheType();
-    void findsTheDrawingNode();
+    void findsTheKindOfANode();
     void findsTheAdaptersReadings_data();
     void findsTheAdaptersReadings();
     void findsTheNodesReadings_data();
@@ -106,13 +106,16 @@ void AdapterAnswersTest::findsTheType()
     QTEST(parseType(answer).maySleep, "maySleep");
 }
 
-void AdapterAnswersTest::findsTheDrawingNode()
+void AdapterAnswersTest::findsTheKindOfANode()
 {
-    QVERIFY(isDrawingNode(nodeAnswer(1)));
-    QVERIFY(!isDrawingNode(nodeAnswer(0)));
-    QVERIFY(!isDrawingNode(nodeAnswer(2)));
-    QVERIFY(!isDrawingNode(nodeAnswer(1).left(7)));
-    QVERIFY(!isDrawingNode({}));
+    QVERIFY(parseNodeKind(nodeAnswer(1)) == NodeKind::Drawing);
+    QVERIFY(parseNodeKind(nodeAnswer(2)) == NodeKind::VideoDecode);
+    QVERIFY(parseNodeKind(nodeAnswer(3)) == NodeKind::VideoEncode);
+    QVERIFY(parseNodeKind(nodeAnswer(6)) == NodeKind::Copy);
+    for (const quint32 other : {0U, 4U, 5U, 7U, 4'000'000'000U})
+        QVERIFY(parseNodeKind(nodeAnswer(other)) == NodeKind::Other);
+    QVERIFY(parseNodeKind(nodeAnswer(1).left(7)) == NodeKind::Other);
+    QVERIFY(parseNodeKind({}) == NodeKind::Other);
 }
 
 void AdapterAnswersTest::findsTheAdaptersReadings_data()

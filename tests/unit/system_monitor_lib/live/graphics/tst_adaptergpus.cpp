@@ -13,6 +13,7 @@ constexpr qint64 second = 1'000'000'000;
 constexpr quint64 megabyte = 1024 * 1024;
 constexpr quint64 large = 0x1000d;
 constexpr quint64 built = 0x2000e;
+const QString drawing = QStringLiteral("Graphics 3D Load");
 const QString largePlace = QStringLiteral("0000:03:00.0");
 const QString largeInstance = QStringLiteral(R"(PCI\VEN_1002&DEV_73BF\1)");
 
@@ -70,6 +71,11 @@ private Q_SLOTS:
     void sleepingCardIsNotAsked();
     void cardThatSleepsFromTheStartKeepsItsLabels();
     void cardThatTheLibraryLeavesAloneIsNotAsked();
+    void engineThatNobodyUsesAnyMoreIsIdle();
+    void idleEnginesAreListed();
+    void enginesAreUnknownWithoutCounters();
+    void libraryKnowsItsEnginesBest();
+    void enginesAloneAreCountedRarely();
     void cardIsRemoved();
     void mostMemoryIsTheMainCard();
     void systemWithoutCards();
@@ -142,7 +148,9 @@ void AdapterGpusTest::readsEverything()
     QCOMPARE(other.labels.keys(),
              (QStringList{QStringLiteral("GPU Core Load"), QStringLiteral("GPU Memory Allocated"),
                           QStringLiteral("GPU Memory Total"), QStringLiteral("GPU Memory Usage")}));
-    QCOMPARE(sorted(other.mayHave), other.labels.keys());
+    QCOMPARE(sorted(other.mayHave), other.labels.keys() + other.listed.keys());
+    QCOMPARE(value(other.listed, drawing), 3.0);
+    QCOMPARE(value(state.listed, drawing), 37.5);
 }
 
 void AdapterGpusTest::missingSourceCostsItsLabels_data()
@@ -241,7 +249,8 @@ void AdapterGpusTest::libraryComesFirst()
     QCOMPARE(value(state.labels, QStringLiteral("GPU Fan")), 0.0);
     QCOMPARE(value(state.labels, QStringLiteral("GPU Core Voltage")), 0.987);
     QCOMPARE(state.memory, 8192.0);
-    QCOMPARE(sorted(state.mayHave), state.labels.keys());
+    QCOMPARE(sorted(state.mayHave), state.labels.keys() + state.listed.keys());
+    QCOMPARE(value(state.listed, drawing), 37.5);
     QCOMPARE(states[1].name, QStringLiteral("Intel Built-in"));
 }
 
@@ -331,7 +340,8 @@ void AdapterGpusTest::sleepingCardIsNotAsked()
     for (qint64 time = 1; time < 30; ++time) {
         const GpuState state = largeAt(time);
         QVERIFY(state.labels.isEmpty());
-        QCOMPARE(state.mayHave.size(), 9);
+        QVERIFY(state.listed.isEmpty());
+        QCOMPARE(state.mayHave.size(), 10);
         QCOMPARE(state.memory, 8192.0);
     }
     QCOMPARE(m_system->questions.value(large), 2);
@@ -349,6 +359,8 @@ void AdapterGpusTest::cardThatSleepsFromTheStartKeepsItsLabels()
     QVERIFY(state.labels.isEmpty());
     QVERIFY(state.mayHave.contains(QStringLiteral("GPU Temperature")));
     QVERIFY(state.mayHave.contains(QStringLiteral("GPU Memory Total")));
+    QVERIFY(state.mayHave.contains(QStringLiteral("Graphics Video Encode Load")));
+    QVERIFY(!state.mayHave.contains(QStringLiteral("Graphics Link Width")));
     QCOMPARE(m_system->questions.value(large), 0);
 }
 
@@ -369,6 +381,76 @@ void AdapterGpusTest::cardThatTheLibraryLeavesAloneIsNotAsked()
     m_library->states.front() = known;
     QCOMPARE(largeAt(3).labels.size(), 10);
     QCOMPARE(m_system->questions.value(large), 4);
+}
+
+void AdapterGpusTest::engineThatNobodyUsesAnyMoreIsIdle()
+{
+    const QString decoding = QStringLiteral("Graphics Video Decode Load");
+    CounterValue decoder = load(large, 20);
+    decoder.instance.replace(QStringLiteral("eng_0_engtype_3D"),
+                             QStringLiteral("eng_1_engtype_VideoDecode"));
+    QVERIFY(!largeAt(0).listed.contains(decoding));
+    m_system->engines.push_back(decoder);
+    QCOMPARE(value(largeAt(1).listed, decoding), 20.0);
+    m_system->engines.pop_back();
+    const GpuState state = largeAt(2);
+    QCOMPARE(value(state.listed, decoding), 0.0);
+    QCOMPARE(value(state.listed, drawing), 37.5);
+    QVERIFY(!state.listed.contains(QStringLiteral("Graphics Video Encode Load")));
+}
+
+void AdapterGpusTest::idleEnginesAreListed()
+{
+    m_system->kinds = {6, 1, 2, 4, 1};
+    m_system->engines = {load(built, 3)};
+    const GpuState state = largeAt(0);
+    QStringList lines;
+    describe(QStringLiteral("g"), state.listed, lines);
+    QCOMPARE(lines, texts({"g | Graphics 3D Load = 0 %", "g | Graphics Copy Load = 0 %",
+                           "g | Graphics Video Decode Load = 0 %"}));
+    QCOMPARE(sorted(state.mayHave), state.labels.keys() + state.listed.keys());
+}
+
+void AdapterGpusTest::enginesAreUnknownWithoutCounters()
+{
+    QVERIFY(largeAt(0).listed.contains(drawing));
+    m_system->engines.clear();
+    const GpuState state = largeAt(1);
+    QVERIFY(state.listed.isEmpty());
+    QVERIFY(state.mayHave.contains(drawing));
+}
+
+void AdapterGpusTest::libraryKnowsItsEnginesBest()
+{
+    GpuState known;
+    known.name = QStringLiteral("AMD Large");
+    known.place = largePlace;
+    known.listed = {{drawing, reading(5, QStringLiteral("%"))}};
+    known.labels = {{QStringLiteral("GPU Power"), reading(88.5, QStringLiteral("W"))}};
+    m_library->states = {known};
+    QCOMPARE(value(largeAt(0).listed, drawing), 5.0);
+    m_library->states.front().listed = {};
+    QCOMPARE(value(largeAt(1).listed, drawing), 37.5);
+}
+
+void AdapterGpusTest::enginesAloneAreCountedRarely()
+{
+    m_system->present.erase(m_system->present.begin());
+    GpuState known;
+    known.name = QStringLiteral("AMD Large");
+    known.place = largePlace;
+    for (const char *const label : {"GPU Core Load", "GPU Memory Allocated"})
+        known.labels.insert(QString::fromLatin1(label), reading(1, QString()));
+    m_library->states = {known};
+    for (qint64 time = 0; time < 10; ++time)
+        QCOMPARE(value(largeAt(time).listed, drawing), 37.5);
+    QCOMPARE(m_system->counted, 2);
+    // Not even that while it sleeps.
+    m_library->states.front().labels = {};
+    m_library->states.front().isLeftAlone = true;
+    for (qint64 time = 10; time < 20; ++time)
+        QVERIFY(largeAt(time).listed.isEmpty());
+    QCOMPARE(m_system->counted, 2);
 }
 
 void AdapterGpusTest::cardIsRemoved()

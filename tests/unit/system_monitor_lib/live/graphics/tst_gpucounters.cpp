@@ -1,4 +1,5 @@
 #include "system_monitor_lib/live/graphics/GpuCounters.h"
+#include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QtTest>
 
@@ -33,6 +34,8 @@ private Q_SLOTS:
     void loadIsThatOfTheBusiestEngine();
     void memoryIsSummedUp_data();
     void memoryIsSummedUp();
+    void enginesAreSortedByKind_data();
+    void enginesAreSortedByKind();
     void adaptersAreToldApart();
 };
 
@@ -102,6 +105,45 @@ void GpuCountersTest::memoryIsSummedUp()
     QFETCH(const qint64, bytes);
     const std::optional<quint64> used = gpuUsage({}, counted).value(luid).memoryBytes;
     QCOMPARE(used ? static_cast<qint64>(*used) : -1, bytes);
+}
+
+void GpuCountersTest::enginesAreSortedByKind_data()
+{
+    using Values = std::vector<CounterValue>;
+    QTest::addColumn<Values>("engines");
+    QTest::addColumn<QStringList>("labels");
+    QTest::newRow("all kinds") << Values{engine(4, "phys_0_eng_0_engtype_3D", 10),
+                                         engine(4, "phys_0_eng_1_engtype_Copy", 20),
+                                         engine(4, "phys_0_eng_2_engtype_VideoDecode", 30),
+                                         engine(4, "phys_0_eng_3_engtype_videoencode", 40)}
+                               << texts({"g | Graphics 3D Load = 10 %",
+                                         "g | Graphics Copy Load = 20 %",
+                                         "g | Graphics Video Decode Load = 30 %",
+                                         "g | Graphics Video Encode Load = 40 %"});
+    QTest::newRow("several of a kind") << Values{engine(4, "phys_0_eng_1_engtype_Copy", 20),
+                                                 engine(5, "phys_0_eng_1_engtype_Copy", 15),
+                                                 engine(4, "phys_0_eng_2_engtype_Copy", 30),
+                                                 engine(4, "phys_1_eng_2_engtype_Copy", 8)}
+                                       << texts({"g | Graphics Copy Load = 35 %"});
+    QTest::newRow("more than all") << Values{engine(4, "phys_0_eng_0_engtype_3D", 70),
+                                             engine(5, "phys_0_eng_0_engtype_3D", 70)}
+                                   << texts({"g | Graphics 3D Load = 100 %"});
+    QTest::newRow("other kinds") << Values{engine(4, "phys_0_eng_0_engtype_Compute_0", 10),
+                                           engine(4, "phys_0_eng_1_engtype_VideoProcessing", 10),
+                                           engine(4, "phys_0_eng_2_engtype_", 10),
+                                           engine(4, "phys_0_eng_3", 10),
+                                           engine(4, "phys_0_3D", 10)}
+                                 << texts({"g"});
+    QTest::newRow("nothing") << Values{} << texts({"g"});
+}
+
+void GpuCountersTest::enginesAreSortedByKind()
+{
+    QFETCH(const std::vector<CounterValue>, engines);
+    QStringList lines;
+    describe(QStringLiteral("g"), graphicsDetailLabels(gpuUsage(engines, {}).value(luid).engines),
+             lines);
+    QTEST(lines, "labels");
 }
 
 void GpuCountersTest::adaptersAreToldApart()

@@ -76,7 +76,16 @@ void NvidiaGpusTest::whatIsNotSupportedCostsOneLabel_data()
     QTest::newRow("memory clock") << QByteArray("MemoryClock") << notSupported
                                   << QStringList{QStringLiteral("GPU Memory Clock")};
     QTest::newRow("load") << QByteArray("Utilization") << notSupported
-                          << QStringList{QStringLiteral("GPU Core Load")};
+                          << texts({"GPU Core Load", "Graphics Memory Controller Load"});
+    QTest::newRow("decoder") << QByteArray("Decoder") << notSupported
+                             << texts({"Graphics Video Decode Load"});
+    QTest::newRow("encoder") << QByteArray("Encoder") << notSupported
+                             << texts({"Graphics Video Encode Load"});
+    QTest::newRow("fan") << QByteArray("Fan") << notSupported << texts({"Graphics Fan Speed"});
+    QTest::newRow("width of the link")
+        << QByteArray("LinkWidth") << notSupported << texts({"Graphics Link Width"});
+    QTest::newRow("generation of the link")
+        << QByteArray("LinkGeneration") << notSupported << texts({"Graphics Link Generation"});
     QTest::newRow("power") << QByteArray("Power") << notSupported
                            << QStringList{QStringLiteral("GPU Power")};
     QTest::newRow("memory") << QByteArray("MemoryInfo") << notSupported
@@ -94,13 +103,17 @@ void NvidiaGpusTest::whatIsNotSupportedCostsOneLabel()
     QFETCH(const QByteArray, function);
     QFETCH(const QByteArray, code);
     QFETCH(const QStringList, lost);
-    QStringList expected = m_gpus->read(0).at(1).labels.keys();
-    QCOMPARE(expected.size(), 8);
+    const auto labels = [this](qint64 nowNs) {
+        const GpuState state = m_gpus->read(nowNs).at(1);
+        return state.labels.keys() + state.listed.keys();
+    };
+    QStringList expected = labels(0);
+    QCOMPARE(expected.size(), 8 + 6);
     for (const QString &label : lost)
         QCOMPARE(expected.removeAll(label), 1);
     qputenv("FAKE_NVML_CODE", code);
     qputenv("FAKE_NVML_FAIL", function);
-    QCOMPARE(m_gpus->read(second).at(1).labels.keys(), expected);
+    QCOMPARE(labels(second), expected);
 }
 
 void NvidiaGpusTest::absurdValuesAreLeftOut()
@@ -111,10 +124,15 @@ void NvidiaGpusTest::absurdValuesAreLeftOut()
     readings.memoryClockMhz = 20'001;
     readings.loadPercent = 101;
     readings.milliwatts = 5'000'001;
+    readings.memoryPercent = readings.decodePercent = readings.encodePercent = 101;
+    readings.fanPercent = 101;
+    readings.linkLanes = 33;
+    readings.linkGeneration = 0;
     readings.memory = NvidiaReadings::Memory{1, 0};
     readings.name = QStringLiteral("GPU");
     const GpuState state = nvidiaState(readings);
     QVERIFY(state.labels.isEmpty());
+    QVERIFY(state.listed.isEmpty());
     QCOMPARE(state.memory, 0.0);
     QCOMPARE(state.name, QStringLiteral("GPU"));
 }

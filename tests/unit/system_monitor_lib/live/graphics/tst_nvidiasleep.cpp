@@ -182,8 +182,10 @@ void NvidiaSleepTest::idleGpuFallsAsleep()
 {
     QVERIFY(add(small, "active\n"));
     labelsAt(15);
+    QVERIFY(!m_gpus->read(15 * second).front().listed.isEmpty());
     QVERIFY(put(small, "runtime_status", "suspended\n"));
     QCOMPARE(labelsAt(16), QList<int>{0});
+    QVERIFY(m_gpus->read(16 * second).front().listed.isEmpty());
     QCOMPARE(labelsAt(600), QList<int>{0});
     QCOMPARE(inUse(), 0);
     QVERIFY(put(small, "runtime_status", "active\n"));

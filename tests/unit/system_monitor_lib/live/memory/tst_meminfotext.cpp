@@ -1,5 +1,6 @@
 #include "system_monitor_lib/live/memory/MeminfoText.h"
 #include "tests/unit/system_monitor_lib/files.h"
+#include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QtTest>
 
@@ -12,6 +13,10 @@ private Q_SLOTS:
     void parsesAmounts();
     void refusesMalformedText_data();
     void refusesMalformedText();
+    void parsesDetails_data();
+    void parsesDetails();
+    void parsesZram_data();
+    void parsesZram();
 };
 
 void MeminfoTextTest::parsesAmounts_data()
@@ -73,6 +78,55 @@ void MeminfoTextTest::refusesMalformedText()
 {
     QFETCH(const QByteArray, text);
     QVERIFY(!parseMeminfo(view(text)).has_value());
+}
+
+void MeminfoTextTest::parsesDetails_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QStringList>("expected");
+
+    const QByteArray swap("SwapTotal: 2097152 kB\nSwapFree: 1048576 kB\n");
+    QTest::newRow("all") << swap +
+                                "Cached: 1024 kB\nDirty: 512 kB\nZswap: 5 kB\nZswapped: 2048 kB\n"
+                         << texts({"t | Memory Cached = 1 MB", "t | Memory Compressed = 2 MB",
+                                   "t | Memory Dirty = 0.5 MB", "t | Swap Total = 2048 MB",
+                                   "t | Swap Used = 1024 MB"});
+    QTest::newRow("no swap") << QByteArray("SwapTotal: 0 kB\nSwapFree: 0 kB\n") << texts({"t"});
+    QTest::newRow("more free than there is")
+        << QByteArray("SwapTotal: 1024 kB\nSwapFree: 2048 kB\n")
+        << texts({"t | Swap Total = 1 MB"});
+    QTest::newRow("malformed") << QByteArray("SwapTotal: x kB\nDirty: 5\nCached 7 kB\n")
+                               << texts({"t"});
+    QTest::newRow("cut") << QByteArray("Dirty: 5 kB") << texts({"t"});
+    QTest::newRow("empty") << QByteArray() << texts({"t"});
+    QTest::newRow("zero bytes") << QByteArray(4000, '\0') << texts({"t"});
+}
+
+void MeminfoTextTest::parsesDetails()
+{
+    QFETCH(const QByteArray, text);
+    QStringList lines;
+    describe(QStringLiteral("t"), memoryDetailLabels(parseMeminfoDetails(view(text))), lines);
+    QTEST(lines, "expected");
+}
+
+void MeminfoTextTest::parsesZram_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<qint64>("bytes"); // -1 for none
+    QTest::newRow("usual") << QByteArray("  4096000  1024 1024 0 1024 3 4 5 6\n")
+                           << qint64{4096000};
+    QTest::newRow("empty") << QByteArray() << qint64{-1};
+    QTest::newRow("letters") << QByteArray("none\n") << qint64{-1};
+    QTest::newRow("cut") << QByteArray("40960") << qint64{-1};
+    QTest::newRow("huge") << QByteArray(5000, '9') << qint64{-1};
+}
+
+void MeminfoTextTest::parsesZram()
+{
+    QFETCH(const QByteArray, text);
+    const std::optional<quint64> bytes = parseZramStat(view(text));
+    QTEST(bytes ? static_cast<qint64>(*bytes) : qint64{-1}, "bytes");
 }
 
 QTEST_APPLESS_MAIN(MeminfoTextTest)

@@ -23,6 +23,9 @@ class ProcessorTimesTest : public QObject
 private Q_SLOTS:
     void sumsUpTheGroups_data();
     void sumsUpTheGroups();
+    void numbersProcessorsThroughTheGroups();
+    void processorIdlerThanPossibleIsNotBusy();
+    void silentGroupLeavesNone();
 };
 
 void ProcessorTimesTest::sumsUpTheGroups_data()
@@ -55,6 +58,42 @@ void ProcessorTimesTest::sumsUpTheGroups()
     if (times) {
         QCOMPARE(times->busy, static_cast<quint64>(busy));
         QCOMPARE(times->idle, static_cast<quint64>(idle));
+    }
+}
+
+void ProcessorTimesTest::numbersProcessorsThroughTheGroups()
+{
+    const QByteArray one = processor(100, 130, 20);
+    const CpuDetails details =
+        detailsOfProcessorTimes({one + one, processor(1000, 1001, 2) + one.left(47)});
+    QCOMPARE(details.cores.size(), std::size_t{3});
+    for (std::size_t core = 0; core < details.cores.size(); ++core)
+        QCOMPARE(details.cores[core].number, static_cast<int>(core));
+    QCOMPARE(details.cores[1].times.busy, quint64{50});
+    QCOMPARE(details.cores[2].times.busy, quint64{3});
+    QCOMPARE(details.cores[2].times.idle, quint64{1000});
+    QVERIFY(details.modes.has_value());
+    QCOMPARE(details.modes->user, quint64{42});
+    QCOMPARE(details.modes->system, quint64{61});
+    QCOMPARE(details.modes->total, quint64{1303});
+    QVERIFY(!details.modes->waiting.has_value());
+}
+
+void ProcessorTimesTest::processorIdlerThanPossibleIsNotBusy()
+{
+    const CpuDetails details = detailsOfProcessorTimes({processor(100, 30, 20)});
+    QCOMPARE(details.cores.size(), std::size_t{1});
+    QCOMPARE(details.cores[0].times.busy, quint64{20});
+    QCOMPARE(details.modes->system, quint64{0});
+}
+
+void ProcessorTimesTest::silentGroupLeavesNone()
+{
+    const QByteArray one = processor(1, 2, 3);
+    for (const std::vector<QByteArray> &groups :
+         {std::vector<QByteArray>{one, {}}, {one.left(47)}, {}}) {
+        QVERIFY(detailsOfProcessorTimes(groups).cores.empty());
+        QVERIFY(!detailsOfProcessorTimes(groups).modes.has_value());
     }
 }
 

@@ -12,6 +12,11 @@ private Q_SLOTS:
     void parsesCounters();
     void refusesMalformedText_data();
     void refusesMalformedText();
+    void parsesDetails();
+    void parsesCores_data();
+    void parsesCores();
+    void refusesMalformedDetails_data();
+    void refusesMalformedDetails();
 };
 
 void ProcStatTextTest::parsesCounters_data()
@@ -69,6 +74,60 @@ void ProcStatTextTest::refusesMalformedText()
 {
     QFETCH(const QByteArray, text);
     QVERIFY(!parseProcStat(view(text)).has_value());
+}
+
+void ProcStatTextTest::parsesDetails()
+{
+    const CpuDetails details =
+        parseProcStatDetails(view(fixture(QStringLiteral("proc/virtual-machine-epyc/stat"))));
+    QVERIFY(details.modes);
+    QCOMPARE(details.modes->user, quint64{87848});
+    QCOMPARE(details.modes->system, quint64{17311});
+    QCOMPARE(details.modes->waiting.value(), quint64{773});
+    QCOMPARE(details.modes->total, quint64{87848 + 17204 + 107 + 206 + 890757 + 773});
+    QCOMPARE(details.cores.size(), std::size_t{2});
+}
+
+void ProcStatTextTest::parsesCores_data()
+{
+    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<QString>("cores"); // number, busy and idle time
+
+    QTest::newRow("two") << QByteArray("cpu0 1 2 3 4 5 6 7 8 9 9\ncpu1 1 1 1 1\nintr 5\n")
+                         << QStringLiteral("0 27 9, 1 3 1");
+    QTest::newRow("one is offline")
+        << QByteArray("cpu0 1 1 1 1\ncpu7 1 1 1 2\n") << QStringLiteral("0 3 1, 7 3 2");
+    QTest::newRow("none") << QByteArray("intr 5\n") << QString();
+    QTest::newRow("malformed ones")
+        << QByteArray("cpu 1 1 1 1\ncpux 1 1 1 1\ncpu2 1 1\ncpu3 1 1 1 -1\ncpu4 1 1 1 1\n")
+        << QStringLiteral("4 3 1");
+    QTest::newRow("a number without end")
+        << QByteArray("cpu99999999999 1 1 1 1\ncpu4 1 1 1 1\n") << QStringLiteral("4 3 1");
+    QTest::newRow("cut off") << QByteArray("cpu0 1 1 1 1\ncpu1 1 1 1 2") << QStringLiteral("0 3 1");
+}
+
+void ProcStatTextTest::parsesCores()
+{
+    QFETCH(const QByteArray, lines);
+    const QByteArray text = "cpu  9 9 9 9\n" + lines;
+    QStringList cores;
+    for (const CoreTimes &core : parseProcStatDetails(view(text)).cores)
+        cores +=
+            QStringLiteral("%1 %2 %3").arg(core.number).arg(core.times.busy).arg(core.times.idle);
+    QTEST(cores.join(QStringLiteral(", ")), "cores");
+}
+
+void ProcStatTextTest::refusesMalformedDetails_data()
+{
+    refusesMalformedText_data();
+}
+
+void ProcStatTextTest::refusesMalformedDetails()
+{
+    QFETCH(const QByteArray, text);
+    const CpuDetails details = parseProcStatDetails(view(text));
+    QVERIFY(!details.modes);
+    QVERIFY(details.cores.empty());
 }
 
 QTEST_APPLESS_MAIN(ProcStatTextTest)

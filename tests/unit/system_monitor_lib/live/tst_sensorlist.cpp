@@ -1,0 +1,210 @@
+#include "sensors/readings/ModelNames.h"
+#include "sensors/readings/SensorWalk.h"
+#include "system_monitor_lib/live/LiveSource.h"
+#include "tests/support/CapturedMachine.h"
+#include "tests/support/Sanitizers.h"
+#include "tests/unit/system_monitor_lib/files.h"
+#include "tests/unit/system_monitor_lib/labels.h"
+
+#include <QElapsedTimer>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr qint64 second = 1'000'000'000;
+
+} // namespace
+
+/// What the readers of the list of all sensors rely on: they look for models, fans and pumps by
+/// parts of names, and take its first sensor if none is chosen.
+class SensorListTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_source.reset(); }
+
+    void keepsItsRules_data();
+    void keepsItsRules();
+    void isTheSameInEveryPass();
+    void isQuickWithManyCores();
+
+private:
+    [[nodiscard]] QString path(const QString &name) const { return m_directory->filePath(name); }
+    /// Opens the machine and takes two more samples.
+    [[nodiscard]] bool open(const QString &machine);
+    [[nodiscard]] bool makeManyCores(int cores, quint64 busy) const;
+
+    QJsonObject list() { return m_source->tree(Query::AllSensorsData); }
+    void checkGroups(const QJsonObject &all) const;
+    static void checkLabels(const QJsonObject &all);
+    void checkOtherTrees();
+
+    std::unique_ptr<QTemporaryDir> m_directory;
+    std::unique_ptr<LiveSource> m_source;
+    qint64 m_now = second;
+};
+
+void SensorListTest::init()
+{
+    m_directory = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_directory->isValid());
+    MachineRoots roots{path(QStringLiteral("proc")), path(QStringLiteral("sys"))};
+    roots.run = path(QStringLiteral("run"));
+    m_now = second;
+    m_source = std::make_unique<LiveSource>(roots, [this] { return m_now; });
+}
+
+bool SensorListTest::open(const QString &machine)
+{
+    if (!unpackMachine(machine, QString(), m_directory->path()) || !m_source->open() ||
+        !unpackMachine(machine, QStringLiteral("then"), m_directory->path()))
+        return false;
+    m_now += 30 * second;
+    list();
+    m_now += second;
+    return unpackMachine(machine, QStringLiteral("later"), m_directory->path());
+}
+
+void SensorListTest::keepsItsRules_data()
+{
+    QTest::addColumn<QString>("machine");
+    for (const char *const name : {"intel-desktop", "hybrid-laptop", "two-cards-desktop",
+                                   "headless-server", "arm-board", "zfs-server"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void SensorListTest::checkGroups(const QJsonObject &all) const
+{
+    static const QRegularExpression isDevice(QStringLiteral("^(CPU|GPU) \\[#\\d+\\]: "));
+    for (const QString &group : all.keys()) {
+        const bool namesOne =
+            group.contains(QLatin1String("CPU")) || group.contains(QLatin1String("GPU"));
+        QVERIFY2(!namesOne || isDevice.match(group).hasMatch(), qPrintable(group));
+    }
+    const QString processor = all.keys().filter(QStringLiteral("CPU [#0]: ")).value(0);
+    QCOMPARE(modelNames(all, {}).cpu, processor.section(QStringLiteral(": "), 1, 1));
+}
+
+void SensorListTest::checkLabels(const QJsonObject &all)
+{
+    SensorWalk walk;
+    walk.visit(all);
+    QVERIFY(!walk.sensors.isEmpty());
+    // No key without a choice shows another sensor because there are more of them.
+    QCOMPARE(walk.sensors.constFirst().first, QStringLiteral("Physical Memory Available"));
+    QCOMPARE(walk.pump, QStringLiteral("nodata"));
+    QVERIFY(walk.cpuFans.isEmpty());
+    QSet<QString> labels;
+    for (const auto &sensor : qAsConst(walk.sensors)) {
+        QVERIFY2(!labels.contains(sensor.first), qPrintable(sensor.first));
+        labels.insert(sensor.first);
+        const bool isFan = sensor.first.contains(QLatin1String("CPU"), Qt::CaseInsensitive) &&
+                           sensor.first.contains(QLatin1String("Fan"), Qt::CaseInsensitive);
+        QVERIFY2(!isFan, qPrintable(sensor.first));
+    }
+    // A board's chips follow all other groups.
+    QJsonObject withBoard = all;
+    withBoard.insert(QStringLiteral("acpitz-acpi-0"),
+                     QJsonObject{{QStringLiteral("temp1"), reading(1, QString())}});
+    SensorWalk boardWalk;
+    boardWalk.visit(withBoard);
+    QCOMPARE(boardWalk.sensors.constFirst().first, QStringLiteral("temp1"));
+}
+
+void SensorListTest::checkOtherTrees()
+{
+    static const QRegularExpression known(QStringLiteral(
+        "^(Physical Memory (Load|Used|Available)|Total CPU Usage|Core \\d+ Clock|CPU Package|"
+        "CPU \\(Tctl/Tdie\\)|CPU Package Power|Current (UP|DL) rate|Drive Temperature|"
+        "GPU (Temperature|Clock|Memory Clock|Core Load|Core Voltage|Power|Fan|"
+        "Memory (Total|Allocated|Usage)))$"));
+    for (const Query query : {Query::SystemInfo, Query::CpuInfo, Query::CpuDtsInfo,
+                              Query::CpuEnhancedInfo, Query::GpuInfo, Query::NetworkInfo,
+                              Query::SmartInfo, Query::MemoryTimingsInfo, Query::PresentMon}) {
+        SensorWalk walk;
+        walk.visit(m_source->tree(query));
+        for (const auto &sensor : qAsConst(walk.sensors))
+            QVERIFY2(known.match(sensor.first).hasMatch(), qPrintable(sensor.first));
+    }
+}
+
+void SensorListTest::keepsItsRules()
+{
+    QFETCH(const QString, machine);
+    QVERIFY(open(machine));
+    const QJsonObject all = list();
+    checkGroups(all);
+    checkLabels(all);
+    checkOtherTrees();
+}
+
+void SensorListTest::isTheSameInEveryPass()
+{
+    QVERIFY(open(QStringLiteral("hybrid-laptop")));
+    const auto labels = [this] {
+        QStringList all;
+        describe(QString(), list(), all);
+        for (QString &line : all)
+            line = line.section(QStringLiteral(" = "), 0, 0);
+        return all;
+    };
+    const QStringList before = labels();
+    for (int pass = 0; pass < 25; ++pass) {
+        const QByteArray ticks = QByteArray::number(1100 + 10 * pass);
+        QVERIFY(writeFile(path(QStringLiteral("proc/stat")), "cpu  " + ticks + " 0 0 9100\n"));
+        m_now += second;
+        QCOMPARE(labels(), before);
+    }
+}
+
+bool SensorListTest::makeManyCores(int cores, quint64 busy) const
+{
+    const QByteArray ticks = QByteArray::number(busy);
+    QByteArray stat = "cpu  " + ticks + " 0 0 9000 0 0 0 0 0 0\n";
+    for (int core = 0; core < cores; ++core)
+        stat += "cpu" + QByteArray::number(core) + ' ' + ticks + " 0 0 9000 0 0 0 0 0 0\n";
+    stat += "intr " + QByteArray(20'000, '0') + '\n';
+    return writeFile(path(QStringLiteral("proc/stat")), stat);
+}
+
+void SensorListTest::isQuickWithManyCores()
+{
+    constexpr int cores = 128;
+    constexpr int passes = 20;
+    constexpr qint64 longest = 5'000'000;
+    QVERIFY(unpackMachine(QStringLiteral("intel-desktop"), QString(), m_directory->path()));
+    const QString cpu = QStringLiteral("sys/devices/system/cpu/cpu%1/");
+    for (int core = 0; core < cores; ++core) {
+        for (const auto &[file, content] :
+             {std::pair("topology/thread_siblings_list", QByteArray::number(core)),
+              std::pair("cpufreq/scaling_cur_freq", QByteArray("3000000")),
+              std::pair("thermal_throttle/core_throttle_count", QByteArray("0"))})
+            QVERIFY(writeFile(path(cpu.arg(core)) + QString::fromLatin1(file), content + '\n'));
+    }
+    QVERIFY(makeManyCores(cores, 1000));
+    QVERIFY(m_source->open());
+    qint64 best = std::numeric_limits<qint64>::max();
+    for (int pass = 1; pass <= passes; ++pass) {
+        QVERIFY(makeManyCores(cores, 1000 + 100U * static_cast<quint64>(pass)));
+        m_now += second;
+        QElapsedTimer timer;
+        timer.start();
+        const QJsonObject all = list();
+        best = std::min(best, timer.nsecsElapsed());
+        QCOMPARE(all.value(QStringLiteral("Processor")).toObject().size(), cores + 5);
+    }
+    qInfo("%d cores are listed in %.2f ms", cores, static_cast<double>(best) / 1e6);
+    if (hasHeapOfItsOwn)
+        QSKIP("a sanitizer slows this down");
+    QVERIFY(best < longest);
+}
+
+QTEST_APPLESS_MAIN(SensorListTest)
+#include "tst_sensorlist.moc"
