@@ -13,6 +13,14 @@ DeckModel::DeckModel(QObject *parent)
 {
 }
 
+void DeckModel::setLanguage(const QString &language)
+{
+    if (language == m_language)
+        return;
+    m_language = language;
+    Q_EMIT languageChanged(language);
+}
+
 void DeckModel::setGrid(const QSize &grid)
 {
     const QSize bounded(qBound(1, grid.width(), mostColumns), qBound(1, grid.height(), mostRows));
@@ -82,8 +90,7 @@ DeckPlace DeckModel::firstEmptyKey() const
 bool DeckModel::put(const DeckPlace &place, const QString &action)
 {
     EntrySettings settings;
-    if (const DeckAction *known = findAction(action))
-        settings.text = known->title;
+    settings.text = newTitle(action, m_language);
     settings.showTitle = !settings.text.isEmpty();
     return put(place, action, settings);
 }

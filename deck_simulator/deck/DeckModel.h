@@ -32,6 +32,10 @@ public:
 
     explicit DeckModel(QObject *parent = nullptr);
 
+    /// The language of the titles that new keys get.
+    [[nodiscard]] const QString &language() const { return m_language; }
+    void setLanguage(const QString &language);
+
     [[nodiscard]] QSize grid() const { return m_grid; }
     [[nodiscard]] int dials() const { return m_dials; }
     /// Values out of range are limited to it.
@@ -64,11 +68,12 @@ public:
     void restore(const QSize &grid, int dials, const QVector<DeckEntry> &entries);
 
 Q_SIGNALS:
+    void languageChanged(const QString &language);
     /// Keys were added, removed or moved, or the size of the deck has changed.
     void layoutChanged();
     void settingsChanged(const QString &context);
     void settingsAdopted(const QString &context);
-    /// Anything of the above.
+    /// Anything of the above but the language.
     void changed();
 
 private:
@@ -77,6 +82,7 @@ private:
     bool replaceSettings(const QString &context, const EntrySettings &settings);
     void announceLayout();
 
+    QString m_language = QStringLiteral("en");
     QSize m_grid{8, 4};
     int m_dials = 4;
     QVector<DeckEntry> m_entries;

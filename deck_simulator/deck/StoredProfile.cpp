@@ -1,5 +1,6 @@
 #include "deck_simulator/deck/StoredProfile.h"
 
+#include "deck_simulator/deck/ActionList.h"
 #include "deck_simulator/deck/DeckProfile.h"
 
 #include <QJsonArray>
@@ -110,6 +111,16 @@ DeckEntry onDial(DeckEntry entry)
     return entry;
 }
 
+// English titles stay, even if they are not those of new keys.
+void translateTitle(DeckEntry &entry, const QString &language)
+{
+    const QString title = newTitle(entry.action, language);
+    if (title == newTitle(entry.action, QStringLiteral("en")))
+        return;
+    const bool twoLines = entry.settings.titleLines == QStringLiteral("双行显示");
+    entry.settings.text = titleForLines(entry.action, title, twoLines, language);
+}
+
 } // namespace
 
 bool operator==(const LaunchChoices &left, const LaunchChoices &right)
@@ -169,7 +180,7 @@ StoredProfile readProfile(const QByteArray &text, QStringList *faults)
     return profile;
 }
 
-StoredProfile firstProfile()
+StoredProfile firstProfile(const QString &language)
 {
     StoredProfile profile;
     profile.entries = {
@@ -194,6 +205,8 @@ StoredProfile firstProfile()
     profile.entries[11].settings.display.warning = 50;
     profile.entries[11].settings.display.critical = 90;
     profile.entries[12].settings.titleLines = QStringLiteral("双行显示");
+    for (DeckEntry &entry : profile.entries)
+        translateTitle(entry, language);
     return profile;
 }
 

@@ -40,7 +40,7 @@ QByteArray profileText(const StoredProfile &profile);
 /// is not a profile at all, the result is a profile without keys.
 StoredProfile readProfile(const QByteArray &text, QStringList *faults);
 
-/// The deck of the first start.
-StoredProfile firstProfile();
+/// The deck of the first start, with the titles of a language.
+StoredProfile firstProfile(const QString &language = {});
 
 } // namespace deck

@@ -72,6 +72,11 @@ QSize ActionPalette::sizeHint() const
     return QWidget::sizeHint().expandedTo({width, 0});
 }
 
+void ActionPalette::setLanguage(const QString &language)
+{
+    m_model->setLanguage(language);
+}
+
 void ActionPalette::startSearch()
 {
     m_search->setFocus(Qt::OtherFocusReason);

@@ -44,6 +44,7 @@ DeckGrid::DeckGrid(DeckModel *model, QWidget *parent)
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setSizePolicy(policy);
     connect(m_model, &DeckModel::layoutChanged, this, &DeckGrid::rebuild);
+    connect(m_model, &DeckModel::languageChanged, this, &DeckGrid::showFaces);
     rebuild();
 }
 
@@ -169,9 +170,9 @@ void DeckGrid::showFace(KeyCell *cell)
         return;
     }
     const Live live = m_live.value(entry->context);
-    cell->setFace({actionCaption(entry->action), actionIcon(entry->action, Qt::white), live.title,
-                   live.picture, isGaugePicture(live.picture.size(), entry->settings.display),
-                   m_dimmed});
+    cell->setFace({actionCaption(entry->action, m_model->language()),
+                   actionIcon(entry->action, Qt::white), live.title, live.picture,
+                   isGaugePicture(live.picture.size(), entry->settings.display), m_dimmed});
 }
 
 QSize DeckGrid::sizeFor(int keySide) const

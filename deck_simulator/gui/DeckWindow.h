@@ -2,6 +2,7 @@
 
 #include "deck_simulator/deck/DeckModel.h"
 #include "deck_simulator/deck/ProfileStore.h"
+#include "deck_simulator/gui/PanelTranslator.h"
 #include "deck_simulator/host/DeckRunner.h"
 #include "deck_simulator/panel/InspectorClient.h"
 #include "deck_simulator/process/PluginLog.h"
@@ -71,6 +72,7 @@ protected:
 private:
     void loadProfile(const QString &language);
     void saveProfile();
+    void applyLanguage();
     void addDocks();
     void addMenus();
     void connectGrid();
@@ -87,6 +89,7 @@ private:
     DeckModel m_model;
     DeckRunner m_runner;
     PluginLog m_log;
+    PanelTranslator m_translator;
     StoredProfile m_profile;
     QTimer m_saveTimer;
     DeckGrid *m_grid;

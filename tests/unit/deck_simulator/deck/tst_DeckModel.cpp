@@ -81,6 +81,14 @@ void tst_DeckModel::givesANewKeyItsTitle()
     QVERIFY(model.at({0, 0})->settings.showTitle);
     model.put({1, 0}, keyuuid::cpuModel);
     QVERIFY(!model.at({1, 0})->settings.showTitle);
+
+    QSignalSpy languages(&model, &DeckModel::languageChanged);
+    model.setLanguage(QStringLiteral("zh_CN"));
+    model.setLanguage(QStringLiteral("zh_CN"));
+    QCOMPARE(languages.count(), 1);
+    model.put({2, 0}, memoryAction());
+    QCOMPARE(model.at({2, 0})->settings.text, QStringLiteral("内存"));
+    QCOMPARE(model.at({0, 0})->settings.text, QStringLiteral("Mem")); // stays
 }
 
 void tst_DeckModel::finds()

@@ -63,6 +63,8 @@ private Q_SLOTS:
     void changesTheServicePort();
     void showsTheLog();
     void startsAgainInAnotherLanguage();
+    void speaksChinese();
+    void beginsInChinese();
     void startsAgainWithARecording();
     void resizesTheDeck();
     void showsPreviews();
@@ -421,6 +423,64 @@ void tst_DeckWindow::startsAgainInAnotherLanguage()
     reopen();
     QCOMPARE(m_window->pluginBar()->languageField()->currentText(), QStringLiteral("中文"));
     QVERIFY(m_window->pluginBar()->stripField()->isChecked());
+}
+
+// Chosen at run time: the panel, the list of actions and new keys; keys keep their titles.
+void tst_DeckWindow::speaksChinese()
+{
+    reopen();
+    m_window->grid()->setCurrent({0, 2});
+    SettingsPanel *panel = m_window->panel();
+    const auto labelOf = [panel](const char *name) {
+        const QWidget *field = panel->findChild<QWidget *>(QString::fromLatin1(name));
+        const QList<QLabel *> labels = panel->findChildren<QLabel *>();
+        for (const QLabel *label : labels) {
+            if (label->buddy() == field)
+                return label->text();
+        }
+        return QString();
+    };
+    QCOMPARE(labelOf("title"), QStringLiteral("&Title"));
+    QComboBox *language = m_window->pluginBar()->languageField();
+    const auto choose = [language](const char *value) {
+        language->setCurrentIndex(language->findData(QString::fromLatin1(value)));
+        Q_EMIT language->activated(language->currentIndex());
+    };
+    choose("zh_CN");
+    QTRY_COMPARE(labelOf("title"), QStringLiteral("标题(&T)"));
+    QCOMPARE(panel->findChild<QLineEdit *>(QStringLiteral("title"))->text(), QStringLiteral("CPU"));
+    QCOMPARE(m_window->grid()->cell({0, 2})->face().caption, QStringLiteral("CPU使用率"));
+    const QAbstractItemModel &actions = *m_window->actionList()->view()->model();
+    QCOMPARE(actions.index(2, 0).data().toString(), QStringLiteral("内存"));
+
+    const DeckPlace free = m_window->model()->firstEmptyKey();
+    Q_EMIT m_window->actionList()->actionChosen(keyuuid::netWork);
+    QCOMPARE(m_window->model()->at(free)->settings.text, QStringLiteral("网速"));
+    auto *lines = panel->findChild<QComboBox *>(QStringLiteral("titleLines"));
+    lines->setCurrentIndex(lines->findText(QStringLiteral("双行")));
+    Q_EMIT lines->activated(lines->currentIndex());
+    QCOMPARE(m_window->model()->at(free)->settings.text, QStringLiteral("上传/下载"));
+    press(Qt::Key_F2);
+    QTest::keyClick(panel->findChild<QLineEdit *>(QStringLiteral("title")), Qt::Key_Escape);
+    QTRY_VERIFY(m_window->grid()->hasFocus()); // the new form is as well connected
+
+    choose("en");
+    QTRY_COMPARE(labelOf("title"), QStringLiteral("&Title"));
+    QCOMPARE(actions.index(2, 0).data().toString(), QStringLiteral("Memory"));
+    QCOMPARE(m_window->model()->at(free)->settings.text, QStringLiteral("上传/下载"));
+}
+
+void tst_DeckWindow::beginsInChinese()
+{
+    m_settings.language = QStringLiteral("zh_CN");
+    reopen();
+    m_settings.language.clear();
+    QCOMPARE(m_window->model()->at({0, 0})->settings.text, QStringLiteral("CPU使用率"));
+    QCOMPARE(m_window->model()->at({1, 2})->settings.text, QStringLiteral("上传/下载"));
+    const auto ring = [this] {
+        return m_window->panel()->findChild<QToolButton *>(QStringLiteral("style-ring"));
+    };
+    QTRY_COMPARE(ring()->text(), QStringLiteral("环形"));
 }
 
 void tst_DeckWindow::startsAgainWithARecording()

@@ -1,4 +1,5 @@
 #include "deck_simulator/gui/ColorField.h"
+#include "deck_simulator/gui/PanelTranslator.h"
 #include "deck_simulator/gui/SensorPicker.h"
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void choosesAStyle();
     void showsOnlyWhatAGaugeUses();
     void tellsTheShortTitle();
+    void tellsTheShortTitleInChinese();
     void fitsWithEverythingOpen_data();
     void fitsWithEverythingOpen();
     void cutsNoTextOff_data();
@@ -528,6 +530,23 @@ void tst_SettingsPanel::tellsTheShortTitle()
     show(keyuuid::cpuModel, settings);
     QVERIFY(!hint->isVisibleTo(m_panel.get()));
     QVERIFY(control<QWidget>("fontSize")->isVisibleTo(m_panel.get()));
+}
+
+// The plugin's own titles are in Chinese only where it finds the language.
+void tst_SettingsPanel::tellsTheShortTitleInChinese()
+{
+    EntrySettings settings;
+    settings.display.style = QStringLiteral("ring");
+    show(keyuuid::gpuMemoryUsage, settings);
+    PanelTranslator translator;
+    translator.setLanguage(QStringLiteral("zh_CN"));
+    QCoreApplication::installTranslator(&translator);
+    QCoreApplication::processEvents(); // the panel's texts change
+    const auto *hint = control<QLabel>("titleHint");
+    m_panel->setLanguage(QStringLiteral("zh_CN"), false);
+    QVERIFY2(hint->text().contains(QStringLiteral("“GPU mem”")), qPrintable(hint->text()));
+    m_panel->setLanguage(QStringLiteral("zh_CN"), true);
+    QVERIFY2(hint->text().contains(QStringLiteral("“显存”")), qPrintable(hint->text()));
 }
 
 void tst_SettingsPanel::fitsWithEverythingOpen_data()
