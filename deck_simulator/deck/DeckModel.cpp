@@ -91,6 +91,7 @@ bool DeckModel::put(const DeckPlace &place, const QString &action)
 {
     EntrySettings settings;
     settings.text = newTitle(action, m_language);
+    settings.fillsKey = true;
     settings.showTitle = !settings.text.isEmpty();
     return put(place, action, settings);
 }

@@ -51,7 +51,8 @@ public:
     /// The first key without an action, row by row; column -1 when the deck is full.
     [[nodiscard]] DeckPlace firstEmptyKey() const;
 
-    /// Puts an action on an empty place; false if the place is not empty or does not exist.
+    /// Puts an action on an empty place; false if the place is not empty or does not exist. Without
+    /// settings it gets a title and fills its key.
     bool put(const DeckPlace &place, const QString &action);
     bool put(const DeckPlace &place, const QString &action, const EntrySettings &settings);
     bool remove(const DeckPlace &place);

@@ -92,6 +92,7 @@ DeckEntry entryOf(const char *action, const char *title, int column, int row)
     entry.place = {column, row};
     entry.settings.text = QLatin1String(title);
     entry.settings.showTitle = !entry.settings.text.isEmpty();
+    entry.settings.fillsKey = true;
     return entry;
 }
 

@@ -119,17 +119,9 @@ void KeyCell::paintScreen(QPainter &painter, const QRect &rect)
     painter.setOpacity(1);
 }
 
-// As large as a key of the screen's width shows it, as far as the height allows.
-QSize KeyCell::textSize(const QSize &screen) const
-{
-    const QSize size = shownTextSize(m_face.picture.size(), {1, screen.width()});
-    const int room = screen.height() - 2 * qMax(1, screen.height() / 24);
-    return size.height() <= room ? size : size.scaled(size.width(), room, Qt::KeepAspectRatio);
-}
-
 void KeyCell::paintText(QPainter &painter, const QRect &rect)
 {
-    const QSize size = textSize(rect.size());
+    const QSize size = shownTextOnScreen(m_face.picture.size(), rect.size());
     QRect target(QPoint(), size);
     target.moveCenter(rect.center());
     const qreal ratio = devicePixelRatioF();

@@ -67,7 +67,6 @@ private:
     void startDrag();
     void press();
     void release();
-    [[nodiscard]] QSize textSize(const QSize &screen) const;
     void paintText(QPainter &painter, const QRect &rect);
     void paintCaption(QPainter &painter, const QRect &rect);
     void paintPlus(QPainter &painter, const QRect &rect);

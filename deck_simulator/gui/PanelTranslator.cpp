@@ -31,6 +31,7 @@ const TextRow textRows[] = {
     {"The plugin has no \"%1\" here and takes another font. Those that are there are in the list.",
      "插件在此没有“%1”，将使用其他字体。可用的字体见列表。"},
     {"Si&ze", "字号(&Z)"},
+    {"Chosen by the plugin while the text fills the key", "文字填满按键时由插件选择"},
     {"&Width", "宽度(&W)"},
     {"fill the key", "填满按键"},
     {"Tell the plugin the width of the key, so that it chooses the font size by it",
@@ -141,6 +142,10 @@ const TextRow textRows[] = {
     {"Disk temp", "硬盘温度"},
     {"Volume", "音量"},
     {"Fan", "风扇"},
+    // Pictures
+    {"Picture %1, key %2", "图像 %1，按键 %2"},
+    {"Picture %1, screen %2", "图像 %1，屏幕 %2"},
+    {"%1: scaled to %2 %", "%1：缩放至 %2 %"},
     // Readings
     {"Network Upload Speed", "上传网速"},
     {"Network Download Speed", "下载网速"},

@@ -90,6 +90,7 @@ void SettingsForm::addLookRows()
     m_font = makeChoice("font");
     m_fontSize = makeNumber("fontSize", 1, 600, tr(" px"));
     m_fillsKey = named(new QCheckBox(tr("fill the key")), "fillsKey");
+    m_fontSize->setToolTip(tr("Chosen by the plugin while the text fills the key"));
     m_fillsKey->setToolTip(
         tr("Tell the plugin the width of the key, so that it chooses the font size by it"));
     m_color = named(new ColorField, "color");
@@ -111,6 +112,9 @@ void SettingsForm::addLookRows()
     m_rows.add(QString(), m_fontHint);
     m_rows.add(tr("Si&ze"), m_fontSize);
     m_rows.add(tr("&Width"), m_fillsKey);
+    m_pictureText = named(new QLabel, "pictureText");
+    m_pictureText->setWordWrap(true);
+    m_rows.add(QString(), m_pictureText);
     m_rows.add(tr("&Colour"), m_color);
     m_rows.add(tr("T&ransparency"), m_opacityRow);
 }
@@ -184,8 +188,10 @@ void SettingsForm::showFields()
     showTitleHint();
     m_rows.show(m_titleHint, gauge);
     showFontHint();
-    m_rows.show(m_fontSize, !gauge); // a gauge chooses it by its own size
+    m_rows.show(m_fontSize, !gauge);              // a gauge chooses it by its own size
+    m_fontSize->setEnabled(!m_settings.fillsKey); // the plugin chooses it
     m_rows.show(m_fillsKey, !gauge);
+    m_rows.show(m_pictureText, !m_pictureText->text().isEmpty());
     m_rows.show(m_temperatureType, fields.temperatureUnit);
     m_rows.show(m_titleLines, fields.titleLines && !gauge);
     m_rows.show(m_diskMode, fields.diskMode);
@@ -262,6 +268,15 @@ void SettingsForm::setLists(const SettingsLists &lists)
 void SettingsForm::setSensors(const QVector<ListEntry> &sensors)
 {
     m_sensor->setEntries(sensors);
+}
+
+void SettingsForm::setPictureText(const QString &text)
+{
+    if (text == m_pictureText->text())
+        return;
+    m_pictureText->setText(text);
+    m_rows.show(m_pictureText, !text.isEmpty());
+    m_rows.layOut();
 }
 
 void SettingsForm::showLists()

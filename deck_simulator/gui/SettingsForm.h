@@ -38,6 +38,8 @@ public:
     void setLists(const SettingsLists &lists);
     [[nodiscard]] const SettingsLists &lists() const { return m_lists; }
     void setSensors(const QVector<ListEntry> &sensors);
+    /// How large the key's picture is, in words; empty where there is none.
+    void setPictureText(const QString &text);
     void focusFirst();
 
 Q_SIGNALS:
@@ -71,6 +73,7 @@ private:
     QLabel *m_fontHint = nullptr;
     QSpinBox *m_fontSize = nullptr;
     QCheckBox *m_fillsKey = nullptr;
+    QLabel *m_pictureText = nullptr;
     ColorField *m_color = nullptr;
     QWidget *m_opacityRow = nullptr;
     QSlider *m_opacity = nullptr;

@@ -215,6 +215,8 @@ void tst_DeckWindow::showsLivePictures()
     const KeyCell *cell = m_window->grid()->cell({0, 0});
     QCOMPARE(cell->face().picture.size(), QSize(60, 60));
     QVERIFY(cell->face().isGauge);
+    const auto *size = m_window->panel()->findChild<QLabel *>(QStringLiteral("pictureText"));
+    QTRY_COMPARE(size->text(), QStringLiteral("Picture 60 × 60, key 144 × 144: scaled to 240 %"));
     QVERIFY(!m_window->grid()->cell({0, 2})->face().isGauge);
     QVERIFY(cell->toolTip().contains(QLatin1String("drawn")));
     QTRY_VERIFY2(status().contains(QLatin1String("Link: registered")), qPrintable(status()));
@@ -222,6 +224,7 @@ void tst_DeckWindow::showsLivePictures()
     QVERIFY(status().contains(QLatin1String("B/s")));
     m_window->runner()->stop();
     QTRY_VERIFY(cell->face().picture.isNull());
+    QTRY_COMPARE(size->text(), QString());
     QVERIFY2(status().contains(QLatin1String("exit status 0")), qPrintable(status()));
 }
 

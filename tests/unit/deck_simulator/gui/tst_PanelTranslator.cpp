@@ -29,6 +29,7 @@ const char *const panelSources[] = {
     "gui/SettingsPanel", "gui/SettingsForm",        "gui/DisplayForm",      "gui/FormSection",
     "gui/FormControls",  "gui/StylePicker",         "gui/ColorField",       "gui/NumberField",
     "gui/SensorPicker",  "panel/InspectorRequests", "panel/MissingReading", "panel/GaugeKinds",
+    "panel/PictureText",
 };
 
 QString sourceOf(const char *name)

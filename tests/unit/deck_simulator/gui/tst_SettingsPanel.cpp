@@ -51,6 +51,7 @@ private Q_SLOTS:
     void isLeftWithEnterAndEscape();
     void forgetsListsOfAnotherKey();
     void showsPreviewsAsPlainText();
+    void tellsTheSizeOfThePicture();
     void choosesAStyle();
     void showsOnlyWhatAGaugeUses();
     void tellsTheShortTitle();
@@ -483,6 +484,25 @@ void tst_SettingsPanel::showsPreviewsAsPlainText()
     QCOMPARE(m_panel->preview(), QStringLiteral("Now: <b>37%</b>"));
     m_panel->setPreview({});
     QVERIFY(!control<QLabel>("preview")->isVisible());
+}
+
+void tst_SettingsPanel::tellsTheSizeOfThePicture()
+{
+    EntrySettings settings;
+    settings.fillsKey = true;
+    show(keyuuid::cpu, settings);
+    const auto *text = control<QLabel>("pictureText");
+    QVERIFY(!text->isVisible());
+    m_panel->form()->setPictureText(QStringLiteral("Picture 1 × 2"));
+    QCOMPARE(text->text(), QStringLiteral("Picture 1 × 2"));
+    QVERIFY(text->isVisible());
+    m_panel->form()->setPictureText({});
+    QVERIFY(!text->isVisible());
+    // The size is the plugin's until it is wanted otherwise.
+    QVERIFY(!control<QSpinBox>("fontSize")->isEnabled());
+    QTest::mouseClick(control<QCheckBox>("fillsKey"), Qt::LeftButton, {}, QPoint(8, 8));
+    QVERIFY(!last().fillsKey);
+    QVERIFY(control<QSpinBox>("fontSize")->isEnabled());
 }
 
 void tst_SettingsPanel::choosesAStyle()
