@@ -12,6 +12,8 @@ namespace deck {
 
 namespace {
 
+constexpr int longestKey = 1 << 20; // bytes
+
 QJsonObject placeObject(const DeckPlace &place)
 {
     if (place.dial)
@@ -179,6 +181,19 @@ StoredProfile readProfile(const QByteArray &text, QStringList *faults)
     profile.windowGeometry = bytesOf(window.value(QLatin1String("geometry")));
     profile.windowState = bytesOf(window.value(QLatin1String("state")));
     return profile;
+}
+
+QByteArray keyText(const DeckEntry &entry)
+{
+    return QJsonDocument(entryObject(entry)).toJson(QJsonDocument::Compact);
+}
+
+std::optional<DeckEntry> readKey(const QByteArray &text)
+{
+    if (text.size() > longestKey)
+        return std::nullopt;
+    const DeckEntry entry = entryFrom(QJsonDocument::fromJson(text).object());
+    return entry.action.isEmpty() ? std::nullopt : std::make_optional(entry);
 }
 
 StoredProfile firstProfile(const QString &language)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "deck_simulator/deck/DeckPlace.h"
+#include "deck_simulator/deck/DeckEntry.h"
 
 #include <QMimeData>
 #include <QString>
@@ -14,10 +14,16 @@ namespace deck {
 QMimeData *actionMime(const QString &action);
 QMimeData *placeMime(const DeckPlace &place);
 
+/// The data of a key that is copied.
+QMimeData *keyMime(const DeckEntry &entry);
+
 /// Empty when \a data contains no action.
 QString actionFrom(const QMimeData &data);
 /// Nothing when \a data contains no place.
 std::optional<DeckPlace> placeFrom(const QMimeData &data);
+
+/// Nothing when \a data contains no key.
+std::optional<DeckEntry> keyFrom(const QMimeData &data);
 
 /// The type of an action's data.
 QString actionMimeType();

@@ -5,6 +5,7 @@
 #include "deck_simulator/gui/DeckBar.h"
 #include "deck_simulator/gui/DeckGrid.h"
 #include "deck_simulator/gui/DeckStatusBar.h"
+#include "deck_simulator/gui/EditActions.h"
 #include "deck_simulator/gui/Inspector.h"
 #include "deck_simulator/gui/LogView.h"
 #include "deck_simulator/gui/MessageBar.h"
@@ -67,6 +68,7 @@ DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
               settings.keepsProfile ? ProfileStore::Access::Full : ProfileStore::Access::ReadOnly)
     , m_runner(settings.session, &m_model)
     , m_grid(new DeckGrid(&m_model))
+    , m_edits(new EditActions(&m_model, m_grid, this))
     , m_actions(new ActionPalette)
     , m_panel(new SettingsPanel)
     , m_inspector(new Inspector(&m_model, &m_runner, m_panel, settings.dataServerPort, this))
@@ -119,6 +121,12 @@ void DeckWindow::addMenus()
     plugin->addActions({m_pluginBar->dieAction(), m_pluginBar->portAction()});
     plugin->addSeparator();
     plugin->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+    QMenu *edit = menuBar()->addMenu(tr("&Edit"));
+    edit->addActions({m_edits->undoAction(), m_edits->redoAction()});
+    edit->addSeparator();
+    edit->addActions({m_edits->cutAction(), m_edits->copyAction(), m_edits->pasteAction()});
+    edit->addSeparator();
+    edit->addAction(m_edits->lookAction());
     QMenu *view = menuBar()->addMenu(tr("&View"));
     const QList<QDockWidget *> docks = findChildren<QDockWidget *>();
     for (const QDockWidget *dock : docks)

@@ -18,6 +18,7 @@ class ActionPalette;
 class DeckBar;
 class DeckGrid;
 class DeckStatusBar;
+class EditActions;
 class Inspector;
 class LogView;
 class MessageBar;
@@ -64,6 +65,7 @@ public:
     [[nodiscard]] DeckStatusBar *deckStatus() const { return m_status; }
     [[nodiscard]] MessageBar *messages() const { return m_messages; }
     [[nodiscard]] LogView *logView() const { return m_logView; }
+    [[nodiscard]] EditActions *edits() const { return m_edits; }
     [[nodiscard]] ActionPalette *actionList() const { return m_actions; }
 
 protected:
@@ -93,6 +95,7 @@ private:
     StoredProfile m_profile;
     QTimer m_saveTimer;
     DeckGrid *m_grid;
+    EditActions *m_edits;
     ActionPalette *m_actions;
     SettingsPanel *m_panel;
     Inspector *m_inspector;

@@ -20,6 +20,7 @@ Inspector::Inspector(DeckModel *model, DeckRunner *runner, SettingsPanel *panel,
         forgetMissing();
         showSelected();
     });
+    connect(m_model, &DeckModel::settingsChanged, this, &Inspector::showSettings);
     connect(m_model, &DeckModel::settingsAdopted, this, &Inspector::showSettings);
     connect(m_runner, &DeckRunner::stateChanged, this, &Inspector::ask);
     connect(m_runner, &DeckRunner::settingsReplied, this,
@@ -70,8 +71,11 @@ void Inspector::showLists()
 
 void Inspector::showSettings(const QString &context)
 {
-    if (context == m_panel->context())
-        m_panel->form()->setSettings(m_model->find(context)->settings);
+    if (context != m_panel->context())
+        return;
+    const EntrySettings &settings = m_model->find(context)->settings;
+    if (settings != m_panel->form()->settings()) // those that are being edited are there
+        m_panel->form()->setSettings(settings);
 }
 
 void Inspector::ask()

@@ -21,6 +21,7 @@ const QColor plusColor(0x6a, 0x6e, 0x76);
 
 constexpr qreal dimmedOpacity = 0.35;
 constexpr int holdTime = 200; // milliseconds
+constexpr QPoint dragOffset(-16, -16);
 
 QString toolTipOf(const KeyFace &face)
 {
@@ -173,7 +174,7 @@ void KeyCell::mouseMoveEvent(QMouseEvent *event)
 {
     const bool far =
         (event->pos() - m_pressPoint).manhattanLength() >= QApplication::startDragDistance();
-    if ((event->buttons() & Qt::LeftButton) != 0 && far && isOccupied() && !m_down)
+    if ((event->buttons() & Qt::LeftButton) != 0 && far && isOccupied())
         startDrag();
 }
 
@@ -221,11 +222,21 @@ void KeyCell::contextMenuEvent(QContextMenuEvent *event)
 void KeyCell::startDrag()
 {
     m_holdTimer.stop();
+    release(); // after a pause it has been pressed
     auto *drag = new QDrag(this);
     drag->setMimeData(placeMime(m_place));
-    drag->setPixmap(grab(screenRect()));
-    drag->setHotSpot(m_pressPoint - screenRect().topLeft());
+    drag->setPixmap(dragPicture());
+    drag->setHotSpot(dragOffset);
     drag->exec(Qt::MoveAction);
+}
+
+// Small and beside the pointer, so that the key below it can be seen.
+QPixmap KeyCell::dragPicture()
+{
+    const QPixmap face = grab(screenRect());
+    QPixmap small = face.scaled(face.size() / 2, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    small.setDevicePixelRatio(face.devicePixelRatio());
+    return small;
 }
 
 void KeyCell::enterEvent(QEvent *event)
@@ -245,7 +256,7 @@ void KeyCell::leaveEvent(QEvent *event)
 bool KeyCell::takes(const QMimeData &dragged) const
 {
     if (!actionFrom(dragged).isEmpty())
-        return !isOccupied();
+        return true;
     const std::optional<DeckPlace> from = placeFrom(dragged);
     return from && *from != m_place;
 }
