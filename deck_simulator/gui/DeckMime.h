@@ -3,11 +3,15 @@
 #include "deck_simulator/deck/DeckEntry.h"
 
 #include <QMimeData>
+#include <QPoint>
 #include <QString>
 
 #include <optional>
 
 namespace deck {
+
+/// The place of the pointer in the picture of a drag: beside it, so that the target can be seen.
+constexpr QPoint dragOffset(-16, -16);
 
 /// The data of a drag: an action from the list, or a key from another place. The caller owns the
 /// data.

@@ -20,8 +20,8 @@ const QColor captionColor(0xa8, 0xac, 0xb4);
 const QColor plusColor(0x6a, 0x6e, 0x76);
 
 constexpr qreal dimmedOpacity = 0.35;
+constexpr qreal dropMarkOpacity = 0.4;
 constexpr int holdTime = 200; // milliseconds
-constexpr QPoint dragOffset(-16, -16);
 
 QString toolTipOf(const KeyFace &face)
 {
@@ -87,6 +87,11 @@ void KeyCell::paintEvent(QPaintEvent *event)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     paintGround(painter);
+    if (m_dropTarget) {
+        QColor mark = palette().color(QPalette::Highlight);
+        mark.setAlphaF(dropMarkOpacity);
+        painter.fillRect(screenRect(), mark);
+    }
     if (m_current) {
         const qreal radius = qMin(width(), height()) / 7.0;
         painter.setPen(QPen(palette().color(QPalette::Highlight), 3));
