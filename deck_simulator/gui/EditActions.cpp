@@ -7,6 +7,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+#include <algorithm>
+
 namespace deck {
 
 EditActions::EditActions(DeckModel *model, DeckGrid *grid, QObject *parent)
@@ -33,8 +35,10 @@ EditActions::EditActions(DeckModel *model, DeckGrid *grid, QObject *parent)
     connect(m_paste, &QAction::triggered, this, &EditActions::paste);
     connect(m_look, &QAction::triggered, this, &EditActions::spreadLook);
     connect(m_grid, &DeckGrid::currentChanged, this, &EditActions::onCurrentChanged);
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &EditActions::showState);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
+            &EditActions::readClipboard);
     showState();
+    readClipboard();
 }
 
 QAction *EditActions::addKeyAction(const QString &text, QKeySequence::StandardKey key)
@@ -61,6 +65,11 @@ void EditActions::showState()
     const bool hasKey = m_model->at(m_grid->current()) != nullptr;
     for (QAction *action : {m_cut, m_copy, m_look})
         action->setEnabled(hasKey);
+}
+
+// Asking for what another program has copied may take time; this is done only when it changes.
+void EditActions::readClipboard()
+{
     const QMimeData *data = QGuiApplication::clipboard()->mimeData();
     m_paste->setEnabled(data != nullptr && keyFrom(*data).has_value());
 }
@@ -85,9 +94,15 @@ void EditActions::spreadLook()
     if (current == nullptr)
         return;
     const DeckEntry look = *current;
-    const QVector<DeckEntry> keys = m_model->entries();
+    QVector<DeckEntry> others = m_model->entries();
+    others.erase(std::remove_if(
+                     others.begin(), others.end(),
+                     [&look](const DeckEntry &key) { return withLook(key, look) == key.settings; }),
+                 others.end());
+    if (others.isEmpty())
+        return;
     m_history.beginGroup(tr("the look of all keys"));
-    for (const DeckEntry &key : keys)
+    for (const DeckEntry &key : qAsConst(others))
         m_model->changeSettings(key.context, withLook(key, look));
     m_history.endGroup();
 }

@@ -32,6 +32,7 @@ private:
     QAction *addKeyAction(const QString &text, QKeySequence::StandardKey key);
     void onCurrentChanged(const DeckPlace &place);
     void showState();
+    void readClipboard();
     void copy();
     void paste();
     void spreadLook();

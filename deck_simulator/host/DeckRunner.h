@@ -96,8 +96,8 @@ private:
     LaunchChoices m_launch;
     QPointer<DeckSession> m_session;
     QHash<QString, int> m_awaitedReplies; // by context
-    // Keys that are to fill, and how many pictures each had when the plugin was last told
-    // something: the next one shows whether it does.
+    // Keys that were told something, and how many pictures each had then: the next one shows
+    // whether the text fills the key.
     QHash<QString, quint64> m_unfitted;
     QString m_inspected;
     QString m_lastExit;

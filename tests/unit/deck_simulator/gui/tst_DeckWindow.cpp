@@ -457,6 +457,7 @@ void tst_DeckWindow::spreadsALook()
         QCOMPARE(entry.settings.color, QStringLiteral("#abcdef"));
     }
     QCOMPARE(model->at({5, 0})->settings.text, QStringLiteral("Free"));
+    m_window->edits()->lookAction()->trigger(); // nothing is left to do
     QCOMPARE(m_window->edits()->undoStack()->index(), 2);
     m_window->edits()->undoAction()->trigger();
     m_window->edits()->undoAction()->trigger();
