@@ -105,6 +105,13 @@ QSize shownTextSize(const QSize &picture, const ContactSheetStyle &style)
     return {qMax(1, qRound(picture.width() * scale)), qMax(1, qRound(picture.height() * scale))};
 }
 
+QSize shownTextOnScreen(const QSize &picture, const QSize &screen)
+{
+    const QSize size = shownTextSize(picture, {1, screen.width()});
+    const int room = screen.height() - 2 * qMax(1, screen.height() / 24);
+    return size.height() <= room ? size : size.scaled(size.width(), room, Qt::KeepAspectRatio);
+}
+
 QSize shownGaugeSize(const QSize &picture, const QSize &screen)
 {
     return picture.isEmpty() ? QSize(0, 0) : picture.scaled(screen, Qt::KeepAspectRatio);

@@ -34,6 +34,9 @@ QSize sheetSize(int keys, const ContactSheetStyle &style);
 /// of 144 pixels. Empty for an empty picture, otherwise at least one pixel.
 QSize shownTextSize(const QSize &picture, const ContactSheetStyle &style);
 
+/// The same for a screen that may be wider than high: no higher than fits either.
+QSize shownTextOnScreen(const QSize &picture, const QSize &screen);
+
 /// The size at which a gauge is shown on a screen: as large as fits with the same proportions.
 QSize shownGaugeSize(const QSize &picture, const QSize &screen);
 

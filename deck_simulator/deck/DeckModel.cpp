@@ -8,9 +8,30 @@
 
 namespace deck {
 
+namespace {
+
+EntrySettings newSettings(const QString &action, const QString &language)
+{
+    EntrySettings settings;
+    settings.text = newTitle(action, language);
+    settings.fillsKey = true;
+    settings.showTitle = !settings.text.isEmpty();
+    return settings;
+}
+
+} // namespace
+
 DeckModel::DeckModel(QObject *parent)
     : QObject(parent)
 {
+}
+
+void DeckModel::setLanguage(const QString &language)
+{
+    if (language == m_language)
+        return;
+    m_language = language;
+    Q_EMIT languageChanged(language);
 }
 
 void DeckModel::setGrid(const QSize &grid)
@@ -81,20 +102,38 @@ DeckPlace DeckModel::firstEmptyKey() const
 
 bool DeckModel::put(const DeckPlace &place, const QString &action)
 {
-    EntrySettings settings;
-    if (const DeckAction *known = findAction(action))
-        settings.text = known->title;
-    settings.showTitle = !settings.text.isEmpty();
-    return put(place, action, settings);
+    return put(place, action, newSettings(action, m_language));
 }
 
 bool DeckModel::put(const DeckPlace &place, const QString &action, const EntrySettings &settings)
 {
     if (!contains(place) || action.isEmpty() || indexAt(place) >= 0)
         return false;
+    add(place, action, settings);
+    return true;
+}
+
+bool DeckModel::replace(const DeckPlace &place, const QString &action)
+{
+    return replace(place, action, newSettings(action, m_language));
+}
+
+bool DeckModel::replace(const DeckPlace &place, const QString &action,
+                        const EntrySettings &settings)
+{
+    if (!contains(place) || action.isEmpty())
+        return false;
+    const int index = indexAt(place);
+    if (index >= 0)
+        m_entries.removeAt(index);
+    add(place, action, settings);
+    return true;
+}
+
+void DeckModel::add(const DeckPlace &place, const QString &action, const EntrySettings &settings)
+{
     m_entries.append({QUuid::createUuid().toString(QUuid::WithoutBraces), action, place, settings});
     announceLayout();
-    return true;
 }
 
 bool DeckModel::remove(const DeckPlace &place)
@@ -168,6 +207,41 @@ void DeckModel::restore(const QSize &grid, int dials, const QVector<DeckEntry> &
     m_grid = {qBound(1, grid.width(), mostColumns), qBound(1, grid.height(), mostRows)};
     m_dials = qBound(0, dials, mostDials);
     announceLayout();
+    Q_EMIT restored();
+}
+
+void DeckModel::apply(const DeckChange &change)
+{
+    m_grid = change.gridAfter;
+    m_dials = change.dialsAfter;
+    QStringList changedSettings;
+    for (const EntryChange &entry : change.entries)
+        applyTo(entry, changedSettings);
+    if (!change.isOfSettings())
+        Q_EMIT layoutChanged();
+    for (const QString &context : qAsConst(changedSettings))
+        Q_EMIT settingsChanged(context);
+    Q_EMIT changed();
+}
+
+void DeckModel::applyTo(const EntryChange &change, QStringList &changedSettings)
+{
+    const QString context = change.before ? change.before->context : change.after->context;
+    const int index = indexOf(context);
+    if (!change.before && index < 0)
+        m_entries.append(*change.after);
+    if (!change.after && index >= 0)
+        m_entries.removeAt(index);
+    if (!change.before || !change.after || index < 0)
+        return;
+    for (DeckEntry &entry : m_entries) {
+        if (entry.context == context)
+            entry.place = change.after->place;
+    }
+    if (change.before->settings == change.after->settings)
+        return;
+    m_entries[index].settings = change.after->settings;
+    changedSettings.append(context);
 }
 
 void DeckModel::announceLayout()

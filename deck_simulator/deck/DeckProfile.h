@@ -13,6 +13,12 @@ namespace deck {
 /// Width and height of a key in pixels, as the host sends them to the plugin.
 constexpr int deckKeyPixels = 144;
 
+/// The picture on a key, or on the screen of a dial, which is twice as wide.
+constexpr QSize screenPixels(bool onDial)
+{
+    return {onDial ? 2 * deckKeyPixels : deckKeyPixels, deckKeyPixels};
+}
+
 /// A deck: its name, its grid and the keys on it, filled row by row. The grid may have room for
 /// more keys than there are.
 struct DeckProfile

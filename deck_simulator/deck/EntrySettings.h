@@ -30,7 +30,7 @@ struct EntrySettings
     QString selectPhysicalDisk;
     QString audioDevice;
     /// The plugin is told the width of the key instead of that of the picture, and chooses the font
-    /// size by which the text fills the key.
+    /// size by which the text fills the key. New keys do; settings that do not say do not.
     bool fillsKey = false;
     DisplaySettings display;
 };

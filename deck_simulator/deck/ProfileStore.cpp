@@ -28,12 +28,12 @@ ProfileStore::ProfileStore(const QString &path, Access access)
 
 ProfileStore::~ProfileStore() = default;
 
-StoredProfile ProfileStore::load()
+StoredProfile ProfileStore::load(const QString &language)
 {
     m_message.clear();
     if (m_keeps && m_lock == nullptr)
         acquire();
-    return read();
+    return read(language);
 }
 
 void ProfileStore::acquire()
@@ -51,27 +51,27 @@ void ProfileStore::acquire()
                     .arg(QDir::toNativeSeparators(m_path));
 }
 
-StoredProfile ProfileStore::read()
+StoredProfile ProfileStore::read(const QString &language)
 {
     QFile file(m_path);
     if (!file.exists())
-        return firstProfile();
+        return firstProfile(language);
     if (!file.open(QIODevice::ReadOnly)) {
         setAside(file.errorString());
-        return firstProfile();
+        return firstProfile(language);
     }
     const QByteArray text = file.read(maximumSize + 1);
     file.close();
     QStringList faults;
     if (text.size() > maximumSize) {
         setAside(QStringLiteral("it is too large"));
-        return firstProfile();
+        return firstProfile(language);
     }
     StoredProfile profile = readProfile(text, &faults);
     if (faults.isEmpty())
         return profile;
     setAside(faults.join(QStringLiteral("; ")));
-    return profile.entries.isEmpty() ? firstProfile() : profile;
+    return profile.entries.isEmpty() ? firstProfile(language) : profile;
 }
 
 void ProfileStore::setAside(const QString &reason)

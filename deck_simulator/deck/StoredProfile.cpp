@@ -1,5 +1,6 @@
 #include "deck_simulator/deck/StoredProfile.h"
 
+#include "deck_simulator/deck/ActionList.h"
 #include "deck_simulator/deck/DeckProfile.h"
 
 #include <QJsonArray>
@@ -10,6 +11,8 @@
 namespace deck {
 
 namespace {
+
+constexpr int longestKey = 1 << 20; // bytes
 
 QJsonObject placeObject(const DeckPlace &place)
 {
@@ -91,6 +94,7 @@ DeckEntry entryOf(const char *action, const char *title, int column, int row)
     entry.place = {column, row};
     entry.settings.text = QLatin1String(title);
     entry.settings.showTitle = !entry.settings.text.isEmpty();
+    entry.settings.fillsKey = true;
     return entry;
 }
 
@@ -108,6 +112,16 @@ DeckEntry onDial(DeckEntry entry)
     if (entry.settings.display.isGauge())
         entry.settings.display.shape = QStringLiteral("wide");
     return entry;
+}
+
+// English titles stay, even if they are not those of new keys.
+void translateTitle(DeckEntry &entry, const QString &language)
+{
+    const QString title = newTitle(entry.action, language);
+    if (title == newTitle(entry.action, QStringLiteral("en")))
+        return;
+    const bool twoLines = entry.settings.titleLines == QStringLiteral("双行显示");
+    entry.settings.text = titleForLines(entry.action, title, twoLines, language);
 }
 
 } // namespace
@@ -169,7 +183,20 @@ StoredProfile readProfile(const QByteArray &text, QStringList *faults)
     return profile;
 }
 
-StoredProfile firstProfile()
+QByteArray keyText(const DeckEntry &entry)
+{
+    return QJsonDocument(entryObject(entry)).toJson(QJsonDocument::Compact);
+}
+
+std::optional<DeckEntry> readKey(const QByteArray &text)
+{
+    if (text.size() > longestKey)
+        return std::nullopt;
+    const DeckEntry entry = entryFrom(QJsonDocument::fromJson(text).object());
+    return entry.action.isEmpty() ? std::nullopt : std::make_optional(entry);
+}
+
+StoredProfile firstProfile(const QString &language)
 {
     StoredProfile profile;
     profile.entries = {
@@ -194,6 +221,8 @@ StoredProfile firstProfile()
     profile.entries[11].settings.display.warning = 50;
     profile.entries[11].settings.display.critical = 90;
     profile.entries[12].settings.titleLines = QStringLiteral("双行显示");
+    for (DeckEntry &entry : profile.entries)
+        translateTitle(entry, language);
     return profile;
 }
 

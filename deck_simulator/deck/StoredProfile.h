@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <optional>
+
 namespace deck {
 
 /// The settings with which the plugin is started, besides the deck.
@@ -40,7 +42,13 @@ QByteArray profileText(const StoredProfile &profile);
 /// is not a profile at all, the result is a profile without keys.
 StoredProfile readProfile(const QByteArray &text, QStringList *faults);
 
-/// The deck of the first start.
-StoredProfile firstProfile();
+/// One key of a profile as a JSON text of its own.
+QByteArray keyText(const DeckEntry &entry);
+
+/// The key in such a text, with a context of its own; nothing if the text is not one.
+std::optional<DeckEntry> readKey(const QByteArray &text);
+
+/// The deck of the first start, with the titles of a language.
+StoredProfile firstProfile(const QString &language = {});
 
 } // namespace deck

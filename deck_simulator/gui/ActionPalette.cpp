@@ -2,6 +2,7 @@
 
 #include "deck_simulator/deck/ActionList.h"
 #include "deck_simulator/gui/ActionTreeModel.h"
+#include "deck_simulator/gui/ActionView.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -25,7 +26,7 @@ ActionPalette::ActionPalette(QWidget *parent)
     , m_model(new ActionTreeModel(this))
     , m_shown(new QSortFilterProxyModel(this))
     , m_search(new QLineEdit)
-    , m_view(new QTreeView)
+    , m_view(new ActionView)
 {
     m_model->setIconColor(palette().color(QPalette::Text));
     m_shown->setSourceModel(m_model);
@@ -70,6 +71,11 @@ QSize ActionPalette::sizeHint() const
     const QMargins margins = layout()->contentsMargins();
     const int width = widestRow() + margins.left() + margins.right();
     return QWidget::sizeHint().expandedTo({width, 0});
+}
+
+void ActionPalette::setLanguage(const QString &language)
+{
+    m_model->setLanguage(language);
 }
 
 void ActionPalette::startSearch()

@@ -19,6 +19,7 @@ class ActionPalette : public QWidget
 public:
     explicit ActionPalette(QWidget *parent = nullptr);
 
+    void setLanguage(const QString &language);
     /// Moves the focus to the search field.
     void startSearch();
     [[nodiscard]] QLineEdit *searchField() const { return m_search; }

@@ -8,6 +8,19 @@
 
 namespace deck {
 
+namespace {
+
+QString searchText(const DeckAction &action)
+{
+    const QString chinese = QStringLiteral("zh_CN");
+    return QStringList{groupCaption(action.group), groupCaption(action.group, chinese),
+                       action.caption, action.chineseCaption,
+                       action.uuid.section(QLatin1Char('.'), 3)}
+        .join(QLatin1Char(' '));
+}
+
+} // namespace
+
 ActionTreeModel::ActionTreeModel(QObject *parent)
     : QStandardItemModel(parent)
 {
@@ -22,12 +35,23 @@ ActionTreeModel::ActionTreeModel(QObject *parent)
         }
         auto *item = new QStandardItem(action.caption);
         item->setData(action.uuid, uuidRole);
-        item->setData(group->text() + QLatin1Char(' ') + action.caption + QLatin1Char(' ') +
-                          action.uuid.section(QLatin1Char('.'), 3),
-                      searchRole);
+        item->setData(searchText(action), searchRole);
         item->setToolTip(action.uuid);
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled);
         group->appendRow(item);
+    }
+}
+
+void ActionTreeModel::setLanguage(const QString &language)
+{
+    for (int row = 0; row < rowCount(); ++row) {
+        QStandardItem *group = item(row);
+        for (int child = 0; child < group->rowCount(); ++child) {
+            QStandardItem *action = group->child(child);
+            const QString uuid = action->data(uuidRole).toString();
+            action->setText(actionCaption(uuid, language));
+            group->setText(groupCaption(findAction(uuid)->group, language));
+        }
     }
 }
 

@@ -18,6 +18,8 @@ public:
 
     explicit ActionTreeModel(QObject *parent = nullptr);
 
+    /// In which the actions are named; both languages are searched.
+    void setLanguage(const QString &language);
     /// Colours the pictures.
     void setIconColor(const QColor &color);
 

@@ -44,6 +44,7 @@ DeckGrid::DeckGrid(DeckModel *model, QWidget *parent)
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setSizePolicy(policy);
     connect(m_model, &DeckModel::layoutChanged, this, &DeckGrid::rebuild);
+    connect(m_model, &DeckModel::languageChanged, this, &DeckGrid::showFaces);
     rebuild();
 }
 
@@ -139,7 +140,7 @@ void DeckGrid::addCell(KeyCell *cell)
     connect(cell, &KeyCell::menuRequested, this,
             [this, cell](const QPoint &position) { showMenu(cell, position); });
     connect(cell, &KeyCell::actionDropped, this, [this, place](const QString &action) {
-        if (m_model->put(place, action))
+        if (m_model->replace(place, action))
             setCurrent(place);
     });
     connect(cell, &KeyCell::keyDropped, this, [this, place](const DeckPlace &from) {
@@ -169,9 +170,9 @@ void DeckGrid::showFace(KeyCell *cell)
         return;
     }
     const Live live = m_live.value(entry->context);
-    cell->setFace({actionCaption(entry->action), actionIcon(entry->action, Qt::white), live.title,
-                   live.picture, isGaugePicture(live.picture.size(), entry->settings.display),
-                   m_dimmed});
+    cell->setFace({actionCaption(entry->action, m_model->language()),
+                   actionIcon(entry->action, Qt::white), live.title, live.picture,
+                   isGaugePicture(live.picture.size(), entry->settings.display), m_dimmed});
 }
 
 QSize DeckGrid::sizeFor(int keySide) const
@@ -340,6 +341,7 @@ bool DeckGrid::event(QEvent *event)
 void DeckGrid::showMenu(KeyCell *cell, const QPoint &globalPosition)
 {
     const DeckPlace place = cell->place();
+    setCurrent(place); // the actions are about it
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     if (cell->isOccupied()) {
@@ -349,9 +351,13 @@ void DeckGrid::showMenu(KeyCell *cell, const QPoint &globalPosition)
         });
         menu->addAction(tr("Settings"), this, [this, place] { Q_EMIT editRequested(place); });
         menu->addSeparator();
+        menu->addActions(actions());
+        menu->addSeparator();
         menu->addAction(tr("Remove"), this, [this, place] { m_model->remove(place); });
     } else {
         menu->addAction(tr("Add an action"), this, [this, place] { Q_EMIT actionWanted(place); });
+        menu->addSeparator();
+        menu->addActions(actions());
     }
     menu->popup(globalPosition);
 }

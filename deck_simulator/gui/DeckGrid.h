@@ -11,7 +11,8 @@ namespace deck {
 
 /// The deck on the screen: keys in rows, dials below them, one of them the current one. Arrows
 /// move, Enter and Space press, Delete removes, F2 asks for the settings, Page Up and Page Down
-/// turn a dial. Changes of the layout go into the model; presses and turns are reported.
+/// turn a dial. Changes of the layout go into the model; presses and turns are reported. The menus
+/// of keys have the actions that are added to the grid.
 class DeckGrid : public QWidget
 {
     Q_OBJECT

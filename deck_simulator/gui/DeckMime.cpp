@@ -1,5 +1,7 @@
 #include "deck_simulator/gui/DeckMime.h"
 
+#include "deck_simulator/deck/StoredProfile.h"
+
 #include <QStringList>
 
 namespace deck {
@@ -9,6 +11,11 @@ namespace {
 QString placeMimeType()
 {
     return QStringLiteral("application/x-deck-place");
+}
+
+QString keyMimeType()
+{
+    return QStringLiteral("application/x-deck-key");
 }
 
 } // namespace
@@ -32,6 +39,18 @@ QMimeData *placeMime(const DeckPlace &place)
         QStringLiteral("%1,%2,%3").arg(place.column).arg(place.row).arg(place.dial ? 1 : 0);
     data->setData(placeMimeType(), text.toLatin1());
     return data;
+}
+
+QMimeData *keyMime(const DeckEntry &entry)
+{
+    auto *data = new QMimeData;
+    data->setData(keyMimeType(), keyText(entry));
+    return data;
+}
+
+std::optional<DeckEntry> keyFrom(const QMimeData &data)
+{
+    return readKey(data.data(keyMimeType()));
 }
 
 QString actionFrom(const QMimeData &data)

@@ -5,6 +5,7 @@
 #include "deck_simulator/gui/DeckBar.h"
 #include "deck_simulator/gui/DeckGrid.h"
 #include "deck_simulator/gui/DeckStatusBar.h"
+#include "deck_simulator/gui/EditActions.h"
 #include "deck_simulator/gui/Inspector.h"
 #include "deck_simulator/gui/LogView.h"
 #include "deck_simulator/gui/MessageBar.h"
@@ -14,6 +15,7 @@
 #include "deck_simulator/host/DeckStatus.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDir>
 #include <QDockWidget>
 #include <QGuiApplication>
@@ -66,6 +68,7 @@ DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
               settings.keepsProfile ? ProfileStore::Access::Full : ProfileStore::Access::ReadOnly)
     , m_runner(settings.session, &m_model)
     , m_grid(new DeckGrid(&m_model))
+    , m_edits(new EditActions(&m_model, m_grid, this))
     , m_actions(new ActionPalette)
     , m_panel(new SettingsPanel)
     , m_inspector(new Inspector(&m_model, &m_runner, m_panel, settings.dataServerPort, this))
@@ -118,6 +121,12 @@ void DeckWindow::addMenus()
     plugin->addActions({m_pluginBar->dieAction(), m_pluginBar->portAction()});
     plugin->addSeparator();
     plugin->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+    QMenu *edit = menuBar()->addMenu(tr("&Edit"));
+    edit->addActions({m_edits->undoAction(), m_edits->redoAction()});
+    edit->addSeparator();
+    edit->addActions({m_edits->cutAction(), m_edits->copyAction(), m_edits->pasteAction()});
+    edit->addSeparator();
+    edit->addAction(m_edits->lookAction());
     QMenu *view = menuBar()->addMenu(tr("&View"));
     const QList<QDockWidget *> docks = findChildren<QDockWidget *>();
     for (const QDockWidget *dock : docks)
@@ -142,7 +151,7 @@ void DeckWindow::connectGrid()
         m_actions->startSearch();
     });
     connect(m_actions, &ActionPalette::left, this, &DeckWindow::focusDeck);
-    connect(m_panel->form(), &SettingsForm::left, this, &DeckWindow::focusDeck);
+    connect(m_panel, &SettingsPanel::left, this, &DeckWindow::focusDeck);
 }
 
 void DeckWindow::connectRunner()
@@ -159,17 +168,21 @@ void DeckWindow::connectRunner()
             m_messages->clear();
     });
     connect(&m_runner, &DeckRunner::started, &m_log, &PluginLog::follow);
-    connect(m_pluginBar, &PluginBar::launchChanged, this, [this] { m_saveTimer.start(0); });
+    connect(m_pluginBar, &PluginBar::launchChanged, this, [this] {
+        applyLanguage();
+        m_saveTimer.start(0);
+    });
 }
 
 void DeckWindow::loadProfile(const QString &language)
 {
-    m_profile = m_store.load();
+    m_profile = m_store.load(language);
     if (!language.isEmpty())
         m_profile.launch.language = language;
     m_model.restore(m_profile.grid, m_profile.dials, m_profile.entries);
     m_runner.setLaunch(m_profile.launch);
     m_pluginBar->showState();
+    applyLanguage();
     restoreGeometry(m_profile.windowGeometry);
     restoreState(m_profile.windowState);
     // The user must notice that a deck has been set aside.
@@ -177,6 +190,20 @@ void DeckWindow::loadProfile(const QString &language)
         m_log.tell(m_store.message());
         m_messages->showMessage(m_store.message());
     }
+}
+
+// New keys, the list of actions and the settings panel are in the language of the plugin's keys.
+void DeckWindow::applyLanguage()
+{
+    const QString language = m_runner.launch().language;
+    m_panel->setLanguage(language, m_runner.launch().quoteStripped);
+    if (language == m_model.language())
+        return;
+    m_model.setLanguage(language);
+    m_actions->setLanguage(language);
+    m_translator.setLanguage(language);
+    QCoreApplication::removeTranslator(&m_translator);
+    QCoreApplication::installTranslator(&m_translator);
 }
 
 void DeckWindow::saveProfile()

@@ -2,6 +2,7 @@
 
 #include "deck_simulator/deck/DeckModel.h"
 #include "deck_simulator/deck/ProfileStore.h"
+#include "deck_simulator/gui/PanelTranslator.h"
 #include "deck_simulator/host/DeckRunner.h"
 #include "deck_simulator/panel/InspectorClient.h"
 #include "deck_simulator/process/PluginLog.h"
@@ -17,6 +18,7 @@ class ActionPalette;
 class DeckBar;
 class DeckGrid;
 class DeckStatusBar;
+class EditActions;
 class Inspector;
 class LogView;
 class MessageBar;
@@ -63,6 +65,7 @@ public:
     [[nodiscard]] DeckStatusBar *deckStatus() const { return m_status; }
     [[nodiscard]] MessageBar *messages() const { return m_messages; }
     [[nodiscard]] LogView *logView() const { return m_logView; }
+    [[nodiscard]] EditActions *edits() const { return m_edits; }
     [[nodiscard]] ActionPalette *actionList() const { return m_actions; }
 
 protected:
@@ -71,6 +74,7 @@ protected:
 private:
     void loadProfile(const QString &language);
     void saveProfile();
+    void applyLanguage();
     void addDocks();
     void addMenus();
     void connectGrid();
@@ -87,9 +91,11 @@ private:
     DeckModel m_model;
     DeckRunner m_runner;
     PluginLog m_log;
+    PanelTranslator m_translator;
     StoredProfile m_profile;
     QTimer m_saveTimer;
     DeckGrid *m_grid;
+    EditActions *m_edits;
     ActionPalette *m_actions;
     SettingsPanel *m_panel;
     Inspector *m_inspector;

@@ -3,6 +3,7 @@
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
 #include "deck_simulator/panel/MissingReading.h"
+#include "deck_simulator/panel/PictureText.h"
 
 namespace deck {
 
@@ -19,6 +20,7 @@ Inspector::Inspector(DeckModel *model, DeckRunner *runner, SettingsPanel *panel,
         forgetMissing();
         showSelected();
     });
+    connect(m_model, &DeckModel::settingsChanged, this, &Inspector::showSettings);
     connect(m_model, &DeckModel::settingsAdopted, this, &Inspector::showSettings);
     connect(m_runner, &DeckRunner::stateChanged, this, &Inspector::ask);
     connect(m_runner, &DeckRunner::settingsReplied, this,
@@ -27,6 +29,8 @@ Inspector::Inspector(DeckModel *model, DeckRunner *runner, SettingsPanel *panel,
                 if (context == m_panel->context())
                     showLists();
             });
+    connect(m_runner, &DeckRunner::stateChanged, this, [this] { showPicture(m_panel->context()); });
+    connect(m_runner, &DeckRunner::keyChanged, this, &Inspector::showPicture);
     connect(m_runner, &DeckRunner::keyChanged, this, &Inspector::showMissingFan);
     connect(&m_client, &InspectorClient::replied, this, &Inspector::takeReply);
     showSelected();
@@ -46,6 +50,7 @@ void Inspector::showSelected()
     m_runner->inspect(m_panel->context());
     if (another)
         showLists();
+    showPicture(m_panel->context());
     ask();
 }
 
@@ -66,8 +71,11 @@ void Inspector::showLists()
 
 void Inspector::showSettings(const QString &context)
 {
-    if (context == m_panel->context())
-        m_panel->form()->setSettings(m_model->find(context)->settings);
+    if (context != m_panel->context())
+        return;
+    const EntrySettings &settings = m_model->find(context)->settings;
+    if (settings != m_panel->form()->settings()) // those that are being edited are there
+        m_panel->form()->setSettings(settings);
 }
 
 void Inspector::ask()
@@ -80,6 +88,16 @@ void Inspector::ask()
     m_readings.clear();
     m_panel->setPreview({});
     m_client.setRequests(inspectorQuestions(action));
+}
+
+void Inspector::showPicture(const QString &context)
+{
+    if (context != m_panel->context())
+        return;
+    const DeckKey *key = m_runner->key(context);
+    m_panel->form()->setPictureText(
+        key == nullptr ? QString()
+                       : pictureText(key->picture().size(), key->showsGauge(), m_place.dial));
 }
 
 void Inspector::showMissingFan(const QString &context)

@@ -34,6 +34,7 @@ private:
     void showLists();
     void showSettings(const QString &context);
     void ask();
+    void showPicture(const QString &context);
     void showMissingFan(const QString &context);
     void takeReply(const QByteArray &reply);
 

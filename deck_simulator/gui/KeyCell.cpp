@@ -20,6 +20,7 @@ const QColor captionColor(0xa8, 0xac, 0xb4);
 const QColor plusColor(0x6a, 0x6e, 0x76);
 
 constexpr qreal dimmedOpacity = 0.35;
+constexpr qreal dropMarkOpacity = 0.4;
 constexpr int holdTime = 200; // milliseconds
 
 QString toolTipOf(const KeyFace &face)
@@ -86,6 +87,11 @@ void KeyCell::paintEvent(QPaintEvent *event)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     paintGround(painter);
+    if (m_dropTarget) {
+        QColor mark = palette().color(QPalette::Highlight);
+        mark.setAlphaF(dropMarkOpacity);
+        painter.fillRect(screenRect(), mark);
+    }
     if (m_current) {
         const qreal radius = qMin(width(), height()) / 7.0;
         painter.setPen(QPen(palette().color(QPalette::Highlight), 3));
@@ -119,17 +125,9 @@ void KeyCell::paintScreen(QPainter &painter, const QRect &rect)
     painter.setOpacity(1);
 }
 
-// As large as a key of the screen's width shows it, as far as the height allows.
-QSize KeyCell::textSize(const QSize &screen) const
-{
-    const QSize size = shownTextSize(m_face.picture.size(), {1, screen.width()});
-    const int room = screen.height() - 2 * qMax(1, screen.height() / 24);
-    return size.height() <= room ? size : size.scaled(size.width(), room, Qt::KeepAspectRatio);
-}
-
 void KeyCell::paintText(QPainter &painter, const QRect &rect)
 {
-    const QSize size = textSize(rect.size());
+    const QSize size = shownTextOnScreen(m_face.picture.size(), rect.size());
     QRect target(QPoint(), size);
     target.moveCenter(rect.center());
     const qreal ratio = devicePixelRatioF();
@@ -181,7 +179,7 @@ void KeyCell::mouseMoveEvent(QMouseEvent *event)
 {
     const bool far =
         (event->pos() - m_pressPoint).manhattanLength() >= QApplication::startDragDistance();
-    if ((event->buttons() & Qt::LeftButton) != 0 && far && isOccupied() && !m_down)
+    if ((event->buttons() & Qt::LeftButton) != 0 && far && isOccupied())
         startDrag();
 }
 
@@ -229,11 +227,21 @@ void KeyCell::contextMenuEvent(QContextMenuEvent *event)
 void KeyCell::startDrag()
 {
     m_holdTimer.stop();
+    release(); // after a pause it has been pressed
     auto *drag = new QDrag(this);
     drag->setMimeData(placeMime(m_place));
-    drag->setPixmap(grab(screenRect()));
-    drag->setHotSpot(m_pressPoint - screenRect().topLeft());
+    drag->setPixmap(dragPicture());
+    drag->setHotSpot(dragOffset);
     drag->exec(Qt::MoveAction);
+}
+
+// Small and beside the pointer, so that the key below it can be seen.
+QPixmap KeyCell::dragPicture()
+{
+    const QPixmap face = grab(screenRect());
+    QPixmap small = face.scaled(face.size() / 2, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    small.setDevicePixelRatio(face.devicePixelRatio());
+    return small;
 }
 
 void KeyCell::enterEvent(QEvent *event)
@@ -253,7 +261,7 @@ void KeyCell::leaveEvent(QEvent *event)
 bool KeyCell::takes(const QMimeData &dragged) const
 {
     if (!actionFrom(dragged).isEmpty())
-        return !isOccupied();
+        return true;
     const std::optional<DeckPlace> from = placeFrom(dragged);
     return from && *from != m_place;
 }

@@ -12,9 +12,10 @@ class QMimeData;
 
 namespace deck {
 
-/// One LCD key on the screen. It shows its face and reports mouse actions. Dragging a key must not
-/// press it, so a press is reported on release, or once it has lasted for some time; its release is
-/// reported as much later as the press was, so that the time between them is that of the mouse.
+/// One LCD key on the screen. It shows its face and reports mouse actions. Dragging a key at once
+/// must not press it, so a press is reported on release, or once it has lasted for some time; its
+/// release is reported as much later as the press was, so that the time between them is that of the
+/// mouse. A key that is dragged after that is released first.
 class KeyCell : public QWidget
 {
     Q_OBJECT
@@ -65,9 +66,9 @@ protected:
 private:
     [[nodiscard]] bool takes(const QMimeData &dragged) const;
     void startDrag();
+    [[nodiscard]] QPixmap dragPicture();
     void press();
     void release();
-    [[nodiscard]] QSize textSize(const QSize &screen) const;
     void paintText(QPainter &painter, const QRect &rect);
     void paintCaption(QPainter &painter, const QRect &rect);
     void paintPlus(QPainter &painter, const QRect &rect);

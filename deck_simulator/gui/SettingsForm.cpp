@@ -1,5 +1,6 @@
 #include "deck_simulator/gui/SettingsForm.h"
 
+#include "deck_simulator/deck/ActionList.h"
 #include "deck_simulator/gui/ColorField.h"
 #include "deck_simulator/gui/DisplayForm.h"
 #include "deck_simulator/gui/FormControls.h"
@@ -26,21 +27,21 @@ namespace {
 
 QVector<ListEntry> temperatureUnits()
 {
-    return {{QStringLiteral("摄氏度"), QStringLiteral("Celsius"), {}, {}},
-            {QStringLiteral("华氏度"), QStringLiteral("Fahrenheit"), {}, {}}};
+    return {{QStringLiteral("摄氏度"), SettingsForm::tr("Celsius"), {}, {}},
+            {QStringLiteral("华氏度"), SettingsForm::tr("Fahrenheit"), {}, {}}};
 }
 
 QVector<ListEntry> lineCounts()
 {
-    return {{QStringLiteral("单行显示"), QStringLiteral("One line"), {}, {}},
-            {QStringLiteral("双行显示"), QStringLiteral("Two lines"), {}, {}}};
+    return {{QStringLiteral("单行显示"), SettingsForm::tr("One line"), {}, {}},
+            {QStringLiteral("双行显示"), SettingsForm::tr("Two lines"), {}, {}}};
 }
 
 QVector<ListEntry> diskModes()
 {
-    return {{QStringLiteral("Single_Disk"), QStringLiteral("One drive"), {}, {}},
-            {QStringLiteral("Disk_Loop"), QStringLiteral("Each drive in turn"), {}, {}},
-            {QStringLiteral("Total_Disks"), QStringLiteral("All drives together"), {}, {}}};
+    return {{QStringLiteral("Single_Disk"), SettingsForm::tr("One drive"), {}, {}},
+            {QStringLiteral("Disk_Loop"), SettingsForm::tr("Each drive in turn"), {}, {}},
+            {QStringLiteral("Total_Disks"), SettingsForm::tr("All drives together"), {}, {}}};
 }
 
 } // namespace
@@ -56,6 +57,13 @@ SettingsForm::SettingsForm(QWidget *parent)
     connectControls();
     setSettings({});
     setAction(QString());
+}
+
+void SettingsForm::setLanguage(const QString &language, bool keysTranslated)
+{
+    m_language = language;
+    m_keysTranslated = keysTranslated;
+    showTitleHint();
 }
 
 void SettingsForm::addTitleRows()
@@ -82,6 +90,7 @@ void SettingsForm::addLookRows()
     m_font = makeChoice("font");
     m_fontSize = makeNumber("fontSize", 1, 600, tr(" px"));
     m_fillsKey = named(new QCheckBox(tr("fill the key")), "fillsKey");
+    m_fontSize->setToolTip(tr("Chosen by the plugin while the text fills the key"));
     m_fillsKey->setToolTip(
         tr("Tell the plugin the width of the key, so that it chooses the font size by it"));
     m_color = named(new ColorField, "color");
@@ -103,6 +112,9 @@ void SettingsForm::addLookRows()
     m_rows.add(QString(), m_fontHint);
     m_rows.add(tr("Si&ze"), m_fontSize);
     m_rows.add(tr("&Width"), m_fillsKey);
+    m_pictureText = named(new QLabel, "pictureText");
+    m_pictureText->setWordWrap(true);
+    m_rows.add(QString(), m_pictureText);
     m_rows.add(tr("&Colour"), m_color);
     m_rows.add(tr("T&ransparency"), m_opacityRow);
 }
@@ -147,9 +159,19 @@ void SettingsForm::connectControls()
         connect(check, &QCheckBox::toggled, this, &SettingsForm::collect);
     for (QSpinBox *number : {m_fontSize, m_switchFrequency})
         connect(number, QOverload<int>::of(&QSpinBox::valueChanged), this, &SettingsForm::collect);
-    for (QComboBox *combo : {m_font, m_temperatureType, m_titleLines, m_diskMode, m_drive, m_fan,
-                             m_physicalDisk, m_audioDevice})
+    connect(m_titleLines, QOverload<int>::of(&QComboBox::activated), this,
+            &SettingsForm::chooseLines);
+    for (QComboBox *combo :
+         {m_font, m_temperatureType, m_diskMode, m_drive, m_fan, m_physicalDisk, m_audioDevice})
         connect(combo, QOverload<int>::of(&QComboBox::activated), this, &SettingsForm::collect);
+}
+
+// The title follows the number of lines.
+void SettingsForm::chooseLines()
+{
+    const bool twoLines = m_titleLines->currentData().toString() == QStringLiteral("双行显示");
+    m_title->setText(titleForLines(m_action, m_title->text(), twoLines, m_language));
+    collect();
 }
 
 void SettingsForm::setAction(const QString &action)
@@ -166,8 +188,10 @@ void SettingsForm::showFields()
     showTitleHint();
     m_rows.show(m_titleHint, gauge);
     showFontHint();
-    m_rows.show(m_fontSize, !gauge); // a gauge chooses it by its own size
+    m_rows.show(m_fontSize, !gauge);              // a gauge chooses it by its own size
+    m_fontSize->setEnabled(!m_settings.fillsKey); // the plugin chooses it
     m_rows.show(m_fillsKey, !gauge);
+    m_rows.show(m_pictureText, !m_pictureText->text().isEmpty());
     m_rows.show(m_temperatureType, fields.temperatureUnit);
     m_rows.show(m_titleLines, fields.titleLines && !gauge);
     m_rows.show(m_diskMode, fields.diskMode);
@@ -184,7 +208,9 @@ void SettingsForm::showFields()
 
 void SettingsForm::showTitleHint()
 {
-    const QString title = gaugeKind(m_action, m_settings).shortTitle;
+    QString title = gaugeKind(m_action, m_settings).shortTitle;
+    if (m_keysTranslated && !title.isEmpty())
+        title = tr(title.toUtf8().constData());
     m_titleHint->setText(
         title.isEmpty()
             ? tr("In place of the kind's default title a gauge shows the name of what it reads.")
@@ -242,6 +268,15 @@ void SettingsForm::setLists(const SettingsLists &lists)
 void SettingsForm::setSensors(const QVector<ListEntry> &sensors)
 {
     m_sensor->setEntries(sensors);
+}
+
+void SettingsForm::setPictureText(const QString &text)
+{
+    if (text == m_pictureText->text())
+        return;
+    m_pictureText->setText(text);
+    m_rows.show(m_pictureText, !text.isEmpty());
+    m_rows.layOut();
 }
 
 void SettingsForm::showLists()

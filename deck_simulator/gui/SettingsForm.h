@@ -27,13 +27,19 @@ class SettingsForm : public QWidget
 public:
     explicit SettingsForm(QWidget *parent = nullptr);
 
+    /// Of the titles that replace others. \a keysTranslated: the plugin finds the language, so that
+    /// its own titles are in it.
+    void setLanguage(const QString &language, bool keysTranslated);
     void setAction(const QString &action);
     /// Shows settings without emitting signals.
     void setSettings(const EntrySettings &settings);
     [[nodiscard]] const EntrySettings &settings() const { return m_settings; }
     /// The available choices.
     void setLists(const SettingsLists &lists);
+    [[nodiscard]] const SettingsLists &lists() const { return m_lists; }
     void setSensors(const QVector<ListEntry> &sensors);
+    /// How large the key's picture is, in words; empty where there is none.
+    void setPictureText(const QString &text);
     void focusFirst();
 
 Q_SIGNALS:
@@ -55,6 +61,7 @@ private:
     void showLists();
     void showTitleHint();
     void showFontHint();
+    void chooseLines();
     void collect();
 
     FormRows m_rows;
@@ -66,6 +73,7 @@ private:
     QLabel *m_fontHint = nullptr;
     QSpinBox *m_fontSize = nullptr;
     QCheckBox *m_fillsKey = nullptr;
+    QLabel *m_pictureText = nullptr;
     ColorField *m_color = nullptr;
     QWidget *m_opacityRow = nullptr;
     QSlider *m_opacity = nullptr;
@@ -81,6 +89,8 @@ private:
     QComboBox *m_audioDevice = nullptr;
     QLabel *m_pump = nullptr;
     SensorPicker *m_sensor = nullptr;
+    QString m_language;
+    bool m_keysTranslated = false;
     QString m_action;
     EntrySettings m_settings;
     SettingsLists m_lists;

@@ -43,19 +43,14 @@ SettingsPanel::SettingsPanel(QWidget *parent)
     , m_preview(makeText())
     , m_empty(makeText())
     , m_scroll(new QScrollArea)
-    , m_form(new SettingsForm)
 {
     QFont large = font();
     large.setBold(true);
     large.setPointSizeF(large.pointSizeF() * 1.2);
     m_caption->setFont(large);
     m_preview->setObjectName(QStringLiteral("preview"));
-    m_preview->setToolTip(tr("From the plugin's data server"));
     m_preview->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_empty->setText(tr("Nothing is on this key. Drag an action on it, or double-click one in the "
-                        "list."));
     m_empty->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    m_scroll->setWidget(m_form);
     m_scroll->setWidgetResizable(true);
     m_scroll->setFrameShape(QFrame::NoFrame);
     m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -71,9 +66,47 @@ SettingsPanel::SettingsPanel(QWidget *parent)
     layout->addWidget(m_empty, 1);
     layout->addWidget(m_scroll, 1);
     setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * fewestLetters);
+    retranslate();
+    setEntry(nullptr);
+}
+
+void SettingsPanel::addForm()
+{
+    m_form = new SettingsForm;
+    m_form->setLanguage(m_language, m_keysTranslated);
     connect(m_form, &SettingsForm::edited, this,
             [this](const EntrySettings &settings) { Q_EMIT edited(m_context, settings); });
-    setEntry(nullptr);
+    connect(m_form, &SettingsForm::left, this, &SettingsPanel::left);
+    m_scroll->setWidget(m_form); // deletes the one before
+}
+
+// A new form has its texts in the new language.
+void SettingsPanel::retranslate()
+{
+    m_preview->setToolTip(tr("From the plugin's data server"));
+    m_empty->setText(tr("Nothing is on this key. Drag an action on it, or double-click one in the "
+                        "list."));
+    const SettingsLists lists = m_form == nullptr ? SettingsLists() : m_form->lists();
+    const EntrySettings settings = m_form == nullptr ? EntrySettings() : m_form->settings();
+    addForm();
+    m_form->setLists(lists);
+    m_form->setAction(m_action);
+    m_form->setSettings(settings);
+    showHead();
+}
+
+void SettingsPanel::setLanguage(const QString &language, bool keysTranslated)
+{
+    m_language = language;
+    m_keysTranslated = keysTranslated;
+    m_form->setLanguage(language, keysTranslated);
+    showHead();
+}
+
+void SettingsPanel::showHead()
+{
+    m_caption->setText(actionCaption(m_action, m_language));
+    m_place->setText(placeText(m_where));
 }
 
 QSize SettingsPanel::sizeHint() const
@@ -101,8 +134,8 @@ void SettingsPanel::setEntry(const DeckEntry *entry)
         setPreview({});
         showIcon();
     }
-    m_caption->setText(actionCaption(entry->action));
-    m_place->setText(placeText(entry->place));
+    m_where = entry->place;
+    showHead();
     m_form->setAction(entry->action);
     m_form->setSettings(entry->settings);
 }
@@ -129,6 +162,8 @@ void SettingsPanel::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::PaletteChange)
         showIcon();
+    else if (event->type() == QEvent::LanguageChange)
+        retranslate();
     QWidget::changeEvent(event);
 }
 

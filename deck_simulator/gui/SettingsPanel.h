@@ -20,6 +20,9 @@ class SettingsPanel : public QWidget
 public:
     explicit SettingsPanel(QWidget *parent = nullptr);
 
+    /// Of the action's name and of new titles; the other texts are in the application's.
+    /// \a keysTranslated: the plugin's own titles are in it as well.
+    void setLanguage(const QString &language, bool keysTranslated);
     /// Null for an empty place.
     void setEntry(const DeckEntry *entry);
     /// The key that is shown; empty for none.
@@ -32,11 +35,16 @@ public:
 
 Q_SIGNALS:
     void edited(const QString &context, const EntrySettings &settings);
+    /// The user has finished with Enter or Escape.
+    void left();
 
 protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    void addForm();
+    void retranslate();
+    void showHead();
     void showIcon();
 
     QLabel *m_icon;
@@ -45,9 +53,12 @@ private:
     QLabel *m_preview;
     QLabel *m_empty;
     QScrollArea *m_scroll;
-    SettingsForm *m_form;
+    SettingsForm *m_form = nullptr;
+    QString m_language;
+    bool m_keysTranslated = false;
     QString m_context;
     QString m_action;
+    DeckPlace m_where;
 };
 
 } // namespace deck

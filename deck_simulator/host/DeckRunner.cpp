@@ -8,6 +8,12 @@ namespace {
 
 constexpr int meterPeriod = 500; // milliseconds
 
+// Font sizes are whole pixels.
+bool isFilled(const QSize &picture, const QSize &screen)
+{
+    return qAbs(picture.width() - screen.width()) <= screen.width() / 20;
+}
+
 } // namespace
 
 DeckRunner::DeckRunner(const SessionSettings &settings, DeckModel *model, QObject *parent)
@@ -35,6 +41,7 @@ void DeckRunner::start()
     connect(m_session, &DeckSession::notice, this, &DeckRunner::notice);
     connect(m_session, &DeckSession::stalledChanged, this, &DeckRunner::stalledChanged);
     connect(m_session, &DeckSession::stalledChanged, this, &DeckRunner::stateChanged);
+    connect(m_session, &DeckSession::keyChanged, this, &DeckRunner::fit);
     connect(m_session, &DeckSession::keyChanged, this, &DeckRunner::keyChanged);
     connect(&m_session->host(), &DeckHost::settingsReplied, this, &DeckRunner::onSettingsReplied);
     m_meter = TrafficMeter();
@@ -138,13 +145,16 @@ void DeckRunner::inspect(const QString &context)
 
 QJsonObject DeckRunner::message(const DeckEntry &entry) const
 {
-    const QSize keySize(deckKeyPixels, deckKeyPixels);
+    const QSize screen = screenPixels(entry.place.dial);
     const DeckKey *shown = key(entry.context);
+    if (shown == nullptr || shown->pictureSize().isEmpty())
+        return settingsMessage(entry.settings, screen);
     // The plugin relates the font size to the width that it is sent and to the last picture that it
-    // drew: sending the size of that picture leaves the font size unchanged.
-    const bool tellsPicture =
-        !entry.settings.fillsKey && shown != nullptr && !shown->pictureSize().isEmpty();
-    return settingsMessage(entry.settings, tellsPicture ? shown->pictureSize() : keySize);
+    // drew: sending the size of that picture leaves the font size unchanged. Told the key's width
+    // twice before the next picture, it would enlarge the letters twice.
+    const bool fills =
+        entry.settings.fillsKey && !shown->showsGauge() && !m_unfitted.contains(entry.context);
+    return settingsMessage(entry.settings, fills ? screen : shown->pictureSize());
 }
 
 DeckKey DeckRunner::makeKey(const DeckEntry &entry) const
@@ -169,8 +179,11 @@ DeckProfile DeckRunner::deck() const
 void DeckRunner::onRegistered()
 {
     m_awaitedReplies.clear();
-    for (const DeckKey &key : m_session->host().keys())
+    m_unfitted.clear();
+    for (const DeckKey &key : m_session->host().keys()) {
         m_awaitedReplies.insert(key.context(), 1);
+        m_unfitted.insert(key.context(), 0);
+    }
     sendKeyEvent(QStringLiteral("propertyInspectorDidAppear"), m_inspected);
     Q_EMIT linked();
     Q_EMIT stateChanged();
@@ -197,6 +210,7 @@ void DeckRunner::takeOffMissing()
     for (const QString &context : qAsConst(missing)) {
         m_session->host().removeKey(context);
         m_awaitedReplies.remove(context);
+        m_unfitted.remove(context);
     }
 }
 
@@ -207,6 +221,7 @@ void DeckRunner::putOnNew()
             continue;
         m_session->host().putKey(makeKey(entry));
         m_awaitedReplies.insert(entry.context, 1);
+        m_unfitted.insert(entry.context, 0);
     }
 }
 
@@ -215,8 +230,30 @@ void DeckRunner::onSettingsChanged(const QString &context)
     const DeckEntry *entry = m_model->find(context);
     if (m_session == nullptr || entry == nullptr)
         return;
-    if (m_session->host().changeSettings(context, message(*entry)))
-        ++m_awaitedReplies[context];
+    send(*entry);
+    m_unfitted.insert(context, key(context) == nullptr ? 0 : key(context)->pictures());
+}
+
+void DeckRunner::send(const DeckEntry &entry)
+{
+    if (m_session->host().changeSettings(entry.context, message(entry)))
+        ++m_awaitedReplies[entry.context];
+}
+
+// The first picture with the settings shows how wide the text is; then the letters can be chosen.
+void DeckRunner::fit(const QString &context)
+{
+    const auto unfitted = m_unfitted.find(context);
+    const DeckKey *shown = key(context);
+    const DeckEntry *entry = m_model->find(context);
+    if (unfitted == m_unfitted.end() || shown == nullptr || entry == nullptr ||
+        m_awaitedReplies.value(context) > 0 || shown->picture().isNull() ||
+        shown->pictures() <= *unfitted)
+        return;
+    m_unfitted.erase(unfitted);
+    if (entry->settings.fillsKey && !shown->showsGauge() &&
+        !isFilled(shown->picture().size(), screenPixels(entry->place.dial)))
+        send(*entry);
 }
 
 void DeckRunner::onSettingsReplied(const QString &context)
@@ -228,6 +265,8 @@ void DeckRunner::onSettingsReplied(const QString &context)
     const DeckEntry *entry = m_model->find(context);
     int &awaited = m_awaitedReplies[context];
     awaited = qMax(0, awaited - 1);
+    if (m_unfitted.contains(context))
+        m_unfitted.insert(context, replied->pictures());
     // A reply to settings that have changed since would undo the change.
     if (awaited == 0 && entry != nullptr) {
         EntrySettings settings = settingsFrom(reply, entry->settings);
@@ -246,6 +285,7 @@ void DeckRunner::onSessionEnded()
     m_meterTimer.stop();
     m_meter = TrafficMeter();
     m_awaitedReplies.clear();
+    m_unfitted.clear();
     m_lastExit = session->exitText();
     if (!session->failure().isEmpty())
         Q_EMIT notice(session->failure());

@@ -85,6 +85,8 @@ private:
     void onSettingsChanged(const QString &context);
     void onSettingsReplied(const QString &context);
     void onSessionEnded();
+    void fit(const QString &context);
+    void send(const DeckEntry &entry);
     void measure();
     void takeOffMissing();
     void putOnNew();
@@ -94,6 +96,9 @@ private:
     LaunchChoices m_launch;
     QPointer<DeckSession> m_session;
     QHash<QString, int> m_awaitedReplies; // by context
+    // Keys that were told something, and how many pictures each had then: the next one shows
+    // whether the text fills the key.
+    QHash<QString, quint64> m_unfitted;
     QString m_inspected;
     QString m_lastExit;
     QString m_workFolder;

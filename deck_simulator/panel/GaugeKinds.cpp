@@ -1,5 +1,7 @@
 #include "deck_simulator/panel/GaugeKinds.h"
 
+#include "deck_simulator/panel/PanelText.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -88,13 +90,13 @@ void setScale(GaugeKind &kind, Scale scale, bool fahrenheit)
         setHeat(kind, fahrenheit, 80, 50, 65);
         break;
     case Scale::Free:
-        kind.warning = QStringLiteral("10 % of the total");
-        kind.critical = QStringLiteral("5 % of the total");
+        kind.warning = panelText("10 % of the total");
+        kind.critical = panelText("5 % of the total");
         kind.below = true;
         Q_FALLTHROUGH();
     case Scale::Used:
         kind.minimum = zero;
-        kind.maximum = QStringLiteral("the total");
+        kind.maximum = panelText("the total");
         break;
     case Scale::Space:
         kind.minimum = zero;
@@ -104,7 +106,7 @@ void setScale(GaugeKind &kind, Scale scale, bool fahrenheit)
         break;
     case Scale::Video:
         kind.minimum = zero;
-        kind.maximum = QStringLiteral("the card's memory");
+        kind.maximum = panelText("the card's memory");
         break;
     case Scale::Steady:
     case Scale::Rate:

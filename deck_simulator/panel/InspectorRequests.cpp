@@ -1,6 +1,7 @@
 #include "deck_simulator/panel/InspectorRequests.h"
 
 #include "deck_simulator/panel/MissingReading.h"
+#include "deck_simulator/panel/PanelText.h"
 #include "deck_simulator/panel/SettingsLists.h"
 
 #include <QJsonArray>
@@ -61,7 +62,7 @@ QString infoText(const QString &request, const QJsonValue &info)
     if (request.endsWith(QLatin1String(" MB")))
         return info.toString() + QStringLiteral(" MB");
     if (request == QLatin1String("Memory Model"))
-        return info.toString() + QStringLiteral(" GB that the system may use, rounded");
+        return panelText("%1 GB that the system may use, rounded").arg(info.toString());
     if (request.endsWith(QLatin1String("Space")))
         return info.toString() + QStringLiteral(" GB");
     if (request.endsWith(QLatin1String("EndpointVolume")))
@@ -76,17 +77,21 @@ QString readingOf(const QVector<ListEntry> &list, const QString &value)
     });
     if (found == list.end())
         return notAvailable(value.isEmpty() ? QString()
-                                            : QStringLiteral("there is no \"%1\"").arg(value));
+                                            : panelText("there is no \"%1\"").arg(value));
     const QString reading = found->reading.isEmpty() ? notAvailable({}) : found->reading;
     return found->label + QStringLiteral(": ") + reading;
+}
+
+QString labelled(const QString &request, const QString &reading)
+{
+    return QStringLiteral("%1: %2").arg(panelText(request.toUtf8().constData()), reading);
 }
 
 // Of one device, 0 to 100.
 QString volumeText(const QJsonObject &device)
 {
     const double volume = device.value(QLatin1String("AudioNameszf")).toDouble();
-    return volume < 0 ? QStringLiteral("its volume cannot be read")
-                      : QString::number(volume, 'g', 4);
+    return volume < 0 ? panelText("its volume cannot be read") : QString::number(volume, 'g', 4);
 }
 
 } // namespace
@@ -146,7 +151,7 @@ QString InspectorReadings::driveLines() const
     const QJsonArray drives = m_infos.value(QLatin1String("drives")).toArray();
     for (const QJsonValue &value : drives) {
         const QJsonObject drive = value.toObject();
-        lines.append(QStringLiteral("%1: %2 GB free, %3 %")
+        lines.append(panelText("%1: %2 GB free, %3 %")
                          .arg(drive.value(QLatin1String("driveName")).toString())
                          .arg(drive.value(QLatin1String("freeSpaceGB")).toInt())
                          .arg(drive.value(QLatin1String("freeSpacePercent")).toInt()));
@@ -158,7 +163,7 @@ QString InspectorReadings::driveLines() const
     if (m_infos.value(QLatin1String("totalDisksTotalSpace")) == QLatin1String("0"))
         lines.append(total);
     else if (!free.isEmpty() && !total.isEmpty())
-        lines.append(QStringLiteral("All: %1 free of %2").arg(free, total));
+        lines.append(panelText("All: %1 free of %2").arg(free, total));
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -167,7 +172,7 @@ QString InspectorReadings::deviceLines() const
     QStringList lines;
     const QString volume = text(QStringLiteral("defaultAudioEndpointVolume"));
     if (!volume.isEmpty())
-        lines.append(QStringLiteral("Default device: %1").arg(volume));
+        lines.append(panelText("Default device: %1").arg(volume));
     const QJsonArray devices = m_infos.value(QLatin1String("AllAudioEndpointVolume")).toArray();
     for (const QJsonValue &value : devices) {
         const QJsonObject device = value.toObject();
@@ -199,7 +204,7 @@ QString InspectorReadings::previewText(const QString &action, const EntrySetting
     for (const QString &request : requests) {
         const QString line = text(request);
         if (!line.isEmpty())
-            lines.append(requests.size() > 1 ? request + QStringLiteral(": ") + line : line);
+            lines.append(requests.size() > 1 ? labelled(request, line) : line);
     }
     return lines.join(QLatin1Char('\n'));
 }

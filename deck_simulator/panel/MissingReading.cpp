@@ -1,5 +1,7 @@
 #include "deck_simulator/panel/MissingReading.h"
 
+#include "deck_simulator/panel/PanelText.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -15,23 +17,31 @@ struct MissingRow
 
 // Requests whose reading is never 0.
 const MissingRow missingRows[] = {
-    {"Cpu Temperature", "no sensor of the processor can be read; virtual machines have none"},
+    {"Cpu Temperature",
+     QT_TRANSLATE_NOOP("deck::SettingsPanel",
+                       "no sensor of the processor can be read; virtual machines have none")},
     {"Cpu Clock", nullptr},
     {"Cpu Power",
-     "no energy counter of the processor can be read; on Linux most are for root only"},
-    {"Cpu Voltage", "no sensor of the processor can be read"},
+     QT_TRANSLATE_NOOP(
+         "deck::SettingsPanel",
+         "no energy counter of the processor can be read; on Linux most are for root only")},
+    {"Cpu Voltage",
+     QT_TRANSLATE_NOOP("deck::SettingsPanel", "no sensor of the processor can be read")},
     {"Cpu Model", nullptr},
-    {"Gpu Temperature", "the graphics have no such sensor, or are asleep"},
-    {"Gpu Voltage", "the graphics have no such sensor, or are asleep"},
+    {"Gpu Temperature",
+     QT_TRANSLATE_NOOP("deck::SettingsPanel", "the graphics have no such sensor, or are asleep")},
+    {"Gpu Voltage",
+     QT_TRANSLATE_NOOP("deck::SettingsPanel", "the graphics have no such sensor, or are asleep")},
     {"Gpu Model", nullptr},
     {"Physical Memory Usage", nullptr},
     {"Memory Free MB", nullptr},
     {"Memory Used MB", nullptr},
     {"Memory Total MB", nullptr},
     {"Memory Model", nullptr},
-    {"totalDisksTotalSpace", "no drive can be read"},
+    {"totalDisksTotalSpace", QT_TRANSLATE_NOOP("deck::SettingsPanel", "no drive can be read")},
     {"defaultAudioEndpointVolume",
-     "there is no playback device, or the sound server cannot be reached"},
+     QT_TRANSLATE_NOOP("deck::SettingsPanel",
+                       "there is no playback device, or the sound server cannot be reached")},
 };
 
 // -1 as the server sends it.
@@ -61,15 +71,15 @@ bool hasNoGraphics(const QString &graphics)
 
 QString notAvailable(const QString &reason)
 {
-    const QString text = QStringLiteral("not available on this machine");
-    return reason.isEmpty() ? text : text + QStringLiteral(" (%1)").arg(reason);
+    return reason.isEmpty() ? panelText("not available on this machine")
+                            : panelText("not available on this machine (%1)").arg(reason);
 }
 
 QString missingText(const QString &request, const QString &info, const QString &graphics)
 {
     const bool ofGraphics = request.startsWith(QLatin1String("Gpu "));
     if (ofGraphics && hasNoGraphics(graphics) && (isZero(info) || hasNoGraphics(info)))
-        return notAvailable(QStringLiteral("no graphics card was found"));
+        return notAvailable(panelText("no graphics card was found"));
     const auto row = std::find_if(std::begin(missingRows), std::end(missingRows),
                                   [&request](const MissingRow &missing) {
                                       return request == QLatin1String(missing.request);
@@ -79,7 +89,8 @@ QString missingText(const QString &request, const QString &info, const QString &
     // A volume may be 0.
     const bool zeroIsMissing = request != QLatin1String("defaultAudioEndpointVolume");
     const bool missing = info.isEmpty() || isMinusOne(info) || (zeroIsMissing && isZero(info));
-    return missing ? notAvailable(QString::fromLatin1(row->reason)) : QString();
+    return missing ? notAvailable(row->reason == nullptr ? QString() : panelText(row->reason))
+                   : QString();
 }
 
 QString missingFanText(const QString &action, const QString &title)
@@ -87,9 +98,9 @@ QString missingFanText(const QString &action, const QString &title)
     if (!title.endsWith(QLatin1String("nodata")))
         return {};
     if (action == QLatin1String("com.quellor.stream.CPUFan"))
-        return notAvailable(QStringLiteral("no fan's speed can be read"));
+        return notAvailable(panelText("no fan's speed can be read"));
     if (action == QLatin1String("com.quellor.stream.PumpSpeed"))
-        return notAvailable(QStringLiteral("no pump's speed can be read"));
+        return notAvailable(panelText("no pump's speed can be read"));
     return {};
 }
 

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void beginsEmpty();
     void putsOnEmptyPlacesOnly();
     void givesANewKeyItsTitle();
+    void replaces();
     void finds();
     void moves();
     void exchanges();
@@ -81,6 +82,32 @@ void tst_DeckModel::givesANewKeyItsTitle()
     QVERIFY(model.at({0, 0})->settings.showTitle);
     model.put({1, 0}, keyuuid::cpuModel);
     QVERIFY(!model.at({1, 0})->settings.showTitle);
+
+    QSignalSpy languages(&model, &DeckModel::languageChanged);
+    model.setLanguage(QStringLiteral("zh_CN"));
+    model.setLanguage(QStringLiteral("zh_CN"));
+    QCOMPARE(languages.count(), 1);
+    model.put({2, 0}, memoryAction());
+    QCOMPARE(model.at({2, 0})->settings.text, QStringLiteral("内存"));
+    QCOMPARE(model.at({0, 0})->settings.text, QStringLiteral("Mem")); // stays
+}
+
+void tst_DeckModel::replaces()
+{
+    DeckModel model;
+    model.put({0, 0}, cpuAction());
+    model.put({1, 0}, cpuAction());
+    const QString before = model.at({0, 0})->context;
+    QSignalSpy layout(&model, &DeckModel::layoutChanged);
+    QVERIFY(model.replace({0, 0}, memoryAction()));
+    QCOMPARE(layout.count(), 1);
+    QCOMPARE(model.entries().size(), 2);
+    QVERIFY(model.at({0, 0})->context != before);
+    QCOMPARE(model.at({0, 0})->settings.text, QStringLiteral("Mem"));
+    QVERIFY(model.replace({5, 3}, memoryAction())); // nothing was there
+    QVERIFY(!model.replace({8, 0}, memoryAction()));
+    QVERIFY(!model.replace({0, 0}, QString()));
+    QCOMPARE(layout.count(), 2);
 }
 
 void tst_DeckModel::finds()

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void beginsWithKeysOfThePlugin();
     void comesBackAsItWasSaved();
     void keepsADeckWithoutKeys();
+    void readsASingleKey();
     void makesItsFolder();
     void readsAProfileWithoutGauges();
     void keepsGauges();
@@ -114,6 +115,26 @@ void tst_ProfileStore::keepsADeckWithoutKeys()
     ProfileStore store(m_file);
     QVERIFY(store.save({}));
     QVERIFY(ProfileStore(m_file).load().entries.isEmpty());
+}
+
+void tst_ProfileStore::readsASingleKey()
+{
+    DeckEntry entry;
+    entry.context = QStringLiteral("context");
+    entry.action = QStringLiteral("com.example");
+    entry.place = {2, 1};
+    entry.settings.text = QStringLiteral("中");
+    entry.settings.fillsKey = true;
+    entry.settings.display.style = QStringLiteral("ring");
+    const std::optional<DeckEntry> copy = readKey(keyText(entry));
+    QVERIFY(copy.has_value());
+    QCOMPARE(copy->action, entry.action);
+    QVERIFY(copy->settings == entry.settings);
+    QVERIFY(copy->context != entry.context);
+    for (const char *text : {"", "{", "[]", "7", "{}", "{\"action\": 7}", "{\"action\": \"\"}"})
+        QVERIFY2(!readKey(text).has_value(), text);
+    QVERIFY(readKey("{\"action\": \"x\", \"settings\": [1]}").has_value());
+    QVERIFY(!readKey(keyText(entry) + QByteArray(2 << 20, ' ')).has_value());
 }
 
 void tst_ProfileStore::makesItsFolder()

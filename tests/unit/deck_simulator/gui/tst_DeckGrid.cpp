@@ -35,8 +35,9 @@ private Q_SLOTS:
     void asksForSettings();
     void asksForAnAction();
     void takesADroppedAction();
-    void refusesAnActionOnATakenKey();
+    void replacesTheActionOfATakenKey();
     void takesADroppedKey();
+    void dragsAKeyWithTheMouse_data();
     void dragsAKeyWithTheMouse();
     void refusesStrangeDrops();
     void turnsDials();
@@ -286,10 +287,15 @@ void tst_DeckGrid::takesADroppedAction()
     QVERIFY(m_model->at({0, 0, true}) != nullptr);
 }
 
-void tst_DeckGrid::refusesAnActionOnATakenKey()
+void tst_DeckGrid::replacesTheActionOfATakenKey()
 {
-    QVERIFY(!drag(actionMime(QStringLiteral("another")), {0, 0}));
-    QCOMPARE(m_model->at({0, 0})->action, cpuAction());
+    const QString before = m_model->at({0, 0})->context;
+    m_grid->setCurrent({3, 3});
+    QVERIFY(drag(actionMime(keyuuid::memory), {0, 0}));
+    QCOMPARE(m_model->at({0, 0})->action, keyuuid::memory);
+    QVERIFY(m_model->at({0, 0})->context != before);
+    QCOMPARE(m_model->entries().size(), 2);
+    QVERIFY(m_grid->current() == (DeckPlace{0, 0}));
 }
 
 void tst_DeckGrid::takesADroppedKey()
@@ -301,9 +307,17 @@ void tst_DeckGrid::takesADroppedKey()
     QVERIFY(!drag(placeMime({2, 2}), {2, 2}));
 }
 
+void tst_DeckGrid::dragsAKeyWithTheMouse_data()
+{
+    QTest::addColumn<bool>("pauses");
+    QTest::newRow("at once") << false;
+    QTest::newRow("after a pause") << true;
+}
+
 // A whole drag: press, move, release. It runs its own event loop until the release.
 void tst_DeckGrid::dragsAKeyWithTheMouse()
 {
+    QFETCH(const bool, pauses);
     if (QGuiApplication::platformName() == QLatin1String("offscreen"))
         QSKIP("The offscreen platform finds no widget to drop on; tst_DeckGrid_x11 does");
     const QString context = m_model->at({0, 0})->context;
@@ -321,6 +335,8 @@ void tst_DeckGrid::dragsAKeyWithTheMouse()
             QTest::mouseRelease(window, Qt::LeftButton, {}, target);
     });
     QTest::mousePress(window, Qt::LeftButton, {}, cell->geometry().center());
+    if (pauses)
+        QTRY_COMPARE(pressed.count(), 1);
     steps.start(20);
     const QPoint away = cell->rect().center() + QPoint(60, 60);
     QMouseEvent move(QEvent::MouseMove, away, cell->mapToGlobal(away), Qt::LeftButton,
@@ -330,7 +346,11 @@ void tst_DeckGrid::dragsAKeyWithTheMouse()
     QVERIFY(m_model->at({0, 0}) == nullptr);
     QVERIFY(m_model->at({3, 2}) != nullptr);
     QCOMPARE(m_model->at({3, 2})->context, context);
-    QCOMPARE(pressed.count(), 0); // a key that is moved is not pressed
+    // A key that is moved at once is not pressed, and no key stays down.
+    QCOMPARE(pressed.count(), pauses ? 2 : 0);
+    if (pauses)
+        QCOMPARE(pressed.at(1).at(1), QVariant(false));
+    QVERIFY(!cell->isDown());
 }
 
 void tst_DeckGrid::refusesStrangeDrops()

@@ -3,6 +3,7 @@
 #include "deck_simulator/gui/DeckGrid.h"
 #include "deck_simulator/gui/DeckStatusBar.h"
 #include "deck_simulator/gui/DeckWindow.h"
+#include "deck_simulator/gui/EditActions.h"
 #include "deck_simulator/gui/LogView.h"
 #include "deck_simulator/gui/MessageBar.h"
 #include "deck_simulator/gui/PluginBar.h"
@@ -14,6 +15,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDir>
 #include <QDockWidget>
@@ -55,6 +57,11 @@ private Q_SLOTS:
     void returnsToTheDeck();
     void putsOnTheFirstFreeKey();
     void editsTheSelectedKey();
+    void undoesAndRedoes();
+    void tellsThePluginOfUndoneChanges();
+    void copiesKeys();
+    void pastesNothingStrange();
+    void spreadsALook();
     void sendsKeysAndDials();
     void startsAndStopsThePlugin();
     void tellsOfAPluginThatStandsStill();
@@ -63,6 +70,8 @@ private Q_SLOTS:
     void changesTheServicePort();
     void showsTheLog();
     void startsAgainInAnotherLanguage();
+    void speaksChinese();
+    void beginsInChinese();
     void startsAgainWithARecording();
     void resizesTheDeck();
     void showsPreviews();
@@ -213,6 +222,8 @@ void tst_DeckWindow::showsLivePictures()
     const KeyCell *cell = m_window->grid()->cell({0, 0});
     QCOMPARE(cell->face().picture.size(), QSize(60, 60));
     QVERIFY(cell->face().isGauge);
+    const auto *size = m_window->panel()->findChild<QLabel *>(QStringLiteral("pictureText"));
+    QTRY_COMPARE(size->text(), QStringLiteral("Picture 60 × 60, key 144 × 144: scaled to 240 %"));
     QVERIFY(!m_window->grid()->cell({0, 2})->face().isGauge);
     QVERIFY(cell->toolTip().contains(QLatin1String("drawn")));
     QTRY_VERIFY2(status().contains(QLatin1String("Link: registered")), qPrintable(status()));
@@ -220,6 +231,7 @@ void tst_DeckWindow::showsLivePictures()
     QVERIFY(status().contains(QLatin1String("B/s")));
     m_window->runner()->stop();
     QTRY_VERIFY(cell->face().picture.isNull());
+    QTRY_COMPARE(size->text(), QString());
     QVERIFY2(status().contains(QLatin1String("exit status 0")), qPrintable(status()));
 }
 
@@ -293,6 +305,164 @@ void tst_DeckWindow::editsTheSelectedKey()
     QTRY_VERIFY(received().contains("propertyInspectorDidDisappear"));
     press(Qt::Key_Delete);
     QCOMPARE(m_window->panel()->context(), QString());
+}
+
+void tst_DeckWindow::undoesAndRedoes()
+{
+    reopen();
+    m_window->activateWindow();
+    QTRY_VERIFY(m_window->grid()->hasFocus());
+    const DeckModel *model = m_window->model();
+    const auto keyClick = [this](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(m_window->grid(), key, modifiers);
+    };
+    press(Qt::Key_Delete);
+    QVERIFY(model->at({0, 0}) == nullptr);
+    keyClick(Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY(model->at({0, 0}) != nullptr);
+    keyClick(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(model->at({0, 0}) == nullptr);
+    keyClick(Qt::Key_Z, Qt::ControlModifier);
+    keyClick(Qt::Key_Y, Qt::ControlModifier);
+    QVERIFY(model->at({0, 0}) == nullptr);
+    keyClick(Qt::Key_Z, Qt::ControlModifier);
+
+    // The panel shows what is undone.
+    press(Qt::Key_F2);
+    auto *title = m_window->panel()->findChild<QLineEdit *>(QStringLiteral("title"));
+    QTest::keyClicks(title, QStringLiteral("Processor"));
+    QTest::keyClick(title, Qt::Key_Escape);
+    QTRY_VERIFY(m_window->grid()->hasFocus());
+    QCOMPARE(m_window->edits()->undoStack()->index(), 1);
+    QVERIFY(m_window->edits()->undoAction()->text().contains(QLatin1String("settings")));
+    keyClick(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(model->at({0, 0})->settings.text, QStringLiteral("CPU"));
+    QCOMPARE(title->text(), QStringLiteral("CPU"));
+
+    // An edit is not merged with one before another key was selected.
+    press(Qt::Key_F2);
+    QTest::keyClicks(title, QStringLiteral("a"));
+    m_window->grid()->setCurrent({1, 0});
+    m_window->grid()->setCurrent({0, 0});
+    QTest::keyClicks(title, QStringLiteral("b"));
+    QCOMPARE(m_window->edits()->undoStack()->index(), 2);
+
+    // The size of the deck, as the numbers below it change it.
+    auto *columns = m_window->deckBar()->findChildren<QSpinBox *>().constFirst();
+    columns->setValue(7);
+    columns->setValue(6);
+    QCOMPARE(m_window->edits()->undoStack()->index(), 3);
+    m_window->edits()->undoAction()->trigger();
+    QCOMPARE(columns->value(), 8);
+}
+
+void tst_DeckWindow::tellsThePluginOfUndoneChanges()
+{
+    open();
+    const QByteArray removed = context(1).toUtf8();
+    const auto count = [this](const char *event, const QByteArray &key) {
+        int times = 0;
+        const QList<QByteArray> lines = received().split('\n');
+        for (const QByteArray &line : lines)
+            times += line.contains(QByteArray("\"") + event + '"') && line.contains(key) ? 1 : 0;
+        return times;
+    };
+    m_window->grid()->setCurrent({1, 0});
+    QTRY_COMPARE(count("willAppear", removed), 1);
+    press(Qt::Key_Delete);
+    QTRY_COMPARE(count("willDisappear", removed), 1);
+    m_window->edits()->undoAction()->trigger();
+    QTRY_COMPARE(count("willAppear", removed), 2);
+    EntrySettings settings = m_window->model()->at({1, 0})->settings;
+    settings.color = QStringLiteral("#123456");
+    m_window->model()->changeSettings(context(1), settings);
+    m_window->edits()->undoAction()->trigger();
+    m_window->edits()->redoAction()->trigger();
+    QTRY_VERIFY(received().count("#123456") >= 2);
+}
+
+void tst_DeckWindow::copiesKeys()
+{
+    reopen();
+    m_window->activateWindow();
+    QTRY_VERIFY(m_window->grid()->hasFocus());
+    const DeckModel *model = m_window->model();
+    const auto control = [this](Qt::Key key) {
+        QTest::keyClick(m_window->grid(), key, Qt::ControlModifier);
+    };
+    const DeckEntry original = *model->at({0, 0});
+    control(Qt::Key_C);
+    QVERIFY(m_window->edits()->pasteAction()->isEnabled());
+    m_window->grid()->setCurrent({7, 3});
+    QVERIFY(!m_window->edits()->copyAction()->isEnabled());
+    QVERIFY(!m_window->edits()->lookAction()->isEnabled());
+    control(Qt::Key_V);
+    QVERIFY(model->at({7, 3}) != nullptr);
+    QCOMPARE(model->at({7, 3})->action, original.action);
+    QVERIFY(model->at({7, 3})->settings == original.settings);
+    QVERIFY(model->at({7, 3})->context != original.context);
+    QCOMPARE(m_window->panel()->context(), context(7, 3));
+
+    // On a key that is taken, and as one step.
+    m_window->grid()->setCurrent({1, 0});
+    const QString replaced = context(1);
+    control(Qt::Key_V);
+    QVERIFY(context(1) != replaced);
+    control(Qt::Key_Z);
+    QCOMPARE(context(1), replaced);
+
+    m_window->grid()->setCurrent({0, 0});
+    control(Qt::Key_X);
+    QVERIFY(model->at({0, 0}) == nullptr);
+    control(Qt::Key_V);
+    QVERIFY(model->at({0, 0})->settings == original.settings);
+
+    // A field that is edited keeps these keys for its text.
+    press(Qt::Key_F2);
+    auto *title = m_window->panel()->findChild<QLineEdit *>(QStringLiteral("title"));
+    QTRY_VERIFY(title->hasFocus());
+    QTest::keyClick(title, Qt::Key_X, Qt::ControlModifier);
+    QVERIFY(model->at({0, 0}) != nullptr);
+    QCOMPARE(model->at({0, 0})->settings.text, QString());
+}
+
+void tst_DeckWindow::pastesNothingStrange()
+{
+    reopen();
+    QClipboard *clipboard = QApplication::clipboard();
+    const int keys = m_window->model()->entries().size();
+    for (const char *text : {"", "{broken", "{}", "[1]", "{\"action\": 5}"}) {
+        auto *data = new QMimeData;
+        data->setData(QStringLiteral("application/x-deck-key"), text);
+        clipboard->setMimeData(data);
+        QVERIFY2(!m_window->edits()->pasteAction()->isEnabled(), text);
+    }
+    clipboard->setText(QStringLiteral("{\"action\": \"x\"}"));
+    m_window->edits()->pasteAction()->trigger();
+    QCOMPARE(m_window->model()->entries().size(), keys);
+}
+
+void tst_DeckWindow::spreadsALook()
+{
+    reopen();
+    const DeckModel *model = m_window->model();
+    const QVector<DeckEntry> before = model->entries();
+    EntrySettings settings = model->at({0, 0})->settings;
+    settings.fontFamily = QStringLiteral("Roboto|Light");
+    settings.color = QStringLiteral("#abcdef");
+    m_window->model()->changeSettings(context(0), settings);
+    m_window->edits()->lookAction()->trigger();
+    for (const DeckEntry &entry : model->entries()) {
+        QCOMPARE(entry.settings.fontFamily, QStringLiteral("Roboto|Light"));
+        QCOMPARE(entry.settings.color, QStringLiteral("#abcdef"));
+    }
+    QCOMPARE(model->at({5, 0})->settings.text, QStringLiteral("Free"));
+    m_window->edits()->lookAction()->trigger(); // nothing is left to do
+    QCOMPARE(m_window->edits()->undoStack()->index(), 2);
+    m_window->edits()->undoAction()->trigger();
+    m_window->edits()->undoAction()->trigger();
+    for (int index = 0; index < before.size(); ++index)
+        QVERIFY(model->entries().at(index).settings == before.at(index).settings);
 }
 
 void tst_DeckWindow::sendsKeysAndDials()
@@ -421,6 +591,64 @@ void tst_DeckWindow::startsAgainInAnotherLanguage()
     reopen();
     QCOMPARE(m_window->pluginBar()->languageField()->currentText(), QStringLiteral("中文"));
     QVERIFY(m_window->pluginBar()->stripField()->isChecked());
+}
+
+// Chosen at run time: the panel, the list of actions and new keys; keys keep their titles.
+void tst_DeckWindow::speaksChinese()
+{
+    reopen();
+    m_window->grid()->setCurrent({0, 2});
+    SettingsPanel *panel = m_window->panel();
+    const auto labelOf = [panel](const char *name) {
+        const QWidget *field = panel->findChild<QWidget *>(QString::fromLatin1(name));
+        const QList<QLabel *> labels = panel->findChildren<QLabel *>();
+        for (const QLabel *label : labels) {
+            if (label->buddy() == field)
+                return label->text();
+        }
+        return QString();
+    };
+    QCOMPARE(labelOf("title"), QStringLiteral("&Title"));
+    QComboBox *language = m_window->pluginBar()->languageField();
+    const auto choose = [language](const char *value) {
+        language->setCurrentIndex(language->findData(QString::fromLatin1(value)));
+        Q_EMIT language->activated(language->currentIndex());
+    };
+    choose("zh_CN");
+    QTRY_COMPARE(labelOf("title"), QStringLiteral("标题(&T)"));
+    QCOMPARE(panel->findChild<QLineEdit *>(QStringLiteral("title"))->text(), QStringLiteral("CPU"));
+    QCOMPARE(m_window->grid()->cell({0, 2})->face().caption, QStringLiteral("CPU使用率"));
+    const QAbstractItemModel &actions = *m_window->actionList()->view()->model();
+    QCOMPARE(actions.index(2, 0).data().toString(), QStringLiteral("内存"));
+
+    const DeckPlace free = m_window->model()->firstEmptyKey();
+    Q_EMIT m_window->actionList()->actionChosen(keyuuid::netWork);
+    QCOMPARE(m_window->model()->at(free)->settings.text, QStringLiteral("网速"));
+    auto *lines = panel->findChild<QComboBox *>(QStringLiteral("titleLines"));
+    lines->setCurrentIndex(lines->findText(QStringLiteral("双行")));
+    Q_EMIT lines->activated(lines->currentIndex());
+    QCOMPARE(m_window->model()->at(free)->settings.text, QStringLiteral("上传/下载"));
+    press(Qt::Key_F2);
+    QTest::keyClick(panel->findChild<QLineEdit *>(QStringLiteral("title")), Qt::Key_Escape);
+    QTRY_VERIFY(m_window->grid()->hasFocus()); // the new form is as well connected
+
+    choose("en");
+    QTRY_COMPARE(labelOf("title"), QStringLiteral("&Title"));
+    QCOMPARE(actions.index(2, 0).data().toString(), QStringLiteral("Memory"));
+    QCOMPARE(m_window->model()->at(free)->settings.text, QStringLiteral("上传/下载"));
+}
+
+void tst_DeckWindow::beginsInChinese()
+{
+    m_settings.language = QStringLiteral("zh_CN");
+    reopen();
+    m_settings.language.clear();
+    QCOMPARE(m_window->model()->at({0, 0})->settings.text, QStringLiteral("CPU使用率"));
+    QCOMPARE(m_window->model()->at({1, 2})->settings.text, QStringLiteral("上传/下载"));
+    const auto ring = [this] {
+        return m_window->panel()->findChild<QToolButton *>(QStringLiteral("style-ring"));
+    };
+    QTRY_COMPARE(ring()->text(), QStringLiteral("环形"));
 }
 
 void tst_DeckWindow::startsAgainWithARecording()

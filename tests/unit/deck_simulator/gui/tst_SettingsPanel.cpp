@@ -1,4 +1,5 @@
 #include "deck_simulator/gui/ColorField.h"
+#include "deck_simulator/gui/PanelTranslator.h"
 #include "deck_simulator/gui/SensorPicker.h"
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
@@ -50,9 +51,11 @@ private Q_SLOTS:
     void isLeftWithEnterAndEscape();
     void forgetsListsOfAnotherKey();
     void showsPreviewsAsPlainText();
+    void tellsTheSizeOfThePicture();
     void choosesAStyle();
     void showsOnlyWhatAGaugeUses();
     void tellsTheShortTitle();
+    void tellsTheShortTitleInChinese();
     void fitsWithEverythingOpen_data();
     void fitsWithEverythingOpen();
     void cutsNoTextOff_data();
@@ -483,6 +486,25 @@ void tst_SettingsPanel::showsPreviewsAsPlainText()
     QVERIFY(!control<QLabel>("preview")->isVisible());
 }
 
+void tst_SettingsPanel::tellsTheSizeOfThePicture()
+{
+    EntrySettings settings;
+    settings.fillsKey = true;
+    show(keyuuid::cpu, settings);
+    const auto *text = control<QLabel>("pictureText");
+    QVERIFY(!text->isVisible());
+    m_panel->form()->setPictureText(QStringLiteral("Picture 1 × 2"));
+    QCOMPARE(text->text(), QStringLiteral("Picture 1 × 2"));
+    QVERIFY(text->isVisible());
+    m_panel->form()->setPictureText({});
+    QVERIFY(!text->isVisible());
+    // The size is the plugin's until it is wanted otherwise.
+    QVERIFY(!control<QSpinBox>("fontSize")->isEnabled());
+    QTest::mouseClick(control<QCheckBox>("fillsKey"), Qt::LeftButton, {}, QPoint(8, 8));
+    QVERIFY(!last().fillsKey);
+    QVERIFY(control<QSpinBox>("fontSize")->isEnabled());
+}
+
 void tst_SettingsPanel::choosesAStyle()
 {
     show(keyuuid::cpu);
@@ -528,6 +550,23 @@ void tst_SettingsPanel::tellsTheShortTitle()
     show(keyuuid::cpuModel, settings);
     QVERIFY(!hint->isVisibleTo(m_panel.get()));
     QVERIFY(control<QWidget>("fontSize")->isVisibleTo(m_panel.get()));
+}
+
+// The plugin's own titles are in Chinese only where it finds the language.
+void tst_SettingsPanel::tellsTheShortTitleInChinese()
+{
+    EntrySettings settings;
+    settings.display.style = QStringLiteral("ring");
+    show(keyuuid::gpuMemoryUsage, settings);
+    PanelTranslator translator;
+    translator.setLanguage(QStringLiteral("zh_CN"));
+    QCoreApplication::installTranslator(&translator);
+    QCoreApplication::processEvents(); // the panel's texts change
+    const auto *hint = control<QLabel>("titleHint");
+    m_panel->setLanguage(QStringLiteral("zh_CN"), false);
+    QVERIFY2(hint->text().contains(QStringLiteral("“GPU mem”")), qPrintable(hint->text()));
+    m_panel->setLanguage(QStringLiteral("zh_CN"), true);
+    QVERIFY2(hint->text().contains(QStringLiteral("“显存”")), qPrintable(hint->text()));
 }
 
 void tst_SettingsPanel::fitsWithEverythingOpen_data()

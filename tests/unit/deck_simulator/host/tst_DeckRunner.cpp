@@ -25,6 +25,9 @@ private Q_SLOTS:
     void moves();
     void leavesOutWhatLiesOutside();
     void sendsTheWholeSettings();
+    void fillsKeys();
+    void fillsDials();
+    void fitsNoGauge();
     void takesOverWhatThePluginMakesOfSettings();
     void waitsForTheLastReply();
     void pressesAndTurns();
@@ -40,6 +43,7 @@ private:
     void start(const char *script = "panel");
     void stop();
     [[nodiscard]] QVector<QJsonObject> received(const QString &event = {}) const;
+    [[nodiscard]] QVector<int> toldWidths(const QString &context) const;
     [[nodiscard]] QByteArray content(const char *fileName) const;
     [[nodiscard]] QString context(int column, int row = 0) const
     {
@@ -78,8 +82,8 @@ void tst_DeckRunner::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     m_model = std::make_unique<DeckModel>();
-    m_model->put({0, 0}, cpuAction());
-    m_model->put({3, 1}, cpuAction());
+    m_model->put({0, 0}, cpuAction(), {});
+    m_model->put({3, 1}, cpuAction(), {});
     SessionSettings settings;
     settings.program = QStringLiteral(SCRIPTED_PLUGIN);
     settings.workFolder = m_folder->path();
@@ -125,6 +129,23 @@ QVector<QJsonObject> tst_DeckRunner::received(const QString &event) const
             messages.append(message);
     }
     return messages;
+}
+
+// The widths in the changes of a key's settings.
+QVector<int> tst_DeckRunner::toldWidths(const QString &context) const
+{
+    QVector<int> widths;
+    const QVector<QJsonObject> changes = received(QStringLiteral("didReceiveSettings"));
+    for (const QJsonObject &change : changes) {
+        const QJsonObject geometry = payloadOf(change)
+                                         .value(QLatin1String("settings"))
+                                         .toObject()
+                                         .value(QLatin1String("ActionGeometry"))
+                                         .toObject();
+        if (change.value(QLatin1String("context")).toString() == context)
+            widths.append(geometry.value(QLatin1String("width")).toInt());
+    }
+    return widths;
 }
 
 void tst_DeckRunner::runsTheDeckOfTheModel()
@@ -197,12 +218,55 @@ void tst_DeckRunner::sendsTheWholeSettings()
 
     settings.fillsKey = true;
     m_model->changeSettings(context(0), settings);
-    QTRY_COMPARE(received(QStringLiteral("didReceiveSettings")).size(), 2);
     const QJsonObject filling = settingsMessage(settings, {deckKeyPixels, deckKeyPixels});
-    QCOMPARE(payloadOf(received(QStringLiteral("didReceiveSettings")).at(1))
-                 .value(QLatin1String("settings"))
-                 .toObject(),
-             filling);
+    QTRY_COMPARE(payloadOf(received(QStringLiteral("didReceiveSettings")).constLast())
+                     .value(QLatin1String("settings"))
+                     .toObject(),
+                 filling);
+}
+
+// A picture shows how wide the text is; the key's width is told once for each.
+void tst_DeckRunner::fillsKeys()
+{
+    m_model->put({5, 0}, cpuAction());
+    QVERIFY(m_model->at({5, 0})->settings.fillsKey);
+    start();
+    QTRY_COMPARE(toldWidths(context(5)), (QVector<int>{144}));
+    QSignalSpy replies(m_runner.get(), &DeckRunner::settingsReplied);
+    EntrySettings settings = m_model->at({5, 0})->settings;
+    for (const char *text : {"a", "ab", "abc"}) {
+        settings.text = QString::fromLatin1(text);
+        m_model->changeSettings(context(5), settings);
+    }
+    QTRY_COMPARE(toldWidths(context(5)), (QVector<int>{144, 144, 60, 60, 144}));
+    // That it still does not fill the key leads to nothing more.
+    settings.fillsKey = false;
+    m_model->changeSettings(context(5), settings);
+    QTRY_COMPARE(toldWidths(context(5)).size(), 6);
+    QCOMPARE(toldWidths(context(5)).constLast(), 60);
+    QVERIFY(toldWidths(context(0)).isEmpty());
+}
+
+void tst_DeckRunner::fillsDials()
+{
+    m_model->put({1, 0, true}, cpuAction());
+    start();
+    const QString dial = m_model->at({1, 0, true})->context;
+    QTRY_COMPARE(toldWidths(dial), (QVector<int>{288}));
+}
+
+void tst_DeckRunner::fitsNoGauge()
+{
+    EntrySettings settings;
+    settings.fillsKey = true;
+    settings.display.style = QStringLiteral("ring");
+    m_model->put({5, 0}, cpuAction(), settings);
+    start();
+    QTRY_COMPARE(m_runner->key(context(5))->picture().size(), QSize(60, 60));
+    settings.color = QStringLiteral("red");
+    m_model->changeSettings(context(5), settings);
+    QTRY_COMPARE(m_runner->key(context(5))->pictures(), quint64(2));
+    QCOMPARE(toldWidths(context(5)), (QVector<int>{60}));
 }
 
 void tst_DeckRunner::takesOverWhatThePluginMakesOfSettings()
