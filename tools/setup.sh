@@ -9,6 +9,8 @@ gate_packages=(clang-format clang-tidy git)
 fuzz_packages=(clang libclang-rt-14-dev)
 windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth iproute2 util-linux locales
     pulseaudio pulseaudio-utils nsis)
+packaging_packages=(dpkg-dev lintian desktop-file-utils appstream man-db python3
+    python3-license-expression)
 
 is_installed() {
     [ "$(dpkg-query -W -f '${db:Status-Abbrev}' "$1" 2>/dev/null)" = "ii " ]

@@ -1,8 +1,0 @@
-# Gives every file of a package the time in SOURCE_DATE_EPOCH, if there is one.
-if(DEFINED ENV{SOURCE_DATE_EPOCH})
-    file(GLOB_RECURSE entries LIST_DIRECTORIES true "${CPACK_TEMPORARY_DIRECTORY}/*")
-    foreach(entry IN LISTS entries)
-        execute_process(COMMAND touch --date "@$ENV{SOURCE_DATE_EPOCH}" "${entry}"
-            COMMAND_ERROR_IS_FATAL ANY)
-    endforeach()
-endif()

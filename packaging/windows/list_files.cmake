@@ -1,0 +1,25 @@
+# Lists the package's files and folders for the installer, in an order that is the same on each disk.
+if(CPACK_GENERATOR STREQUAL "NSIS")
+    file(GLOB_RECURSE files RELATIVE "${CPACK_TEMPORARY_DIRECTORY}" "${CPACK_TEMPORARY_DIRECTORY}/*")
+    set(install "")
+    set(delete "")
+    set(folders "")
+    foreach(file IN LISTS files)
+        cmake_path(GET file PARENT_PATH folder)
+        list(APPEND folders "${folder}")
+        string(REPLACE / \\ folder "${folder}")
+        string(REPLACE / \\ file "${file}")
+        string(APPEND install "    SetOutPath \"$INSTDIR\\${folder}\"\n"
+            "    File \"${CPACK_TEMPORARY_DIRECTORY}\\${file}\"\n")
+        string(APPEND delete "    Delete \"$INSTDIR\\${file}\"\n")
+    endforeach()
+    # Those within others first.
+    list(REMOVE_DUPLICATES folders)
+    list(SORT folders ORDER DESCENDING)
+    foreach(folder IN LISTS folders)
+        string(REPLACE / \\ folder "${folder}")
+        string(APPEND delete "    RMDir \"$INSTDIR\\${folder}\"\n")
+    endforeach()
+    file(WRITE "${CPACK_TOPLEVEL_DIRECTORY}/files.nsh"
+        "!macro InstallFiles\n${install}!macroend\n!macro DeleteFiles\n${delete}!macroend\n")
+endif()
