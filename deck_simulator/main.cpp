@@ -139,6 +139,9 @@ int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    // Rounded to whole numbers, a desktop's 150 % would be 200 % for all but the text.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     const QApplication application(argc, argv);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/window.ico")));
     applyColors(options.colors);

@@ -5,10 +5,12 @@
 #include "deck_simulator/gui/DeckBar.h"
 #include "deck_simulator/gui/DeckGrid.h"
 #include "deck_simulator/gui/DeckStatusBar.h"
+#include "deck_simulator/gui/DeckView.h"
 #include "deck_simulator/gui/Inspector.h"
 #include "deck_simulator/gui/LogView.h"
 #include "deck_simulator/gui/MessageBar.h"
 #include "deck_simulator/gui/PluginBar.h"
+#include "deck_simulator/gui/ScreenRoom.h"
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
 #include "deck_simulator/host/DeckStatus.h"
@@ -16,11 +18,8 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
-#include <QGuiApplication>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScreen>
-#include <QStyle>
 #include <QVBoxLayout>
 
 namespace deck {
@@ -28,16 +27,9 @@ namespace deck {
 namespace {
 
 constexpr QSize usualSize(1320, 820);
-
-// Within the screen and the frame that windows have on it.
-QSize firstSize(const QWidget &window)
-{
-    const QScreen *screen = QGuiApplication::primaryScreen();
-    const int frame = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    return screen == nullptr
-               ? usualSize
-               : usualSize.boundedTo(screen->availableSize() - QSize(frame, 2 * frame));
-}
+constexpr int logHeight = 180;
+constexpr int deckMargins = 30;  // beside it
+constexpr int panelLetters = 32; // across a panel that need not scroll sideways
 
 QDockWidget *makeDock(const QString &title, const char *name, QWidget *content)
 {
@@ -79,7 +71,7 @@ DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     auto *deck = new QWidget;
     auto *layout = new QVBoxLayout(deck);
     layout->addWidget(m_messages);
-    layout->addWidget(m_grid, 1);
+    layout->addWidget(new DeckView(m_grid), 1);
     layout->addWidget(m_deckBar);
     setCentralWidget(deck);
     setStatusBar(m_status);
@@ -90,8 +82,8 @@ DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     connectRunner();
     m_saveTimer.setSingleShot(true);
     connect(&m_saveTimer, &QTimer::timeout, this, &DeckWindow::saveProfile);
-    resize(firstSize(*this));
-    resizeDocks({findChild<QDockWidget *>(QStringLiteral("log"))}, {180}, Qt::Vertical);
+    resize(usualSize.boundedTo(roomOnScreen(*this)));
+    arrangeDocks(size());
     loadProfile(settings.language);
     connect(&m_model, &DeckModel::changed, this, [this] { m_saveTimer.start(0); });
     onStateChanged();
@@ -107,6 +99,32 @@ void DeckWindow::addDocks()
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     connect(m_actions, &ActionPalette::actionChosen, this, &DeckWindow::putOnCurrent);
+}
+
+// Where the deck would have no room between them, the lists lie behind each other.
+void DeckWindow::arrangeDocks(const QSize &window)
+{
+    auto *actions = findChild<QDockWidget *>(QStringLiteral("actions"));
+    auto *panel = findChild<QDockWidget *>(QStringLiteral("settings"));
+    auto *log = findChild<QDockWidget *>(QStringLiteral("log"));
+    const QSize deck = m_grid->minimumSizeHint();
+    const int panelWidth = panel->sizeHint().width();
+    if (deck.width() + actions->sizeHint().width() + panelWidth > window.width()) {
+        tabifyDockWidget(panel, actions);
+        const int least = panelLetters * fontMetrics().horizontalAdvance(QLatin1Char('0'));
+        const int beside =
+            qMax(window.width() - deck.width() - deckMargins, qMin(least, window.width() / 2));
+        resizeDocks({panel}, {qMin(beside, panelWidth)}, Qt::Horizontal);
+    }
+    int others = 0;
+    for (const QWidget *bar :
+         std::initializer_list<QWidget *>{menuBar(), m_pluginBar, m_deckBar, m_status})
+        others += bar->sizeHint().height();
+    const int rest = window.height() - deck.height() - others;
+    if (rest < log->minimumSizeHint().height())
+        tabifyDockWidget(panel, log);
+    panel->raise();
+    resizeDocks({log}, {qBound(1, rest, logHeight)}, Qt::Vertical);
 }
 
 void DeckWindow::addMenus()
@@ -172,6 +190,13 @@ void DeckWindow::loadProfile(const QString &language)
     m_pluginBar->showState();
     restoreGeometry(m_profile.windowGeometry);
     restoreState(m_profile.windowState);
+    // The screen may have become smaller since, and the text larger.
+    const QSize room = roomOnScreen(*this);
+    const QSize least = minimumSizeHint();
+    if (least.width() > room.width() || least.height() > room.height())
+        arrangeDocks(room);
+    if (!isMaximized() && !isFullScreen())
+        resize(size().boundedTo(room));
     // The user must notice that a deck has been set aside.
     if (!m_store.message().isEmpty()) {
         m_log.tell(m_store.message());

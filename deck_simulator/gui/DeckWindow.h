@@ -72,6 +72,7 @@ private:
     void loadProfile(const QString &language);
     void saveProfile();
     void addDocks();
+    void arrangeDocks(const QSize &window);
     void addMenus();
     void connectGrid();
     void connectRunner();

@@ -15,8 +15,10 @@ namespace deck {
 namespace {
 
 // Across the panel.
-constexpr int fewestLetters = 32;
+constexpr int fewestLetters = 10;
 constexpr int usualLetters = 44;
+
+constexpr qreal captionSize = 1.2; // of the text's
 
 QString placeText(const DeckPlace &place)
 {
@@ -45,32 +47,32 @@ SettingsPanel::SettingsPanel(QWidget *parent)
     , m_scroll(new QScrollArea)
     , m_form(new SettingsForm)
 {
-    QFont large = font();
-    large.setBold(true);
-    large.setPointSizeF(large.pointSizeF() * 1.2);
-    m_caption->setFont(large);
+    m_caption->setObjectName(QStringLiteral("caption"));
     m_preview->setObjectName(QStringLiteral("preview"));
     m_preview->setToolTip(tr("From the plugin's data server"));
     m_preview->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_empty->setText(tr("Nothing is on this key. Drag an action on it, or double-click one in the "
                         "list."));
     m_empty->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    m_scroll->setWidget(m_form);
-    m_scroll->setWidgetResizable(true);
-    m_scroll->setFrameShape(QFrame::NoFrame);
-    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
     auto *head = new QGridLayout;
     head->addWidget(m_icon, 0, 0, 2, 1);
     head->addWidget(m_caption, 0, 1);
     head->addWidget(m_place, 1, 1);
     head->setColumnStretch(1, 1);
+    auto *content = new QWidget;
+    auto *contentLayout = new QVBoxLayout(content);
+    contentLayout->addLayout(head);
+    contentLayout->addWidget(m_preview);
+    contentLayout->addWidget(m_empty, 1);
+    contentLayout->addWidget(m_form, 1);
+    m_scroll->setWidget(content);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFrameShape(QFrame::NoFrame);
     auto *layout = new QVBoxLayout(this);
-    layout->addLayout(head);
-    layout->addWidget(m_preview);
-    layout->addWidget(m_empty, 1);
-    layout->addWidget(m_scroll, 1);
-    setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * fewestLetters);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_scroll);
+    showFont();
     connect(m_form, &SettingsForm::edited, this,
             [this](const EntrySettings &settings) { Q_EMIT edited(m_context, settings); });
     setEntry(nullptr);
@@ -85,7 +87,7 @@ QSize SettingsPanel::sizeHint() const
 void SettingsPanel::setEntry(const DeckEntry *entry)
 {
     const bool shown = entry != nullptr;
-    for (QWidget *widget : std::initializer_list<QWidget *>{m_icon, m_caption, m_place, m_scroll})
+    for (QWidget *widget : std::initializer_list<QWidget *>{m_icon, m_caption, m_place, m_form})
         widget->setVisible(shown);
     m_empty->setVisible(!shown);
     if (!shown) {
@@ -105,6 +107,19 @@ void SettingsPanel::setEntry(const DeckEntry *entry)
     m_place->setText(placeText(entry->place));
     m_form->setAction(entry->action);
     m_form->setSettings(entry->settings);
+}
+
+void SettingsPanel::showFont()
+{
+    QFont large = font();
+    large.setBold(true);
+    if (large.pointSizeF() > 0)
+        large.setPointSizeF(large.pointSizeF() * captionSize);
+    else
+        large.setPixelSize(qRound(large.pixelSize() * captionSize));
+    m_caption->setFont(large);
+    setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * fewestLetters);
+    showIcon();
 }
 
 void SettingsPanel::showIcon()
@@ -129,6 +144,8 @@ void SettingsPanel::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::PaletteChange)
         showIcon();
+    else if (event->type() == QEvent::FontChange)
+        showFont();
     QWidget::changeEvent(event);
 }
 

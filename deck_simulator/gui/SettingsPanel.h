@@ -37,6 +37,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    void showFont();
     void showIcon();
 
     QLabel *m_icon;
