@@ -10,6 +10,8 @@
 
 namespace deck {
 
+struct DeckProfile;
+
 /// The settings with which the plugin is started, besides the deck.
 struct LaunchChoices
 {
@@ -42,5 +44,8 @@ StoredProfile readProfile(const QByteArray &text, QStringList *faults);
 
 /// The deck of the first start.
 StoredProfile firstProfile();
+
+/// A profile that begins with the keys of a deck.
+StoredProfile profileWith(const DeckProfile &deck);
 
 } // namespace deck

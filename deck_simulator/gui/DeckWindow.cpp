@@ -1,9 +1,12 @@
 #include "deck_simulator/gui/DeckWindow.h"
 
+#include "deck_simulator/deck/DeckName.h"
 #include "deck_simulator/deck/PictureFile.h"
 #include "deck_simulator/gui/ActionPalette.h"
 #include "deck_simulator/gui/DeckBar.h"
 #include "deck_simulator/gui/DeckGrid.h"
+#include "deck_simulator/gui/DeckMenu.h"
+#include "deck_simulator/gui/DeckNameDialog.h"
 #include "deck_simulator/gui/DeckStatusBar.h"
 #include "deck_simulator/gui/DeckView.h"
 #include "deck_simulator/gui/Inspector.h"
@@ -54,8 +57,11 @@ void bringUp(const QWidget *content)
 
 DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     : QMainWindow(parent)
-    , m_store(settings.profileFile,
-              settings.keepsProfile ? ProfileStore::Access::Full : ProfileStore::Access::ReadOnly)
+    , m_shelf(settings.profileFile)
+    , m_access(settings.keepsProfile ? ProfileStore::Access::Full : ProfileStore::Access::ReadOnly)
+    , m_deckName(settings.deckName.isEmpty() ? defaultDeckName()
+                                             : m_shelf.keptName(settings.deckName))
+    , m_store(makeStore(m_deckName))
     , m_runner(settings.session, &m_model)
     , m_grid(new DeckGrid(&m_model))
     , m_actions(new ActionPalette)
@@ -63,11 +69,11 @@ DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     , m_inspector(new Inspector(&m_model, &m_runner, m_panel, settings.dataServerPort, this))
     , m_pluginBar(new PluginBar(&m_runner))
     , m_deckBar(new DeckBar(&m_model))
+    , m_deckMenu(new DeckMenu(&m_shelf, this))
     , m_logView(new LogView(&m_log))
     , m_status(new DeckStatusBar)
     , m_messages(new MessageBar)
 {
-    setWindowTitle(tr("Deck simulator"));
     auto *deck = new QWidget;
     auto *layout = new QVBoxLayout(deck);
     layout->addWidget(m_messages);
@@ -81,10 +87,10 @@ DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     connectGrid();
     connectRunner();
     m_saveTimer.setSingleShot(true);
-    connect(&m_saveTimer, &QTimer::timeout, this, &DeckWindow::saveProfile);
+    connect(&m_saveTimer, &QTimer::timeout, this, [this] { saveProfile(); });
     resize(usualSize.boundedTo(roomOnScreen(*this)));
     arrangeDocks(size());
-    loadProfile(settings.language);
+    loadProfile(settings.freshDeck, settings.language);
     connect(&m_model, &DeckModel::changed, this, [this] { m_saveTimer.start(0); });
     onStateChanged();
     m_grid->setFocus();
@@ -136,6 +142,10 @@ void DeckWindow::addMenus()
     plugin->addActions({m_pluginBar->dieAction(), m_pluginBar->portAction()});
     plugin->addSeparator();
     plugin->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+    menuBar()->addMenu(m_deckMenu);
+    m_deckMenu->saveAsAction()->setEnabled(m_access == ProfileStore::Access::Full);
+    connect(m_deckMenu, &DeckMenu::deckChosen, this, &DeckWindow::openDeck);
+    connect(m_deckMenu->saveAsAction(), &QAction::triggered, this, &DeckWindow::askForName);
     QMenu *view = menuBar()->addMenu(tr("&View"));
     const QList<QDockWidget *> docks = findChildren<QDockWidget *>();
     for (const QDockWidget *dock : docks)
@@ -180,14 +190,29 @@ void DeckWindow::connectRunner()
     connect(m_pluginBar, &PluginBar::launchChanged, this, [this] { m_saveTimer.start(0); });
 }
 
-void DeckWindow::loadProfile(const QString &language)
+std::unique_ptr<ProfileStore> DeckWindow::makeStore(const QString &name) const
 {
-    m_profile = m_store.load();
+    return std::make_unique<ProfileStore>(m_shelf.file(name), m_access);
+}
+
+void DeckWindow::loadProfile(const StoredProfile &fresh, const QString &language)
+{
+    m_profile = m_store->load(fresh);
     if (!language.isEmpty())
         m_profile.launch.language = language;
-    m_model.restore(m_profile.grid, m_profile.dials, m_profile.entries);
-    m_runner.setLaunch(m_profile.launch);
-    m_pluginBar->showState();
+    rememberDeck();
+    showDeck();
+    restoreWindow();
+}
+
+void DeckWindow::rememberDeck()
+{
+    if (m_access == ProfileStore::Access::Full && !m_shelf.rememberLast(m_deckName))
+        m_log.tell(tr("It cannot be kept which deck was open last."));
+}
+
+void DeckWindow::restoreWindow()
+{
     restoreGeometry(m_profile.windowGeometry);
     restoreState(m_profile.windowState);
     // The screen may have become smaller since, and the text larger.
@@ -197,23 +222,93 @@ void DeckWindow::loadProfile(const QString &language)
         arrangeDocks(room);
     if (!isMaximized() && !isFullScreen())
         resize(size().boundedTo(room));
+}
+
+void DeckWindow::showDeck()
+{
+    m_model.restore(m_profile.grid, m_profile.dials, m_profile.entries);
+    m_runner.setLaunch(m_profile.launch);
+    m_pluginBar->showState();
+    m_deckMenu->setOpenDeck(m_deckName);
+    setWindowTitle(isDefaultDeck(m_deckName) ? tr("Deck simulator")
+                                             : tr("%1 - Deck simulator").arg(m_deckName));
     // The user must notice that a deck has been set aside.
-    if (!m_store.message().isEmpty()) {
-        m_log.tell(m_store.message());
-        m_messages->showMessage(m_store.message());
+    if (!m_store->message().isEmpty()) {
+        m_log.tell(m_store->message());
+        m_messages->showMessage(m_store->message());
     }
 }
 
-void DeckWindow::saveProfile()
+bool DeckWindow::saveProfile()
 {
+    m_saveTimer.stop();
     m_profile.grid = m_model.grid();
     m_profile.dials = m_model.dials();
     m_profile.entries = m_model.entries();
     m_profile.launch = m_runner.launch();
     m_profile.windowGeometry = saveGeometry();
     m_profile.windowState = saveState();
-    if (!m_store.save(m_profile) && !m_store.message().isEmpty())
-        showNotice(m_store.message());
+    const bool saved = m_store->save(m_profile);
+    if (!saved && !m_store->message().isEmpty())
+        showNotice(m_store->message());
+    return saved;
+}
+
+void DeckWindow::openDeck(const QString &name)
+{
+    m_deckMenu->setOpenDeck(m_deckName); // until it is open
+    if (name == m_deckName)
+        return;
+    if (!m_shelf.has(name)) {
+        showNotice(tr("There is no deck \"%1\" any more.").arg(name));
+        return;
+    }
+    // What cannot be saved would be lost.
+    if (!saveProfile())
+        return;
+    std::unique_ptr<ProfileStore> store = makeStore(name);
+    m_profile = store->load();
+    m_messages->clear(); // it was about the deck before
+    const LaunchChoices before = m_runner.launch();
+    goOnWith(std::move(store), name);
+    if (m_runner.isRunning() && !(before == m_runner.launch()))
+        m_runner.restart();
+}
+
+void DeckWindow::saveDeckAs(const QString &name)
+{
+    const QString fault = deckNameFault(name);
+    if (!fault.isEmpty() || m_shelf.has(name)) {
+        showNotice(fault.isEmpty() ? tr("There is a deck \"%1\" already.").arg(name)
+                                   : tr("The deck is not saved: its name %1.").arg(fault));
+        return;
+    }
+    saveProfile();
+    std::unique_ptr<ProfileStore> store = makeStore(name);
+    store->load(m_profile);
+    if (!store->keeps() || !store->save(m_profile)) {
+        showNotice(store->message());
+        return;
+    }
+    m_messages->clear();
+    goOnWith(std::move(store), name);
+}
+
+void DeckWindow::goOnWith(std::unique_ptr<ProfileStore> store, const QString &name)
+{
+    m_store = std::move(store);
+    m_deckName = name;
+    rememberDeck();
+    showDeck();
+    m_saveTimer.stop(); // nothing has been changed
+}
+
+void DeckWindow::askForName()
+{
+    auto *dialog = new DeckNameDialog(&m_shelf, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &DeckNameDialog::nameChosen, this, &DeckWindow::saveDeckAs);
+    dialog->open();
 }
 
 void DeckWindow::start()

@@ -4,8 +4,8 @@
 
 namespace deck {
 
-/// A line of plain text that is cut with "…" where there is no room for it; the tool tip then has all
-/// of it.
+/// A line of plain text that is cut with "…" where there is no room for it; the tool tip then has
+/// all of it.
 class ElidedLabel : public QLabel
 {
     Q_OBJECT

@@ -14,7 +14,11 @@ namespace deck {
 namespace {
 
 constexpr std::chrono::seconds briefTime{15};
-constexpr int mostLines = 3; // at once
+
+// Lines that are shown at once, also in a window that has fewer than lowWindow of them.
+constexpr int mostLines = 3;
+constexpr int mostLinesInLowWindow = 2;
+constexpr int lowWindow = 20;
 
 // With places at which long paths may be broken.
 QString breakable(const QString &text)
@@ -90,7 +94,9 @@ void MessageBar::makeRoom()
 {
     // Without a text it is -1.
     const int height = qMax(0, m_label->heightForWidth(m_scroll->viewport()->width()));
-    m_scroll->setFixedHeight(qMin(height, mostLines * m_label->fontMetrics().lineSpacing()));
+    const int line = m_label->fontMetrics().lineSpacing();
+    const int most = window()->height() < lowWindow * line ? mostLinesInLowWindow : mostLines;
+    m_scroll->setFixedHeight(qMin(height, most * line));
 }
 
 bool MessageBar::eventFilter(QObject *watched, QEvent *event)

@@ -12,7 +12,8 @@ namespace deck {
 namespace {
 
 constexpr qreal usualPoints = 9;
-constexpr qreal widestScrollBar = 1.5; // of the usual; beyond that it takes the room of what scrolls
+constexpr qreal widestScrollBar =
+    1.5; // of the usual; beyond that it takes the room of what scrolls
 
 bool growsWithText(QStyle::PixelMetric metric)
 {
@@ -63,14 +64,15 @@ public:
         box.moveCenter(QRectF(rect).center());
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(QPen(QApplication::palette().color(group, QPalette::WindowText),
-                             qMax(1.2, side / 7)));
+        painter->setPen(
+            QPen(QApplication::palette().color(group, QPalette::WindowText), qMax(1.2, side / 7)));
         if (m_mark == QStyle::SP_TitleBarNormalButton)
             paintWindows(*painter, box);
         else if (m_mark == QStyle::SP_ToolBarHorizontalExtensionButton)
             paintChevrons(*painter, box);
         else
-            painter->drawLines({{box.topLeft(), box.bottomRight()}, {box.bottomLeft(), box.topRight()}});
+            painter->drawLines(
+                {{box.topLeft(), box.bottomRight()}, {box.bottomLeft(), box.topRight()}});
         painter->restore();
     }
 
@@ -97,9 +99,8 @@ private:
     {
         const qreal half = box.width() / 2;
         for (const qreal left : {box.left(), box.left() + half})
-            painter.drawPolyline(QPolygonF({{left, box.top()},
-                                            {left + half, box.center().y()},
-                                            {left, box.bottom()}}));
+            painter.drawPolyline(QPolygonF(
+                {{left, box.top()}, {left + half, box.center().y()}, {left, box.bottom()}}));
     }
 
     QStyle::StandardPixmap m_mark;

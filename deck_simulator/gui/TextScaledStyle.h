@@ -27,7 +27,8 @@ private:
     mutable bool m_enlarges = false; // a style draws a branch by drawing an arrow
 };
 
-/// How many times larger than a style expects the letters are, at least 1. A style expects 9 points.
+/// How many times larger than a style expects the letters are, at least 1. A style expects 9
+/// points.
 qreal textScale(const QFont &font);
 
 } // namespace deck

@@ -110,6 +110,14 @@ bool isInAnother(const QWidget *widget, const QList<QDockWidget *> &docks, const
     });
 }
 
+// A change goes from layout to layout with an event each.
+void layOut()
+{
+    constexpr int deepest = 10;
+    for (int level = 0; level < deepest; ++level)
+        QCoreApplication::processEvents();
+}
+
 void scrollTo(QWidget *widget, const QPoint &point)
 {
     for (QWidget *above = widget->parentWidget(); above != nullptr; above = above->parentWidget()) {
@@ -159,7 +167,7 @@ void tst_SmallScreens::open(const QSize &size, int percent)
         if (heading->objectName().endsWith(QLatin1String("Section")))
             heading->setChecked(true);
     }
-    QCoreApplication::processEvents();
+    layOut();
 }
 
 void tst_SmallScreens::fits_data()
@@ -180,7 +188,7 @@ void tst_SmallScreens::fits()
     open(size, percent);
     QCOMPARE(m_window->size(), size);
     m_window->messages()->showMessage(QStringLiteral("A long message. ").repeated(40));
-    QCoreApplication::processEvents();
+    layOut();
     QCOMPARE(m_window->size(), size);
     const QSize least = m_window->minimumSizeHint();
     QVERIFY2(least.width() <= size.width() && least.height() <= size.height(),
@@ -212,7 +220,7 @@ void tst_SmallScreens::show(QDockWidget *dock)
 {
     dock->show();
     dock->raise();
-    QCoreApplication::processEvents();
+    layOut();
 }
 
 void tst_SmallScreens::reach(QWidget *widget)
@@ -286,7 +294,7 @@ void tst_SmallScreens::reachesEveryKey()
     open(size, percent);
     m_window->model()->setGrid({DeckModel::mostColumns, DeckModel::mostRows});
     m_window->model()->setDials(DeckModel::mostDials);
-    QCoreApplication::processEvents();
+    layOut();
     DeckGrid *grid = m_window->grid();
     const int least = grid->leastSide();
     QVERIFY(least >= 48 && least >= 2 * QFontMetrics(QApplication::font()).lineSpacing());
@@ -356,7 +364,7 @@ void tst_SmallScreens::growsWithTheText()
     QFont font = QApplication::font();
     font.setPointSizeF(font.pointSizeF() * 2);
     QApplication::setFont(font);
-    QCoreApplication::processEvents();
+    layOut();
     const QVector<int> large = sizes();
     m_window.reset();
     open({1300, 800}, 200);
