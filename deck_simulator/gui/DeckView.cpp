@@ -26,7 +26,7 @@ DeckView::DeckView(DeckGrid *grid, QWidget *parent)
 QSize DeckView::minimumSizeHint() const
 {
     const int side = m_grid->leastSide() + 2 * keyMargin;
-    return {2 * side + verticalScrollBar()->sizeHint().width(),
+    return {side * 3 / 2 + verticalScrollBar()->sizeHint().width(),
             side + horizontalScrollBar()->sizeHint().height()};
 }
 

@@ -16,7 +16,7 @@ public:
     /// Takes \a grid.
     explicit DeckView(DeckGrid *grid, QWidget *parent = nullptr);
 
-    /// Room for two keys beside each other.
+    /// Room for one key and a half.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:

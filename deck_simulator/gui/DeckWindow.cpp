@@ -16,6 +16,7 @@
 #include "deck_simulator/gui/ScreenRoom.h"
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
+#include "deck_simulator/gui/TextScaledStyle.h"
 #include "deck_simulator/host/DeckStatus.h"
 
 #include <QCloseEvent>
@@ -88,7 +89,7 @@ DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
     connectRunner();
     m_saveTimer.setSingleShot(true);
     connect(&m_saveTimer, &QTimer::timeout, this, [this] { saveProfile(); });
-    resize(usualSize.boundedTo(roomOnScreen(*this)));
+    resize((QSizeF(usualSize) * textScale(font())).toSize().boundedTo(roomOnScreen(*this)));
     arrangeDocks(size());
     loadProfile(settings.freshDeck, settings.language);
     connect(&m_model, &DeckModel::changed, this, [this] { m_saveTimer.start(0); });
@@ -98,9 +99,9 @@ DeckWindow::DeckWindow(const WindowSettings &settings, QWidget *parent)
 
 void DeckWindow::addDocks()
 {
-    addDockWidget(Qt::LeftDockWidgetArea, makeDock(tr("Actions"), "actions", m_actions));
-    addDockWidget(Qt::RightDockWidgetArea, makeDock(tr("Settings"), "settings", m_panel));
-    addDockWidget(Qt::BottomDockWidgetArea, makeDock(tr("Log"), "log", m_logView));
+    makeDock(tr("Actions"), "actions", m_actions)->setParent(this);
+    makeDock(tr("Settings"), "settings", m_panel)->setParent(this);
+    makeDock(tr("Log"), "log", m_logView)->setParent(this);
     // The log lies below the deck only.
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
@@ -113,6 +114,9 @@ void DeckWindow::arrangeDocks(const QSize &window)
     auto *actions = findChild<QDockWidget *>(QStringLiteral("actions"));
     auto *panel = findChild<QDockWidget *>(QStringLiteral("settings"));
     auto *log = findChild<QDockWidget *>(QStringLiteral("log"));
+    addDockWidget(Qt::LeftDockWidgetArea, actions);
+    addDockWidget(Qt::RightDockWidgetArea, panel);
+    addDockWidget(Qt::BottomDockWidgetArea, log);
     const QSize deck = m_grid->minimumSizeHint();
     const int panelWidth = panel->sizeHint().width();
     if (deck.width() + actions->sizeHint().width() + panelWidth > window.width()) {
@@ -320,8 +324,10 @@ void DeckWindow::takeScreenshot(const QString &file, std::chrono::milliseconds a
 {
     m_awaitsScreenshot = true;
     // The picture need not fit on the screen.
-    if (m_profile.windowGeometry.isEmpty())
+    if (m_profile.windowGeometry.isEmpty()) {
+        arrangeDocks(usualSize);
         resize(usualSize);
+    }
     connect(&m_runner, &DeckRunner::linked, this, [this, file, after] {
         QTimer::singleShot(after, this, [this, file] { writeScreenshot(file); });
     });

@@ -14,6 +14,7 @@ public:
     /// \a alignment is Qt::AlignLeft or Qt::AlignHCenter and holds for each line.
     FlowLayout(QWidget *parent, Qt::Alignment alignment);
     ~FlowLayout() override;
+    Q_DISABLE_COPY(FlowLayout)
 
     void addItem(QLayoutItem *item) override;
     [[nodiscard]] int count() const override;

@@ -15,6 +15,7 @@ namespace deck {
 namespace {
 
 constexpr int fewestLines = 2;
+constexpr int margin = 4; // pixels
 
 enum Source { fileOnly, debugOnly, both }; // as the tabs
 
@@ -64,6 +65,7 @@ LogView::LogView(PluginLog *log, QWidget *parent)
     bar->addWidget(m_text, 1);
     bar->addWidget(m_clear);
     auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(margin, margin, margin, margin);
     layout->addLayout(bar);
     layout->addWidget(m_view);
 
