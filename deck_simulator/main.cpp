@@ -1,4 +1,5 @@
 #include "deck_simulator/deck/DeckProfile.h"
+#include "deck_simulator/deck/DeckShelf.h"
 #include "deck_simulator/gui/DeckGrid.h"
 #include "deck_simulator/gui/DeckWindow.h"
 #include "deck_simulator/gui/WindowStyle.h"
@@ -32,6 +33,7 @@ QString defaultPlugin()
 }
 
 constexpr int mostOtherFonts = 16; // they travel in a command line
+constexpr int windowColumns = 8;
 
 SessionSettings sessionSettings(const SimulatorOptions &options)
 {
@@ -48,19 +50,19 @@ SessionSettings sessionSettings(const SimulatorOptions &options)
     return settings;
 }
 
-DeckProfile chosenDeck(const SimulatorOptions &options, const QVector<FontFile> &fonts)
+DeckProfile chosenDeck(const SimulatorOptions &options, int columns, const QVector<FontFile> &fonts)
 {
     switch (options.deck) {
     case Deck::Kinds:
-        return kindsDeck(options.columns);
+        return kindsDeck(columns);
     case Deck::Settings:
-        return settingsDeck(options.columns, fontSpecs(fonts));
+        return settingsDeck(columns, fontSpecs(fonts));
     case Deck::Empty:
-        return emptyDeck(options.columns);
+        return emptyDeck(columns);
     case Deck::Readings:
         break;
     }
-    return defaultDeck(options.columns, options.keySize);
+    return defaultDeck(columns, options.keySize);
 }
 
 // A GUI application object would take "--plugin" for itself, so the arguments are read before there
@@ -108,7 +110,7 @@ int runHeadless(const SimulatorOptions &options, int &argc, char *argv[])
     settings.changesRecording =
         std::any_of(script.steps.begin(), script.steps.end(),
                     [](const ScriptStep &step) { return step.kind == ScriptStep::Kind::Machine; });
-    DeckSession session(settings, chosenDeck(options, settings.fonts));
+    DeckSession session(settings, chosenDeck(options, options.columns, settings.fonts));
     HeadlessRun run(options, &session);
     run.setScript(script.steps);
     const InterruptWatcher interrupts;
@@ -125,6 +127,26 @@ QString userProfile()
         .filePath(QStringLiteral("deck.json"));
 }
 
+// A profile that is named is opened itself, not the deck beside it that was open last.
+void chooseDeck(const SimulatorOptions &options, WindowSettings &settings)
+{
+    settings.deckName = options.deckName;
+    if (options.deckName.isEmpty() && options.profileFile.isEmpty())
+        settings.deckName = DeckShelf(settings.profileFile).last();
+    if (builtInDeck(options.deckName))
+        settings.freshDeck =
+            profileWith(chosenDeck(options, windowColumns, settings.session.fonts));
+}
+
+int refuseDeck(const QString &name)
+{
+    std::fputs(qPrintable(QStringLiteral("deck_simulator: The deck \"%1\" needs the window, and no "
+                                         "display can be seen. Use --window to open it anyway.\n")
+                              .arg(name)),
+               stderr);
+    return 2;
+}
+
 int refuseKey(const QSize &grid)
 {
     std::fputs(qPrintable(QStringLiteral("deck_simulator: --select names no key of the deck, which "
@@ -139,6 +161,9 @@ int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    // Rounded to whole numbers, a desktop's 150 % would be 200 % for all but the text.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     const QApplication application(argc, argv);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/window.ico")));
     applyColors(options.colors);
@@ -149,6 +174,7 @@ int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
     if (options.languageGiven)
         settings.language = options.language;
     settings.keepsProfile = options.screenshotFile.isEmpty();
+    chooseDeck(options, settings);
     DeckWindow window(settings);
     const DeckPlace selected{options.selectedKey.x(), options.selectedKey.y()};
     if (window.grid()->cell(selected) == nullptr)
@@ -179,6 +205,9 @@ int main(int argc, char *argv[])
     const bool window = opensWindow(*parsed.options, hasDisplay());
     chooseDisplayPlatform();
     silencePlatformNoise();
+    const QString deck = parsed.options->deckName;
+    if (!window && !deck.isEmpty() && !builtInDeck(deck))
+        return refuseDeck(deck);
     int programNameOnly = 1;
     return window ? runWindow(*parsed.options, programNameOnly, argv)
                   : runHeadless(*parsed.options, programNameOnly, argv);

@@ -28,12 +28,12 @@ ProfileStore::ProfileStore(const QString &path, Access access)
 
 ProfileStore::~ProfileStore() = default;
 
-StoredProfile ProfileStore::load(const QString &language)
+StoredProfile ProfileStore::load(const StoredProfile &fresh)
 {
     m_message.clear();
     if (m_keeps && m_lock == nullptr)
         acquire();
-    return read(language);
+    return read(fresh);
 }
 
 void ProfileStore::acquire()
@@ -46,32 +46,32 @@ void ProfileStore::acquire()
         return;
     m_keeps = false;
     m_message = QStringLiteral("Another simulator has the profile %1. This one works on a copy, "
-                               "whose changes are not kept. --profile FILE gives it a profile of "
-                               "its own.")
+                               "whose changes are not kept, unless you save it as a deck of "
+                               "another name.")
                     .arg(QDir::toNativeSeparators(m_path));
 }
 
-StoredProfile ProfileStore::read(const QString &language)
+StoredProfile ProfileStore::read(const StoredProfile &fresh)
 {
     QFile file(m_path);
     if (!file.exists())
-        return firstProfile(language);
+        return fresh;
     if (!file.open(QIODevice::ReadOnly)) {
         setAside(file.errorString());
-        return firstProfile(language);
+        return fresh;
     }
     const QByteArray text = file.read(maximumSize + 1);
     file.close();
     QStringList faults;
     if (text.size() > maximumSize) {
         setAside(QStringLiteral("it is too large"));
-        return firstProfile(language);
+        return fresh;
     }
     StoredProfile profile = readProfile(text, &faults);
     if (faults.isEmpty())
         return profile;
     setAside(faults.join(QStringLiteral("; ")));
-    return profile.entries.isEmpty() ? firstProfile(language) : profile;
+    return profile.entries.isEmpty() ? fresh : profile;
 }
 
 void ProfileStore::setAside(const QString &reason)

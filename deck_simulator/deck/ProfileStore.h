@@ -29,10 +29,12 @@ public:
 
     [[nodiscard]] const QString &path() const { return m_path; }
 
-    /// The default profile, with the titles of \a language, when there is no file. A file that is
-    /// broken, completely or in part, is renamed to FILE.broken (FILE.broken-2, ...), and message()
-    /// says so. If another store has the file, message() says so, and nothing is renamed or saved.
-    StoredProfile load(const QString &language = {});
+    /// \a fresh when there is no file. A file that is broken, completely or in part, is renamed to
+    /// FILE.broken (FILE.broken-2, ...), and message() says so. If another store has the file,
+    /// message() says so, and nothing is renamed or saved.
+    StoredProfile load(const StoredProfile &fresh = firstProfile());
+    /// Whether this store has the file for itself, or would have it once it has loaded it.
+    [[nodiscard]] bool keeps() const { return m_keeps; }
     /// Writes the whole file or keeps the old one; does nothing for a copy. False, with a
     /// message(), when that fails, or when a broken file could not be renamed and would be lost.
     bool save(const StoredProfile &profile);
@@ -41,7 +43,7 @@ public:
 
 private:
     void acquire();
-    StoredProfile read(const QString &language);
+    StoredProfile read(const StoredProfile &fresh);
     void setAside(const QString &reason);
 
     QString m_path;

@@ -226,4 +226,20 @@ StoredProfile firstProfile(const QString &language)
     return profile;
 }
 
+StoredProfile profileWith(const DeckProfile &deck)
+{
+    StoredProfile profile;
+    const int columns = qMax(1, deck.grid.width());
+    profile.grid = deck.grid;
+    for (const DeckKey &key : deck.keys) {
+        DeckEntry entry;
+        entry.context = QUuid::createUuid().toString(QUuid::WithoutBraces);
+        entry.action = key.action();
+        entry.place = {profile.entries.size() % columns, profile.entries.size() / columns};
+        entry.settings = settingsFrom(key.settings(), {});
+        profile.entries.append(entry);
+    }
+    return profile;
+}
+
 } // namespace deck

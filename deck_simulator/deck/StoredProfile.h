@@ -12,6 +12,8 @@
 
 namespace deck {
 
+struct DeckProfile;
+
 /// The settings with which the plugin is started, besides the deck.
 struct LaunchChoices
 {
@@ -50,5 +52,8 @@ std::optional<DeckEntry> readKey(const QByteArray &text);
 
 /// The deck of the first start, with the titles of a language.
 StoredProfile firstProfile(const QString &language = {});
+
+/// A profile that begins with the keys of a deck.
+StoredProfile profileWith(const DeckProfile &deck);
 
 } // namespace deck

@@ -17,7 +17,7 @@ namespace deck {
 
 namespace {
 
-constexpr int fewestLetters = 20; // across the list
+constexpr int fewestLetters = 10; // across the list
 
 } // namespace
 
@@ -45,7 +45,7 @@ ActionPalette::ActionPalette(QWidget *parent)
     m_view->setUniformRowHeights(true);
     m_view->setAccessibleName(tr("Actions"));
     m_view->expandAll();
-    m_view->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * fewestLetters);
+    showFont();
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_search);
@@ -55,12 +55,17 @@ ActionPalette::ActionPalette(QWidget *parent)
     connect(m_view, &QTreeView::doubleClicked, this, &ActionPalette::choose);
 }
 
+void ActionPalette::showFont()
+{
+    m_view->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * fewestLetters);
+}
+
 int ActionPalette::widestRow() const
 {
     int text = 0;
     for (const DeckAction &action : deckActions())
         text = qMax(text, fontMetrics().horizontalAdvance(action.caption));
-    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, m_view);
     // Two levels, the icon, the scroll bar and some margin.
     return 2 * m_view->indentation() + 2 * icon + text +
            m_view->verticalScrollBar()->sizeHint().width();
@@ -125,6 +130,8 @@ void ActionPalette::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::PaletteChange)
         m_model->setIconColor(palette().color(QPalette::Text));
+    else if (event->type() == QEvent::FontChange)
+        showFont();
     QWidget::changeEvent(event);
 }
 

@@ -38,6 +38,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void showFont();
     void filter(const QString &text);
     void choose(const QModelIndex &index);
     void selectFirst();

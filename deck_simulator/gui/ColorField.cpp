@@ -1,5 +1,7 @@
 #include "deck_simulator/gui/ColorField.h"
 
+#include "deck_simulator/gui/ScreenRoom.h"
+
 #include <QColorDialog>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -93,6 +95,7 @@ void ColorField::openPicker()
     const QString before = m_text->text();
     auto *picker = new QColorDialog(shownColor(), this);
     picker->setAttribute(Qt::WA_DeleteOnClose);
+    shrinkTextToFit(picker, roomOnScreen(*this));
     // The key shows each colour while the user is choosing.
     connect(picker, &QColorDialog::currentColorChanged, this,
             [this](const QColor &color) { edit(color.name()); });

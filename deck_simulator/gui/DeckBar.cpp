@@ -1,11 +1,14 @@
 #include "deck_simulator/gui/DeckBar.h"
 
+#include "deck_simulator/gui/FlowLayout.h"
 #include "deck_simulator/gui/WheelGuard.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QSpinBox>
+
+#include <initializer_list>
 
 namespace deck {
 
@@ -22,6 +25,17 @@ QSpinBox *makeNumber(int least, int greatest, const QString &name)
     return number;
 }
 
+// Stays on one line.
+QWidget *makeGroup(std::initializer_list<QWidget *> widgets)
+{
+    auto *group = new QWidget;
+    auto *layout = new QHBoxLayout(group);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (QWidget *widget : widgets)
+        layout->addWidget(widget);
+    return group;
+}
+
 } // namespace
 
 DeckBar::DeckBar(DeckModel *model, QWidget *parent)
@@ -31,16 +45,12 @@ DeckBar::DeckBar(DeckModel *model, QWidget *parent)
     , m_rows(makeNumber(1, DeckModel::mostRows, tr("Rows")))
     , m_dials(makeNumber(0, DeckModel::mostDials, tr("Dials")))
 {
-    auto *layout = new QHBoxLayout(this);
-    layout->addStretch();
-    layout->addWidget(new QLabel(tr("Keys")));
-    layout->addWidget(m_columns);
-    layout->addWidget(new QLabel(QStringLiteral("×")));
-    layout->addWidget(m_rows);
-    layout->addSpacing(fontMetrics().horizontalAdvance(QLatin1Char('0')) * 2);
-    layout->addWidget(new QLabel(tr("Dials")));
-    layout->addWidget(m_dials);
-    layout->addStretch();
+    auto *layout = new FlowLayout(this, Qt::AlignHCenter);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(fontMetrics().horizontalAdvance(QLatin1Char('0')));
+    layout->addWidget(makeGroup({new QLabel(tr("Keys")), m_columns}));
+    layout->addWidget(makeGroup({new QLabel(QStringLiteral("×")), m_rows}));
+    layout->addWidget(makeGroup({new QLabel(tr("Dials")), m_dials}));
     const auto changed = QOverload<int>::of(&QSpinBox::valueChanged);
     connect(m_columns, changed, this, [this](int columns) {
         m_model->setGrid({columns, m_model->grid().height()});

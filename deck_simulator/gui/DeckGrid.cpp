@@ -15,7 +15,8 @@ const QColor bodyColor(0x26, 0x27, 0x2b);
 const QColor bodyEdgeColor(0x14, 0x14, 0x17);
 
 constexpr int usualSide = 96;
-constexpr int smallestSide = 30;
+constexpr int smallestSide = 48;
+constexpr int fewestLines = 2; // of text, beside a key
 
 int gapFor(int side)
 {
@@ -193,12 +194,17 @@ QSize DeckGrid::sizeHint() const
 
 QSize DeckGrid::minimumSizeHint() const
 {
-    return sizeFor(smallestSide);
+    return sizeFor(leastSide());
+}
+
+int DeckGrid::leastSide() const
+{
+    return qMax(smallestSide, fewestLines * fontMetrics().lineSpacing());
 }
 
 void DeckGrid::placeCells()
 {
-    int side = smallestSide;
+    int side = leastSide();
     while (sizeFor(side + 1).width() <= width() && sizeFor(side + 1).height() <= height())
         ++side;
     const int gap = gapFor(side);
@@ -221,6 +227,16 @@ void DeckGrid::placeCells()
         else
             cell->setGeometry(origin.x() + place.column * step, top, side, side);
     }
+}
+
+void DeckGrid::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange) {
+        updateGeometry();
+        placeCells();
+        update();
+    }
+    QWidget::changeEvent(event);
 }
 
 void DeckGrid::resizeEvent(QResizeEvent *event)

@@ -36,6 +36,8 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    /// Keys are not smaller than this, in pixels; it grows with the text.
+    [[nodiscard]] int leastSide() const;
 
 Q_SIGNALS:
     void currentChanged(const DeckPlace &place);
@@ -47,6 +49,7 @@ Q_SIGNALS:
     void actionWanted(const DeckPlace &place);
 
 protected:
+    void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;

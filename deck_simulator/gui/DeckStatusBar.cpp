@@ -1,5 +1,6 @@
 #include "deck_simulator/gui/DeckStatusBar.h"
 
+#include "deck_simulator/gui/ElidedLabel.h"
 #include "deck_simulator/host/DeckRunner.h"
 #include "deck_simulator/host/DeckStatus.h"
 
@@ -9,13 +10,13 @@ namespace deck {
 
 DeckStatusBar::DeckStatusBar(QWidget *parent)
     : QStatusBar(parent)
-    , m_link(new QLabel)
-    , m_plugin(new QLabel)
-    , m_frames(new QLabel)
-    , m_bytes(new QLabel)
+    , m_link(new ElidedLabel)
+    , m_plugin(new ElidedLabel)
+    , m_frames(new ElidedLabel)
+    , m_bytes(new ElidedLabel)
 {
     for (QLabel *label : {m_link, m_plugin, m_frames, m_bytes}) {
-        label->setIndent(2 * fontMetrics().horizontalAdvance(QLatin1Char('0')));
+        label->setIndent(fontMetrics().horizontalAdvance(QLatin1Char('0')));
         addPermanentWidget(label);
     }
 }

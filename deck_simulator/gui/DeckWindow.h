@@ -1,6 +1,7 @@
 #pragma once
 
 #include "deck_simulator/deck/DeckModel.h"
+#include "deck_simulator/deck/DeckShelf.h"
 #include "deck_simulator/deck/ProfileStore.h"
 #include "deck_simulator/gui/PanelTranslator.h"
 #include "deck_simulator/host/DeckRunner.h"
@@ -11,12 +12,15 @@
 #include <QTimer>
 
 #include <chrono>
+#include <memory>
+#include <optional>
 
 namespace deck {
 
 class ActionPalette;
 class DeckBar;
 class DeckGrid;
+class DeckMenu;
 class DeckStatusBar;
 class EditActions;
 class Inspector;
@@ -30,8 +34,11 @@ struct WindowSettings
 {
     SessionSettings session;
     QString profileFile;
-    bool keepsProfile = true; ///< Otherwise the profile is only read.
-    QString language;         ///< In place of the profile's; empty: that.
+    bool keepsProfile = true; ///< Otherwise the profile and the decks beside it are only read.
+    QString deckName;         ///< Empty: the default deck.
+    /// What it begins with where there is none; the usual keys unless given.
+    std::optional<StoredProfile> freshDeck;
+    QString language; ///< In place of the profile's; empty: that.
     /// The port of the plugin's data server.
     quint16 dataServerPort = InspectorClient::usualPort;
 };
@@ -45,6 +52,13 @@ class DeckWindow : public QMainWindow
 
 public:
     explicit DeckWindow(const WindowSettings &settings, QWidget *parent = nullptr);
+
+    /// Opens a deck that is kept by name; the one before is saved. The plugin goes on, unless the
+    /// decks differ in what it is started with.
+    void openDeck(const QString &name);
+    /// Keeps the deck under a new name and goes on with that.
+    void saveDeckAs(const QString &name);
+    [[nodiscard]] const QString &deckName() const { return m_deckName; }
 
     /// Starts the plugin. To be called when the window is shown.
     void start();
@@ -62,6 +76,7 @@ public:
     [[nodiscard]] SettingsPanel *panel() const { return m_panel; }
     [[nodiscard]] PluginBar *pluginBar() const { return m_pluginBar; }
     [[nodiscard]] DeckBar *deckBar() const { return m_deckBar; }
+    [[nodiscard]] DeckMenu *deckMenu() const { return m_deckMenu; }
     [[nodiscard]] DeckStatusBar *deckStatus() const { return m_status; }
     [[nodiscard]] MessageBar *messages() const { return m_messages; }
     [[nodiscard]] LogView *logView() const { return m_logView; }
@@ -72,10 +87,17 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void loadProfile(const QString &language);
-    void saveProfile();
+    [[nodiscard]] std::unique_ptr<ProfileStore> makeStore(const QString &name) const;
+    void loadProfile(const StoredProfile &fresh, const QString &language);
+    void rememberDeck();
+    void restoreWindow();
+    void showDeck();
+    bool saveProfile();
+    void askForName();
+    void goOnWith(std::unique_ptr<ProfileStore> store, const QString &name);
     void applyLanguage();
     void addDocks();
+    void arrangeDocks(const QSize &window);
     void addMenus();
     void connectGrid();
     void connectRunner();
@@ -87,7 +109,10 @@ private:
     void showNotice(const QString &text);
     void writeScreenshot(const QString &file);
 
-    ProfileStore m_store;
+    DeckShelf m_shelf;
+    ProfileStore::Access m_access;
+    QString m_deckName;
+    std::unique_ptr<ProfileStore> m_store;
     DeckModel m_model;
     DeckRunner m_runner;
     PluginLog m_log;
@@ -101,6 +126,7 @@ private:
     Inspector *m_inspector;
     PluginBar *m_pluginBar;
     DeckBar *m_deckBar;
+    DeckMenu *m_deckMenu;
     LogView *m_logView;
     DeckStatusBar *m_status;
     MessageBar *m_messages;

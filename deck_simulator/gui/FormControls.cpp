@@ -13,7 +13,7 @@ QComboBox *makeChoice(const char *name, const QVector<ListEntry> &entries)
     new WheelGuard(combo);
     // A long entry must not widen the panel.
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(12);
+    combo->setMinimumContentsLength(8);
     for (const ListEntry &entry : entries)
         combo->addItem(entry.label, entry.value);
     return combo;

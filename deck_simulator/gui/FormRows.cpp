@@ -9,7 +9,7 @@ namespace deck {
 
 namespace {
 
-constexpr int overhang = 2; // pixels that a last letter may reach beyond its width
+constexpr int gap = 8; // pixels between a label and its field
 
 } // namespace
 
@@ -17,6 +17,7 @@ FormRows::FormRows(QFormLayout *form)
     : m_layout(form)
 {
     m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setHorizontalSpacing(0); // the labels have it, see alignLabels
     m_layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     // Long labels and large texts get a line of their own instead of being cut off.
     m_layout->setRowWrapPolicy(QFormLayout::WrapLongRows);
@@ -28,7 +29,6 @@ void FormRows::add(const QString &label, QWidget *field)
     QLabel *caption = label.isEmpty() ? nullptr : new QLabel(label, form);
     if (caption != nullptr) {
         caption->setBuddy(field);
-        caption->setMinimumWidth(caption->sizeHint().width() + overhang);
     }
     field->setParent(form);
     m_rows.append({caption, field, true});
@@ -45,6 +45,7 @@ void FormRows::show(const QWidget *field, bool shown)
 // A form keeps the space of a row whose widgets are hidden, so only those that are shown are in it.
 void FormRows::layOut()
 {
+    alignLabels();
     int position = 0;
     for (const Row &row : qAsConst(m_rows)) {
         const bool present = m_layout->indexOf(row.field) >= 0;
@@ -61,6 +62,21 @@ void FormRows::layOut()
             row.label->setVisible(row.shown);
         row.field->setVisible(row.shown);
         position += row.shown ? 1 : 0;
+    }
+}
+
+// A form gives every field the room beside the widest label, but when it decides which rows to wrap
+// it looks at the row's own label only, and forgets the space between.
+void FormRows::alignLabels()
+{
+    int widest = 0;
+    for (const Row &row : qAsConst(m_rows)) {
+        if (row.label != nullptr && row.shown)
+            widest = qMax(widest, row.label->sizeHint().width() + gap);
+    }
+    for (const Row &row : qAsConst(m_rows)) {
+        if (row.label != nullptr)
+            row.label->setMinimumWidth(widest);
     }
 }
 

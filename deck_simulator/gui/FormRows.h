@@ -32,6 +32,8 @@ private:
         bool shown;
     };
 
+    void alignLabels();
+
     QFormLayout *m_layout;
     QVector<Row> m_rows;
 };

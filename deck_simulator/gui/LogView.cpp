@@ -14,13 +14,19 @@ namespace deck {
 
 namespace {
 
-constexpr int fewestLines = 3;
+constexpr int fewestLines = 2;
+constexpr int margin = 4; // pixels
 
 enum Source { fileOnly, debugOnly, both }; // as the tabs
 
-QFont fixedFont()
+// As large as \a text.
+QFont fixedFont(const QFont &text)
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (text.pointSizeF() > 0)
+        font.setPointSizeF(text.pointSizeF());
+    else
+        font.setPixelSize(text.pixelSize());
     // Not every platform has one.
     if (!QFontInfo(font).fixedPitch()) {
         font.setFamily(QStringLiteral("monospace"));
@@ -51,8 +57,7 @@ LogView::LogView(PluginLog *log, QWidget *parent)
     m_view->setReadOnly(true);
     m_view->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_view->setMaximumBlockCount(LogBuffer::mostLines);
-    m_view->setFont(fixedFont());
-    m_view->setMinimumHeight(fewestLines * m_view->fontMetrics().lineSpacing());
+    showFont();
     m_view->setAccessibleName(tr("Log"));
 
     auto *bar = new QHBoxLayout;
@@ -60,6 +65,7 @@ LogView::LogView(PluginLog *log, QWidget *parent)
     bar->addWidget(m_text, 1);
     bar->addWidget(m_clear);
     auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(margin, margin, margin, margin);
     layout->addLayout(bar);
     layout->addWidget(m_view);
 
@@ -74,6 +80,13 @@ LogView::LogView(PluginLog *log, QWidget *parent)
     connect(place, &QScrollBar::actionTriggered, this, &LogView::onScrolled);
     connect(place, &QScrollBar::rangeChanged, this, &LogView::follow);
     showAll();
+}
+
+void LogView::showFont()
+{
+    m_view->setFont(fixedFont(font()));
+    m_view->setMinimumHeight(qMax(m_view->minimumSizeHint().height(),
+                                  fewestLines * m_view->fontMetrics().lineSpacing()));
 }
 
 LogFilter LogView::filter() const
@@ -118,6 +131,13 @@ void LogView::follow()
 bool LogView::isMarking() const
 {
     return m_view->textCursor().hasSelection();
+}
+
+void LogView::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange)
+        showFont();
+    QWidget::changeEvent(event);
 }
 
 void LogView::resizeEvent(QResizeEvent *event)

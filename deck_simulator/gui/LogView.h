@@ -27,9 +27,11 @@ public:
     [[nodiscard]] QToolButton *clearButton() const { return m_clear; }
 
 protected:
+    void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void showFont();
     [[nodiscard]] LogFilter filter() const;
     void showAll();
     void showLine(const LogLine &line);

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScrollArea>
 #include <QStyle>
 #include <QToolButton>
 
@@ -13,6 +14,11 @@ namespace deck {
 namespace {
 
 constexpr std::chrono::seconds briefTime{15};
+
+// Lines that are shown at once, also in a window that has fewer than lowWindow of them.
+constexpr int mostLines = 3;
+constexpr int mostLinesInLowWindow = 2;
+constexpr int lowWindow = 20;
 
 // With places at which long paths may be broken.
 QString breakable(const QString &text)
@@ -32,6 +38,7 @@ QString breakable(const QString &text)
 MessageBar::MessageBar(QWidget *parent)
     : QFrame(parent)
     , m_label(new QLabel)
+    , m_scroll(new QScrollArea)
     , m_close(new QToolButton)
 {
     setFrameShape(QFrame::StyledPanel);
@@ -42,13 +49,19 @@ MessageBar::MessageBar(QWidget *parent)
     m_label->setTextFormat(Qt::PlainText);
     m_label->setWordWrap(true);
     m_label->setMinimumWidth(1);
-    m_label->installEventFilter(this);
+    m_scroll->setWidget(m_label);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->viewport()->setAutoFillBackground(false);
+    m_label->setAutoFillBackground(false);
+    m_scroll->viewport()->installEventFilter(this);
     m_close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     m_close->setAutoRaise(true);
     m_close->setToolTip(tr("Close the message"));
     m_close->setAccessibleName(m_close->toolTip());
     auto *layout = new QHBoxLayout(this);
-    layout->addWidget(m_label, 1);
+    layout->addWidget(m_scroll, 1);
     layout->addWidget(m_close, 0, Qt::AlignTop);
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &MessageBar::clear);
@@ -80,12 +93,15 @@ void MessageBar::clear()
 void MessageBar::makeRoom()
 {
     // Without a text it is -1.
-    m_label->setMinimumHeight(qMax(0, m_label->heightForWidth(m_label->width())));
+    const int height = qMax(0, m_label->heightForWidth(m_scroll->viewport()->width()));
+    const int line = m_label->fontMetrics().lineSpacing();
+    const int most = window()->height() < lowWindow * line ? mostLinesInLowWindow : mostLines;
+    m_scroll->setFixedHeight(qMin(height, most * line));
 }
 
 bool MessageBar::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_label && event->type() == QEvent::Resize)
+    if (watched == m_scroll->viewport() && event->type() == QEvent::Resize)
         makeRoom();
     return QFrame::eventFilter(watched, event);
 }

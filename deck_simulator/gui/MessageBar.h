@@ -4,11 +4,12 @@
 #include <QTimer>
 
 class QLabel;
+class QScrollArea;
 class QToolButton;
 
 namespace deck {
 
-/// A message above the deck, with as many lines as it needs. It can be closed; without a message it
+/// A message above the deck; one of many lines scrolls. It can be closed; without a message it
 /// takes no space.
 class MessageBar : public QFrame
 {
@@ -33,6 +34,7 @@ private:
     void makeRoom();
 
     QLabel *m_label;
+    QScrollArea *m_scroll;
     QToolButton *m_close;
     QString m_message;
     QTimer m_timer;

@@ -1,5 +1,6 @@
 #include "deck_simulator/gui/PluginBar.h"
 
+#include "deck_simulator/gui/ScreenRoom.h"
 #include "deck_simulator/gui/WheelGuard.h"
 
 #include <QCheckBox>
@@ -11,6 +12,8 @@
 namespace deck {
 
 namespace {
+
+constexpr int readingsLetters = 14;
 
 enum Readings { liveReadings, recordedReadings, chooseRecording };
 
@@ -70,17 +73,20 @@ void PluginBar::addChoices()
                            "line that eats them"));
     m_readings->addItem(tr("Live readings"), liveReadings);
     m_readings->addItem(tr("Recording..."), chooseRecording);
-    m_readings->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    // The name of a file may be longer than the window.
+    m_readings->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_readings->setMinimumContentsLength(readingsLetters);
     m_readings->setToolTip(tr("Where the readings come from"));
     m_readings->setAccessibleName(m_readings->toolTip());
     new WheelGuard(m_language);
     new WheelGuard(m_readings);
-    auto *choices = new QWidget;
-    auto *layout = new QHBoxLayout(choices);
-    layout->setContentsMargins(4, 0, 4, 0);
-    for (QWidget *widget : std::initializer_list<QWidget *>{m_language, m_strip, m_readings})
-        layout->addWidget(widget);
-    addWidget(choices);
+    // Each by itself, so that those for which there is no room move into the bar's extension.
+    auto *strip = new QWidget;
+    auto *stripLayout = new QHBoxLayout(strip);
+    stripLayout->setContentsMargins(4, 0, 4, 0);
+    stripLayout->addWidget(m_strip);
+    for (QWidget *widget : std::initializer_list<QWidget *>{m_language, strip, m_readings})
+        addWidget(widget);
 
     connect(m_language, QOverload<int>::of(&QComboBox::activated), this, [this] {
         LaunchChoices launch = m_runner->launch();
@@ -159,14 +165,20 @@ void PluginBar::chooseReadings(int index)
         useRecording(m_readings->itemData(index, Qt::ToolTipRole).toString());
     } else {
         showLaunch(); // until a file is chosen
-        auto *dialog = new QFileDialog(this, tr("Recording of sensors"),
-                                       QFileInfo(m_runner->launch().recording).path(),
-                                       tr("Recordings (*.json);;All files (*)"));
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-        dialog->setFileMode(QFileDialog::ExistingFile);
-        connect(dialog, &QFileDialog::fileSelected, this, &PluginBar::useRecording);
-        dialog->open();
+        askForRecording();
     }
+}
+
+void PluginBar::askForRecording()
+{
+    auto *dialog = new QFileDialog(this, tr("Recording of sensors"),
+                                   QFileInfo(m_runner->launch().recording).path(),
+                                   tr("Recordings (*.json);;All files (*)"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    connect(dialog, &QFileDialog::fileSelected, this, &PluginBar::useRecording);
+    dialog->open();
+    dialog->resize(dialog->size().boundedTo(roomOnScreen(*this)));
 }
 
 } // namespace deck

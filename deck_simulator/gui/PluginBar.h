@@ -22,6 +22,8 @@ public:
     /// Shows the runner's state and launch settings.
     void showState();
     void useRecording(const QString &file);
+    /// Lets the user choose one.
+    void askForRecording();
 
     [[nodiscard]] QAction *startAction() const { return m_start; }
     [[nodiscard]] QAction *stopAction() const { return m_stop; }

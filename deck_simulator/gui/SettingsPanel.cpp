@@ -15,8 +15,10 @@ namespace deck {
 namespace {
 
 // Across the panel.
-constexpr int fewestLetters = 32;
+constexpr int fewestLetters = 10;
 constexpr int usualLetters = 44;
+
+constexpr qreal captionSize = 1.2; // of the text's
 
 QString placeText(const DeckPlace &place)
 {
@@ -44,40 +46,42 @@ SettingsPanel::SettingsPanel(QWidget *parent)
     , m_empty(makeText())
     , m_scroll(new QScrollArea)
 {
-    QFont large = font();
-    large.setBold(true);
-    large.setPointSizeF(large.pointSizeF() * 1.2);
-    m_caption->setFont(large);
+    m_caption->setObjectName(QStringLiteral("caption"));
     m_preview->setObjectName(QStringLiteral("preview"));
     m_preview->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_empty->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    m_scroll->setWidgetResizable(true);
-    m_scroll->setFrameShape(QFrame::NoFrame);
-    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
     auto *head = new QGridLayout;
     head->addWidget(m_icon, 0, 0, 2, 1);
     head->addWidget(m_caption, 0, 1);
     head->addWidget(m_place, 1, 1);
     head->setColumnStretch(1, 1);
+    auto *content = new QWidget;
+    m_content = new QVBoxLayout(content);
+    m_content->addLayout(head);
+    m_content->addWidget(m_preview);
+    m_content->addWidget(m_empty, 1);
+    m_scroll->setWidget(content);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFrameShape(QFrame::NoFrame);
     auto *layout = new QVBoxLayout(this);
-    layout->addLayout(head);
-    layout->addWidget(m_preview);
-    layout->addWidget(m_empty, 1);
-    layout->addWidget(m_scroll, 1);
-    setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * fewestLetters);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_scroll);
+    showFont();
     retranslate();
     setEntry(nullptr);
 }
 
 void SettingsPanel::addForm()
 {
+    delete m_form;
     m_form = new SettingsForm;
     m_form->setLanguage(m_language, m_keysTranslated);
+    m_form->setVisible(!m_context.isEmpty());
     connect(m_form, &SettingsForm::edited, this,
             [this](const EntrySettings &settings) { Q_EMIT edited(m_context, settings); });
     connect(m_form, &SettingsForm::left, this, &SettingsPanel::left);
-    m_scroll->setWidget(m_form); // deletes the one before
+    m_content->addWidget(m_form, 1);
 }
 
 // A new form has its texts in the new language.
@@ -118,7 +122,7 @@ QSize SettingsPanel::sizeHint() const
 void SettingsPanel::setEntry(const DeckEntry *entry)
 {
     const bool shown = entry != nullptr;
-    for (QWidget *widget : std::initializer_list<QWidget *>{m_icon, m_caption, m_place, m_scroll})
+    for (QWidget *widget : std::initializer_list<QWidget *>{m_icon, m_caption, m_place, m_form})
         widget->setVisible(shown);
     m_empty->setVisible(!shown);
     if (!shown) {
@@ -138,6 +142,19 @@ void SettingsPanel::setEntry(const DeckEntry *entry)
     showHead();
     m_form->setAction(entry->action);
     m_form->setSettings(entry->settings);
+}
+
+void SettingsPanel::showFont()
+{
+    QFont large = font();
+    large.setBold(true);
+    if (large.pointSizeF() > 0)
+        large.setPointSizeF(large.pointSizeF() * captionSize);
+    else
+        large.setPixelSize(qRound(large.pixelSize() * captionSize));
+    m_caption->setFont(large);
+    setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * fewestLetters);
+    showIcon();
 }
 
 void SettingsPanel::showIcon()
@@ -164,6 +181,8 @@ void SettingsPanel::changeEvent(QEvent *event)
         showIcon();
     else if (event->type() == QEvent::LanguageChange)
         retranslate();
+    else if (event->type() == QEvent::FontChange)
+        showFont();
     QWidget::changeEvent(event);
 }
 

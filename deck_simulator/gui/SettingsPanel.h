@@ -7,6 +7,7 @@
 
 class QLabel;
 class QScrollArea;
+class QVBoxLayout;
 
 namespace deck {
 
@@ -45,6 +46,7 @@ private:
     void addForm();
     void retranslate();
     void showHead();
+    void showFont();
     void showIcon();
 
     QLabel *m_icon;
@@ -53,6 +55,7 @@ private:
     QLabel *m_preview;
     QLabel *m_empty;
     QScrollArea *m_scroll;
+    QVBoxLayout *m_content = nullptr;
     SettingsForm *m_form = nullptr;
     QString m_language;
     bool m_keysTranslated = false;

@@ -1,8 +1,9 @@
 #include "deck_simulator/gui/StylePicker.h"
 
+#include "deck_simulator/gui/FlowLayout.h"
+
 #include <QButtonGroup>
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QToolButton>
 
 namespace deck {
@@ -28,7 +29,7 @@ const StyleRow styleRows[] = {
 StylePicker::StylePicker(QWidget *parent)
     : QWidget(parent)
 {
-    auto *layout = new QHBoxLayout(this);
+    auto *layout = new FlowLayout(this, Qt::AlignLeft);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
     auto *group = new QButtonGroup(this);
@@ -45,7 +46,6 @@ StylePicker::StylePicker(QWidget *parent)
         m_choices.append({style, button});
         connect(button, &QToolButton::clicked, this, [this, style] { Q_EMIT chosen(style); });
     }
-    layout->addStretch();
     setFocusProxy(m_choices.constFirst().button);
     paintPreviews();
 }

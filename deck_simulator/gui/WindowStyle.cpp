@@ -1,5 +1,7 @@
 #include "deck_simulator/gui/WindowStyle.h"
 
+#include "deck_simulator/gui/TextScaledStyle.h"
+
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
@@ -50,10 +52,12 @@ void applyColors(const QString &name)
     const Colors dark{QColor(0x29, 0x2b, 0x2f), QColor(0x38, 0x3b, 0x40), QColor(0x3d, 0x40, 0x46),
                       QColor(0xe6, 0xe8, 0xec), QColor(0x8f, 0x93, 0x9b), QColor(0x45, 0x48, 0x4f),
                       QColor(0x3d, 0x82, 0xe6)};
-    if (name != QLatin1String("light") && name != QLatin1String("dark"))
+    if (name != QLatin1String("light") && name != QLatin1String("dark")) {
+        QApplication::setStyle(new TextScaledStyle);
         return;
+    }
     // The desktop's own style may not follow a palette.
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new TextScaledStyle(QStyleFactory::create(QStringLiteral("Fusion"))));
     QApplication::setPalette(paletteOf(name == QLatin1String("dark") ? dark : light));
 }
 

@@ -99,10 +99,13 @@ const QCommandLineOption &deckOption()
 {
     static const QCommandLineOption option(
         QStringLiteral("deck"),
-        QStringLiteral("What the keys show: \"readings\" for what every machine has, \"kinds\" "
-                       "for one key per action, \"settings\" for one key per setting and font, or "
-                       "\"empty\". Default: readings."),
-        QStringLiteral("NAME"), QStringLiteral("readings"));
+        QStringLiteral(
+            "In the window, the deck of this name, which it keeps. In the terminal, what "
+            "the keys show: \"readings\" for what every machine has, \"kinds\" for one "
+            "key per action, \"settings\" for one key per setting and font, or "
+            "\"empty\"; the window's new deck of such a name begins with the same keys. "
+            "Default: the window's last deck; readings."),
+        QStringLiteral("NAME"));
     return option;
 }
 

@@ -1,5 +1,6 @@
 #include "deck_simulator/options/SimulatorOptions.h"
 
+#include "deck_simulator/deck/DeckName.h"
 #include "deck_simulator/options/CommandLineOptions.h"
 #include "deck_simulator/options/OptionReader.h"
 
@@ -18,16 +19,6 @@ namespace {
 
 constexpr int usageError = 2;
 
-std::optional<Deck> deckNamed(const QString &name)
-{
-    static const QHash<QString, Deck> decks{{QStringLiteral("readings"), Deck::Readings},
-                                            {QStringLiteral("kinds"), Deck::Kinds},
-                                            {QStringLiteral("settings"), Deck::Settings},
-                                            {QStringLiteral("empty"), Deck::Empty}};
-    const auto deck = decks.constFind(name);
-    return deck == decks.constEnd() ? std::nullopt : std::make_optional(*deck);
-}
-
 ParsedOptions answer(const QString &text)
 {
     return {std::nullopt, text, 0};
@@ -42,8 +33,8 @@ ParsedOptions refusal(const QString &reason)
 bool isHeadless(const QCommandLineParser &parser)
 {
     const QCommandLineOption *const ofTerminal[] = {
-        &headlessOption(), &deckOption(),    &scriptOption(),  &snapshotOption(),
-        &secondsOption(),  &columnsOption(), &keySizeOption(), &quietOption(),
+        &headlessOption(), &scriptOption(),  &snapshotOption(), &secondsOption(),
+        &columnsOption(),  &keySizeOption(), &quietOption(),
     };
     return std::any_of(
         std::begin(ofTerminal), std::end(ofTerminal),
@@ -68,6 +59,22 @@ void refuseCombinations(const QCommandLineParser &parser, OptionReader &reader)
                                        "other."));
 }
 
+void readDeck(const QCommandLineParser &parser, OptionReader &reader, SimulatorOptions &options)
+{
+    if (!parser.isSet(deckOption()))
+        return;
+    options.deckName = parser.value(deckOption());
+    const std::optional<Deck> deck = builtInDeck(options.deckName);
+    const QString fault = deckNameFault(options.deckName);
+    if (deck)
+        options.deck = *deck;
+    else if (options.headless)
+        reader.complain(QStringLiteral("--deck is \"readings\", \"kinds\", \"settings\" or "
+                                       "\"empty\" in the terminal."));
+    else if (!fault.isEmpty())
+        reader.complain(QStringLiteral("The name of --deck %1.").arg(fault));
+}
+
 ParsedOptions readOptions(const QCommandLineParser &parser, const QString &defaultPlugin)
 {
     OptionReader reader(parser);
@@ -88,11 +95,7 @@ ParsedOptions readOptions(const QCommandLineParser &parser, const QString &defau
     options.languageGiven = parser.isSet(languageOption());
     options.fontFiles = reader.readableFiles(fontOption());
     options.workFolder = reader.text(workFolderOption());
-    if (const std::optional<Deck> deck = deckNamed(parser.value(deckOption())))
-        options.deck = *deck;
-    else
-        reader.complain(
-            QStringLiteral("--deck is \"readings\", \"kinds\", \"settings\" or \"empty\"."));
+    readDeck(parser, reader, options);
     options.scriptFile = reader.text(scriptOption());
     if (parser.isSet(scriptOption()) &&
         (parser.isSet(snapshotOption()) || parser.isSet(secondsOption())))
@@ -111,6 +114,16 @@ ParsedOptions readOptions(const QCommandLineParser &parser, const QString &defau
 }
 
 } // namespace
+
+std::optional<Deck> builtInDeck(const QString &name)
+{
+    static const QHash<QString, Deck> decks{{QStringLiteral("readings"), Deck::Readings},
+                                            {QStringLiteral("kinds"), Deck::Kinds},
+                                            {QStringLiteral("settings"), Deck::Settings},
+                                            {QStringLiteral("empty"), Deck::Empty}};
+    const auto deck = decks.constFind(name);
+    return deck == decks.constEnd() ? std::nullopt : std::make_optional(*deck);
+}
 
 ParsedOptions parseOptions(const QStringList &arguments, const QString &defaultPlugin)
 {

@@ -13,6 +13,9 @@ namespace deck {
 /// key, a demonstration of settings, or no key.
 enum class Deck { Readings, Kinds, Settings, Empty };
 
+/// The deck with this name ("readings", "kinds", "settings" or "empty"); nothing for another name.
+std::optional<Deck> builtInDeck(const QString &name);
+
 /// The options of the command line.
 struct SimulatorOptions
 {
@@ -31,11 +34,13 @@ struct SimulatorOptions
     bool languageGiven = false; ///< By an option; else the window takes that of its profile.
     QStringList fontFiles;      ///< Empty: the Roboto files of this machine.
     QString workFolder;         ///< Empty: a temporary folder.
-    Deck deck = Deck::Readings;
-    QString scriptFile;   ///< Empty: no script.
-    QString snapshotFile; ///< Empty: no snapshot.
-    int columns = 5;      ///< Keys in a row, 1 to 16.
-    int keySize = 144;    ///< Pixels of a key on the snapshot, 32 to 512.
+    /// The deck that is asked for by name: one of the window's, or one of builtInDeck; empty: none.
+    QString deckName;
+    Deck deck = Deck::Readings; ///< Without a window, and what a window's new deck begins with.
+    QString scriptFile;         ///< Empty: no script.
+    QString snapshotFile;       ///< Empty: no snapshot.
+    int columns = 5;            ///< Keys in a row, 1 to 16.
+    int keySize = 144;          ///< Pixels of a key on the snapshot, 32 to 512.
     bool quiet = false;
     /// When the snapshot or the screenshot is taken, counted from the moment when the keys appear.
     std::chrono::milliseconds snapshotAfter{4000};

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void failsWhenTheSnapshotCannotBeWritten();
     void failsWithoutAScreenshot();
     void refusesAKeyThatTheDeckLacks();
+    void opensADeckByItsName();
     void warnsOfABrokenRecording();
     void takesEmptyPicturesForEmptyReadings();
     void endsByItself();
@@ -169,6 +170,32 @@ void tst_DeckSimulator::refusesAKeyThatTheDeckLacks()
                  !noise.contains(QLatin1String("propagateSizeHints")) &&
                  !noise.contains(QLatin1String("libpng")),
              qPrintable(noise));
+}
+
+void tst_DeckSimulator::opensADeckByItsName()
+{
+    QVERIFY(QDir().mkpath(path("decks")));
+    QFile file(path("decks/small.json"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(R"({"keys": [], "grid": {"columns": 3, "rows": 2}})");
+    file.close();
+    const auto select = [this](const char *deck, const char *key) {
+        run("draw", {QStringLiteral("--profile"), path("deck.json"), QStringLiteral("--screenshot"),
+                     path("window.png"), QStringLiteral("--after=0.1"), QStringLiteral("--deck"),
+                     QLatin1String(deck), QStringLiteral("--select"), QLatin1String(key)});
+    };
+    select("SMALL", "3,0");
+    QCOMPARE(m_process.exitCode(), 2);
+    const QString text = errors();
+    QVERIFY2(text.contains(QLatin1String("3 columns and 2 rows")), qPrintable(text));
+    select("small", "2,1");
+    QVERIFY2(m_process.exitCode() == 0, qPrintable(errors()));
+    select("kinds", "7,3");
+    QVERIFY2(m_process.exitCode() == 0, qPrintable(errors()));
+    select("../small", "0,0");
+    QCOMPARE(m_process.exitCode(), 2);
+    QCOMPARE(QDir(path("decks")).entryList(QDir::Files), QStringList{QStringLiteral("small.json")});
+    QVERIFY(!QFile::exists(path("deck.json")));
 }
 
 void tst_DeckSimulator::warnsOfABrokenRecording()

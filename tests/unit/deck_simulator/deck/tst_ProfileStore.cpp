@@ -1,4 +1,5 @@
 #include "deck_simulator/deck/ActionList.h"
+#include "deck_simulator/deck/DeckProfile.h"
 #include "deck_simulator/deck/ProfileStore.h"
 
 #include <QDir>
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void tellsWhenItCannotSave();
     void worksOnACopyOfAnothersProfile();
     void onlyReadsWhereToldSo();
+    void beginsWithAnotherDeck();
 
 private:
     void write(const QByteArray &text);
@@ -325,6 +327,25 @@ void tst_ProfileStore::onlyReadsWhereToldSo()
     }
     QCOMPARE(content(), QByteArray("{broken"));
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 1);
+}
+
+void tst_ProfileStore::beginsWithAnotherDeck()
+{
+    const StoredProfile fresh = profileWith(kindsDeck(8));
+    QCOMPARE(fresh.entries.size(), deckActions().size());
+    QCOMPARE(fresh.grid, QSize(8, (deckActions().size() + 7) / 8));
+    QCOMPARE(fresh.entries.at(9).action, deckActions().at(9).uuid);
+    QVERIFY(fresh.entries.at(9).place == (DeckPlace{1, 1}));
+    QCOMPARE(fresh.entries.at(9).settings.text, deckActions().at(9).caption);
+    QVERIFY(fresh.entries.at(9).context != profileWith(kindsDeck(8)).entries.at(9).context);
+    {
+        ProfileStore store(m_file);
+        QCOMPARE(store.load(fresh).entries.size(), fresh.entries.size());
+        QVERIFY(store.keeps());
+        QVERIFY(store.save({}));
+    }
+    QVERIFY(ProfileStore(m_file).load(fresh).entries.isEmpty());
+    QVERIFY(profileWith(emptyDeck(8)).entries.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_ProfileStore)

@@ -1,6 +1,8 @@
 #include "deck_simulator/gui/ActionPalette.h"
 #include "deck_simulator/gui/DeckBar.h"
 #include "deck_simulator/gui/DeckGrid.h"
+#include "deck_simulator/gui/DeckMenu.h"
+#include "deck_simulator/gui/DeckNameDialog.h"
 #include "deck_simulator/gui/DeckStatusBar.h"
 #include "deck_simulator/gui/DeckWindow.h"
 #include "deck_simulator/gui/EditActions.h"
@@ -17,7 +19,9 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
+#include <QDirIterator>
 #include <QDockWidget>
 #include <QFile>
 #include <QFileDialog>
@@ -27,6 +31,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -90,6 +95,14 @@ private Q_SLOTS:
     void hasColoursThatCanBeRead_data();
     void hasColoursThatCanBeRead();
     void cutsNoTextOffInLargeLetters();
+    void keepsDecksByName();
+    void asksForANameThatCanBeKept();
+    void bringsTheLastDeckBack();
+    void opensADeckWhileThePluginRuns();
+    void worksOnACopyOfADeckThatIsInUse();
+    void tellsOfADeckThatIsGone();
+    void keepsADeckThatCannotBeSaved();
+    void writesNothingForAScreenshot();
 
 private:
     void open(const char *script = "panel");
@@ -108,6 +121,11 @@ private:
     {
         return m_window->model()->at({column, row})->context;
     }
+    [[nodiscard]] QString deckFile(const char *name) const
+    {
+        return m_folder->filePath(QStringLiteral("decks/%1.json").arg(QLatin1String(name)));
+    }
+    [[nodiscard]] QStringList deckNames() const;
     void press(Qt::Key key) { QTest::keyClick(m_window->grid(), key); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -943,6 +961,18 @@ void tst_DeckWindow::hasColoursThatCanBeRead()
     QVERIFY(found);
 }
 
+namespace {
+
+// In a dock that lies behind another one.
+bool isBehindAnother(const QWidget *widget)
+{
+    while (widget != nullptr && qobject_cast<const QDockWidget *>(widget) == nullptr)
+        widget = widget->parentWidget();
+    return widget != nullptr && widget->visibleRegion().isEmpty();
+}
+
+} // namespace
+
 void tst_DeckWindow::cutsNoTextOffInLargeLetters()
 {
     const QFont usual = QApplication::font();
@@ -958,10 +988,10 @@ void tst_DeckWindow::cutsNoTextOffInLargeLetters()
         const auto *label = qobject_cast<const QLabel *>(widget);
         const bool hasText = (button != nullptr && !button->text().isEmpty()) ||
                              (label != nullptr && !label->text().isEmpty() && !label->wordWrap());
-        if (label != nullptr && label->wordWrap() && label->isVisible())
+        if (label != nullptr && label->wordWrap() && label->isVisible() && !isBehindAnother(label))
             QVERIFY2(label->height() >= label->heightForWidth(label->width()),
                      qPrintable(label->text()));
-        if (!hasText || !widget->isVisible())
+        if (!hasText || !widget->isVisible() || isBehindAnother(widget))
             continue;
         ++texts;
         QVERIFY2(widget->width() >= widget->minimumSizeHint().width() &&
@@ -970,11 +1000,211 @@ void tst_DeckWindow::cutsNoTextOffInLargeLetters()
         // What is scrolled may lie below the window.
         const QPoint center =
             QRect(widget->mapTo(m_window.get(), QPoint()), widget->size()).center();
-        const bool scrolls = m_window->panel()->form()->isAncestorOf(widget);
+        const bool scrolls = m_window->panel()->isAncestorOf(widget);
         QVERIFY(m_window->rect().contains(scrolls ? QPoint(center.x(), 0) : center));
     }
     QVERIFY2(texts > 15, qPrintable(QString::number(texts)));
     QApplication::setFont(usual);
+}
+
+QStringList tst_DeckWindow::deckNames() const
+{
+    m_window->deckMenu()->renew();
+    QStringList names;
+    const QList<QAction *> actions = m_window->deckMenu()->actions();
+    for (const QAction *action : actions) {
+        if (action->isCheckable())
+            names.append(action->text() + (action->isChecked() ? QStringLiteral("*") : QString()));
+    }
+    return names;
+}
+
+void tst_DeckWindow::keepsDecksByName()
+{
+    reopen();
+    QCOMPARE(deckNames(), QStringList{QStringLiteral("default*")});
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("Deck simulator"));
+    m_window->saveDeckAs(QStringLiteral("R&D"));
+    QCOMPARE(deckNames(), QStringList({QStringLiteral("default"), QStringLiteral("R&&D*")}));
+    QVERIFY(m_window->windowTitle().contains(QLatin1String("R&D")));
+    QVERIFY(QFile::exists(deckFile("R&D")));
+    const int keys = m_window->model()->entries().size();
+    press(Qt::Key_Delete);
+    m_window->deckMenu()->deckAction(QStringLiteral("default"))->trigger();
+    QCOMPARE(m_window->deckName(), QStringLiteral("default"));
+    QCOMPARE(m_window->model()->entries().size(), keys); // only the other deck has lost it
+    m_window->deckMenu()->deckAction(QStringLiteral("R&D"))->trigger();
+    QCOMPARE(m_window->model()->entries().size(), keys - 1);
+    QCOMPARE(m_window->panel()->context(), QString());
+    // A name that is taken overwrites nothing.
+    const QByteArray before = content(m_settings.profileFile);
+    m_window->saveDeckAs(QStringLiteral("Default"));
+    m_window->saveDeckAs(QStringLiteral("../outside"));
+    QCOMPARE(m_window->deckName(), QStringLiteral("R&D"));
+    QCOMPARE(content(m_settings.profileFile), before);
+    QVERIFY(m_window->messages()->message().contains(QLatin1String("must have none of")));
+    QVERIFY(!QFile::exists(m_folder->filePath(QStringLiteral("outside.json"))));
+}
+
+void tst_DeckWindow::asksForANameThatCanBeKept()
+{
+    reopen();
+    m_window->deckMenu()->saveAsAction()->trigger();
+    auto *dialog = m_window->findChild<DeckNameDialog *>();
+    QVERIFY(dialog != nullptr);
+    const auto *buttons = dialog->findChild<QDialogButtonBox *>();
+    QPushButton *save = buttons->button(QDialogButtonBox::Save);
+    QVERIFY(!save->isEnabled());
+    QVERIFY(dialog->hint().contains(QLatin1String("empty")));
+    for (const char *name : {"con", "a/b", "Default", "a."}) {
+        dialog->nameField()->setText(QString::fromLatin1(name));
+        QVERIFY2(!save->isEnabled(), name);
+        QVERIFY(!dialog->hint().isEmpty());
+    }
+    dialog->nameField()->setText(QStringLiteral(" games "));
+    QVERIFY(save->isEnabled());
+    QTest::keyClick(dialog->nameField(), Qt::Key_Return);
+    QTRY_COMPARE(m_window->deckName(), QStringLiteral("games"));
+    QVERIFY(QFile::exists(deckFile("games")));
+}
+
+void tst_DeckWindow::bringsTheLastDeckBack()
+{
+    reopen();
+    m_window->saveDeckAs(QStringLiteral("games"));
+    m_window->model()->setGrid({3, 2});
+    m_window->close();
+    m_settings.deckName = DeckShelf(m_settings.profileFile).last();
+    QCOMPARE(m_settings.deckName, QStringLiteral("games"));
+    reopen();
+    QCOMPARE(m_window->model()->grid(), QSize(3, 2));
+    m_window->openDeck(QStringLiteral("default"));
+    QCOMPARE(m_window->model()->grid(), QSize(8, 4));
+    m_window->close();
+    QCOMPARE(DeckShelf(m_settings.profileFile).last(), QStringLiteral("default"));
+
+    // A name that is new begins with the keys that it is given.
+    m_settings.deckName = QStringLiteral("empty");
+    m_settings.freshDeck = StoredProfile();
+    reopen();
+    QVERIFY(m_window->model()->entries().isEmpty());
+    QCOMPARE(deckNames().constLast(), QStringLiteral("empty*"));
+    m_settings.deckName = QStringLiteral("GAMES");
+    reopen();
+    QCOMPARE(m_window->deckName(), QStringLiteral("games"));
+    m_settings.deckName.clear();
+    m_settings.freshDeck.reset();
+}
+
+void tst_DeckWindow::opensADeckWhileThePluginRuns()
+{
+    open();
+    m_window->saveDeckAs(QStringLiteral("one"));
+    m_window->model()->clear();
+    m_window->model()->put({0, 0}, keyuuid::volume);
+    QTRY_VERIFY(received().contains(keyuuid::volume.toUtf8()));
+    const qint64 pid = m_window->runner()->pluginPid();
+    m_window->openDeck(QStringLiteral("default"));
+    QTRY_VERIFY(!m_window->grid()->cell({0, 0})->face().picture.isNull());
+    QCOMPARE(m_window->model()->at({0, 0})->action, keyuuid::cpu);
+    QCOMPARE(m_window->runner()->pluginPid(), pid);
+
+    // A deck has its own language and recording.
+    QSignalSpy linked(m_window->runner(), &DeckRunner::linked);
+    QComboBox *language = m_window->pluginBar()->languageField();
+    language->setCurrentIndex(1);
+    Q_EMIT language->activated(1);
+    QTRY_COMPARE(linked.count(), 1);
+    m_window->openDeck(QStringLiteral("one"));
+    QTRY_COMPARE(linked.count(), 2);
+    QCOMPARE(m_window->runner()->launch().language, QStringLiteral("en"));
+    QCOMPARE(m_window->model()->entries().size(), 1);
+}
+
+void tst_DeckWindow::worksOnACopyOfADeckThatIsInUse()
+{
+    reopen();
+    m_window->saveDeckAs(QStringLiteral("shared"));
+    // The default deck is free again.
+    DeckWindow second(m_settings);
+    QCOMPARE(second.messages()->message(), QString());
+    second.openDeck(QStringLiteral("shared"));
+    QVERIFY2(second.messages()->message().contains(QLatin1String("works on a copy")),
+             qPrintable(second.messages()->message()));
+    const QByteArray before = content(deckFile("shared"));
+    second.model()->clear();
+    second.saveDeckAs(QStringLiteral("mine"));
+    QCOMPARE(second.deckName(), QStringLiteral("mine"));
+    QCOMPARE(content(deckFile("shared")), before);
+    QVERIFY(content(deckFile("mine")).contains("\"keys\": [\n    ]"));
+    second.openDeck(QStringLiteral("default"));
+    QCOMPARE(second.messages()->message(), QString());
+}
+
+void tst_DeckWindow::tellsOfADeckThatIsGone()
+{
+    reopen();
+    m_window->saveDeckAs(QStringLiteral("gone"));
+    m_window->openDeck(QStringLiteral("default"));
+    QAction *action = m_window->deckMenu()->deckAction(QStringLiteral("gone"));
+    QVERIFY(QFile::remove(deckFile("gone")));
+    action->trigger();
+    QCOMPARE(m_window->deckName(), QStringLiteral("default"));
+    QVERIFY(m_window->messages()->message().contains(QLatin1String("no deck \"gone\"")));
+    QCOMPARE(deckNames(), QStringList{QStringLiteral("default*")});
+}
+
+void tst_DeckWindow::keepsADeckThatCannotBeSaved()
+{
+    reopen();
+    m_window->saveDeckAs(QStringLiteral("first"));
+    m_window->saveDeckAs(QStringLiteral("second"));
+    // A folder cannot be replaced by a file.
+    QVERIFY(QFile::remove(deckFile("second")));
+    QVERIFY(QDir().mkpath(deckFile("second") + QStringLiteral("/x")));
+    press(Qt::Key_Delete);
+    m_window->openDeck(QStringLiteral("first"));
+    QCOMPARE(m_window->deckName(), QStringLiteral("second"));
+    QVERIFY2(m_window->messages()->message().contains(QLatin1String("cannot be saved")),
+             qPrintable(m_window->messages()->message()));
+    m_window->saveDeckAs(QStringLiteral("third"));
+    QCOMPARE(m_window->deckName(), QStringLiteral("third"));
+}
+
+void tst_DeckWindow::writesNothingForAScreenshot()
+{
+    reopen();
+    m_window->saveDeckAs(QStringLiteral("games"));
+    m_window->close();
+    m_window.reset();
+    const auto files = [this] {
+        QMap<QString, QByteArray> all;
+        QDirIterator entries(m_folder->path(), QDir::Files | QDir::Hidden,
+                             QDirIterator::Subdirectories);
+        while (entries.hasNext()) {
+            const QString name = entries.next();
+            if (!name.contains(QLatin1String("/work/")))
+                all.insert(name, content(name));
+        }
+        return all;
+    };
+    const QMap<QString, QByteArray> before = files();
+    qputenv("SCRIPT", "panel");
+    m_settings.keepsProfile = false;
+    for (const char *name : {"games", "default", "new"}) {
+        m_settings.deckName = QLatin1String(name);
+        reopen();
+        m_window->takeScreenshot(m_folder->filePath(QStringLiteral("work/window.png")),
+                                 std::chrono::milliseconds(0));
+        m_window->start();
+        m_window->model()->clear();
+        QTRY_VERIFY(!m_window->isVisible());
+        QCOMPARE(m_window->failure(), QString());
+    }
+    m_window.reset();
+    QCOMPARE(files(), before);
+    m_settings.keepsProfile = true;
+    m_settings.deckName.clear();
 }
 
 QTEST_MAIN(tst_DeckWindow)

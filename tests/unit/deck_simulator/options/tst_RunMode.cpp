@@ -33,7 +33,9 @@ void tst_RunMode::chooses_data()
     row("--seconds 5", false, false);
     row("--script events", false, false);
     row("--quiet", false, false);
-    row("--deck settings", false, false);
+    row("--deck settings", true, false);
+    row("--deck work", true, false);
+    row("--deck settings --columns 3", false, false);
     row("--columns 3", false, false);
     row("--key-size 72", false, false);
 }

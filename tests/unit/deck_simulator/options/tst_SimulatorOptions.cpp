@@ -41,6 +41,7 @@ void tst_SimulatorOptions::hasDefaults()
     QVERIFY(options.snapshotFile.isEmpty());
     QCOMPARE(options.columns, 5);
     QVERIFY(options.deck == Deck::Readings);
+    QVERIFY(options.deckName.isEmpty());
     QCOMPARE(options.keySize, 144);
     QVERIFY(!options.quiet);
     QVERIFY(!options.runFor.has_value());
@@ -54,14 +55,16 @@ void tst_SimulatorOptions::readsTheDeck_data()
     QTest::newRow("kinds") << QStringLiteral("kinds") << static_cast<int>(Deck::Kinds);
     QTest::newRow("settings") << QStringLiteral("settings") << static_cast<int>(Deck::Settings);
     QTest::newRow("empty") << QStringLiteral("empty") << static_cast<int>(Deck::Empty);
-    QTest::newRow("unknown") << QStringLiteral("Kinds") << -1;
 }
 
 void tst_SimulatorOptions::readsTheDeck()
 {
     QFETCH(QString, name);
     const ParsedOptions parsed = parse({QStringLiteral("--deck"), name});
-    QTEST(parsed.options ? static_cast<int>(parsed.options->deck) : -1, "deck");
+    QVERIFY2(parsed.options.has_value(), qPrintable(parsed.text));
+    QTEST(static_cast<int>(parsed.options->deck), "deck");
+    QCOMPARE(parsed.options->deckName, name);
+    QVERIFY(!parsed.options->headless);
 }
 
 void tst_SimulatorOptions::readsEverything()
@@ -92,7 +95,7 @@ void tst_SimulatorOptions::readsEverything()
         parse({QStringLiteral("--window"), QStringLiteral("--profile=p.json"),
                QStringLiteral("--screenshot=w.png"), QStringLiteral("--after=2"),
                QStringLiteral("--colors=dark"), QStringLiteral("--text-size=125"),
-               QStringLiteral("--select=3,2")});
+               QStringLiteral("--select=3,2"), QStringLiteral("--deck=work")});
     QVERIFY2(window.options.has_value(), qPrintable(window.text));
     QVERIFY(window.options->window);
     QVERIFY(!window.options->headless);
@@ -100,6 +103,7 @@ void tst_SimulatorOptions::readsEverything()
     QCOMPARE(window.options->screenshotFile, QStringLiteral("w.png"));
     QCOMPARE(window.options->colors, QStringLiteral("dark"));
     QCOMPARE(window.options->textSize, 125);
+    QCOMPARE(window.options->deckName, QStringLiteral("work"));
     QCOMPARE(window.options->selectedKey, QPoint(3, 2));
 
     const ParsedOptions scripted =
@@ -126,7 +130,10 @@ void tst_SimulatorOptions::refusesWrongUsage_data()
     row("missing value", {QStringLiteral("--plugin")}, "plugin");
     row("empty value", {QStringLiteral("--plugin=")}, "--plugin must not be empty");
     row("stray argument", {QStringLiteral("stray")}, "Unexpected argument: stray");
-    row("unknown deck", {QStringLiteral("--deck=x")}, "--deck");
+    row("unknown deck in the terminal", {QStringLiteral("--deck=x"), QStringLiteral("--headless")},
+        "--deck");
+    row("deck without a name", {QStringLiteral("--deck=")}, "must not be empty");
+    row("deck elsewhere", {QStringLiteral("--deck=../x")}, "must have none of");
     row("columns not a number", {QStringLiteral("--columns=x")}, "--columns");
     row("no columns", {QStringLiteral("--columns=0")}, "from 1 to 16");
     row("key too large", {QStringLiteral("--key-size=100000")}, "--key-size");
