@@ -134,6 +134,7 @@ bool DriveCollector::collect(qint64 nowNs, SensorTrees &trees)
 void DriveCollector::add(SensorTrees &trees, const std::vector<BlockDrive> &blocks) const
 {
     std::vector<const BlockDrive *> others;
+    others.reserve(blocks.size());
     for (const BlockDrive &block : blocks)
         others.push_back(&block);
     for (const Drive &drive : m_drives) {

@@ -1,5 +1,6 @@
 #include "sensors/VqSystemMonitorLib.h"
 
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QJsonArray>
@@ -41,6 +42,9 @@ private Q_SLOTS:
     void cpuLoadAgreesWithTop();
     void memoryAgreesWithFree();
     void networkAgreesWithTheKernelsCounters();
+    void drivesAgreeWithTheKernelsCounters();
+    void swapAgreesWithFree();
+    void systemAgreesWithUptime();
 
 private:
     VqSystemMonitorLib m_library{false, nullptr};
@@ -51,6 +55,9 @@ private:
     QString m_topReport;
     QJsonObject m_cpu;
     QJsonObject m_network;
+    QJsonObject m_all;
+    QPair<qint64, qint64> m_outerSectors;
+    QPair<qint64, qint64> m_innerSectors;
 };
 
 namespace {
@@ -112,6 +119,23 @@ CounterMap kernelCounters()
     return counters;
 }
 
+/// What all drives together have written, as iostat reads it.
+qint64 writtenSectors()
+{
+    qint64 sectors = 0;
+    QFile file(QStringLiteral("/proc/diskstats"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    const QStringList lines = QString::fromLatin1(file.readAll()).split(QLatin1Char('\n'));
+    for (const QString &line : lines) {
+        const QStringList fields = line.simplified().split(QLatin1Char(' '));
+        if (fields.size() > 9 && !fields.at(2).startsWith(QLatin1String("sr")) &&
+            QFile::exists(QStringLiteral("/sys/block/%1/device").arg(fields.at(2))))
+            sectors += fields.at(9).toLongLong();
+    }
+    return sectors;
+}
+
 } // namespace
 
 /// Samples at both ends of top's second, so that all measure the same time.
@@ -119,21 +143,27 @@ void tst_LiveMachine::initTestCase()
 {
     if (QStandardPaths::findExecutable(QStringLiteral("top")).isEmpty())
         QSKIP("this machine has no top");
-    QVERIFY(m_library.initSystemMonitorLib(false));
     const Load load;
     QElapsedTimer outer;
     outer.start();
     m_outerCounters.first = kernelCounters();
+    m_outerSectors.first = writtenSectors();
+    // This takes a sample, which the following queries may share.
+    QVERIFY(m_library.initSystemMonitorLib(false));
     m_library.getCPUInfo();
     m_library.getNetworkInfo();
     m_innerCounters.first = kernelCounters();
+    m_innerSectors.first = writtenSectors();
     const qint64 start = outer.elapsed();
     m_topReport = output(QStringLiteral("top"),
                          {QStringLiteral("-b"), QStringLiteral("-n2"), QStringLiteral("-d1")});
     m_innerSeconds = double(outer.elapsed() - start) / 1000;
     m_innerCounters.second = kernelCounters();
+    m_innerSectors.second = writtenSectors();
     m_cpu = m_library.getCPUInfo();
     m_network = m_library.getNetworkInfo();
+    m_all = m_library.getAllSensorsData();
+    m_outerSectors.second = writtenSectors();
     m_outerCounters.second = kernelCounters();
     m_outerSeconds = double(outer.elapsed()) / 1000;
 }
@@ -201,6 +231,65 @@ void tst_LiveMachine::networkAgreesWithTheKernelsCounters()
         checkRate(adapter, "Current UP rate", &Counters::sent);
         checkRate(adapter, "Current DL rate", &Counters::received);
     }
+}
+
+void tst_LiveMachine::drivesAgreeWithTheKernelsCounters()
+{
+    constexpr double rounding = 0.01;
+    double rate = 0;
+    bool isListed = false;
+    for (const QString &group : m_all.keys().filter(QStringLiteral("Drive: "))) {
+        const QJsonObject drive = m_all.value(group).toObject();
+        for (const QString &label : drive.keys().filter(QStringLiteral("Drive Write Rate"))) {
+            rate += value(drive, qPrintable(label));
+            isListed = true;
+        }
+    }
+    if (!isListed && m_outerSectors.first == 0)
+        QSKIP("this machine has no drive");
+    const auto megabytes = [](const QPair<qint64, qint64> &sectors) {
+        return double(sectors.second - sectors.first) / 2048;
+    };
+    // The library's samples were taken between the inner and the outer ones.
+    const double least = megabytes(m_innerSectors) / m_outerSeconds - rounding;
+    const double most = megabytes(m_outerSectors) / m_innerSeconds + rounding;
+    QVERIFY2(rate >= least && rate <= most,
+             qPrintable(QStringLiteral("%1 MB/s not in %2 to %3").arg(rate).arg(least).arg(most)));
+}
+
+void tst_LiveMachine::swapAgreesWithFree()
+{
+    const QStringList fields = output(QStringLiteral("free"), {QStringLiteral("--mebi")})
+                                   .split(QLatin1Char('\n'))
+                                   .filter(QStringLiteral("Swap:"))
+                                   .value(0)
+                                   .simplified()
+                                   .split(QLatin1Char(' '));
+    if (fields.size() < 3)
+        QSKIP("this machine has no free");
+    const QJsonObject details = m_all.value(QStringLiteral("Memory details")).toObject();
+    QVERIFY(value(details, "Memory Cached") > 0);
+    const double total = fields.at(1).toDouble();
+    QCOMPARE(details.contains(QStringLiteral("Swap Total")), total > 0);
+    if (total > 0) {
+        QVERIFY(qAbs(value(details, "Swap Total") - total) <= 1);
+        QVERIFY(qAbs(value(details, "Swap Used") - fields.at(2).toDouble()) <= 0.1 * total);
+    }
+}
+
+void tst_LiveMachine::systemAgreesWithUptime()
+{
+    const QDateTime start = QDateTime::fromString(
+        output(QStringLiteral("uptime"), {QStringLiteral("-s")}).trimmed(), Qt::ISODate);
+    if (!start.isValid())
+        QSKIP("this machine has no uptime that tells its start");
+    const QJsonObject machine = m_all.value(QStringLiteral("Machine")).toObject();
+    const double hours = double(start.secsTo(QDateTime::currentDateTime())) / 3600;
+    // A tenth of an hour is cut off, and the test itself takes some time.
+    QVERIFY2(qAbs(value(machine, "Uptime") - hours) <= 0.2,
+             qPrintable(QString::number(value(machine, "Uptime"))));
+    QVERIFY(value(machine, "Processes") >= 1);
+    QVERIFY(value(machine, "Load Average 1 min") >= 0);
 }
 
 QTEST_GUILESS_MAIN(tst_LiveMachine)
