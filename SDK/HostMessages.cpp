@@ -23,12 +23,13 @@ bool isSpecial(ushort character)
            (character & surrogateMask) == surrogates;
 }
 
-/// The loop has no early exit, so that the compiler can vectorise it.
+/// The loop has no early exit and no type wider than a character, so that the compiler can vectorise
+/// it for as many characters as possible.
 bool isPlain(const QString &text)
 {
     const ushort *const begin = text.utf16();
-    return std::accumulate(begin, begin + text.size(), 0, [](int specials, ushort character) {
-               return specials | static_cast<int>(isSpecial(character));
+    return std::accumulate(begin, begin + text.size(), ushort{0}, [](ushort specials, ushort each) {
+               return static_cast<ushort>(specials | ushort{isSpecial(each)});
            }) == 0;
 }
 

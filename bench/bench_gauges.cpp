@@ -1,5 +1,6 @@
 #include "bench/BenchDeck.h"
 #include "bench/BenchReadings.h"
+#include "plugin/KeyGauges.h"
 #include "plugin/KeyPass.h"
 #include "render/Gauge.h"
 #include "render/KeyPicture.h"
@@ -35,7 +36,8 @@ std::vector<std::unique_ptr<normalAction>> textKeys()
 void text(benchmark::State &state)
 {
     const std::vector<std::unique_ptr<normalAction>> keys = textKeys();
-    KeyPass pass;
+    KeyGauges gauges;
+    KeyPass pass(gauges, 0);
     qint64 bytes = 0;
     std::size_t number = 0;
     for (auto _ : state)

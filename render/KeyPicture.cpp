@@ -1,5 +1,7 @@
 #include "render/KeyPicture.h"
 
+#include "render/Base64.h"
+#include "render/CoverageCanvas.h"
 #include "render/PngEncoder.h"
 #include "render/ShapedLine.h"
 
@@ -55,12 +57,22 @@ void paintStrip(QImage &picture, QPainter &painter, const QRect &strip, int marg
     putBack(picture, kept, done.topLeft());
 }
 
-} // namespace
-
-QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const PictureStyle &style)
+/// A null image where the painter is needed.
+QImage paintGlyphs(const QSize &size, const QVector<PictureLine> &lines, const PictureStyle &style)
 {
-    if (!canBePainted(size, lines))
+    // Otherwise the paint engine blends with another arithmetic.
+    if (!(style.opacity >= 1))
         return {};
+    CoverageCanvas canvas(size);
+    const bool covered = std::all_of(lines.begin(), lines.end(), [&](const PictureLine &each) {
+        return each.line->cover(canvas, each.rect, style.alignment);
+    });
+    return covered ? canvas.picture(qPremultiply(QColor(style.color).rgba())) : QImage();
+}
+
+QImage paintWithPainter(const QSize &size, const QVector<PictureLine> &lines,
+                        const PictureStyle &style)
+{
     QImage picture(size, QImage::Format_ARGB32);
     if (picture.isNull())
         return {};
@@ -82,10 +94,20 @@ QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const 
     return picture;
 }
 
+} // namespace
+
+QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const PictureStyle &style)
+{
+    if (!canBePainted(size, lines))
+        return {};
+    const QImage picture = paintGlyphs(size, lines, style);
+    return picture.isNull() ? paintWithPainter(size, lines, style) : picture;
+}
+
 QString pngDataUrl(const QImage &image, const char *operation)
 {
     const QByteArray png = encodedPng(image);
     if (png.isEmpty())
         qCritical() << operation << "Can't convert QImage to png";
-    return QString::fromLatin1("data:image/png;base64," + png.toBase64());
+    return withBase64(QLatin1String("data:image/png;base64,"), png);
 }

@@ -7,9 +7,9 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
+#include <cstring>
 #include <iterator>
-#include <numeric>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -20,33 +20,107 @@ constexpr std::size_t keptRows = std::size_t{1} << 20U;
 /// PNG's colour types: what a pixel is made of.
 enum class ColorType : uchar { Palette = 3, TrueColorWithAlpha = 6 };
 
-/// The colours of a picture and their places in its palette.
-class Palette
+/// The colours of a picture, each in the place that its pixels name. Transparent has the first.
+struct Palette
 {
-public:
     static constexpr std::size_t largest = 256;
 
-    [[nodiscard]] std::size_t size() const { return m_size; }
-    [[nodiscard]] QRgb at(std::size_t place) const { return m_colors[place]; }
+    std::array<QRgb, largest> colors = {};
+    std::size_t size = 1;
+};
 
-    /// The place of \a color, which is added if it is new. Meaningless once the palette overflows.
-    uchar placeOf(QRgb color)
+constexpr QRgb transparent = 0;
+
+/// The palette of text in one colour, in which the alpha of a pixel tells its colour.
+class PaletteByAlpha
+{
+public:
+    PaletteByAlpha()
     {
-        std::size_t slot = home(color);
-        while (m_keys[slot] != color) {
-            if (m_keys[slot] == transparent)
-                return add(color, slot);
-            slot = (slot + 1) % slots;
-        }
-        return m_places[slot];
+        // No pixel with this alpha has this colour.
+        for (std::size_t alpha = 0; alpha < m_colors.size(); ++alpha)
+            m_colors[alpha] = static_cast<QRgb>(alpha ^ 0xffU) << alphaShift;
+        m_colors[0] = transparent;
     }
 
-    /// Whether there were more colours than the palette can hold.
-    [[nodiscard]] bool overflows() const { return m_overflows; }
+    /// False when there are two colours of the same alpha.
+    bool writeRow(const QRgb *pixel, const QRgb *end, uchar *out)
+    {
+        for (; end - pixel >= block; pixel += block, out += block) {
+            if (isTransparent(pixel))
+                std::memset(out, 0, block);
+            else if (!write(pixel, pixel + block, out))
+                return false;
+        }
+        return write(pixel, end, out);
+    }
+
+    [[nodiscard]] const Palette &palette() const { return m_palette; }
 
 private:
-    static constexpr QRgb transparent = 0;
-    static constexpr unsigned slotBits = 12;
+    static constexpr unsigned alphaShift = 24;
+
+    /// Most pixels are transparent, mostly several in a row.
+    static constexpr int block = 4;
+
+    static bool isTransparent(const QRgb *pixel)
+    {
+        std::array<quint64, block * sizeof(QRgb) / sizeof(quint64)> pixels;
+        std::memcpy(pixels.data(), pixel, sizeof(pixels));
+        return (pixels[0] | pixels[1]) == 0;
+    }
+
+    bool write(const QRgb *pixel, const QRgb *end, uchar *out)
+    {
+        for (; pixel != end; ++pixel, ++out) {
+            const QRgb color = *pixel;
+            const std::size_t alpha = color >> alphaShift;
+            if (m_colors[alpha] != color && !add(color))
+                return false;
+            *out = m_places[alpha];
+        }
+        return true;
+    }
+
+    bool add(QRgb color)
+    {
+        const std::size_t alpha = color >> alphaShift;
+        if (m_places[alpha] != 0 || alpha == 0)
+            return false;
+        m_colors[alpha] = color;
+        m_places[alpha] = static_cast<uchar>(m_palette.size);
+        m_palette.colors[m_palette.size++] = color;
+        return true;
+    }
+
+    std::array<QRgb, Palette::largest> m_colors;
+    std::array<uchar, Palette::largest> m_places = {};
+    Palette m_palette;
+};
+
+/// The palette of any picture.
+class PaletteByColor
+{
+public:
+    /// False when there are too many colours.
+    bool writeRow(const QRgb *pixel, const QRgb *end, uchar *out)
+    {
+        QRgb last = transparent;
+        uchar place = 0;
+        for (; pixel != end && !m_overflows; ++pixel, ++out) {
+            if (*pixel != last) {
+                last = *pixel;
+                place = placeOf(last);
+            }
+            *out = place;
+        }
+        return !m_overflows;
+    }
+
+    [[nodiscard]] const Palette &palette() const { return m_palette; }
+
+private:
+    static constexpr unsigned slotBits = 10;
     static constexpr std::size_t slots = std::size_t{1} << slotBits;
 
     static std::size_t home(QRgb color)
@@ -55,23 +129,33 @@ private:
         return (color * goldenRatio) >> (32U - slotBits);
     }
 
+    uchar placeOf(QRgb color)
+    {
+        std::size_t slot = home(color);
+        while (m_keys[slot] != color) {
+            if (m_keys[slot] == transparent)
+                return color == transparent ? uchar{0} : add(color, slot);
+            slot = (slot + 1) % slots;
+        }
+        return m_places[slot];
+    }
+
     uchar add(QRgb color, std::size_t slot)
     {
-        m_overflows = m_size == largest;
+        m_overflows = m_palette.size == Palette::largest;
         if (m_overflows)
             return 0;
-        const auto place = static_cast<uchar>(m_size++);
+        const auto place = static_cast<uchar>(m_palette.size++);
         m_keys[slot] = color;
         m_places[slot] = place;
-        m_colors[place] = color;
+        m_palette.colors[place] = color;
         return place;
     }
 
-    // Transparent always has the first place, so that an empty slot is one that holds it.
+    // An empty slot holds transparent, which always has the first place.
     std::array<QRgb, slots> m_keys = {};
     std::array<uchar, slots> m_places = {};
-    std::array<QRgb, largest> m_colors = {};
-    std::size_t m_size = 1;
+    Palette m_palette;
     bool m_overflows = false;
 };
 
@@ -90,30 +174,32 @@ void resize(Rows &rows, const QImage &image, std::size_t pixelBytes)
     rows.resize((width * pixelBytes + 1) * static_cast<std::size_t>(image.height()));
 }
 
-bool isTransparent(const QRgb *begin, const QRgb *end)
-{
-    return std::accumulate(begin, end, QRgb{0}, std::bit_or<>()) == 0;
-}
-
-/// False when \a image has too many colours for a palette.
-bool writePaletteRows(const QImage &image, Palette &palette, Rows &rows)
+/// Writes \a image in the places of the palette that it gives to \a colors, which has
+/// writeRow(); false when it does not fit into such a palette.
+template <typename Colors>
+bool writePaletteRows(const QImage &image, Colors &colors, Rows &rows)
 {
     resize(rows, image, 1);
     uchar *out = rows.data();
     const int width = image.width();
-    for (int y = 0; y < image.height() && !palette.overflows(); ++y) {
+    for (int y = 0; y < image.height(); ++y) {
         *out++ = 0;
         const QRgb *const begin = pixels(image, y);
-        const QRgb *const end = begin + width;
-        // Above and below the letters.
-        if (isTransparent(begin, end))
-            std::fill(out, out + width, 0);
-        else
-            std::transform(begin, end, out,
-                           [&palette](QRgb color) { return palette.placeOf(color); });
+        if (!colors.writeRow(begin, begin + width, out))
+            return false;
         out += width;
     }
-    return !palette.overflows();
+    return true;
+}
+
+/// Writes \a image with a palette, if it has one.
+std::optional<Palette> writePaletteRows(const QImage &image, Rows &rows)
+{
+    if (PaletteByAlpha colors; writePaletteRows(image, colors, rows))
+        return colors.palette();
+    if (PaletteByColor colors; writePaletteRows(image, colors, rows))
+        return colors.palette();
+    return std::nullopt;
 }
 
 quint32 rgba(QRgb pixel)
@@ -247,14 +333,14 @@ void writePalette(PngFile &png, const Palette &palette)
 {
     std::array<char, 3 *Palette::largest> colors = {};
     std::array<char, Palette::largest> alphas = {};
-    for (std::size_t place = 0; place < palette.size(); ++place) {
-        const QRgb color = palette.at(place);
+    for (std::size_t place = 0; place < palette.size; ++place) {
+        const QRgb color = palette.colors[place];
         colors[3 * place] = static_cast<char>(qRed(color));
         colors[3 * place + 1] = static_cast<char>(qGreen(color));
         colors[3 * place + 2] = static_cast<char>(qBlue(color));
         alphas[place] = static_cast<char>(qAlpha(color));
     }
-    const auto size = static_cast<int>(palette.size());
+    const auto size = static_cast<int>(palette.size);
     png.begin("PLTE");
     png.append(colors, 3 * size);
     png.end();
@@ -274,14 +360,13 @@ bool writeRows(PngFile &png, Rows &rows)
 QByteArray encoded(const QImage &image, Rows &rows)
 {
     constexpr std::size_t others = 2048;
-    Palette palette;
-    const bool fits = writePaletteRows(image, palette, rows);
-    if (!fits)
+    const std::optional<Palette> palette = writePaletteRows(image, rows);
+    if (!palette)
         writeTrueColorRows(image, rows);
     PngFile png(rows.size() + rows.size() / 8 + others);
-    writeHeader(png, image.size(), fits ? ColorType::Palette : ColorType::TrueColorWithAlpha);
-    if (fits)
-        writePalette(png, palette);
+    writeHeader(png, image.size(), palette ? ColorType::Palette : ColorType::TrueColorWithAlpha);
+    if (palette)
+        writePalette(png, *palette);
     if (!writeRows(png, rows))
         return {};
     png.begin("IEND");

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QFont>
+#include <QPointF>
 #include <QString>
 #include <QTextLayout>
 
+class CoverageCanvas;
 class QPainter;
 class QRect;
 
@@ -28,7 +30,18 @@ public:
     /// line, and the painter's layout direction must be left to right.
     void draw(QPainter &painter, const QRect &rect, int alignment) const;
 
+    /// Adds the glyphs that draw() would draw to \a canvas. False when that may differ from what the
+    /// painter draws: for large letters, lines under or through them, and texts that are left to it.
+    [[nodiscard]] bool cover(CoverageCanvas &canvas, const QRect &rect, int alignment) const;
+
 private:
+    struct Place
+    {
+        QPointF origin; ///< Of the layout.
+        bool overhangs; ///< The line must be clipped to its rectangle.
+    };
+
+    Place centredIn(const QRect &rect) const;
     void drawCentred(QPainter &painter, const QRect &rect) const;
 
     QString m_text;
