@@ -71,7 +71,7 @@ void gaugeKey(benchmark::State &state, gauge::Style style)
     std::size_t number = 0;
     for (auto _ : state) {
         const QImage picture = paintGauge(contents[number++ % contents.size()], look);
-        bytes += pngDataUrl(picture, "gaugeKey").size();
+        bytes += pngDataUrl({picture}, "gaugeKey").size();
     }
     state.counters["bytes"] =
         benchmark::Counter(static_cast<double>(bytes), benchmark::Counter::kAvgIterations);

@@ -34,12 +34,10 @@ constexpr std::array<Pair, pairMask + 1> makePairs()
 /// Two digits for each twelve bits.
 constexpr std::array<Pair, pairMask + 1> pairs = makePairs();
 
-/// Writes the digits of three bytes; a fourth is read.
-ushort *write(const uchar *bytes, ushort *out)
+/// Writes the digits of a group, which are the lowest bits of \a value.
+ushort *write(quint64 value, ushort *out)
 {
-    constexpr unsigned byte = 8;
-    const unsigned value = qFromBigEndian<quint32>(bytes) >> byte;
-    std::memcpy(out, &pairs[value >> pairBits], sizeof(Pair));
+    std::memcpy(out, &pairs[value >> pairBits & pairMask], sizeof(Pair));
     std::memcpy(out + 2, &pairs[value & pairMask], sizeof(Pair));
     return out + 4;
 }
@@ -49,20 +47,26 @@ ushort *write(const uchar *bytes, ushort *out)
 QString withBase64(QLatin1String prefix, const QByteArray &bytes)
 {
     constexpr int group = 3;
-    const int rest = bytes.size() % group;
+    constexpr int byteBits = 8;
+    constexpr int wordSize = sizeof(quint64);
     const int length = (bytes.size() + group - 1) / group * 4;
     QString text(prefix.size() + length, Qt::Uninitialized);
     ushort *out = std::transform(prefix.begin(), prefix.end(), reinterpret_cast<ushort *>(text.data()),
                                  [](char each) { return static_cast<uchar>(each); });
-    // A terminating 0 follows the bytes of a QByteArray.
     const auto *in = reinterpret_cast<const uchar *>(bytes.constData());
-    for (const uchar *const end = in + bytes.size() - rest; in != end; in += group)
-        out = write(in, out);
-    if (rest > 0) {
-        std::array<uchar, group + 1> last = {};
-        std::copy_n(in, rest, last.begin());
-        out = write(last.data(), out);
-        std::fill_n(out - (group - rest), group - rest, ushort{'='});
+    const uchar *const end = in + bytes.size();
+    for (; end - in >= wordSize; in += 2 * group) {
+        const quint64 value = qFromBigEndian<quint64>(in) >> 2 * byteBits;
+        out = write(value >> group * byteBits, out);
+        out = write(value, out);
+    }
+    for (; end - in >= group; in += group)
+        out = write(in[0] << 2 * byteBits | in[1] << byteBits | in[2], out);
+    if (in != end) {
+        const int second = end - in > 1 ? in[1] : 0;
+        out = write(in[0] << 2 * byteBits | second << byteBits, out);
+        const auto missing = group - (end - in);
+        std::fill_n(out - missing, missing, ushort{'='});
     }
     return text;
 }

@@ -25,12 +25,16 @@ QRgb scaled(QRgb color, QRgb share)
 
 using Colors = std::array<QRgb, full + 1>;
 
-/// What each coverage makes of a transparent pixel.
-Colors colorsOf(QRgb color)
+/// What each coverage makes of a transparent pixel. Most keys have the colour of the key before.
+const Colors &colorsOf(QRgb color)
 {
-    Colors colors;
-    for (QRgb coverage = 0; coverage <= full; ++coverage)
-        colors[coverage] = scaled(color, coverage);
+    static QRgb last = 0;
+    static Colors colors = {};
+    if (color != last) {
+        for (QRgb coverage = 0; coverage <= full; ++coverage)
+            colors[coverage] = scaled(color, coverage);
+        last = color;
+    }
     return colors;
 }
 
@@ -45,32 +49,105 @@ Block blockAt(const uchar *coverages)
     return block;
 }
 
-void writeRow(const uchar *coverage, int width, const Colors &colors, QRgb *out)
+/// Of each coverage, the number of its colour.
+using Numbers = std::array<uchar, full + 1>;
+
+/// What the coverages of a picture become.
+struct Inks
 {
-    const auto color = [&colors](uchar each) { return colors[each]; };
-    const uchar *const end = coverage + width;
-    for (; end - coverage >= GlyphShape::block; coverage += GlyphShape::block, out += GlyphShape::block) {
-        if (blockAt(coverage) == 0)
-            std::fill_n(out, GlyphShape::block, 0U);
-        else
-            std::transform(coverage, coverage + GlyphShape::block, out, color);
+    const Colors &colors;
+    Numbers numbers;
+    bool areNumbersComplete; ///< Each coverage has one: its complement to 256.
+};
+
+/// The colours of the coverages that are \a occurring, full coverage first, get numbers. If nearly
+/// all occur, all do, for then the numbers need not be looked up.
+QVector<QRgb> number(const std::bitset<full + 1> &occurring, Inks &inks)
+{
+    constexpr std::size_t nearlyAll = 224;
+    inks.areNumbersComplete = occurring.count() >= nearlyAll;
+    QVector<QRgb> found(full + 1);
+    QRgb *next = found.data();
+    *next++ = inks.colors[0];
+    uchar count = 0;
+    for (std::size_t coverage = full; coverage > 0; --coverage) {
+        if (!occurring.test(coverage) && !inks.areNumbersComplete)
+            continue;
+        inks.numbers[coverage] = ++count;
+        *next++ = inks.colors[coverage];
     }
-    std::transform(coverage, end, out, color);
+    found.resize(count + 1);
+    return found;
+}
+
+/// Notes that a pixel, whose number is \a number, has become \a pixel; false when there are too many
+/// colours.
+bool renumber(QRgb pixel, const Numbers &numberOf, QVector<QRgb> &colors, uchar &number)
+{
+    number = numberOf[static_cast<std::size_t>(qAlpha(pixel))];
+    if (colors.at(number) == pixel)
+        return true;
+    int place = colors.indexOf(pixel);
+    if (place < 0) {
+        place = colors.size();
+        colors.append(pixel);
+    }
+    number = static_cast<uchar>(place);
+    return place <= static_cast<int>(full);
+}
+
+void writeNumbers(const uchar *coverages, int length, const Inks &inks, uchar *numbers)
+{
+    if (inks.areNumbersComplete)
+        std::transform(coverages, coverages + length, numbers,
+                       [](uchar each) { return static_cast<uchar>(-each); });
+    else
+        std::transform(coverages, coverages + length, numbers,
+                       [&inks](uchar each) { return inks.numbers[each]; });
+}
+
+/// Writes a row of the picture, and clears the coverages, behind which there is room for a block.
+void inkRow(uchar *coverages, int width, const Colors &colors, QRgb *pixels)
+{
+    constexpr int block = GlyphShape::block;
+    int x = 0;
+    for (; x <= width - block; x += block) {
+        if (blockAt(coverages + x) == 0) {
+            std::fill_n(pixels + x, block, 0U);
+            continue;
+        }
+        for (int i = x; i < x + block; ++i)
+            pixels[i] = colors[coverages[i]];
+        std::memset(coverages + x, 0, block);
+    }
+    std::transform(coverages + x, coverages + width, pixels + x,
+                   [&colors](uchar each) { return colors[each]; });
+    std::memset(coverages + x, 0, block);
 }
 
 } // namespace
 
-CoverageCanvas::CoverageCanvas(const QSize &size)
-    : m_size(size)
-    , m_stride(size.width() + GlyphShape::block)
-    , m_coverages(static_cast<std::size_t>(m_stride) * static_cast<std::size_t>(size.height()))
+void CoverageCanvas::begin(const QSize &size)
 {
+    constexpr std::size_t mostKept = std::size_t{256} * 1024;
+    m_size = size;
+    m_stride = size.width() + GlyphShape::block;
+    const auto needed = static_cast<std::size_t>(m_stride) * static_cast<std::size_t>(size.height());
+    if (!m_isEmpty || m_coverages.size() > mostKept)
+        m_coverages = std::vector<uchar>(needed);
+    else if (m_coverages.size() < needed)
+        m_coverages.resize(needed);
+    m_isEmpty = true;
+    m_occurring.reset();
+    m_overlaps.clear();
 }
 
 void CoverageCanvas::add(const GlyphShape &shape, const QPoint &origin, const QRect &clip)
 {
     const QPoint corner = origin + QPoint(shape.left, shape.top);
-    const QRect box = QRect(corner, QSize(shape.width, shape.height)) & clip & rect();
+    const QRect box = QRect(corner, QSize(shape.width, shape.height)) & clip;
+    m_isEmpty = false;
+    m_occurring |= shape.occurring;
     const int skipped = box.left() - corner.x();
     // Behind each row there is room for a block, which adds nothing there.
     const bool isWhole = box.width() == shape.width;
@@ -99,26 +176,42 @@ void CoverageCanvas::addSlowly(uchar *to, const uchar *from, int length, const Q
     }
 }
 
-QImage CoverageCanvas::picture(QRgb color) const
+PaintedPicture CoverageCanvas::finish(QRgb color)
 {
-    QImage picture(m_size, QImage::Format_ARGB32);
-    if (picture.isNull())
+    PaintedPicture picture{QImage(m_size, QImage::Format_ARGB32)};
+    if (picture.image.isNull())
         return {};
-    const Colors colors = colorsOf(color);
-    for (int y = 0; y < m_size.height(); ++y)
-        writeRow(m_coverages.data() + y * m_stride, m_size.width(), colors,
-                 reinterpret_cast<QRgb *>(picture.scanLine(y)));
-    return blendOverlaps(picture, color) ? picture : QImage();
+    Inks inks{colorsOf(color), {}, false};
+    picture.pixels.colors = number(m_occurring, inks);
+    picture.pixels.rows = QByteArray((m_size.width() + 1) * m_size.height(), Qt::Uninitialized);
+    auto *numbers = reinterpret_cast<uchar *>(picture.pixels.rows.data());
+    for (int y = 0; y < m_size.height(); ++y) {
+        uchar *const coverages = m_coverages.data() + y * m_stride;
+        *numbers++ = 0;
+        writeNumbers(coverages, m_size.width(), inks, numbers);
+        numbers += m_size.width();
+        inkRow(coverages, m_size.width(), inks.colors,
+               reinterpret_cast<QRgb *>(picture.image.scanLine(y)));
+    }
+    m_isEmpty = true;
+    return blendOverlaps(picture, color, inks.numbers) ? picture : PaintedPicture();
 }
 
-bool CoverageCanvas::blendOverlaps(QImage &picture, QRgb color) const
+bool CoverageCanvas::blendOverlaps(PaintedPicture &picture, QRgb color,
+                                   const Numbers &numberOf) const
 {
+    bool isNumbered = true;
     for (const auto &[x, y, coverage] : m_overlaps) {
-        QRgb &pixel = reinterpret_cast<QRgb *>(picture.scanLine(y))[x];
+        QRgb &pixel = reinterpret_cast<QRgb *>(picture.image.scanLine(y))[x];
         if (qAlpha(pixel) == static_cast<int>(full) && coverage != full)
             return false;
         const QRgb ink = scaled(color, coverage);
         pixel = ink + scaled(pixel, full - static_cast<QRgb>(qAlpha(ink)));
+        auto *const numbers = reinterpret_cast<uchar *>(picture.pixels.rows.data());
+        isNumbered = isNumbered && renumber(pixel, numberOf, picture.pixels.colors,
+                                            numbers[y * (m_size.width() + 1) + 1 + x]);
     }
+    if (!isNumbered)
+        picture.pixels = {};
     return true;
 }

@@ -1,10 +1,13 @@
 #pragma once
 
-#include <QImage>
+#include "render/PaintedPicture.h"
+
 #include <QPoint>
 #include <QRect>
 #include <QSize>
 
+#include <array>
+#include <bitset>
 #include <vector>
 
 struct GlyphShape;
@@ -14,18 +17,19 @@ struct GlyphShape;
 class CoverageCanvas
 {
 public:
-    explicit CoverageCanvas(const QSize &size);
+    /// Begins a picture; of the one before nothing is left.
+    void begin(const QSize &size);
 
     [[nodiscard]] QRect rect() const { return {QPoint(0, 0), m_size}; }
 
-    /// Adds the part of \a shape that is inside \a clip and the canvas; \a origin is the pixel that
-    /// has the glyph's origin.
+    /// Adds the part of \a shape that is inside \a clip, which is inside the canvas; \a origin is the
+    /// pixel that has the glyph's origin.
     void add(const GlyphShape &shape, const QPoint &origin, const QRect &clip);
 
-    /// The picture in \a color, which is multiplied with its alpha. A null image when there is no
-    /// memory for it, or where the engine would correct the gamma: where a glyph covers a part of a
-    /// pixel that another one has filled with an opaque colour.
-    [[nodiscard]] QImage picture(QRgb color) const;
+    /// The picture in \a color, which is multiplied with its alpha, and the end of it. A null image
+    /// when there is no memory for it, or where the engine would correct the gamma: where a glyph
+    /// covers a part of a pixel that another one has filled with an opaque colour.
+    [[nodiscard]] PaintedPicture finish(QRgb color);
 
 private:
     /// A pixel that one more glyph covers.
@@ -37,10 +41,13 @@ private:
     };
 
     void addSlowly(uchar *to, const uchar *from, int length, const QPoint &place);
-    bool blendOverlaps(QImage &picture, QRgb color) const;
+    bool blendOverlaps(PaintedPicture &picture, QRgb color,
+                       const std::array<uchar, 256> &numberOf) const;
 
     QSize m_size;
-    int m_stride;
-    std::vector<uchar> m_coverages; ///< By the first glyph on each pixel.
-    std::vector<Overlap> m_overlaps; ///< In the order of the glyphs.
+    int m_stride = 0;
+    std::vector<uchar> m_coverages;    ///< By the first glyph on each pixel.
+    std::bitset<256> m_occurring;      ///< At least the coverages that there are.
+    std::vector<Overlap> m_overlaps;   ///< In the order of the glyphs.
+    bool m_isEmpty = true;             ///< All coverages are 0.
 };

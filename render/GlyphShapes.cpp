@@ -73,7 +73,7 @@ std::optional<GlyphShape> shapeOf(const QImage &image, const QRect &ink)
 {
     constexpr int block = GlyphShape::block;
     const int stride = (ink.width() + block - 1) / block * block;
-    GlyphShape shape{ink.left(), ink.top(), ink.width(), ink.height(), stride, {}};
+    GlyphShape shape{ink.left(), ink.top(), ink.width(), ink.height(), stride, {}, {}};
     shape.coverages.resize(static_cast<std::size_t>(stride) *
                            static_cast<std::size_t>(ink.height()));
     uchar *out = shape.coverages.data();
@@ -85,6 +85,8 @@ std::optional<GlyphShape> shapeOf(const QImage &image, const QRect &ink)
         std::transform(begin, end, out,
                        [](QRgb pixel) { return static_cast<uchar>(qAlpha(pixel)); });
     }
+    for (const uchar coverage : shape.coverages)
+        shape.occurring.set(coverage);
     return shape;
 }
 

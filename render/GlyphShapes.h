@@ -2,6 +2,7 @@
 
 #include <QRawFont>
 
+#include <bitset>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -17,6 +18,7 @@ struct GlyphShape
     int height = 0;
     int stride = 0;               ///< The width rounded up to whole blocks.
     std::vector<uchar> coverages; ///< Row by row, 0 behind the width.
+    std::bitset<256> occurring;   ///< The coverages that there are.
 };
 
 /// What the painter draws for the glyphs of a font, asked of the painter once for each glyph and

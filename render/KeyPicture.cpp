@@ -2,7 +2,6 @@
 
 #include "render/Base64.h"
 #include "render/CoverageCanvas.h"
-#include "render/PngEncoder.h"
 #include "render/ShapedLine.h"
 
 #include <QColor>
@@ -58,16 +57,22 @@ void paintStrip(QImage &picture, QPainter &painter, const QRect &strip, int marg
 }
 
 /// A null image where the painter is needed.
-QImage paintGlyphs(const QSize &size, const QVector<PictureLine> &lines, const PictureStyle &style)
+PaintedPicture paintGlyphs(const QSize &size, const QVector<PictureLine> &lines,
+                           const PictureStyle &style)
 {
     // Otherwise the paint engine blends with another arithmetic.
     if (!(style.opacity >= 1))
         return {};
-    CoverageCanvas canvas(size);
-    const bool covered = std::all_of(lines.begin(), lines.end(), [&](const PictureLine &each) {
-        return each.line->cover(canvas, each.rect, style.alignment);
-    });
-    return covered ? canvas.picture(qPremultiply(QColor(style.color).rgba())) : QImage();
+    if (!std::all_of(lines.begin(), lines.end(), [&style](const PictureLine &each) {
+            return each.line->consistsOfGlyphs(style.alignment);
+        }))
+        return {};
+    static CoverageCanvas canvas;
+    canvas.begin(size);
+    const bool covered = std::all_of(
+        lines.begin(), lines.end(),
+        [](const PictureLine &each) { return each.line->cover(canvas, each.rect); });
+    return covered ? canvas.finish(qPremultiply(QColor(style.color).rgba())) : PaintedPicture();
 }
 
 QImage paintWithPainter(const QSize &size, const QVector<PictureLine> &lines,
@@ -96,17 +101,20 @@ QImage paintWithPainter(const QSize &size, const QVector<PictureLine> &lines,
 
 } // namespace
 
-QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const PictureStyle &style)
+PaintedPicture paintPicture(const QSize &size, const QVector<PictureLine> &lines,
+                            const PictureStyle &style)
 {
     if (!canBePainted(size, lines))
         return {};
-    const QImage picture = paintGlyphs(size, lines, style);
-    return picture.isNull() ? paintWithPainter(size, lines, style) : picture;
+    PaintedPicture picture = paintGlyphs(size, lines, style);
+    if (picture.image.isNull())
+        picture.image = paintWithPainter(size, lines, style);
+    return picture;
 }
 
-QString pngDataUrl(const QImage &image, const char *operation)
+QString pngDataUrl(const PaintedPicture &picture, const char *operation)
 {
-    const QByteArray png = encodedPng(image);
+    const QByteArray png = encodedPng(picture.image, picture.pixels);
     if (png.isEmpty())
         qCritical() << operation << "Can't convert QImage to png";
     return withBase64(QLatin1String("data:image/png;base64,"), png);

@@ -20,12 +20,12 @@ constexpr std::size_t keptRows = std::size_t{1} << 20U;
 /// PNG's colour types: what a pixel is made of.
 enum class ColorType : uchar { Palette = 3, TrueColorWithAlpha = 6 };
 
-/// The colours of a picture, each in the place that its pixels name. Transparent has the first.
+/// The colours of a picture, each in the place that its pixels name.
 struct Palette
 {
     static constexpr std::size_t largest = 256;
 
-    std::array<QRgb, largest> colors = {};
+    std::array<QRgb, largest> colors = {}; ///< Transparent is the first.
     std::size_t size = 1;
 };
 
@@ -222,17 +222,29 @@ void writeTrueColorRows(const QImage &image, Rows &rows)
     }
 }
 
-/// Makes codes for rows of text in a palette: many transparent pixels, else any colour, and
-/// repetitions of any length and distance. False when the library fails.
+/// Makes codes for rows of text in a palette: many transparent and fully covered pixels, the numbers
+/// 0 and 1, else any colour; repetitions that are mostly short, and as far as the pixels beside or one
+/// or two rows above. The shares are those of the pictures of a usual deck. False when the library
+/// fails.
 bool makeCodesForText(isal_hufftables &codes)
 {
     constexpr std::size_t endOfBlock = 256;
+    constexpr std::size_t lengths = endOfBlock + 1;
+    constexpr std::array<quint64, 14> shortLengths = {5,  260, 66, 50, 32, 30, 21,
+                                                      21, 24,  18, 18, 11, 13, 9};
+    constexpr std::array<quint64, 24> distances = {70, 8,  6,  5,  7,  7,  22, 22, 22, 22, 22, 22,
+                                                   22, 22, 22, 22, 69, 28, 28, 28, 28, 28, 28, 28};
+    constexpr quint64 longest = 8;
     isal_huff_histogram shares = {};
-    std::fill(std::begin(shares.lit_len_histogram), std::end(shares.lit_len_histogram), 40);
-    std::fill_n(std::begin(shares.lit_len_histogram), endOfBlock, 10);
-    shares.lit_len_histogram[0] = 500;
+    std::fill(std::begin(shares.lit_len_histogram), std::end(shares.lit_len_histogram), 3);
+    std::fill_n(std::begin(shares.lit_len_histogram), endOfBlock, 5);
+    std::fill_n(std::begin(shares.lit_len_histogram), 2, 250);
     shares.lit_len_histogram[endOfBlock] = 1;
-    std::fill(std::begin(shares.dist_histogram), std::end(shares.dist_histogram), 1);
+    std::copy(shortLengths.begin(), shortLengths.end(),
+              std::begin(shares.lit_len_histogram) + lengths);
+    *std::rbegin(shares.lit_len_histogram) = longest;
+    std::fill(std::begin(shares.dist_histogram), std::end(shares.dist_histogram), 2);
+    std::copy(distances.begin(), distances.end(), std::begin(shares.dist_histogram));
     return isal_create_hufftables(&codes, &shares) == 0;
 }
 
@@ -284,13 +296,13 @@ public:
     }
 
     /// False when the library refuses.
-    bool appendCompressed(Rows &rows)
+    bool appendCompressed(const uchar *bytes, std::size_t size)
     {
         // What cannot be compressed is stored in blocks of up to 65535 bytes with 5 bytes each.
         constexpr std::size_t leastBlock = 1024;
         constexpr std::size_t others = 64;
         const int start = m_bytes.size();
-        const std::size_t room = rows.size() + rows.size() / leastBlock + others;
+        const std::size_t room = size + size / leastBlock + others;
         m_bytes.resize(start + static_cast<int>(room));
 
         static isal_zstream stream;
@@ -299,8 +311,8 @@ public:
             stream.hufftables = codes;
         stream.gzip_flag = IGZIP_ZLIB;
         stream.end_of_stream = 1;
-        stream.next_in = rows.data();
-        stream.avail_in = static_cast<quint32>(rows.size());
+        stream.next_in = const_cast<uchar *>(bytes); // NOLINT(cppcoreguidelines-pro-type-const-cast)
+        stream.avail_in = static_cast<quint32>(size);
         stream.next_out = position(start);
         stream.avail_out = static_cast<quint32>(room);
         const bool compressed = isal_deflate_stateless(&stream) == COMP_OK;
@@ -329,49 +341,63 @@ void writeHeader(PngFile &png, const QSize &size, ColorType type)
     png.end();
 }
 
-void writePalette(PngFile &png, const Palette &palette)
+void writePalette(PngFile &png, const QRgb *palette, std::size_t size)
 {
     std::array<char, 3 *Palette::largest> colors = {};
     std::array<char, Palette::largest> alphas = {};
-    for (std::size_t place = 0; place < palette.size; ++place) {
-        const QRgb color = palette.colors[place];
+    for (std::size_t place = 0; place < size; ++place) {
+        const QRgb color = palette[place];
         colors[3 * place] = static_cast<char>(qRed(color));
         colors[3 * place + 1] = static_cast<char>(qGreen(color));
         colors[3 * place + 2] = static_cast<char>(qBlue(color));
         alphas[place] = static_cast<char>(qAlpha(color));
     }
-    const auto size = static_cast<int>(palette.size);
+    const auto length = static_cast<int>(size);
     png.begin("PLTE");
-    png.append(colors, 3 * size);
+    png.append(colors, 3 * length);
     png.end();
     png.begin("tRNS");
-    png.append(alphas, size);
+    png.append(alphas, length);
     png.end();
 }
 
-bool writeRows(PngFile &png, Rows &rows)
+/// The rows of a PNG in a buffer of somebody else.
+struct RowsView
+{
+    const uchar *bytes;
+    std::size_t size;
+};
+
+bool writeRows(PngFile &png, RowsView rows)
 {
     png.begin("IDAT");
-    const bool compressed = png.appendCompressed(rows);
+    const bool compressed = png.appendCompressed(rows.bytes, rows.size);
     png.end();
     return compressed;
 }
 
-QByteArray encoded(const QImage &image, Rows &rows)
+/// Without a palette if \a colors is 0.
+QByteArray encoded(const QSize &size, const QRgb *palette, std::size_t colors, RowsView rows)
 {
     constexpr std::size_t others = 2048;
-    const std::optional<Palette> palette = writePaletteRows(image, rows);
-    if (!palette)
-        writeTrueColorRows(image, rows);
-    PngFile png(rows.size() + rows.size() / 8 + others);
-    writeHeader(png, image.size(), palette ? ColorType::Palette : ColorType::TrueColorWithAlpha);
-    if (palette)
-        writePalette(png, *palette);
+    PngFile png(rows.size + rows.size / 8 + others);
+    writeHeader(png, size, colors > 0 ? ColorType::Palette : ColorType::TrueColorWithAlpha);
+    if (colors > 0)
+        writePalette(png, palette, colors);
     if (!writeRows(png, rows))
         return {};
     png.begin("IEND");
     png.end();
     return png.bytes();
+}
+
+QByteArray encoded(const QImage &image, Rows &rows)
+{
+    if (const std::optional<Palette> palette = writePaletteRows(image, rows))
+        return encoded(image.size(), palette->colors.data(), palette->size,
+                       {rows.data(), rows.size()});
+    writeTrueColorRows(image, rows);
+    return encoded(image.size(), nullptr, 0, {rows.data(), rows.size()});
 }
 
 } // namespace
@@ -385,4 +411,14 @@ QByteArray encodedPng(const QImage &image)
     if (rows.size() > keptRows)
         Rows().swap(rows);
     return png;
+}
+
+QByteArray encodedPng(const QImage &image, const IndexedPixels &pixels)
+{
+    if (pixels.colors.isEmpty())
+        return encodedPng(image);
+    return encoded(image.size(), pixels.colors.constData(),
+                   static_cast<std::size_t>(pixels.colors.size()),
+                   {reinterpret_cast<const uchar *>(pixels.rows.constData()),
+                    static_cast<std::size_t>(pixels.rows.size())});
 }

@@ -39,15 +39,6 @@ bool isSimple(const QString &text)
            std::all_of(text.begin(), text.end(), [](QChar each) { return isSimple(each); });
 }
 
-/// Whether a text in \a font is nothing but glyphs from the painter's cache, of which it does not
-/// draw those of 64 pixels or more.
-bool consistsOfGlyphs(const QFont &font)
-{
-    constexpr int largest = 48;
-    return font.pixelSize() > 0 && font.pixelSize() <= largest && !font.underline() &&
-           !font.overline() && !font.strikeOut();
-}
-
 /// The painter reckons in 64ths of a pixel.
 constexpr int fixedUnits = 64;
 
@@ -143,13 +134,20 @@ void ShapedLine::drawCentred(QPainter &painter, const QRect &rect) const
         painter.restore();
 }
 
-bool ShapedLine::cover(CoverageCanvas &canvas, const QRect &rect, int alignment) const
+bool ShapedLine::consistsOfGlyphs(int alignment) const
 {
-    if (m_layout.lineCount() == 0 || alignment != Qt::AlignCenter || !consistsOfGlyphs(m_font))
-        return false;
+    // The painter caches glyphs of less than 64 pixels.
+    constexpr int largest = 48;
+    return m_layout.lineCount() > 0 && alignment == Qt::AlignCenter && m_font.pixelSize() > 0 &&
+           m_font.pixelSize() <= largest && !m_font.underline() && !m_font.overline() &&
+           !m_font.strikeOut();
+}
+
+bool ShapedLine::cover(CoverageCanvas &canvas, const QRect &rect) const
+{
     const auto [origin, overhangs] = centredIn(rect);
     const QPoint place(fixedPoint(origin.x()), fixedPoint(origin.y()));
-    const QRect clip = overhangs ? rect : canvas.rect();
+    const QRect clip = overhangs ? rect & canvas.rect() : canvas.rect();
     const QList<QGlyphRun> runs = m_layout.glyphRuns();
     return std::all_of(runs.begin(), runs.end(), [&](const QGlyphRun &run) {
         return coverRun(canvas, run, place, clip);

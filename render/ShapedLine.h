@@ -30,9 +30,11 @@ public:
     /// line, and the painter's layout direction must be left to right.
     void draw(QPainter &painter, const QRect &rect, int alignment) const;
 
-    /// Adds the glyphs that draw() would draw to \a canvas. False when that may differ from what the
-    /// painter draws: for large letters, lines under or through them, and texts that are left to it.
-    [[nodiscard]] bool cover(CoverageCanvas &canvas, const QRect &rect, int alignment) const;
+    /// Whether draw() draws nothing but glyphs from the painter's cache: no large letters, no lines
+    /// under or through them, and no text that is left to the painter.
+    [[nodiscard]] bool consistsOfGlyphs(int alignment) const;
+    /// Adds these glyphs to \a canvas; false when one is not drawn in a single colour.
+    [[nodiscard]] bool cover(CoverageCanvas &canvas, const QRect &rect) const;
 
 private:
     struct Place
