@@ -51,8 +51,9 @@ QString withBase64(QLatin1String prefix, const QByteArray &bytes)
     constexpr int wordSize = sizeof(quint64);
     const int length = (bytes.size() + group - 1) / group * 4;
     QString text(prefix.size() + length, Qt::Uninitialized);
-    ushort *out = std::transform(prefix.begin(), prefix.end(), reinterpret_cast<ushort *>(text.data()),
-                                 [](char each) { return static_cast<uchar>(each); });
+    ushort *out =
+        std::transform(prefix.begin(), prefix.end(), reinterpret_cast<ushort *>(text.data()),
+                       [](char each) { return static_cast<uchar>(each); });
     const auto *in = reinterpret_cast<const uchar *>(bytes.constData());
     const uchar *const end = in + bytes.size();
     for (; end - in >= wordSize; in += 2 * group) {

@@ -80,8 +80,8 @@ QVector<QRgb> number(const std::bitset<full + 1> &occurring, Inks &inks)
     return found;
 }
 
-/// Notes that a pixel, whose number is \a number, has become \a pixel; false when there are too many
-/// colours.
+/// Notes that a pixel, whose number is \a number, has become \a pixel; false when there are too
+/// many colours.
 bool renumber(QRgb pixel, const Numbers &numberOf, QVector<QRgb> &colors, uchar &number)
 {
     number = numberOf[static_cast<std::size_t>(qAlpha(pixel))];
@@ -132,7 +132,8 @@ void CoverageCanvas::begin(const QSize &size)
     constexpr std::size_t mostKept = std::size_t{256} * 1024;
     m_size = size;
     m_stride = size.width() + GlyphShape::block;
-    const auto needed = static_cast<std::size_t>(m_stride) * static_cast<std::size_t>(size.height());
+    const auto needed =
+        static_cast<std::size_t>(m_stride) * static_cast<std::size_t>(size.height());
     if (!m_isEmpty || m_coverages.size() > mostKept)
         m_coverages = std::vector<uchar>(needed);
     else if (m_coverages.size() < needed)
@@ -153,7 +154,8 @@ void CoverageCanvas::add(const GlyphShape &shape, const QPoint &origin, const QR
     const bool isWhole = box.width() == shape.width;
     const int length = isWhole ? shape.stride : box.width();
     for (int y = box.top(); y <= box.bottom(); ++y) {
-        const uchar *const from = shape.coverages.data() + (y - corner.y()) * shape.stride + skipped;
+        const uchar *const from =
+            shape.coverages.data() + (y - corner.y()) * shape.stride + skipped;
         uchar *const to = m_coverages.data() + y * m_stride + box.left();
         int done = 0;
         for (; length - done >= GlyphShape::block; done += GlyphShape::block) {

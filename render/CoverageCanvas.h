@@ -22,11 +22,14 @@ public:
 
     [[nodiscard]] QRect rect() const { return {QPoint(0, 0), m_size}; }
 
-    /// Adds the part of \a shape that is inside \a clip, which is inside the canvas; \a origin is the
-    /// pixel that has the glyph's origin.
+    /// Adds the part of \a shape that is inside \a clip, which is inside the canvas; \a origin is
+    /// the pixel that has the glyph's origin.
     void add(const GlyphShape &shape, const QPoint &origin, const QRect &clip);
 
-    /// The picture in \a color, which is multiplied with its alpha, and the end of it. A null image
+    /// Whether two glyphs cover one pixel.
+    [[nodiscard]] bool hasOverlaps() const { return !m_overlaps.empty(); }
+
+    /// The picture in \a color, which is opaque, and the end of it. A null image
     /// when there is no memory for it, or where the engine would correct the gamma: where a glyph
     /// covers a part of a pixel that another one has filled with an opaque colour.
     [[nodiscard]] PaintedPicture finish(QRgb color);
@@ -46,8 +49,8 @@ private:
 
     QSize m_size;
     int m_stride = 0;
-    std::vector<uchar> m_coverages;    ///< By the first glyph on each pixel.
-    std::bitset<256> m_occurring;      ///< At least the coverages that there are.
-    std::vector<Overlap> m_overlaps;   ///< In the order of the glyphs.
-    bool m_isEmpty = true;             ///< All coverages are 0.
+    std::vector<uchar> m_coverages;  ///< By the first glyph on each pixel.
+    std::bitset<256> m_occurring;    ///< At least the coverages that there are.
+    std::vector<Overlap> m_overlaps; ///< In the order of the glyphs.
+    bool m_isEmpty = true;           ///< All coverages are 0.
 };

@@ -12,8 +12,8 @@
 
 namespace {
 
-/// More than a large deck has; all are forgotten when there are more. A glyph of the usual 28 pixels
-/// takes half a kilobyte.
+/// More than a large deck has; all are forgotten when there are more. A glyph of the usual 28
+/// pixels takes half a kilobyte.
 constexpr std::size_t mostGlyphs = 2048;
 constexpr std::size_t mostFonts = 8;
 
@@ -54,8 +54,8 @@ QRect inkOf(const QImage &image)
         const QRgb *const first = std::find_if(begin, end, isInk);
         if (first == end)
             continue;
-        const auto last = std::find_if(std::make_reverse_iterator(end),
-                                       std::make_reverse_iterator(first), isInk);
+        const auto last =
+            std::find_if(std::make_reverse_iterator(end), std::make_reverse_iterator(first), isInk);
         ink |= QRect(static_cast<int>(first - begin), y, static_cast<int>(last.base() - first), 1);
     }
     return ink;
@@ -94,13 +94,15 @@ std::optional<GlyphShape> shapeOf(const QRawFont &font, quint32 glyph, int part)
 {
     // The box is that of the outline; slanting and hinting may add to it.
     const int margin = 2 + static_cast<int>(font.pixelSize()) / 4;
-    const QRect box =
-        font.boundingRect(glyph).toAlignedRect().adjusted(-margin, -margin, margin, margin);
+    const bool isAtEdge = part == GlyphShapes::edge;
+    QRect box = font.boundingRect(glyph).toAlignedRect().adjusted(-margin, -margin, margin, margin);
+    if (isAtEdge)
+        box = QRect(QPoint(0, box.top()), QPoint(std::max(box.right(), margin), box.bottom()));
     constexpr qreal middle = 0.5;
-    const QPointF origin = QPointF((part + middle) / GlyphShapes::partsOfPixel, 0) - box.topLeft();
-    const QImage image = drawing(font, glyph, box.size(), origin);
+    const qreal x = isAtEdge ? 0 : (part + middle) / GlyphShapes::partsOfPixel;
+    const QImage image = drawing(font, glyph, box.size(), QPointF(x, 0) - box.topLeft());
     const QRect ink = inkOf(image);
-    if (!image.rect().adjusted(1, 1, -1, -1).contains(ink) && !ink.isEmpty())
+    if (!image.rect().adjusted(isAtEdge ? 0 : 1, 1, -1, -1).contains(ink) && !ink.isEmpty())
         return std::nullopt;
     std::optional<GlyphShape> shape = shapeOf(image, ink);
     if (shape) {
@@ -119,7 +121,7 @@ GlyphShapes::GlyphShapes(const QRawFont &font)
 
 const GlyphShape *GlyphShapes::find(quint32 glyph, int part)
 {
-    const quint64 key = quint64{glyph} * partsOfPixel + static_cast<quint64>(part);
+    const quint64 key = quint64{glyph} * (edge + 1) + static_cast<quint64>(part);
     auto known = m_shapes.find(key);
     if (known == m_shapes.end()) {
         if (m_shapes.size() == mostGlyphs)
@@ -132,9 +134,8 @@ const GlyphShape *GlyphShapes::find(quint32 glyph, int part)
 GlyphShapes &GlyphShapes::of(const QRawFont &font)
 {
     static std::list<GlyphShapes> all;
-    const auto known = std::find_if(all.begin(), all.end(), [&font](const GlyphShapes &each) {
-        return each.font() == font;
-    });
+    const auto known = std::find_if(
+        all.begin(), all.end(), [&font](const GlyphShapes &each) { return each.font() == font; });
     if (known != all.end()) {
         all.splice(all.begin(), all, known);
         return all.front();

@@ -29,11 +29,15 @@ public:
     /// The raster paint engine cuts horizontal positions off to this part of a pixel and rounds
     /// vertical ones to whole pixels.
     static constexpr int partsOfPixel = 4;
+    /// A part by itself: at the very edge of a picture the engine does not add the little that it
+    /// adds elsewhere.
+    static constexpr int edge = partsOfPixel;
 
     explicit GlyphShapes(const QRawFont &font);
 
     /// Null when \a glyph is not drawn in the pen's colour alone or reaches far out of its box.
-    /// \a part is below `partsOfPixel`. Valid until the next call.
+    /// \a part is below `partsOfPixel`, or `edge`; left of an edge there is nothing. Valid until
+    /// the next call.
     const GlyphShape *find(quint32 glyph, int part);
 
     [[nodiscard]] const QRawFont &font() const { return m_font; }

@@ -60,19 +60,19 @@ void paintStrip(QImage &picture, QPainter &painter, const QRect &strip, int marg
 PaintedPicture paintGlyphs(const QSize &size, const QVector<PictureLine> &lines,
                            const PictureStyle &style)
 {
+    const QColor color(style.color);
     // Otherwise the paint engine blends with another arithmetic.
-    if (!(style.opacity >= 1))
-        return {};
-    if (!std::all_of(lines.begin(), lines.end(), [&style](const PictureLine &each) {
+    const bool isOpaque = color.alphaF() >= 1 && style.opacity >= 1;
+    if (!isOpaque || !std::all_of(lines.begin(), lines.end(), [&style](const PictureLine &each) {
             return each.line->consistsOfGlyphs(style.alignment);
         }))
         return {};
     static CoverageCanvas canvas;
     canvas.begin(size);
-    const bool covered = std::all_of(
-        lines.begin(), lines.end(),
-        [](const PictureLine &each) { return each.line->cover(canvas, each.rect); });
-    return covered ? canvas.finish(qPremultiply(QColor(style.color).rgba())) : PaintedPicture();
+    const bool covered = std::all_of(lines.begin(), lines.end(), [](const PictureLine &each) {
+        return each.line->cover(canvas, each.rect);
+    });
+    return covered ? canvas.finish(color.rgba()) : PaintedPicture();
 }
 
 QImage paintWithPainter(const QSize &size, const QVector<PictureLine> &lines,

@@ -38,6 +38,6 @@ constexpr int largestArea = 32768 * 768;
 PaintedPicture paintPicture(const QSize &size, const QVector<PictureLine> &lines,
                             const PictureStyle &style);
 
-/// "data:image/png;base64," and the base64 of \a picture as PNG. A picture that cannot be saved gives
-/// nothing after the comma and a critical message that names \a operation.
+/// "data:image/png;base64," and the base64 of \a picture as PNG. A picture that cannot be saved
+/// gives nothing after the comma and a critical message that names \a operation.
 QString pngDataUrl(const PaintedPicture &picture, const char *operation);

@@ -4,7 +4,8 @@
 
 #include <QImage>
 
-/// A picture and, where painting it has told them, its pixels in the form in which they are encoded.
+/// A picture and, where painting it has told them, its pixels in the form in which they are
+/// encoded.
 struct PaintedPicture
 {
     QImage image;

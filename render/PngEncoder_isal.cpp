@@ -222,10 +222,10 @@ void writeTrueColorRows(const QImage &image, Rows &rows)
     }
 }
 
-/// Makes codes for rows of text in a palette: many transparent and fully covered pixels, the numbers
-/// 0 and 1, else any colour; repetitions that are mostly short, and as far as the pixels beside or one
-/// or two rows above. The shares are those of the pictures of a usual deck. False when the library
-/// fails.
+/// Makes codes for rows of text in a palette: many transparent and fully covered pixels, the
+/// numbers 0 and 1, else any colour; repetitions that are mostly short, and as far as the pixels
+/// beside or one or two rows above. The shares are those of the pictures of a usual deck. False
+/// when the library fails.
 bool makeCodesForText(isal_hufftables &codes)
 {
     constexpr std::size_t endOfBlock = 256;
@@ -311,7 +311,8 @@ public:
             stream.hufftables = codes;
         stream.gzip_flag = IGZIP_ZLIB;
         stream.end_of_stream = 1;
-        stream.next_in = const_cast<uchar *>(bytes); // NOLINT(cppcoreguidelines-pro-type-const-cast)
+        stream.next_in =
+            const_cast<uchar *>(bytes); // NOLINT(cppcoreguidelines-pro-type-const-cast)
         stream.avail_in = static_cast<quint32>(size);
         stream.next_out = position(start);
         stream.avail_out = static_cast<quint32>(room);

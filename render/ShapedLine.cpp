@@ -67,8 +67,10 @@ bool coverRun(CoverageCanvas &canvas, const QGlyphRun &run, const QPoint &place,
     const QVector<quint32> glyphs = run.glyphIndexes();
     const QVector<QPointF> positions = run.positions();
     for (int i = 0; i < glyphs.size(); ++i) {
-        const auto [x, part] = split(place.x() + fixedPoint(positions.at(i).x()));
-        const GlyphShape *const shape = shapes.find(glyphs.at(i), part);
+        const int position = place.x() + fixedPoint(positions.at(i).x());
+        const auto [x, part] = split(position);
+        const GlyphShape *const shape =
+            shapes.find(glyphs.at(i), position == 0 ? GlyphShapes::edge : part);
         if (!shape)
             return false;
         canvas.add(*shape, {x, rounded(place.y() + fixedPoint(positions.at(i).y()))}, clip);
@@ -149,7 +151,9 @@ bool ShapedLine::cover(CoverageCanvas &canvas, const QRect &rect) const
     const QPoint place(fixedPoint(origin.x()), fixedPoint(origin.y()));
     const QRect clip = overhangs ? rect & canvas.rect() : canvas.rect();
     const QList<QGlyphRun> runs = m_layout.glyphRuns();
-    return std::all_of(runs.begin(), runs.end(), [&](const QGlyphRun &run) {
+    const bool covered = std::all_of(runs.begin(), runs.end(), [&](const QGlyphRun &run) {
         return coverRun(canvas, run, place, clip);
     });
+    // The glyphs of each font are together, not in their order, which matters where they overlap.
+    return covered && (runs.size() == 1 || !canvas.hasOverlaps());
 }

@@ -90,9 +90,8 @@ QString normalAction::normalPainting(const QString &textToDraw)
     const ShapedLine line(displayedText, font);
     imageWidth = line.width();
     imageHeight = QFontMetrics(font).height();
-    const PaintedPicture picture =
-        paintPicture({imageWidth, imageHeight}, {{QRect(0, 0, imageWidth, imageHeight), &line}},
-                     pictureStyle());
+    const PaintedPicture picture = paintPicture(
+        {imageWidth, imageHeight}, {{QRect(0, 0, imageWidth, imageHeight), &line}}, pictureStyle());
     keyImage = picture.image;
     return pngDataUrl(picture, "normalAction::normalPainting");
 }
