@@ -47,6 +47,7 @@ ushort *write(quint64 value, ushort *out)
 QString withBase64(QLatin1String prefix, const QByteArray &bytes)
 {
     constexpr int group = 3;
+    constexpr std::ptrdiff_t twoGroups = 6;
     constexpr int byteBits = 8;
     constexpr int wordSize = sizeof(quint64);
     const int length = (bytes.size() + group - 1) / group * 4;
@@ -56,7 +57,7 @@ QString withBase64(QLatin1String prefix, const QByteArray &bytes)
                        [](char each) { return static_cast<uchar>(each); });
     const auto *in = reinterpret_cast<const uchar *>(bytes.constData());
     const uchar *const end = in + bytes.size();
-    for (; end - in >= wordSize; in += 2 * group) {
+    for (; end - in >= wordSize; in += twoGroups) {
         const quint64 value = qFromBigEndian<quint64>(in) >> 2 * byteBits;
         out = write(value >> group * byteBits, out);
         out = write(value, out);

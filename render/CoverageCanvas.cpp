@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstring>
 
 namespace {
@@ -96,6 +97,11 @@ bool renumber(QRgb pixel, const Numbers &numberOf, QVector<QRgb> &colors, uchar 
     return place <= static_cast<int>(full);
 }
 
+std::ptrdiff_t offset(int stride, int row)
+{
+    return static_cast<std::ptrdiff_t>(stride) * row;
+}
+
 void writeNumbers(const uchar *coverages, int length, const Inks &inks, uchar *numbers)
 {
     if (inks.areNumbersComplete)
@@ -155,8 +161,8 @@ void CoverageCanvas::add(const GlyphShape &shape, const QPoint &origin, const QR
     const int length = isWhole ? shape.stride : box.width();
     for (int y = box.top(); y <= box.bottom(); ++y) {
         const uchar *const from =
-            shape.coverages.data() + (y - corner.y()) * shape.stride + skipped;
-        uchar *const to = m_coverages.data() + y * m_stride + box.left();
+            shape.coverages.data() + offset(shape.stride, y - corner.y()) + skipped;
+        uchar *const to = m_coverages.data() + offset(m_stride, y) + box.left();
         int done = 0;
         for (; length - done >= GlyphShape::block; done += GlyphShape::block) {
             if (blockAt(to + done) == 0)
@@ -188,7 +194,7 @@ PaintedPicture CoverageCanvas::finish(QRgb color)
     picture.pixels.rows = QByteArray((m_size.width() + 1) * m_size.height(), Qt::Uninitialized);
     auto *numbers = reinterpret_cast<uchar *>(picture.pixels.rows.data());
     for (int y = 0; y < m_size.height(); ++y) {
-        uchar *const coverages = m_coverages.data() + y * m_stride;
+        uchar *const coverages = m_coverages.data() + offset(m_stride, y);
         *numbers++ = 0;
         writeNumbers(coverages, m_size.width(), inks, numbers);
         numbers += m_size.width();

@@ -39,8 +39,8 @@ public:
 private:
     struct Place
     {
-        QPointF origin; ///< Of the layout.
-        bool overhangs; ///< The line must be clipped to its rectangle.
+        QPointF origin;         ///< Of the layout.
+        bool overhangs = false; ///< The line must be clipped to its rectangle.
     };
 
     Place centredIn(const QRect &rect) const;

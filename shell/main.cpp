@@ -2,6 +2,7 @@
 #include "shell/ApplicationBootstrap.h"
 #include "shell/ConsoleTrigger.h"
 #include "shell/QtSystemMonitor.h"
+#include "shell/codepages.h"
 #include "shell/desktop.h"
 #include "shell/heap.h"
 #include "shell/standardstreams.h"
@@ -15,6 +16,9 @@
 namespace {
 
 constexpr std::chrono::seconds heapInterval{5};
+
+/// By then there were some passes, and usually the host has shown its keys.
+constexpr std::chrono::seconds startUpEnd{5};
 
 } // namespace
 
@@ -43,5 +47,6 @@ int main(int argc, char **argv)
     QTimer heapTimer;
     QObject::connect(&heapTimer, &QTimer::timeout, &window, returnFreedMemory);
     heapTimer.start(heapInterval);
+    QTimer::singleShot(startUpEnd, &window, returnCodePages);
     return QApplication::exec();
 }

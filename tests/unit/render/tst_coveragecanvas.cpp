@@ -8,8 +8,8 @@
 
 #include <algorithm>
 
-/// Pictures of glyphs are those that QPainter draws, pixel by pixel, and their numbers tell the same
-/// colours.
+/// Pictures of glyphs are those that QPainter draws, pixel by pixel, and their numbers tell the
+/// same colours.
 class tst_CoverageCanvas : public QObject
 {
     Q_OBJECT
@@ -169,7 +169,8 @@ void tst_CoverageCanvas::areWhatThePainterDraws()
             QVERIFY2(found.isEmpty(), qPrintable(found));
         }
     }
-    // Else nothing was tested but the painter against itself. Letters that overlap much are left to it.
+    // Else nothing was tested but the painter against itself. Letters that overlap much are left to
+    // it.
     if (font.letterSpacing() == 0)
         QCOMPARE(m_numbered > 0, font.pixelSize() <= 48 && !font.underline());
 }

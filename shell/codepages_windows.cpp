@@ -1,0 +1,4 @@
+#include "shell/codepages.h"
+
+// The system trims the working set of a process by itself.
+void returnCodePages() {}
