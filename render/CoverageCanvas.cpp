@@ -170,7 +170,8 @@ void CoverageCanvas::add(const GlyphShape &shape, const QPoint &origin, const QR
             else
                 addSlowly(to + done, from + done, GlyphShape::block, {box.left() + done, y});
         }
-        addSlowly(to + done, from + done, length - done, {box.left() + done, y});
+        if (done < length)
+            addSlowly(to + done, from + done, length - done, {box.left() + done, y});
     }
 }
 

@@ -29,9 +29,9 @@ public:
     /// Whether two glyphs cover one pixel.
     [[nodiscard]] bool hasOverlaps() const { return !m_overlaps.empty(); }
 
-    /// The picture in \a color, which is opaque, and the end of it. A null image
-    /// when there is no memory for it, or where the engine would correct the gamma: where a glyph
-    /// covers a part of a pixel that another one has filled with an opaque colour.
+    /// The picture in \a color, which is opaque, and the end of it. A null image when there is no
+    /// memory for it, or where the engine may correct the gamma: where a glyph covers a part of a
+    /// pixel that another one has filled.
     [[nodiscard]] PaintedPicture finish(QRgb color);
 
 private:

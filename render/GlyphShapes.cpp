@@ -133,7 +133,8 @@ const GlyphShape *GlyphShapes::find(quint32 glyph, int part)
 
 GlyphShapes &GlyphShapes::of(const QRawFont &font)
 {
-    static std::list<GlyphShapes> all;
+    // Never deleted, because the engines of the fonts end with the application.
+    static auto &all = *new std::list<GlyphShapes>;
     const auto known = std::find_if(
         all.begin(), all.end(), [&font](const GlyphShapes &each) { return each.font() == font; });
     if (known != all.end()) {

@@ -9,7 +9,8 @@
 
 namespace {
 
-/// Whether the dynamic linker has written into the code or constants of \a object, which would be lost.
+/// Whether the dynamic linker has written into the code or constants of \a object, which would be
+/// lost.
 bool hasRelocatedCode(const dl_phdr_info &object)
 {
     for (int i = 0; i < object.dlpi_phnum; ++i) {
