@@ -65,7 +65,7 @@ private:
 
     static bool isTransparent(const QRgb *pixel)
     {
-        std::array<quint64, block * sizeof(QRgb) / sizeof(quint64)> pixels;
+        std::array<quint64, block * sizeof(QRgb) / sizeof(quint64)> pixels = {};
         std::memcpy(pixels.data(), pixel, sizeof(pixels));
         return (pixels[0] | pixels[1]) == 0;
     }
@@ -93,7 +93,7 @@ private:
         return true;
     }
 
-    std::array<QRgb, Palette::largest> m_colors;
+    std::array<QRgb, Palette::largest> m_colors = {};
     std::array<uchar, Palette::largest> m_places = {};
     Palette m_palette;
 };

@@ -17,6 +17,7 @@ bool hasRelocatedCode(const dl_phdr_info &object)
         const ElfW(Phdr) &segment = object.dlpi_phdr[i];
         if (segment.p_type != PT_DYNAMIC)
             continue;
+        // NOLINTNEXTLINE(performance-no-int-to-ptr)
         const auto *entry = reinterpret_cast<const ElfW(Dyn) *>(object.dlpi_addr + segment.p_vaddr);
         for (; entry->d_tag != DT_NULL; ++entry) {
             if (entry->d_tag == DT_TEXTREL ||
@@ -34,8 +35,10 @@ void returnCode(std::uintptr_t begin, std::size_t length)
     const auto page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
     const std::uintptr_t first = (begin + page - 1) / page * page;
     const std::uintptr_t last = (begin + length) / page * page;
-    if (first < last)
-        madvise(reinterpret_cast<void *>(first), last - first, MADV_DONTNEED);
+    if (first >= last)
+        return;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
+    madvise(reinterpret_cast<void *>(first), last - first, MADV_DONTNEED);
 }
 
 int returnCodeOf(dl_phdr_info *object, std::size_t /*size*/, void * /*context*/)
