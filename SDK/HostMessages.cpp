@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 #include <QStringBuilder>
 
+#include <algorithm>
 #include <numeric>
 
 namespace {
@@ -23,13 +24,22 @@ bool isSpecial(ushort character)
            (character & surrogateMask) == surrogates;
 }
 
-/// The loop has no early exit, so that the compiler can vectorise it.
+/// Whether no character is special and none beyond the first half of the code units. The loop has
+/// no early exit and no type wider than a character, so that the compiler can vectorise it.
+bool isSurelyPlain(const QString &text)
+{
+    constexpr short firstPrintable = 0x20;
+    const auto *const begin = reinterpret_cast<const short *>(text.utf16());
+    return std::accumulate(begin, begin + text.size(), short{0}, [](short found, short each) {
+               const bool isOther = each < firstPrintable || each == '"' || each == '\\';
+               return static_cast<short>(found | short{isOther});
+           }) == 0;
+}
+
 bool isPlain(const QString &text)
 {
     const ushort *const begin = text.utf16();
-    return std::accumulate(begin, begin + text.size(), 0, [](int specials, ushort character) {
-               return specials | static_cast<int>(isSpecial(character));
-           }) == 0;
+    return isSurelyPlain(text) || std::none_of(begin, begin + text.size(), isSpecial);
 }
 
 /// \a text as a JSON string, without its quotation marks.
@@ -46,9 +56,10 @@ QString escaped(const QString &text)
 /// The members "state" and "target", which are sorted by name.
 QString targetAndState(int target, int state)
 {
-    const QString written = QStringLiteral("\"target\":%1").arg(target);
+    const QString written = QStringLiteral("\"target\":") % QString::number(target);
     // Compatibility: state-left-out
-    return state >= 0 ? QStringLiteral("\"state\":%1,").arg(state) + written : written;
+    return state >= 0 ? QStringLiteral("\"state\":") % QString::number(state) % u',' % written
+                      : written;
 }
 
 QString withPrefix(const QString &image)

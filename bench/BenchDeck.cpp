@@ -29,7 +29,7 @@ QVector<Kind> kinds()
     return kinds;
 }
 
-QJsonObject settings(const QString &title, bool twoLines)
+QJsonObject settings(const QString &title, bool twoLines, const QString &style)
 {
     constexpr int keyPixels = 144;
     const QJsonObject titleParameters{
@@ -47,14 +47,18 @@ QJsonObject settings(const QString &title, bool twoLines)
         {QStringLiteral("switchFrequency"), 3},
         {QStringLiteral("showVolumeName"), true},
     };
-    return {{QStringLiteral("titleParameters"), titleParameters},
-            {QStringLiteral("ActionGeometry"), QJsonObject{{QStringLiteral("width"), keyPixels},
-                                                           {QStringLiteral("height"), keyPixels}}}};
+    QJsonObject settings{
+        {QStringLiteral("titleParameters"), titleParameters},
+        {QStringLiteral("ActionGeometry"),
+         QJsonObject{{QStringLiteral("width"), keyPixels}, {QStringLiteral("height"), keyPixels}}}};
+    if (!style.isEmpty())
+        settings.insert(QStringLiteral("display"), QJsonObject{{QStringLiteral("style"), style}});
+    return settings;
 }
 
 } // namespace
 
-QVector<BenchKey> benchDeck(int keys)
+QVector<BenchKey> benchDeck(int keys, const QString &style)
 {
     const QVector<Kind> all = kinds();
     QVector<BenchKey> deck;
@@ -63,7 +67,7 @@ QVector<BenchKey> benchDeck(int keys)
         const bool twoLines = kind.title.contains(QLatin1Char('/'));
         deck.append({kind.action,
                      QStringLiteral("8C7F3D21E0A94B5%1").arg(number, 17, 16, QLatin1Char('0')),
-                     {{QStringLiteral("settings"), settings(kind.title, twoLines)}}});
+                     {{QStringLiteral("settings"), settings(kind.title, twoLines, style)}}});
     }
     return deck;
 }

@@ -91,7 +91,7 @@ void PluginMeter::takeLink()
 
 void PluginMeter::showDeck(QWebSocket &link) const
 {
-    for (const BenchKey &key : benchDeck(m_task.keys)) {
+    for (const BenchKey &key : benchDeck(m_task.keys, m_task.style)) {
         link.sendTextMessage(compact({{QStringLiteral("event"), QStringLiteral("willAppear")},
                                       {QStringLiteral("action"), key.action},
                                       {QStringLiteral("context"), key.context},
@@ -145,10 +145,17 @@ void PluginMeter::report()
     const double seconds = static_cast<double>(m_sinceMeasuring.elapsed()) / millisecondsPerSecond;
     const double cpu = (last.cpuSeconds - m_first.cpuSeconds) * millisecondsPerSecond / seconds;
     const auto pictures = static_cast<double>(m_pictures);
+    const auto perSecond = [seconds](qint64 first, qint64 then) {
+        return static_cast<double>(then - first) / seconds;
+    };
     m_reported = true;
     print({{QStringLiteral("registeredMs"), m_registered},
            {QStringLiteral("firstPictureMs"), m_firstPicture},
            {QStringLiteral("cpuMsPerSecond"), cpu},
+           {QStringLiteral("wakeUpsPerSecond"), perSecond(m_first.wakeUps, last.wakeUps)},
+           {QStringLiteral("pageFaultsPerSecond"), perSecond(m_first.pageFaults, last.pageFaults)},
+           {QStringLiteral("readsPerSecond"), perSecond(m_first.reads, last.reads)},
+           {QStringLiteral("writesPerSecond"), perSecond(m_first.writes, last.writes)},
            {QStringLiteral("picturesPerSecond"), pictures / seconds},
            {QStringLiteral("bytesPerKey"), static_cast<double>(m_bytes) / pictures},
            {QStringLiteral("residentKiB"), last.residentKiB},

@@ -23,6 +23,7 @@ public:
         QString program;
         QStringList arguments; ///< Precede those that a host gives.
         int keys = 32;
+        QString style;         ///< Of the keys' gauges; texts if empty.
         int seconds = 10;      ///< Duration of the measurement.
         int sampleSeconds = 0; ///< Interval of the lines on memory; 0 for none.
     };

@@ -1,5 +1,6 @@
 #include "bench/BenchDeck.h"
 #include "bench/BenchReadings.h"
+#include "plugin/KeyGauges.h"
 #include "plugin/KeyPass.h"
 #include "render/Gauge.h"
 #include "render/KeyPicture.h"
@@ -35,7 +36,8 @@ std::vector<std::unique_ptr<normalAction>> textKeys()
 void text(benchmark::State &state)
 {
     const std::vector<std::unique_ptr<normalAction>> keys = textKeys();
-    KeyPass pass;
+    KeyGauges gauges;
+    KeyPass pass(gauges, 0);
     qint64 bytes = 0;
     std::size_t number = 0;
     for (auto _ : state)
@@ -69,7 +71,7 @@ void gaugeKey(benchmark::State &state, gauge::Style style)
     std::size_t number = 0;
     for (auto _ : state) {
         const QImage picture = paintGauge(contents[number++ % contents.size()], look);
-        bytes += pngDataUrl(picture, "gaugeKey").size();
+        bytes += pngDataUrl({picture}, "gaugeKey").size();
     }
     state.counters["bytes"] =
         benchmark::Counter(static_cast<double>(bytes), benchmark::Counter::kAvgIterations);

@@ -20,7 +20,10 @@ int main(int argc, char **argv)
     const QCommandLineOption sample(QStringLiteral("sample"),
                                     QStringLiteral("Print the memory each S seconds."),
                                     QStringLiteral("S"), QStringLiteral("0"));
-    parser.addOptions({keys, seconds, sample});
+    const QCommandLineOption style(QStringLiteral("style"),
+                                   QStringLiteral("Gauges instead of texts: bar, ring, graph."),
+                                   QStringLiteral("STYLE"));
+    parser.addOptions({keys, style, seconds, sample});
     parser.addPositionalArgument(QStringLiteral("command"),
                                  QStringLiteral("The plugin and its first arguments."));
     parser.process(application);
@@ -31,7 +34,8 @@ int main(int argc, char **argv)
     // Without this service the plugin would look for it for about twelve seconds.
     const FakeHardwareService service;
     PluginMeter meter({command.first(), command.mid(1), parser.value(keys).toInt(),
-                       parser.value(seconds).toInt(), parser.value(sample).toInt()});
+                       parser.value(style), parser.value(seconds).toInt(),
+                       parser.value(sample).toInt()});
     QObject::connect(&meter, &PluginMeter::finished, qApp, [](bool succeeded) {
         QCoreApplication::exit(succeeded ? EXIT_SUCCESS : EXIT_FAILURE);
     });

@@ -1,6 +1,7 @@
 #include "render/KeyPicture.h"
 
-#include "render/PngEncoder.h"
+#include "render/Base64.h"
+#include "render/CoverageCanvas.h"
 #include "render/ShapedLine.h"
 
 #include <QColor>
@@ -55,12 +56,28 @@ void paintStrip(QImage &picture, QPainter &painter, const QRect &strip, int marg
     putBack(picture, kept, done.topLeft());
 }
 
-} // namespace
-
-QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const PictureStyle &style)
+/// A null image where the painter is needed.
+PaintedPicture paintGlyphs(const QSize &size, const QVector<PictureLine> &lines,
+                           const PictureStyle &style)
 {
-    if (!canBePainted(size, lines))
+    const QColor color(style.color);
+    // Otherwise the paint engine blends with another arithmetic.
+    const bool isOpaque = color.alphaF() >= 1 && style.opacity >= 1;
+    if (!isOpaque || !std::all_of(lines.begin(), lines.end(), [&style](const PictureLine &each) {
+            return each.line->consistsOfGlyphs(style.alignment);
+        }))
         return {};
+    static CoverageCanvas canvas;
+    canvas.begin(size);
+    const bool covered = std::all_of(lines.begin(), lines.end(), [](const PictureLine &each) {
+        return each.line->cover(canvas, each.rect);
+    });
+    return covered ? canvas.finish(color.rgba()) : PaintedPicture();
+}
+
+QImage paintWithPainter(const QSize &size, const QVector<PictureLine> &lines,
+                        const PictureStyle &style)
+{
     QImage picture(size, QImage::Format_ARGB32);
     if (picture.isNull())
         return {};
@@ -82,10 +99,23 @@ QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines, const 
     return picture;
 }
 
-QString pngDataUrl(const QImage &image, const char *operation)
+} // namespace
+
+PaintedPicture paintPicture(const QSize &size, const QVector<PictureLine> &lines,
+                            const PictureStyle &style)
 {
-    const QByteArray png = encodedPng(image);
+    if (!canBePainted(size, lines))
+        return {};
+    PaintedPicture picture = paintGlyphs(size, lines, style);
+    if (picture.image.isNull())
+        picture.image = paintWithPainter(size, lines, style);
+    return picture;
+}
+
+QString pngDataUrl(const PaintedPicture &picture, const char *operation)
+{
+    const QByteArray png = encodedPng(picture.image, picture.pixels);
     if (png.isEmpty())
         qCritical() << operation << "Can't convert QImage to png";
-    return QString::fromLatin1("data:image/png;base64," + png.toBase64());
+    return withBase64(QLatin1String("data:image/png;base64,"), png);
 }

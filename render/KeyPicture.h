@@ -1,7 +1,8 @@
 #pragma once
 
+#include "render/PaintedPicture.h"
+
 #include <QFont>
-#include <QImage>
 #include <QRect>
 #include <QString>
 #include <QVector>
@@ -34,9 +35,9 @@ constexpr int largestArea = 32768 * 768;
 /// A transparent picture of \a size with \a lines drawn on it, in QImage::Format_ARGB32. A null
 /// image when \a size is empty, when it has more pixels than longestSide on a side or than
 /// largestArea, or when a line is not whole.
-QImage paintPicture(const QSize &size, const QVector<PictureLine> &lines,
-                    const PictureStyle &style);
+PaintedPicture paintPicture(const QSize &size, const QVector<PictureLine> &lines,
+                            const PictureStyle &style);
 
-/// "data:image/png;base64," and the base64 of \a image as PNG. A picture that cannot be saved gives
-/// nothing after the comma and a critical message that names \a operation.
-QString pngDataUrl(const QImage &image, const char *operation);
+/// "data:image/png;base64," and the base64 of \a picture as PNG. A picture that cannot be saved
+/// gives nothing after the comma and a critical message that names \a operation.
+QString pngDataUrl(const PaintedPicture &picture, const char *operation);

@@ -2,6 +2,14 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QVector>
+
+/// The pixels of a picture as numbers of their colours.
+struct IndexedPixels
+{
+    QVector<QRgb> colors; ///< At most 256; none when the numbers are not known.
+    QByteArray rows;      ///< The numbers, one byte each; a 0 more before each row.
+};
 
 /// The PNG file of \a image, a picture of QImage::Format_ARGB32 that is no larger than those of
 /// paintPicture. Decoded, it gives exactly the same pixels. Empty for a null image, for one of
@@ -11,3 +19,6 @@
 /// besides transparent, and true colour otherwise; it keeps a buffer between calls.
 /// PngEncoder_qt.cpp, for builds without ISA-L, uses Qt's encoder.
 QByteArray encodedPng(const QImage &image);
+
+/// The same, in less time for \a pixels that are known; they are those of \a image.
+QByteArray encodedPng(const QImage &image, const IndexedPixels &pixels);

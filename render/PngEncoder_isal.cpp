@@ -7,9 +7,9 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
+#include <cstring>
 #include <iterator>
-#include <numeric>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -20,33 +20,107 @@ constexpr std::size_t keptRows = std::size_t{1} << 20U;
 /// PNG's colour types: what a pixel is made of.
 enum class ColorType : uchar { Palette = 3, TrueColorWithAlpha = 6 };
 
-/// The colours of a picture and their places in its palette.
-class Palette
+/// The colours of a picture, each in the place that its pixels name.
+struct Palette
 {
-public:
     static constexpr std::size_t largest = 256;
 
-    [[nodiscard]] std::size_t size() const { return m_size; }
-    [[nodiscard]] QRgb at(std::size_t place) const { return m_colors[place]; }
+    std::array<QRgb, largest> colors = {}; ///< Transparent is the first.
+    std::size_t size = 1;
+};
 
-    /// The place of \a color, which is added if it is new. Meaningless once the palette overflows.
-    uchar placeOf(QRgb color)
+constexpr QRgb transparent = 0;
+
+/// The palette of text in one colour, in which the alpha of a pixel tells its colour.
+class PaletteByAlpha
+{
+public:
+    PaletteByAlpha()
     {
-        std::size_t slot = home(color);
-        while (m_keys[slot] != color) {
-            if (m_keys[slot] == transparent)
-                return add(color, slot);
-            slot = (slot + 1) % slots;
-        }
-        return m_places[slot];
+        // No pixel with this alpha has this colour.
+        for (std::size_t alpha = 0; alpha < m_colors.size(); ++alpha)
+            m_colors[alpha] = static_cast<QRgb>(alpha ^ 0xffU) << alphaShift;
+        m_colors[0] = transparent;
     }
 
-    /// Whether there were more colours than the palette can hold.
-    [[nodiscard]] bool overflows() const { return m_overflows; }
+    /// False when there are two colours of the same alpha.
+    bool writeRow(const QRgb *pixel, const QRgb *end, uchar *out)
+    {
+        for (; end - pixel >= block; pixel += block, out += block) {
+            if (isTransparent(pixel))
+                std::memset(out, 0, block);
+            else if (!write(pixel, pixel + block, out))
+                return false;
+        }
+        return write(pixel, end, out);
+    }
+
+    [[nodiscard]] const Palette &palette() const { return m_palette; }
 
 private:
-    static constexpr QRgb transparent = 0;
-    static constexpr unsigned slotBits = 12;
+    static constexpr unsigned alphaShift = 24;
+
+    /// Most pixels are transparent, mostly several in a row.
+    static constexpr int block = 4;
+
+    static bool isTransparent(const QRgb *pixel)
+    {
+        std::array<quint64, block * sizeof(QRgb) / sizeof(quint64)> pixels = {};
+        std::memcpy(pixels.data(), pixel, sizeof(pixels));
+        return (pixels[0] | pixels[1]) == 0;
+    }
+
+    bool write(const QRgb *pixel, const QRgb *end, uchar *out)
+    {
+        for (; pixel != end; ++pixel, ++out) {
+            const QRgb color = *pixel;
+            const std::size_t alpha = color >> alphaShift;
+            if (m_colors[alpha] != color && !add(color))
+                return false;
+            *out = m_places[alpha];
+        }
+        return true;
+    }
+
+    bool add(QRgb color)
+    {
+        const std::size_t alpha = color >> alphaShift;
+        if (m_places[alpha] != 0 || alpha == 0)
+            return false;
+        m_colors[alpha] = color;
+        m_places[alpha] = static_cast<uchar>(m_palette.size);
+        m_palette.colors[m_palette.size++] = color;
+        return true;
+    }
+
+    std::array<QRgb, Palette::largest> m_colors = {};
+    std::array<uchar, Palette::largest> m_places = {};
+    Palette m_palette;
+};
+
+/// The palette of any picture.
+class PaletteByColor
+{
+public:
+    /// False when there are too many colours.
+    bool writeRow(const QRgb *pixel, const QRgb *end, uchar *out)
+    {
+        QRgb last = transparent;
+        uchar place = 0;
+        for (; pixel != end && !m_overflows; ++pixel, ++out) {
+            if (*pixel != last) {
+                last = *pixel;
+                place = placeOf(last);
+            }
+            *out = place;
+        }
+        return !m_overflows;
+    }
+
+    [[nodiscard]] const Palette &palette() const { return m_palette; }
+
+private:
+    static constexpr unsigned slotBits = 10;
     static constexpr std::size_t slots = std::size_t{1} << slotBits;
 
     static std::size_t home(QRgb color)
@@ -55,23 +129,33 @@ private:
         return (color * goldenRatio) >> (32U - slotBits);
     }
 
+    uchar placeOf(QRgb color)
+    {
+        std::size_t slot = home(color);
+        while (m_keys[slot] != color) {
+            if (m_keys[slot] == transparent)
+                return color == transparent ? uchar{0} : add(color, slot);
+            slot = (slot + 1) % slots;
+        }
+        return m_places[slot];
+    }
+
     uchar add(QRgb color, std::size_t slot)
     {
-        m_overflows = m_size == largest;
+        m_overflows = m_palette.size == Palette::largest;
         if (m_overflows)
             return 0;
-        const auto place = static_cast<uchar>(m_size++);
+        const auto place = static_cast<uchar>(m_palette.size++);
         m_keys[slot] = color;
         m_places[slot] = place;
-        m_colors[place] = color;
+        m_palette.colors[place] = color;
         return place;
     }
 
-    // Transparent always has the first place, so that an empty slot is one that holds it.
+    // An empty slot holds transparent, which always has the first place.
     std::array<QRgb, slots> m_keys = {};
     std::array<uchar, slots> m_places = {};
-    std::array<QRgb, largest> m_colors = {};
-    std::size_t m_size = 1;
+    Palette m_palette;
     bool m_overflows = false;
 };
 
@@ -90,30 +174,32 @@ void resize(Rows &rows, const QImage &image, std::size_t pixelBytes)
     rows.resize((width * pixelBytes + 1) * static_cast<std::size_t>(image.height()));
 }
 
-bool isTransparent(const QRgb *begin, const QRgb *end)
-{
-    return std::accumulate(begin, end, QRgb{0}, std::bit_or<>()) == 0;
-}
-
-/// False when \a image has too many colours for a palette.
-bool writePaletteRows(const QImage &image, Palette &palette, Rows &rows)
+/// Writes \a image in the places of the palette that it gives to \a colors, which has
+/// writeRow(); false when it does not fit into such a palette.
+template <typename Colors>
+bool writePaletteRows(const QImage &image, Colors &colors, Rows &rows)
 {
     resize(rows, image, 1);
     uchar *out = rows.data();
     const int width = image.width();
-    for (int y = 0; y < image.height() && !palette.overflows(); ++y) {
+    for (int y = 0; y < image.height(); ++y) {
         *out++ = 0;
         const QRgb *const begin = pixels(image, y);
-        const QRgb *const end = begin + width;
-        // Above and below the letters.
-        if (isTransparent(begin, end))
-            std::fill(out, out + width, 0);
-        else
-            std::transform(begin, end, out,
-                           [&palette](QRgb color) { return palette.placeOf(color); });
+        if (!colors.writeRow(begin, begin + width, out))
+            return false;
         out += width;
     }
-    return !palette.overflows();
+    return true;
+}
+
+/// Writes \a image with a palette, if it has one.
+std::optional<Palette> writePaletteRows(const QImage &image, Rows &rows)
+{
+    if (PaletteByAlpha colors; writePaletteRows(image, colors, rows))
+        return colors.palette();
+    if (PaletteByColor colors; writePaletteRows(image, colors, rows))
+        return colors.palette();
+    return std::nullopt;
 }
 
 quint32 rgba(QRgb pixel)
@@ -136,17 +222,29 @@ void writeTrueColorRows(const QImage &image, Rows &rows)
     }
 }
 
-/// Makes codes for rows of text in a palette: many transparent pixels, else any colour, and
-/// repetitions of any length and distance. False when the library fails.
+/// Makes codes for rows of text in a palette: many transparent and fully covered pixels, the
+/// numbers 0 and 1, else any colour; repetitions that are mostly short, and as far as the pixels
+/// beside or one or two rows above. The shares are those of the pictures of a usual deck. False
+/// when the library fails.
 bool makeCodesForText(isal_hufftables &codes)
 {
     constexpr std::size_t endOfBlock = 256;
+    constexpr std::size_t lengths = endOfBlock + 1;
+    constexpr std::array<quint64, 14> shortLengths = {5,  260, 66, 50, 32, 30, 21,
+                                                      21, 24,  18, 18, 11, 13, 9};
+    constexpr std::array<quint64, 24> distances = {70, 8,  6,  5,  7,  7,  22, 22, 22, 22, 22, 22,
+                                                   22, 22, 22, 22, 69, 28, 28, 28, 28, 28, 28, 28};
+    constexpr quint64 longest = 8;
     isal_huff_histogram shares = {};
-    std::fill(std::begin(shares.lit_len_histogram), std::end(shares.lit_len_histogram), 40);
-    std::fill_n(std::begin(shares.lit_len_histogram), endOfBlock, 10);
-    shares.lit_len_histogram[0] = 500;
+    std::fill(std::begin(shares.lit_len_histogram), std::end(shares.lit_len_histogram), 3);
+    std::fill_n(std::begin(shares.lit_len_histogram), endOfBlock, 5);
+    std::fill_n(std::begin(shares.lit_len_histogram), 2, 250);
     shares.lit_len_histogram[endOfBlock] = 1;
-    std::fill(std::begin(shares.dist_histogram), std::end(shares.dist_histogram), 1);
+    std::copy(shortLengths.begin(), shortLengths.end(),
+              std::begin(shares.lit_len_histogram) + lengths);
+    *std::rbegin(shares.lit_len_histogram) = longest;
+    std::fill(std::begin(shares.dist_histogram), std::end(shares.dist_histogram), 2);
+    std::copy(distances.begin(), distances.end(), std::begin(shares.dist_histogram));
     return isal_create_hufftables(&codes, &shares) == 0;
 }
 
@@ -198,13 +296,13 @@ public:
     }
 
     /// False when the library refuses.
-    bool appendCompressed(Rows &rows)
+    bool appendCompressed(const uchar *bytes, std::size_t size)
     {
         // What cannot be compressed is stored in blocks of up to 65535 bytes with 5 bytes each.
         constexpr std::size_t leastBlock = 1024;
         constexpr std::size_t others = 64;
         const int start = m_bytes.size();
-        const std::size_t room = rows.size() + rows.size() / leastBlock + others;
+        const std::size_t room = size + size / leastBlock + others;
         m_bytes.resize(start + static_cast<int>(room));
 
         static isal_zstream stream;
@@ -213,8 +311,9 @@ public:
             stream.hufftables = codes;
         stream.gzip_flag = IGZIP_ZLIB;
         stream.end_of_stream = 1;
-        stream.next_in = rows.data();
-        stream.avail_in = static_cast<quint32>(rows.size());
+        stream.next_in =
+            const_cast<uchar *>(bytes); // NOLINT(cppcoreguidelines-pro-type-const-cast)
+        stream.avail_in = static_cast<quint32>(size);
         stream.next_out = position(start);
         stream.avail_out = static_cast<quint32>(room);
         const bool compressed = isal_deflate_stateless(&stream) == COMP_OK;
@@ -243,50 +342,63 @@ void writeHeader(PngFile &png, const QSize &size, ColorType type)
     png.end();
 }
 
-void writePalette(PngFile &png, const Palette &palette)
+void writePalette(PngFile &png, const QRgb *palette, std::size_t size)
 {
     std::array<char, 3 *Palette::largest> colors = {};
     std::array<char, Palette::largest> alphas = {};
-    for (std::size_t place = 0; place < palette.size(); ++place) {
-        const QRgb color = palette.at(place);
+    for (std::size_t place = 0; place < size; ++place) {
+        const QRgb color = palette[place];
         colors[3 * place] = static_cast<char>(qRed(color));
         colors[3 * place + 1] = static_cast<char>(qGreen(color));
         colors[3 * place + 2] = static_cast<char>(qBlue(color));
         alphas[place] = static_cast<char>(qAlpha(color));
     }
-    const auto size = static_cast<int>(palette.size());
+    const auto length = static_cast<int>(size);
     png.begin("PLTE");
-    png.append(colors, 3 * size);
+    png.append(colors, 3 * length);
     png.end();
     png.begin("tRNS");
-    png.append(alphas, size);
+    png.append(alphas, length);
     png.end();
 }
 
-bool writeRows(PngFile &png, Rows &rows)
+/// The rows of a PNG in a buffer of somebody else.
+struct RowsView
+{
+    const uchar *bytes;
+    std::size_t size;
+};
+
+bool writeRows(PngFile &png, RowsView rows)
 {
     png.begin("IDAT");
-    const bool compressed = png.appendCompressed(rows);
+    const bool compressed = png.appendCompressed(rows.bytes, rows.size);
     png.end();
     return compressed;
 }
 
-QByteArray encoded(const QImage &image, Rows &rows)
+/// Without a palette if \a colors is 0.
+QByteArray encoded(const QSize &size, const QRgb *palette, std::size_t colors, RowsView rows)
 {
     constexpr std::size_t others = 2048;
-    Palette palette;
-    const bool fits = writePaletteRows(image, palette, rows);
-    if (!fits)
-        writeTrueColorRows(image, rows);
-    PngFile png(rows.size() + rows.size() / 8 + others);
-    writeHeader(png, image.size(), fits ? ColorType::Palette : ColorType::TrueColorWithAlpha);
-    if (fits)
-        writePalette(png, palette);
+    PngFile png(rows.size + rows.size / 8 + others);
+    writeHeader(png, size, colors > 0 ? ColorType::Palette : ColorType::TrueColorWithAlpha);
+    if (colors > 0)
+        writePalette(png, palette, colors);
     if (!writeRows(png, rows))
         return {};
     png.begin("IEND");
     png.end();
     return png.bytes();
+}
+
+QByteArray encoded(const QImage &image, Rows &rows)
+{
+    if (const std::optional<Palette> palette = writePaletteRows(image, rows))
+        return encoded(image.size(), palette->colors.data(), palette->size,
+                       {rows.data(), rows.size()});
+    writeTrueColorRows(image, rows);
+    return encoded(image.size(), nullptr, 0, {rows.data(), rows.size()});
 }
 
 } // namespace
@@ -300,4 +412,14 @@ QByteArray encodedPng(const QImage &image)
     if (rows.size() > keptRows)
         Rows().swap(rows);
     return png;
+}
+
+QByteArray encodedPng(const QImage &image, const IndexedPixels &pixels)
+{
+    if (pixels.colors.isEmpty())
+        return encodedPng(image);
+    return encoded(image.size(), pixels.colors.constData(),
+                   static_cast<std::size_t>(pixels.colors.size()),
+                   {reinterpret_cast<const uchar *>(pixels.rows.constData()),
+                    static_cast<std::size_t>(pixels.rows.size())});
 }

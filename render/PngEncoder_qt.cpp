@@ -11,3 +11,8 @@ QByteArray encodedPng(const QImage &image)
     buffer.open(QIODevice::WriteOnly);
     return image.save(&buffer, "png") ? png : QByteArray();
 }
+
+QByteArray encodedPng(const QImage &image, const IndexedPixels & /*pixels*/)
+{
+    return encodedPng(image);
+}

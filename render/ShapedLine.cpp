@@ -1,12 +1,17 @@
 #include "render/ShapedLine.h"
 
+#include "render/CoverageCanvas.h"
+#include "render/GlyphShapes.h"
+
 #include <QFontMetrics>
+#include <QGlyphRun>
 #include <QPainter>
 #include <QRect>
 #include <QTextLine>
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -32,6 +37,45 @@ bool isSimple(const QString &text)
     return !text.isEmpty() && text.size() <= longestText && !text.at(0).isSpace() &&
            !text.at(text.size() - 1).isSpace() &&
            std::all_of(text.begin(), text.end(), [](QChar each) { return isSimple(each); });
+}
+
+/// The painter reckons in 64ths of a pixel.
+constexpr int fixedUnits = 64;
+
+/// Cut off towards zero, as in the painter.
+int fixedPoint(qreal position)
+{
+    return static_cast<int>(position * fixedUnits);
+}
+
+/// The pixel and the part of it in which \a position, in 64ths of a pixel, lies.
+std::pair<int, int> split(int position)
+{
+    const int rest = position & (fixedUnits - 1);
+    return {(position - rest) / fixedUnits, rest * GlyphShapes::partsOfPixel / fixedUnits};
+}
+
+int rounded(int position)
+{
+    return split(position + fixedUnits / 2).first;
+}
+
+/// Adds the glyphs of \a run, which starts at \a place, in 64ths of a pixel.
+bool coverRun(CoverageCanvas &canvas, const QGlyphRun &run, const QPoint &place, const QRect &clip)
+{
+    GlyphShapes &shapes = GlyphShapes::of(run.rawFont());
+    const QVector<quint32> glyphs = run.glyphIndexes();
+    const QVector<QPointF> positions = run.positions();
+    for (int i = 0; i < glyphs.size(); ++i) {
+        const int position = place.x() + fixedPoint(positions.at(i).x());
+        const auto [x, part] = split(position);
+        const GlyphShape *const shape =
+            shapes.find(glyphs.at(i), position == 0 ? GlyphShapes::edge : part);
+        if (!shape)
+            return false;
+        canvas.add(*shape, {x, rounded(place.y() + fixedPoint(positions.at(i).y()))}, clip);
+    }
+    return true;
 }
 
 } // namespace
@@ -68,7 +112,7 @@ void ShapedLine::draw(QPainter &painter, const QRect &rect, int alignment) const
         painter.drawText(rect, alignment, m_text);
 }
 
-void ShapedLine::drawCentred(QPainter &painter, const QRect &rect) const
+ShapedLine::Place ShapedLine::centredIn(const QRect &rect) const
 {
     const QTextLine line = m_layout.lineAt(0);
     const qreal height = line.ascent() + line.descent();
@@ -77,12 +121,39 @@ void ShapedLine::drawCentred(QPainter &painter, const QRect &rect) const
     // The natural width includes what extends beyond the last letter's advance, such as in italics.
     const qreal width = line.naturalTextWidth();
     const QRectF bounds(left(width), y, width, height);
-    const bool overhangs = !QRectF(rect).contains(bounds);
+    return {{left(line.horizontalAdvance()), y}, !QRectF(rect).contains(bounds)};
+}
+
+void ShapedLine::drawCentred(QPainter &painter, const QRect &rect) const
+{
+    const auto [origin, overhangs] = centredIn(rect);
     if (overhangs) {
         painter.save();
         painter.setClipRect(rect, Qt::IntersectClip);
     }
-    line.draw(&painter, {left(line.horizontalAdvance()), y});
+    m_layout.lineAt(0).draw(&painter, origin);
     if (overhangs)
         painter.restore();
+}
+
+bool ShapedLine::consistsOfGlyphs(int alignment) const
+{
+    // The painter caches glyphs of less than 64 pixels.
+    constexpr int largest = 48;
+    return m_layout.lineCount() > 0 && alignment == Qt::AlignCenter && m_font.pixelSize() > 0 &&
+           m_font.pixelSize() <= largest && !m_font.underline() && !m_font.overline() &&
+           !m_font.strikeOut();
+}
+
+bool ShapedLine::cover(CoverageCanvas &canvas, const QRect &rect) const
+{
+    const auto [origin, overhangs] = centredIn(rect);
+    const QPoint place(fixedPoint(origin.x()), fixedPoint(origin.y()));
+    const QRect clip = overhangs ? rect & canvas.rect() : canvas.rect();
+    const QList<QGlyphRun> runs = m_layout.glyphRuns();
+    const bool covered = std::all_of(runs.begin(), runs.end(), [&](const QGlyphRun &run) {
+        return coverRun(canvas, run, place, clip);
+    });
+    // The glyphs of each font are together, not in their order, which matters where they overlap.
+    return covered && (runs.size() == 1 || !canvas.hasOverlaps());
 }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QFont>
+#include <QPointF>
 #include <QString>
 #include <QTextLayout>
 
+class CoverageCanvas;
 class QPainter;
 class QRect;
 
@@ -28,7 +30,20 @@ public:
     /// line, and the painter's layout direction must be left to right.
     void draw(QPainter &painter, const QRect &rect, int alignment) const;
 
+    /// Whether draw() draws nothing but glyphs from the painter's cache: no large letters, no lines
+    /// under or through them, and no text that is left to the painter.
+    [[nodiscard]] bool consistsOfGlyphs(int alignment) const;
+    /// Adds these glyphs to \a canvas; false when one is not drawn in a single colour.
+    [[nodiscard]] bool cover(CoverageCanvas &canvas, const QRect &rect) const;
+
 private:
+    struct Place
+    {
+        QPointF origin;         ///< Of the layout.
+        bool overhangs = false; ///< The line must be clipped to its rectangle.
+    };
+
+    Place centredIn(const QRect &rect) const;
     void drawCentred(QPainter &painter, const QRect &rect) const;
 
     QString m_text;

@@ -90,9 +90,10 @@ QString normalAction::normalPainting(const QString &textToDraw)
     const ShapedLine line(displayedText, font);
     imageWidth = line.width();
     imageHeight = QFontMetrics(font).height();
-    keyImage = paintPicture({imageWidth, imageHeight},
-                            {{QRect(0, 0, imageWidth, imageHeight), &line}}, pictureStyle());
-    return pngDataUrl(keyImage, "normalAction::normalPainting");
+    const PaintedPicture picture = paintPicture(
+        {imageWidth, imageHeight}, {{QRect(0, 0, imageWidth, imageHeight), &line}}, pictureStyle());
+    keyImage = picture.image;
+    return pngDataUrl(picture, "normalAction::normalPainting");
 }
 
 QStringList normalAction::composeTwoLines(const QString &uploadText, const QString &downloadText)
@@ -121,11 +122,13 @@ QString normalAction::paintingTwoLines(const QString &uploadText, const QString 
     imageHeight = 2 * lineHeight;
     // Compatibility: flush-left
     // Each line is centred in a rectangle of its own width: the shorter one stands flush left.
-    keyImage = paintPicture({imageWidth, imageHeight},
-                            {{QRect(0, 0, first.width(), lineHeight), &first},
-                             {QRect(0, lineHeight, second.width(), lineHeight), &second}},
-                            pictureStyle());
-    return pngDataUrl(keyImage, "normalAction::paintingTwoLines");
+    const PaintedPicture picture =
+        paintPicture({imageWidth, imageHeight},
+                     {{QRect(0, 0, first.width(), lineHeight), &first},
+                      {QRect(0, lineHeight, second.width(), lineHeight), &second}},
+                     pictureStyle());
+    keyImage = picture.image;
+    return pngDataUrl(picture, "normalAction::paintingTwoLines");
 }
 
 PictureStyle normalAction::pictureStyle() const
@@ -139,5 +142,5 @@ QString normalAction::gaugePainting(const gauge::Content &content, const gauge::
     keyImage = paintGauge(content, look);
     imageWidth = keyImage.width();
     imageHeight = keyImage.height();
-    return pngDataUrl(keyImage, "normalAction::gaugePainting");
+    return pngDataUrl({keyImage}, "normalAction::gaugePainting");
 }

@@ -3,12 +3,27 @@
 #include <QDebug>
 #include <QFile>
 #include <QLocale>
+#include <QLoggingCategory>
 #include <QMutex>
 #include <QMutexLocker>
+#include <QStringBuilder>
+
+#include <algorithm>
 
 namespace {
 
 QMutex fileLogMutex;
+
+/// Whether the debug stream quotes \a text as it is.
+bool isPlain(const QString &text)
+{
+    constexpr ushort firstPrintable = 0x20;
+    constexpr ushort lastPrintable = 0x7e;
+    const ushort *const begin = text.utf16();
+    return std::all_of(begin, begin + text.size(), [](ushort each) {
+        return each >= firstPrintable && each <= lastPrintable && each != '"' && each != '\\';
+    });
+}
 
 } // namespace
 
@@ -38,7 +53,13 @@ QByteArray fileLogLine(const QDateTime &time, const QString &message)
 
 void LogDebug(const QString &message)
 {
-    qDebug() << message;
+    if (!QLoggingCategory::defaultCategory()->isDebugEnabled())
+        return;
+    // The debug stream looks at each character for one to escape.
+    if (isPlain(message))
+        qDebug().noquote() << QString(QLatin1Char('"') % message % QLatin1Char('"'));
+    else
+        qDebug() << message;
 }
 
 QString labelled(const char *label, const QString &value)

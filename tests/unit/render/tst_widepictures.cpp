@@ -104,7 +104,7 @@ QImage shapedPicture(const QStringList &lines, const QVector<QRect> &rects,
     QVector<PictureLine> shaped;
     for (int i = 0; i < lines.size(); ++i)
         shaped.append({rects.at(i), new ShapedLine(lines.at(i), style.font)});
-    const QImage picture = paintPicture(sizeOf(rects), shaped, style);
+    const QImage picture = paintPicture(sizeOf(rects), shaped, style).image;
     for (const PictureLine &each : qAsConst(shaped))
         delete each.line;
     return picture;
