@@ -23,8 +23,9 @@ public:
     bool isGone()
     {
         // Wine does not always report that the other end is gone; a look at the socket shows it.
+        // Who looks at a socket that is still connecting gives it up.
         return m_socket.state() == QAbstractSocket::UnconnectedState ||
-               m_socket.waitForDisconnected(1);
+               (isConnected() && m_socket.waitForDisconnected(1));
     }
 
     /// Whether the server has answered the handshake.
