@@ -10,6 +10,7 @@
 #include "deck_simulator/process/FontFiles.h"
 #include "deck_simulator/terminal/HeadlessRun.h"
 #include "deck_simulator/terminal/InterruptWatcher.h"
+#include "qt/QtVersions.h"
 
 #include <QApplication>
 #include <QDir>
@@ -137,8 +138,7 @@ int refuseKey(const QSize &grid)
 
 int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
 {
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    scaleWindowsForHighDpi();
     const QApplication application(argc, argv);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/window.ico")));
     applyColors(options.colors);

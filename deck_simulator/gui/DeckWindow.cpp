@@ -117,7 +117,8 @@ void DeckWindow::addMenus()
     plugin->addSeparator();
     plugin->addActions({m_pluginBar->dieAction(), m_pluginBar->portAction()});
     plugin->addSeparator();
-    plugin->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+    QAction *quit = plugin->addAction(tr("&Quit"), this, &QWidget::close);
+    quit->setShortcut(QKeySequence::Quit);
     QMenu *view = menuBar()->addMenu(tr("&View"));
     const QList<QDockWidget *> docks = findChildren<QDockWidget *>();
     for (const QDockWidget *dock : docks)

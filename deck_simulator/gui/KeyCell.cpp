@@ -236,7 +236,7 @@ void KeyCell::startDrag()
     drag->exec(Qt::MoveAction);
 }
 
-void KeyCell::enterEvent(QEvent *event)
+void KeyCell::enterEvent(EnterEvent *event)
 {
     m_hovered = true;
     update();

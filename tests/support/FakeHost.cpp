@@ -62,7 +62,7 @@ bool FakeHost::waitForMessages(const QString &event, const QString &context, int
 bool FakeHost::waitForUpdate(const QString &context) const
 {
     // The title follows the picture.
-    return waitForMessages(QStringLiteral("setTitle"), context, titles(context).size() + 1);
+    return waitForMessages(QStringLiteral("setTitle"), context, static_cast<int>(titles(context).size()) + 1);
 }
 
 template <typename Value, typename Extract>

@@ -1,5 +1,5 @@
 #include "sensors/machine/drives.h"
-#include "tests/support/Display.h"
+#include "tests/support/TestDisplay.h"
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/KeyUuids.h"
 
@@ -36,7 +36,7 @@ private:
     {
         return m_folder->filePath(QString::fromLatin1(name));
     }
-    void run(const QStringList &arguments, const Display *display = nullptr);
+    void run(const QStringList &arguments, const TestDisplay *display = nullptr);
 
     // The plugin waits long for one where the simulator's cannot be found.
     FakeHardwareService m_service;
@@ -143,7 +143,7 @@ void tst_Simulator::init()
     QVERIFY(m_folder->isValid());
 }
 
-void tst_Simulator::run(const QStringList &arguments, const Display *display)
+void tst_Simulator::run(const QStringList &arguments, const TestDisplay *display)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
@@ -206,7 +206,7 @@ void tst_Simulator::showsEveryKindOfKey()
 
 void tst_Simulator::showsTheWindow()
 {
-    const Display display;
+    const TestDisplay display;
     if (!display.isThere())
         QSKIP("There is no display to open a window on (Debian package xvfb)");
     QFile file(path("deck.json"));

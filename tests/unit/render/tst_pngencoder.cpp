@@ -201,8 +201,8 @@ void tst_PngEncoder::isSmallerThanQts()
     const QRect line(0, 0, shaped.width(), QFontMetrics(font).height());
     const QImage image =
         paintPicture(line.size(), {{line, &shaped}}, {font, color, 1.0, Qt::AlignCenter});
-    const int bytes = encodedPng(image).size();
-    const int qtBytes = qtPng(image).size();
+    const auto bytes = encodedPng(image).size();
+    const auto qtBytes = qtPng(image).size();
     QVERIFY2(bytes * 10 <= qtBytes * 7,
              qPrintable(QStringLiteral("%1 bytes, Qt %2").arg(bytes).arg(qtBytes)));
 }
