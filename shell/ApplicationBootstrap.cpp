@@ -45,7 +45,7 @@ QString ApplicationBootstrap::languageFromArguments(const QStringList &arguments
         if (found < 0)
             continue;
         const auto start = found + label.size();
-        const int comma = argument.indexOf(QLatin1Char(','), start);
+        const auto comma = argument.indexOf(QLatin1Char(','), start);
         language = argument.mid(start, comma < 0 ? -1 : comma - start).trimmed();
     }
     return language;
