@@ -29,9 +29,8 @@ public:
     /// Opens the data sources, waits one second for them, takes the first readings and starts the
     /// update timer. Without a hardware-information service this takes some 12 seconds more. The
     /// library is told whether \a system is newer than Windows 7.
-    explicit SystemMonitorPlugin(
-        QObject *parent = nullptr,
-        const QOperatingSystemVersion &system = QOperatingSystemVersion::current());
+    explicit SystemMonitorPlugin(QObject *parent = nullptr, const QOperatingSystemVersion &system =
+                                                                QOperatingSystemVersion::current());
 
     VqSystemMonitorLib *systemMonitorLib() const override { return m_library; }
 

@@ -61,7 +61,7 @@ inline void scaleWindowsForHighDpi() {}
 using HashValue = decltype(qHash(0));
 
 /// The signal with which a QWebSocket reports an error.
-template<typename WebSocket>
+template <typename WebSocket>
 constexpr auto webSocketError()
 {
 #if QT_VERSION < QT_VERSION_CHECK(6, 5, 0)

@@ -26,7 +26,8 @@ public:
     bool handleHotKey(quint64 identifier);
 
 protected:
-    bool nativeEvent(const QByteArray &eventType, void *message, NativeEventResult *result) override;
+    bool nativeEvent(const QByteArray &eventType, void *message,
+                     NativeEventResult *result) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:

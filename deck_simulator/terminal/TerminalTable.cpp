@@ -83,7 +83,8 @@ QVector<int> naturalWidths(const QVector<TableColumn> &columns, const QVector<QS
 
 int totalWidth(const QVector<int> &widths)
 {
-    return std::accumulate(widths.begin(), widths.end(), columnGap * (static_cast<int>(widths.size()) - 1));
+    return std::accumulate(widths.begin(), widths.end(),
+                           columnGap * (static_cast<int>(widths.size()) - 1));
 }
 
 // Narrows the widest of the columns that may be narrowed by one. False when there is none left.

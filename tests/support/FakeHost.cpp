@@ -52,7 +52,8 @@ bool FakeHost::waitForRegistration() const
     return QTest::qWaitFor([this] { return !m_texts.isEmpty(); }, patience);
 }
 
-bool FakeHost::waitForMessages(const QString &event, const QString &context, int count) const
+bool FakeHost::waitForMessages(const QString &event, const QString &context,
+                               QStringList::size_type count) const
 {
     return QTest::qWaitFor(
         [this, &event, &context, count] { return arrivals(event, context).size() >= count; },
@@ -62,7 +63,7 @@ bool FakeHost::waitForMessages(const QString &event, const QString &context, int
 bool FakeHost::waitForUpdate(const QString &context) const
 {
     // The title follows the picture.
-    return waitForMessages(QStringLiteral("setTitle"), context, static_cast<int>(titles(context).size()) + 1);
+    return waitForMessages(QStringLiteral("setTitle"), context, titles(context).size() + 1);
 }
 
 template <typename Value, typename Extract>

@@ -1,6 +1,6 @@
-#include "tests/support/TestDisplay.h"
 #include "tests/support/KeyUuids.h"
 #include "tests/support/RunningPlugin.h"
+#include "tests/support/TestDisplay.h"
 #include "tests/support/Waits.h"
 
 #include <QtTest>

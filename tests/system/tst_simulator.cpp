@@ -1,7 +1,7 @@
 #include "sensors/machine/drives.h"
-#include "tests/support/TestDisplay.h"
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/KeyUuids.h"
+#include "tests/support/TestDisplay.h"
 
 #include <QColor>
 #include <QDir>
@@ -122,10 +122,10 @@ QMap<QString, QString> titlesIn(const QString &output)
 {
     QMap<QString, QString> titles;
     const QStringList lines = output.split(QLatin1Char('\n'));
-    const int header = lines.indexOf(QRegularExpression(QStringLiteral("^Title +Key .*$")));
+    const auto header = lines.indexOf(QRegularExpression(QStringLiteral("^Title +Key .*$")));
     if (header < 0)
         return titles;
-    const int column = lines.at(header).indexOf(QLatin1String("Key"));
+    const auto column = lines.at(header).indexOf(QLatin1String("Key"));
     const QRegularExpression picture(QStringLiteral(" +\\d+x\\d+ .*$"));
     for (const QString &line : lines.mid(header)) {
         if (line.contains(picture))

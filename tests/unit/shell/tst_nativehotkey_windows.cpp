@@ -42,8 +42,7 @@ public:
     QVector<quint64> identifiers;
 
 protected:
-    bool nativeEvent(const QByteArray &eventType, void *message,
-                     NativeEventResult *result) override
+    bool nativeEvent(const QByteArray &eventType, void *message, NativeEventResult *result) override
     {
         const auto identifier = hotKeyIdentifier(eventType, message);
         if (identifier)

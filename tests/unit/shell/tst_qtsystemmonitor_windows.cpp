@@ -42,8 +42,7 @@ public:
     QVector<HotKey> hotKeys;
 
 protected:
-    bool nativeEvent(const QByteArray &eventType, void *message,
-                     NativeEventResult *result) override
+    bool nativeEvent(const QByteArray &eventType, void *message, NativeEventResult *result) override
     {
         NativeEventResult given = -1;
         const bool handled = QtSystemMonitor::nativeEvent(eventType, message, &given);
