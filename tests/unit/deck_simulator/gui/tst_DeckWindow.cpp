@@ -688,8 +688,11 @@ void tst_DeckWindow::hasColoursThatCanBeRead()
     QFETCH(const bool, isDark);
     reopen();
     applyColors(name);
+    const auto window = [this] {
+        return m_window->actionList()->palette().color(QPalette::Window).rgb();
+    };
+    QTRY_COMPARE(qGray(window()) < 128, isDark);
     const QPalette palette = m_window->actionList()->palette();
-    QCOMPARE(qGray(palette.color(QPalette::Window).rgb()) < 128, isDark);
     const QVector<QPair<QPalette::ColorRole, QPalette::ColorRole>> pairs{
         {QPalette::WindowText, QPalette::Window},
         {QPalette::Text, QPalette::Base},
