@@ -5,6 +5,7 @@
 #include "SDK/HostMessages.h"
 #include "SDK/Logger/Logger.h"
 #include "inspector_server/WebSocketServer.h"
+#include "qt/QtVersions.h"
 
 #include <QCoreApplication>
 #include <QUrl>
@@ -53,8 +54,7 @@ void ConnectionManager::Run()
     webSocket = new QWebSocket(QString(), QWebSocketProtocol::Version13);
     connect(webSocket, &QWebSocket::connected, this, &ConnectionManager::OnConnected);
     connect(webSocket, &QWebSocket::disconnected, this, &ConnectionManager::OnDisconnected);
-    connect(webSocket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), this,
-            &ConnectionManager::OnError);
+    connect(webSocket, webSocketError<QWebSocket>(), this, &ConnectionManager::OnError);
     connect(webSocket, &QWebSocket::textMessageReceived, this, &ConnectionManager::OnMessage);
 
     const QString address = QStringLiteral("ws://127.0.0.1:%1").arg(port);

@@ -13,6 +13,8 @@ set(precompiled_Gui <QColor> <QFont> <QFontMetrics> <QGuiApplication> <QImage> <
 set(precompiled_Widgets <QApplication> <QComboBox> <QLabel> <QLayout> <QLineEdit> <QMenu> <QWidget>)
 set(precompiled_Test <QtTest> <QProcess> <QTemporaryDir>)
 
+set(precompiled_modules Core Network WebSockets Gui Widgets Test)
+
 # The kinds, the best first: the Qt modules whose headers they hold.
 set(precompiled_kinds widgets sockets core)
 set(modules_of_widgets Core Network WebSockets Gui Widgets)
@@ -24,7 +26,7 @@ set(modules_of_test Core Network WebSockets Test)
 set(modules_of_test_gui ${modules_of_test} Gui)
 set(modules_of_test_widgets ${modules_of_test} Gui Widgets)
 
-# qt_modules(VARIABLE TARGET): the Qt modules that TARGET compiles with.
+# qt_modules(VARIABLE TARGET): which of the modules above TARGET compiles with.
 function(qt_modules variable target)
     set(modules)
     set(seen ${target})
@@ -34,7 +36,7 @@ function(qt_modules variable target)
         set(property INTERFACE_LINK_LIBRARIES)
         if(current STREQUAL target)
             set(property LINK_LIBRARIES)
-        elseif(current MATCHES "^Qt5::(.+)$")
+        elseif(current MATCHES "^Qt[56]?::(.+)$" AND CMAKE_MATCH_1 IN_LIST precompiled_modules)
             list(APPEND modules ${CMAKE_MATCH_1})
         endif()
         get_target_property(libraries ${current} ${property})
@@ -45,6 +47,7 @@ function(qt_modules variable target)
             endif()
         endforeach()
     endwhile()
+    list(REMOVE_DUPLICATES modules)
     set(${variable} ${modules} PARENT_SCOPE)
 endfunction()
 
@@ -77,7 +80,7 @@ endfunction()
 # add_headers(NAME KIND VISIBILITY): the target that owns the precompiled headers of KIND.
 function(add_headers name kind visibility)
     add_library(${name} OBJECT EXCLUDE_FROM_ALL ${PROJECT_SOURCE_DIR}/cmake/precompiled.cpp)
-    list(TRANSFORM modules_of_${kind} PREPEND Qt5:: OUTPUT_VARIABLE libraries)
+    list(TRANSFORM modules_of_${kind} PREPEND Qt:: OUTPUT_VARIABLE libraries)
     target_link_libraries(${name} PRIVATE ${libraries})
     foreach(module IN LISTS modules_of_${kind})
         target_precompile_headers(${name} PRIVATE ${precompiled_${module}})
@@ -108,6 +111,11 @@ endfunction()
 # Call this when all targets are known.
 function(precompile_headers)
     set(TESTS_FOLDER ${PROJECT_SOURCE_DIR}/tests)
+    if(TARGET Qt6::Test)
+        # It would tell each test its own folder, and no common headers would suit; Qt 5 tells all the same.
+        set_property(TARGET Qt6::Test PROPERTY INTERFACE_COMPILE_DEFINITIONS
+            QT_TESTLIB_LIB QT_TESTCASE_BUILDDIR="${CMAKE_BINARY_DIR}")
+    endif()
     targets_below(targets ${PROJECT_SOURCE_DIR})
     foreach(target IN LISTS targets)
         get_target_property(type ${target} TYPE)

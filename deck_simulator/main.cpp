@@ -11,6 +11,7 @@
 #include "deck_simulator/process/FontFiles.h"
 #include "deck_simulator/terminal/HeadlessRun.h"
 #include "deck_simulator/terminal/InterruptWatcher.h"
+#include "qt/QtVersions.h"
 
 #include <QApplication>
 #include <QDir>
@@ -159,8 +160,7 @@ int refuseKey(const QSize &grid)
 
 int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
 {
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    scaleWindowsForHighDpi();
     // Rounded to whole numbers, a desktop's 150 % would be 200 % for all but the text.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);

@@ -25,7 +25,7 @@ constexpr int systemBuffer = 32 * 1024;
 qint64 handshakeSize(ClientSocket *socket)
 {
     const QByteArray end = QByteArrayLiteral("\r\n\r\n");
-    const int found = socket->peek(socket->buffered()).indexOf(end);
+    const auto found = socket->peek(socket->buffered()).indexOf(end);
     return found < 0 ? 0 : found + end.size();
 }
 

@@ -201,7 +201,7 @@ bool WebSocketServer::serveNext()
 /// The next client with a waiting request whose last reply has been sent; null when there is none.
 QWebSocket *WebSocketServer::nextInTurn()
 {
-    const int count = m_clients.size();
+    const int count = static_cast<int>(m_clients.size());
     for (int step = 0; step < count; ++step) {
         const int place = (m_turnOf + step) % count;
         QWebSocket *const client = m_clients.at(place);

@@ -54,7 +54,7 @@ int diskkey::chosenDrive(const normalAction &key)
 
 int diskkey::nextDrive(int index)
 {
-    const int count = systemInfor::DriveRoots.size();
+    const qint64 count = systemInfor::DriveRoots.size();
     const qint64 next = std::max(qint64(index) + 1, qint64(0));
     return count == 0 ? 0 : static_cast<int>(next % count);
 }

@@ -4,6 +4,7 @@
 #include "plugin/gauges/Extremes.h"
 #include "plugin/gauges/SampleSeries.h"
 #include "plugin/gauges/SteadyScale.h"
+#include "qt/QtVersions.h"
 
 #include <QHash>
 #include <QPair>
@@ -23,7 +24,7 @@ inline bool operator==(const GaugeSource &one, const GaugeSource &other)
     return one.kind == other.kind && one.selection == other.selection;
 }
 
-inline uint qHash(const GaugeSource &source, uint seed = 0)
+inline HashValue qHash(const GaugeSource &source, HashValue seed = 0)
 {
     return qHash(qMakePair(source.kind, source.selection), seed);
 }
@@ -68,7 +69,7 @@ public:
     /// Samples \a source unless this pass has done so.
     static void sample(const GaugeSource &source, GaugeRecord &record, qint64 now);
 
-    int size() const { return m_records.size(); }
+    int size() const { return static_cast<int>(m_records.size()); }
 
 private:
     bool makeRoom(qint64 now);

@@ -104,7 +104,7 @@ Reading<double> usedSpace(const QString &root)
                                             percentSign};
     }
     // By the place of its root, as the text.
-    const int index = Info::DriveRoots.indexOf(root);
+    const auto index = Info::DriveRoots.indexOf(root);
     if (index < 0 || index >= Info::DriveFreePercent.size())
         return missing;
     return {whole - Info::DriveFreePercent.at(index), percentSign};

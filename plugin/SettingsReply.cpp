@@ -13,7 +13,8 @@ namespace {
 
 QJsonArray fontList()
 {
-    LogDebug(labelled("systemInfor::fontlist_one.size(): ", systemInfor::fontlist_one.size()));
+    const int fonts = static_cast<int>(systemInfor::fontlist_one.size());
+    LogDebug(labelled("systemInfor::fontlist_one.size(): ", fonts));
     QJsonArray list;
     for (const FontRecord &record : qAsConst(systemInfor::fontlist_one)) {
         list.append(QJsonObject{{QStringLiteral("name"), record.displayName},

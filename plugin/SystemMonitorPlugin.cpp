@@ -22,7 +22,6 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QMutexLocker>
-#include <QSysInfo>
 #include <QTimer>
 
 #include <algorithm>
@@ -74,21 +73,12 @@ void logKeyEvent(const QString &event, const QString &action, const QString &con
 
 } // namespace
 
-QT_WARNING_PUSH
-QT_WARNING_DISABLE_DEPRECATED
-int windowsVersion()
+bool isNewerThanWindows7(const QOperatingSystemVersion &system)
 {
-    return QSysInfo::windowsVersion();
-}
-QT_WARNING_POP
-
-bool isNewerThanWindows7(int version)
-{
-    constexpr int windows7 = 0x90;
-    return version > windows7;
+    return system > QOperatingSystemVersion::Windows7;
 }
 
-SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent, int version)
+SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent, const QOperatingSystemVersion &system)
     : Plugin(parent)
     , m_library(createLibrary())
     // Compatibility: second-library
@@ -109,7 +99,7 @@ SystemMonitorPlugin::SystemMonitorPlugin(QObject *parent, int version)
     machineAudio(); // Finds the sound server during the wait.
     // Compatibility: busy-start
     waitBusily(startUpWait);
-    initSystemMonitorLib(isNewerThanWindows7(version));
+    initSystemMonitorLib(isNewerThanWindows7(system));
     LogDebug(QStringLiteral("初始化系统信息"));
     refresh();
     LogDebug(QStringLiteral("更新CPU型号&GPU型号"));

@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QMutex>
+#include <QOperatingSystemVersion>
 
 class IoLocalSocket;
 class KeyPass;
@@ -15,9 +16,6 @@ class PerfDataSource;
 class normalAction;
 class QTimer;
 enum class SettingsOccasion;
-
-/// The value of QSysInfo::windowsVersion(); 0 on other systems.
-int windowsVersion();
 
 /// The plugin: it owns the data sources and the visible keys, and paints and sends every key once a
 /// second. Everything runs on the main thread. It lives until the process ends and therefore
@@ -30,8 +28,9 @@ class SystemMonitorPlugin : public Plugin, public SystemMonitorLibOwner
 public:
     /// Opens the data sources, waits one second for them, takes the first readings and starts the
     /// update timer. Without a hardware-information service this takes some 12 seconds more. The
-    /// library is told whether \a version is newer than Windows 7.
-    explicit SystemMonitorPlugin(QObject *parent = nullptr, int version = windowsVersion());
+    /// library is told whether \a system is newer than Windows 7.
+    explicit SystemMonitorPlugin(QObject *parent = nullptr, const QOperatingSystemVersion &system =
+                                                                QOperatingSystemVersion::current());
 
     VqSystemMonitorLib *systemMonitorLib() const override { return m_library; }
 
@@ -96,5 +95,5 @@ private:
     QTimer *m_updateTimer;
 };
 
-/// Whether \a version, as windowsVersion() gives it, is newer than Windows 7.
-bool isNewerThanWindows7(int version);
+/// Whether \a system is a Windows newer than Windows 7; false for other systems.
+bool isNewerThanWindows7(const QOperatingSystemVersion &system);

@@ -124,7 +124,7 @@ QString inferStyleFromName(const QString &spec)
 
 QFont fontFromSpec(const QString &spec, int pointSize)
 {
-    const int bar = spec.indexOf(QLatin1Char('|'));
+    const auto bar = spec.indexOf(QLatin1Char('|'));
     const QString family = spec.left(bar);
     QString style = bar >= 1 ? spec.mid(bar + 1) : QString();
     if (!style.isEmpty()) {

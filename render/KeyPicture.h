@@ -30,7 +30,7 @@ constexpr int longestSide = 32767;
 
 /// The maximum number of pixels of a picture, at four bytes each: the longest side times the height
 /// of a line at the largest font size in usual fonts.
-constexpr int largestArea = 32768 * 768;
+constexpr int largestArea = 32768 * 800;
 
 /// A transparent picture of \a size with \a lines drawn on it, in QImage::Format_ARGB32. A null
 /// image when \a size is empty, when it has more pixels than longestSide on a side or than

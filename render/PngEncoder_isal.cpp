@@ -270,14 +270,14 @@ public:
 
     void begin(const char *type)
     {
-        m_chunk = m_bytes.size();
+        m_chunk = static_cast<int>(m_bytes.size());
         append(quint32{0});
         m_bytes.append(type, typeLength);
     }
 
     void end()
     {
-        const int typed = m_bytes.size() - m_chunk - lengthLength;
+        const int typed = static_cast<int>(m_bytes.size()) - m_chunk - lengthLength;
         qToBigEndian(static_cast<quint32>(typed - typeLength), m_bytes.data() + m_chunk);
         append(
             crc32_gzip_refl(0, position(m_chunk + lengthLength), static_cast<std::size_t>(typed)));
@@ -301,7 +301,7 @@ public:
         // What cannot be compressed is stored in blocks of up to 65535 bytes with 5 bytes each.
         constexpr std::size_t leastBlock = 1024;
         constexpr std::size_t others = 64;
-        const int start = m_bytes.size();
+        const int start = static_cast<int>(m_bytes.size());
         const std::size_t room = size + size / leastBlock + others;
         m_bytes.resize(start + static_cast<int>(room));
 

@@ -100,7 +100,7 @@ int ShapedLine::width() const
     const int width = QFontMetrics(m_font).horizontalAdvance(m_text.left(longestText));
     if (isWhole())
         return width;
-    const double whole = static_cast<double>(width) * m_text.size() / longestText;
+    const double whole = static_cast<double>(width) * static_cast<int>(m_text.size()) / longestText;
     return static_cast<int>(std::min<double>(whole, std::numeric_limits<int>::max()));
 }
 

@@ -25,7 +25,7 @@ Prefixes splitTitle(QString &title)
     // Compatibility: title-rewritten
     if (!title.contains(QLatin1Char('/')))
         title = QStringLiteral("上传/下载");
-    const int slash = title.indexOf(QLatin1Char('/'));
+    const auto slash = title.indexOf(QLatin1Char('/'));
     return {title.left(slash), title.mid(slash + 1)};
 }
 

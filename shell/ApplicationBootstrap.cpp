@@ -41,11 +41,11 @@ QString ApplicationBootstrap::languageFromArguments(const QStringList &arguments
     static const QString label = QStringLiteral("language:");
     QString language = QStringLiteral("en");
     for (const QString &argument : arguments) {
-        const int found = argument.indexOf(label);
+        const auto found = argument.indexOf(label);
         if (found < 0)
             continue;
-        const int start = found + label.size();
-        const int comma = argument.indexOf(QLatin1Char(','), start);
+        const auto start = found + label.size();
+        const auto comma = argument.indexOf(QLatin1Char(','), start);
         language = argument.mid(start, comma < 0 ? -1 : comma - start).trimmed();
     }
     return language;

@@ -66,7 +66,8 @@ bool QtSystemMonitor::handleHotKey(quint64 identifier)
     return true;
 }
 
-bool QtSystemMonitor::nativeEvent(const QByteArray &eventType, void *message, long *result)
+bool QtSystemMonitor::nativeEvent(const QByteArray &eventType, void *message,
+                                  NativeEventResult *result)
 {
     const auto identifier = hotKeyIdentifier(eventType, message);
     if (identifier && handleHotKey(*identifier)) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qt/QtVersions.h"
+
 #include <QWidget>
 
 class SystemMonitorPlugin;
@@ -24,7 +26,8 @@ public:
     bool handleHotKey(quint64 identifier);
 
 protected:
-    bool nativeEvent(const QByteArray &eventType, void *message, long *result) override;
+    bool nativeEvent(const QByteArray &eventType, void *message,
+                     NativeEventResult *result) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:

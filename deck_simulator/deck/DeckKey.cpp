@@ -36,7 +36,7 @@ bool DeckKey::takePicture(const QString &dataUrl, qint64 now)
     m_picture = picture;
     if (!picture.isNull())
         m_pictureSize = picture.size();
-    m_pictureBytes = picture.isNull() ? 0 : dataUrl.size();
+    m_pictureBytes = picture.isNull() ? 0 : static_cast<int>(dataUrl.size());
     m_lastUpdate = now;
     ++m_pictures;
     return true;

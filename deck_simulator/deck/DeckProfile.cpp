@@ -122,7 +122,7 @@ QVector<SettingsKey> settingsKeys()
     };
 }
 
-QString contextOf(int index)
+QString contextOf(QVector<DeckKey>::size_type index)
 {
     return QStringLiteral("key-%1").arg(index + 1, 2, 10, QLatin1Char('0'));
 }
@@ -149,9 +149,9 @@ QJsonObject changedSettings(const QJsonObject &changes)
     return settings;
 }
 
-QSize gridFor(int keys, int columns)
+QSize gridFor(QVector<DeckKey>::size_type keys, int columns)
 {
-    return {columns, (keys + columns - 1) / columns};
+    return {columns, (static_cast<int>(keys) + columns - 1) / columns};
 }
 
 } // namespace

@@ -148,7 +148,8 @@ void DeckWindow::addMenus()
     plugin->addSeparator();
     plugin->addActions({m_pluginBar->dieAction(), m_pluginBar->portAction()});
     plugin->addSeparator();
-    plugin->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+    QAction *quit = plugin->addAction(tr("&Quit"), this, &QWidget::close);
+    quit->setShortcut(QKeySequence::Quit);
     menuBar()->addMenu(m_deckMenu);
     m_deckMenu->saveAsAction()->setEnabled(m_access == ProfileStore::Access::Full);
     connect(m_deckMenu, &DeckMenu::deckChosen, this, &DeckWindow::openDeck);

@@ -244,7 +244,7 @@ QPixmap KeyCell::dragPicture()
     return small;
 }
 
-void KeyCell::enterEvent(QEvent *event)
+void KeyCell::enterEvent(EnterEvent *event)
 {
     m_hovered = true;
     update();

@@ -2,6 +2,7 @@
 
 #include "deck_simulator/deck/DeckPlace.h"
 #include "deck_simulator/gui/KeyFace.h"
+#include "qt/QtVersions.h"
 
 #include <QElapsedTimer>
 #include <QPoint>
@@ -49,7 +50,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragLeaveEvent(QDragLeaveEvent *event) override;

@@ -21,7 +21,7 @@ constexpr qreal course[] = {0.25, 0.35, 0.3, 0.55, 0.45, 0.8, 0.7, 0.95};
 
 QColor faded(QColor color, qreal opacity)
 {
-    color.setAlphaF(opacity);
+    color.setAlphaF(static_cast<decltype(color.alphaF())>(opacity));
     return color;
 }
 

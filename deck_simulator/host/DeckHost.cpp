@@ -99,7 +99,7 @@ void DeckHost::die()
 void DeckHost::putKey(const DeckKey &key)
 {
     const int present = indexOf(key.context());
-    const int index = present < 0 ? m_deck.keys.size() : present;
+    const int index = present < 0 ? static_cast<int>(m_deck.keys.size()) : present;
     DeckKey placed = key;
     fixPlace(placed, index);
     if (present < 0)

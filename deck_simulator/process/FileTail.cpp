@@ -31,7 +31,7 @@ QStringList FileTail::newLines()
     const QByteArray bytes = file.read(longestStep);
     m_position += bytes.size();
     m_rest += bytes;
-    const int end = m_rest.lastIndexOf('\n');
+    const auto end = m_rest.lastIndexOf('\n');
     if (end < 0) {
         // One endless line is cut here.
         return m_rest.size() > longestStep ? QStringList(takeRest()) : QStringList();

@@ -48,7 +48,7 @@ int rankOf(const QString &name)
         if (same)
             return index;
     }
-    return known.size();
+    return static_cast<int>(known.size());
 }
 
 } // namespace

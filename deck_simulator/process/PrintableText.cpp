@@ -7,7 +7,7 @@ namespace deck {
 
 namespace {
 
-QString printableCharacter(uint code)
+QString printableCharacter(char32_t code)
 {
     switch (QChar::category(code)) {
     case QChar::Other_Format:

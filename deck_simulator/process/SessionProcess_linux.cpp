@@ -1,6 +1,6 @@
 #include "deck_simulator/process/SessionProcess.h"
 
-#include <QProcess>
+#include "qt/QtVersions.h"
 
 #include <csignal>
 #include <cstring>
@@ -10,27 +10,14 @@
 
 namespace deck {
 
-namespace {
-
-class SessionProcess : public QProcess
-{
-public:
-    using QProcess::QProcess;
-
-protected:
-    // Runs in the child between fork and exec.
-    void setupChildProcess() override
-    {
-        setsid();
-        prctl(PR_SET_PDEATHSIG, SIGTERM);
-    }
-};
-
-} // namespace
-
 QProcess *createSessionProcess(QObject *parent)
 {
-    return new SessionProcess(parent);
+    auto *const process = new ModifiedProcess(parent);
+    process->setChildProcessModifier([] {
+        setsid();
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+    });
+    return process;
 }
 
 QString describeCrash(int code)

@@ -180,7 +180,7 @@ QByteArray HeadlessRun::tableInPlace()
     const QStringList lines =
         cutRows(tableText(qMax(1, size.width() - 1)), qMax(1, size.height() - 1));
     const int previousLines = m_shownLines;
-    m_shownLines = lines.size();
+    m_shownLines = static_cast<int>(lines.size());
     return begin + replacementFrame(lines, previousLines);
 }
 

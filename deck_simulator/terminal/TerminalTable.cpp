@@ -45,7 +45,7 @@ QString leadingPart(const QString &text, int width)
 {
     QString part;
     int used = 0;
-    for (const uint code : text.toUcs4()) {
+    for (const char32_t code : text.toUcs4()) {
         used += codePointWidth(code);
         if (used > width)
             break;
@@ -60,10 +60,11 @@ QString trailingPart(const QString &text, int width)
     QString part;
     int used = 0;
     for (auto code = codes.rbegin(); code != codes.rend(); ++code) {
-        used += codePointWidth(*code);
+        const char32_t character = *code;
+        used += codePointWidth(character);
         if (used > width)
             break;
-        part.prepend(QString::fromUcs4(&*code, 1));
+        part.prepend(QString::fromUcs4(&character, 1));
     }
     return part;
 }
@@ -82,7 +83,8 @@ QVector<int> naturalWidths(const QVector<TableColumn> &columns, const QVector<QS
 
 int totalWidth(const QVector<int> &widths)
 {
-    return std::accumulate(widths.begin(), widths.end(), columnGap * (widths.size() - 1));
+    return std::accumulate(widths.begin(), widths.end(),
+                           columnGap * (static_cast<int>(widths.size()) - 1));
 }
 
 // Narrows the widest of the columns that may be narrowed by one. False when there is none left.
@@ -155,7 +157,7 @@ QStringList cutRows(const QStringList &lines, int most)
     if (most < 4) // header, row, count and last line
         return lines.mid(0, qMax(0, most));
     const int rows = most - 3;
-    const int hidden = lines.size() - 2 - rows;
+    const auto hidden = lines.size() - 2 - rows;
     return lines.mid(0, 1 + rows) << QStringLiteral("%1 more").arg(hidden) << lines.constLast();
 }
 

@@ -68,8 +68,9 @@ double celsius(double fahrenheit)
 int decimalsOf(double number)
 {
     const QString text = readingtext::general(number, QString());
-    const int point = text.indexOf(QLatin1Char('.'));
-    return point < 0 || text.contains(QLatin1Char('e')) ? 0 : text.size() - point - 1;
+    const auto point = text.indexOf(QLatin1Char('.'));
+    const bool isWhole = point < 0 || text.contains(QLatin1Char('e'));
+    return isWhole ? 0 : static_cast<int>(text.size() - point) - 1;
 }
 
 NumberText missingNumber()

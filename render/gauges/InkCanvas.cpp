@@ -145,8 +145,10 @@ InkCanvas::InkCanvas(const QSize &size, const std::array<QColor, inks> &colors)
 QColor InkCanvas::colorOf(Ink ink, qreal strength) const
 {
     const auto channel = static_cast<std::size_t>(ink);
-    const auto part = [channel](std::size_t number) { return channel == number ? 1.0 : 0.0; };
-    return QColor::fromRgbF(part(0), part(1), part(2), m_colors[channel].alphaF() * strength);
+    using Part = decltype(QColor().alphaF());
+    const auto part = [channel](std::size_t number) { return Part(channel == number ? 1 : 0); };
+    return QColor::fromRgbF(part(0), part(1), part(2),
+                            static_cast<Part>(m_colors[channel].alphaF() * strength));
 }
 
 QImage InkCanvas::finished(const QColor &ground, qreal opacity)

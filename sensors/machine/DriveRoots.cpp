@@ -5,8 +5,8 @@ QStringList driveRoots(const QByteArray &list)
     // Compatibility: drives-in-100-letters
     constexpr int seenCharacters = 100;
     QStringList roots;
-    int begin = 0;
-    for (int end = list.indexOf('\0'); end >= 0 && end < seenCharacters;
+    QByteArray::size_type begin = 0;
+    for (auto end = list.indexOf('\0'); end >= 0 && end < seenCharacters;
          end = list.indexOf('\0', begin)) {
         if (end > begin)
             roots.append(QString::fromLatin1(list.constData() + begin, end - begin));

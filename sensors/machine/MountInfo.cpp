@@ -34,7 +34,7 @@ std::optional<Mount> parseLine(const QByteArray &line)
     // ID PARENT MAJOR:MINOR ROOT POINT OPTIONS [TAG...] - TYPE SOURCE OPTIONS
     constexpr int firstTag = 6;
     const QList<QByteArray> fields = line.split(' ');
-    const int separator = fields.indexOf("-", firstTag);
+    const auto separator = fields.indexOf("-", firstTag);
     if (separator < 0 || separator + 2 >= fields.size())
         return std::nullopt;
     return Mount{fields.at(0).toUInt(),
@@ -50,7 +50,7 @@ std::optional<Mount> parseLine(const QByteArray &line)
 
 DeviceNumber parseDeviceNumber(const QByteArray &text)
 {
-    const int colon = text.indexOf(':');
+    const auto colon = text.indexOf(':');
     bool majorIsNumber = false;
     bool minorIsNumber = false;
     const DeviceNumber number{text.left(colon).toUInt(&majorIsNumber),

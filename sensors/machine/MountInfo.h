@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qt/QtVersions.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
@@ -17,7 +19,7 @@ inline bool operator==(DeviceNumber a, DeviceNumber b)
     return a.major == b.major && a.minor == b.minor;
 }
 
-inline uint qHash(DeviceNumber device, uint seed)
+inline HashValue qHash(DeviceNumber device, HashValue seed)
 {
     return qHash(qMakePair(device.major, device.minor), seed);
 }

@@ -24,7 +24,7 @@ bool liesIn(const QString &folder, const QString &mountPoint)
     if (folder == QLatin1String("/"))
         return mountPoint.size() > 1 && mountPoint.startsWith(folder);
     return mountPoint.startsWith(folder) &&
-           mountPoint.midRef(folder.size()).startsWith(QLatin1Char('/'));
+           QStringView(mountPoint).mid(folder.size()).startsWith(QLatin1Char('/'));
 }
 
 } // namespace

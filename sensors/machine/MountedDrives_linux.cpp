@@ -71,10 +71,11 @@ bool isCovered(const Mount &mount, const Places &places)
 {
     if (places.contains({mount.id, mount.mountPoint}))
         return true;
-    int end = mount.mountPoint.size();
+    using Place = QString::size_type;
+    Place end = mount.mountPoint.size();
     while (end > 1) {
-        end = std::max(mount.mountPoint.lastIndexOf(QLatin1Char('/'), end - 1), 0);
-        const QString folder = mount.mountPoint.left(std::max(end, 1));
+        end = std::max(mount.mountPoint.lastIndexOf(QLatin1Char('/'), end - 1), Place{0});
+        const QString folder = mount.mountPoint.left(std::max(end, Place{1}));
         if (places.contains({mount.parent, folder}))
             return true;
     }

@@ -42,7 +42,7 @@ std::optional<DriveSpace> PoolSpace::refresh(const Ask &ask)
 /// to the pool changes with every write to any data set.
 QVector<int> PoolSpace::due()
 {
-    const int count = m_dataSets.size();
+    const int count = static_cast<int>(m_dataSets.size());
     QVector<int> due;
     for (int index = 0; index < count; ++index) {
         if (!m_dataSets.at(index).wasAsked)

@@ -1,6 +1,7 @@
 #include "sensors/services/BlockingWebSocketClient.h"
 
 #include "SDK/Logger/Logger.h"
+#include "qt/QtVersions.h"
 #include "sensors/services/BoundedWebSocket.h"
 
 #include <QEventLoop>
@@ -25,8 +26,7 @@ BlockingWebSocketClient::BlockingWebSocketClient(const QUrl &url, unsigned timeo
 {
     connect(socket, &QWebSocket::connected, this, &BlockingWebSocketClient::onConnected);
     connect(socket, &QWebSocket::disconnected, this, &BlockingWebSocketClient::onDisconnected);
-    connect(socket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), this,
-            &BlockingWebSocketClient::onError);
+    connect(socket, webSocketError<QWebSocket>(), this, &BlockingWebSocketClient::onError);
     attempt(url);
 }
 
@@ -45,8 +45,7 @@ void BlockingWebSocketClient::attempt(const QUrl &url)
     connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
     // Queued, because an invalid address already fails inside open, before the loop runs.
     connect(socket, &QWebSocket::connected, &loop, &QEventLoop::quit, Qt::QueuedConnection);
-    connect(socket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), &loop,
-            &QEventLoop::quit, Qt::QueuedConnection);
+    connect(socket, webSocketError<QWebSocket>(), &loop, &QEventLoop::quit, Qt::QueuedConnection);
     timer.start(std::chrono::milliseconds(timeout));
     openBounded(*socket, url, longestMessage);
     loop.exec();

@@ -30,7 +30,8 @@ QString socketErrorLabel(int errorCode)
 {
     // Compatibility: error-label-cut
     const QByteArray label = QByteArrayLiteral("socket 错误:");
-    return QString::fromUtf8(label.mid(std::clamp(errorCode, 0, label.size())));
+    return QString::fromUtf8(
+        label.mid(std::clamp<QByteArray::size_type>(errorCode, 0, label.size())));
 }
 
 IoLocalSocket::IoLocalSocket(bool connectAndFetch, QObject *parent)

@@ -5,6 +5,8 @@
 
 namespace {
 
+using Place = QByteArray::size_type;
+
 bool isBlank(char character)
 {
     return character == ' ' || character == '\t' || character == '\n' || character == '\r';
@@ -16,7 +18,7 @@ bool isLineEnd(char character)
 }
 
 /// Whether a line end of two characters is at \a at.
-bool hasWideLineEnd(const QByteArray &text, int at)
+bool hasWideLineEnd(const QByteArray &text, Place at)
 {
     const QByteArray lineEnd = text.mid(at, 2);
     return lineEnd == "\r\n" || lineEnd == "\n\r";
@@ -26,7 +28,7 @@ bool hasWideLineEnd(const QByteArray &text, int at)
 struct Line
 {
     QByteArray text;
-    int equals = -1; ///< Where the first sign of equality is.
+    Place equals = -1; ///< Where the first sign of equality is.
 };
 
 /// The lines of an INI file, without comments and blank lines.
@@ -51,8 +53,8 @@ public:
 
     Line next()
     {
-        const int begin = m_at;
-        int equals = -1;
+        const Place begin = m_at;
+        Place equals = -1;
         bool isQuoted = false;
         for (; m_at < m_text.size(); ++m_at) {
             const char character = m_text.at(m_at);
@@ -85,14 +87,14 @@ private:
     }
 
     const QByteArray m_text;
-    int m_at = 0;
+    Place m_at = 0;
 };
 
 /// "%6F" and "%U006F" are an o; a backslash separates groups.
 QString unescapedName(const QByteArray &name)
 {
     QString result;
-    for (int at = 0; at < name.size(); ++at) {
+    for (Place at = 0; at < name.size(); ++at) {
         const bool isWide = name.mid(at + 1, 1) == "U";
         const QByteArray digits = isWide ? name.mid(at + 2, 4) : name.mid(at + 1, 2);
         bool isNumber = false;
@@ -109,17 +111,17 @@ QString unescapedName(const QByteArray &name)
 
 /// What the escape sequence from \a at on stands for, which is moved to its end: nothing where it
 /// is none, as before a line end.
-QString escaped(const QByteArray &value, int &at)
+QString escaped(const QByteArray &value, Place &at)
 {
     static const QByteArray letters = QByteArrayLiteral("abfnrtv\"?'\\");
     static const QString meanings = QStringLiteral("\a\b\f\n\r\t\v\"?'\\");
     const char first = value.at(at);
-    if (const int known = letters.indexOf(first); known >= 0) {
+    if (const Place known = letters.indexOf(first); known >= 0) {
         ++at;
         return meanings.mid(known, 1);
     }
     const int base = first == 'x' ? 16 : 8;
-    const int begin = first == 'x' ? at + 1 : at;
+    const Place begin = first == 'x' ? at + 1 : at;
     ushort code = 0;
     bool isDigit = true;
     for (at = begin; at < value.size(); ++at) {
@@ -140,7 +142,7 @@ QString unescapedValue(const QByteArray &value)
 {
     QString result;
     bool isQuoted = false;
-    for (int at = 0; at < value.size();) {
+    for (Place at = 0; at < value.size();) {
         const char character = value.at(at++);
         if (character == '"')
             isQuoted = !isQuoted;

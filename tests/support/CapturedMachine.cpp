@@ -43,21 +43,21 @@ bool unpackMachine(const QString &machine, const QString &part, const QString &d
     };
     QString current;
     bool good = lines.size() > 1;
-    for (int index = 0; index < lines.size(); ++index) {
+    for (QStringList::size_type index = 0; index < lines.size(); ++index) {
         const QString &line = lines.at(index);
         if (line.startsWith(QLatin1Char('@')))
             current = line.mid(1);
         if (current != part || line.startsWith(QLatin1Char('#')))
             continue;
         if (line.endsWith(isBlock)) {
-            const int end = lines.indexOf(QStringLiteral("."), index);
+            const auto end = lines.indexOf(QStringLiteral("."), index);
             good = end > index &&
                    write(path(line.chopped(isBlock.size())),
                          lines.mid(index + 1, end - index - 1).join(QLatin1Char('\n'))) &&
                    good;
             index = std::max(end, index);
         } else if (line.contains(isFile)) {
-            const int at = line.indexOf(isFile);
+            const auto at = line.indexOf(isFile);
             good = write(path(line.left(at)), line.mid(at + isFile.size())) && good;
         } else if (line.contains(isLink)) {
             const QString link = path(line.section(isLink, 0, 0));

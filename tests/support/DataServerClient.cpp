@@ -28,7 +28,7 @@ bool DataServerClient::open(const QHostAddress &address)
 
 QString DataServerClient::ask(const QString &request)
 {
-    const int before = m_replies.size();
+    const auto before = m_replies.size();
     m_socket.sendTextMessage(request);
     const bool answered =
         QTest::qWaitFor([this, before] { return m_replies.size() > before; }, patience);

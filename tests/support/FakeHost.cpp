@@ -52,7 +52,8 @@ bool FakeHost::waitForRegistration() const
     return QTest::qWaitFor([this] { return !m_texts.isEmpty(); }, patience);
 }
 
-bool FakeHost::waitForMessages(const QString &event, const QString &context, int count) const
+bool FakeHost::waitForMessages(const QString &event, const QString &context,
+                               QStringList::size_type count) const
 {
     return QTest::qWaitFor(
         [this, &event, &context, count] { return arrivals(event, context).size() >= count; },

@@ -27,7 +27,8 @@ public:
     bool waitForRegistration() const;
 
     /// False also when fewer than \a count have come in time.
-    bool waitForMessages(const QString &event, const QString &context, int count) const;
+    bool waitForMessages(const QString &event, const QString &context,
+                         QStringList::size_type count) const;
 
     /// Waits for the next picture and title of the key.
     bool waitForUpdate(const QString &context) const;

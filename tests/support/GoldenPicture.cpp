@@ -2,6 +2,9 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
+#include <QLibraryInfo>
+#include <QVersionNumber>
 
 #include <algorithm>
 #include <cstdlib>
@@ -53,11 +56,18 @@ QString difference(const QImage &golden, const QImage &actual)
     return QStringLiteral("%1 pixels of %2 are different").arg(count).arg(sizeText(golden));
 }
 
+QString pathOf(const QString &name)
+{
+    const int version = QLibraryInfo::version().majorVersion();
+    const QString own = QStringLiteral(GOLDEN_FOLDER "/qt%1/%2.png").arg(version).arg(name);
+    return QFile::exists(own) ? own : QStringLiteral(GOLDEN_FOLDER "/%1.png").arg(name);
+}
+
 } // namespace
 
 GoldenPicture::GoldenPicture(const QString &name)
     : m_name(name)
-    , m_path(QStringLiteral(GOLDEN_FOLDER "/%1.png").arg(name))
+    , m_path(pathOf(name))
 {
 }
 

@@ -3,8 +3,9 @@
 #include <QImage>
 #include <QString>
 
-/// A picture that was looked at and kept, tests/golden/NAME.png. With UPDATE_GOLDEN=1 in the
-/// environment, comparing replaces it by the actual picture.
+/// A picture that was looked at and kept: tests/golden/qt6/NAME.png, or that of another version of
+/// Qt, where there is one, else tests/golden/NAME.png. With UPDATE_GOLDEN=1 in the environment,
+/// comparing replaces it by the actual picture.
 class GoldenPicture
 {
 public:

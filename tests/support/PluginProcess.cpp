@@ -43,6 +43,7 @@ PluginProcess::PluginProcess()
     setVariable(QStringLiteral("SystemDrive"), m_service.drive());
     setStandardInputFile(nullDevice());
     setStandardOutputFile(nullDevice());
+    detach();
     connect(this, &QProcess::readyReadStandardError, this,
             [this] { m_standardError += readAllStandardError(); });
 }
@@ -104,9 +105,9 @@ int PluginProcess::timesLogged(const QString &text) const
 bool PluginProcess::hasLoggedInOrder(const QStringList &texts) const
 {
     const QStringList printed = lines();
-    int from = 0;
+    QStringList::size_type from = 0;
     for (const QString &text : texts) {
-        const int found = printed.indexOf(quoted(text), from);
+        const auto found = printed.indexOf(quoted(text), from);
         if (found < 0)
             return false;
         from = found + 1;

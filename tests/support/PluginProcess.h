@@ -1,16 +1,16 @@
 #pragma once
 
+#include "qt/QtVersions.h"
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/ProcessControl.h"
 
 #include <QByteArray>
-#include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
 
 /// One run of the plugin's executable: a working folder of its own, no display, no terminal, a
 /// hardware-information service so that it starts quickly. It does not outlive this object.
-class PluginProcess : public QProcess
+class PluginProcess : public ModifiedProcess
 {
 public:
     PluginProcess();
@@ -70,10 +70,9 @@ public:
     /// The framework's platform that it runs on when nothing says otherwise.
     static QString usualPlatform();
 
-protected:
-    void setupChildProcess() override;
-
 private:
+    /// From the terminal, and so that it ends with this process (Linux).
+    void detach();
     void printOnFailure() const;
 
     QTemporaryDir m_folder;

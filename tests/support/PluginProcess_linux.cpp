@@ -5,10 +5,12 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 
-void PluginProcess::setupChildProcess()
+void PluginProcess::detach()
 {
-    setsid();
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    setChildProcessModifier([] {
+        setsid();
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+    });
 }
 
 QString PluginProcess::usualPlatform()

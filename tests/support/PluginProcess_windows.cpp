@@ -27,7 +27,7 @@ BOOL CALLBACK takeWindow(HWND window, LPARAM parameter)
 
 } // namespace
 
-void PluginProcess::setupChildProcess() {}
+void PluginProcess::detach() {}
 
 QString PluginProcess::usualPlatform()
 {

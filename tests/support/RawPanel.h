@@ -35,7 +35,7 @@ public:
     bool hasBegunToReceive()
     {
         const QByteArray received = m_socket.peek(4096);
-        const int end = received.indexOf("\r\n\r\n");
+        const auto end = received.indexOf("\r\n\r\n");
         return end >= 0 && received.size() > end + 4;
     }
 

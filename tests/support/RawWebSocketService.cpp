@@ -11,7 +11,7 @@ namespace {
 QByteArray acceptOf(const QByteArray &request)
 {
     const QByteArray name = QByteArrayLiteral("sec-websocket-key:");
-    const int begin = request.toLower().indexOf(name) + name.size();
+    const auto begin = request.toLower().indexOf(name) + name.size();
     const QByteArray key = request.mid(begin, request.indexOf('\r', begin) - begin).trimmed();
     const QByteArray salted = key + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11";
     return QCryptographicHash::hash(salted, QCryptographicHash::Sha1).toBase64();
@@ -63,14 +63,14 @@ void RawWebSocketService::takeConnection()
 void RawWebSocketService::read()
 {
     m_received += m_client->readAll();
-    const int end = m_received.indexOf("\r\n\r\n");
+    const auto end = m_received.indexOf("\r\n\r\n");
     if (!m_hasShakenHands && end >= 0)
         shakeHands();
 }
 
 void RawWebSocketService::shakeHands()
 {
-    const int end = m_received.indexOf("\r\n\r\n") + 4;
+    const auto end = m_received.indexOf("\r\n\r\n") + 4;
     const QByteArray request = m_received.left(end);
     m_received.remove(0, end);
     m_hasShakenHands = true;

@@ -114,7 +114,7 @@ void tst_DataServer::answersEachClientItsOwn()
 {
     DataServerClient other;
     QVERIFY(other.open());
-    const int before = m_panel->replies().size();
+    const auto before = m_panel->replies().size();
     QVERIFY(other.ask(QStringLiteral("Memory Total MB")).contains(QStringLiteral("Memory Total")));
     QCOMPARE(m_panel->replies().size(), before);
     QVERIFY(m_panel->ask(QStringLiteral("Cpu Usage")).contains(QStringLiteral("Cpu Usage")));
@@ -131,7 +131,7 @@ void tst_DataServer::countsItsClients()
     QTRY_PATIENTLY(printed(QStringLiteral("New connection established. Total connections: 2")) ==
                    printed(remainingOne));
 
-    const int before = printed(remainingOne);
+    const auto before = printed(remainingOne);
     DataServerClient other;
     QVERIFY(other.open());
     QTRY_COMPARE(printed(QStringLiteral("New connection established. Total connections: 2")),

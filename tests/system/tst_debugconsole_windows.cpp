@@ -1,6 +1,6 @@
-#include "tests/support/Display.h"
 #include "tests/support/KeyUuids.h"
 #include "tests/support/RunningPlugin.h"
+#include "tests/support/TestDisplay.h"
 #include "tests/support/Waits.h"
 
 #include <QtTest>
@@ -27,7 +27,7 @@ const QString updated = QStringLiteral("-------------------updateImages over----
 
 void tst_DebugConsole_windows::takesStandardErrorOver()
 {
-    if (!Display().isThere())
+    if (!TestDisplay().isThere())
         QSKIP("There is no display to open a console on");
     RunningPlugin plugin;
     PluginProcess &process = plugin.process;

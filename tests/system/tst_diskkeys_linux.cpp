@@ -94,19 +94,15 @@ void tst_DiskKeys_linux::change(const QJsonObject &parameters)
 {
     QJsonObject all = parameters;
     all.insert(QStringLiteral("showTitle"), false);
-    const int replies = m_host->settings(key).size();
+    const auto replies = m_host->settings(key).size();
     m_host->sendEvent(QStringLiteral("didReceiveSettings"), uuid, key, setting(all));
     QVERIFY(m_host->waitForMessages(QStringLiteral("setSettings"), key, replies + 1));
 }
 
 int tst_DiskKeys_linux::indexOf(const QString &drive)
 {
-    return m_host->settings(key)
-        .constLast()
-        .value(QStringLiteral("DriveNames"))
-        .toArray()
-        .toVariantList()
-        .indexOf(drive);
+    const QJsonValue names = m_host->settings(key).constLast().value(QStringLiteral("DriveNames"));
+    return static_cast<int>(names.toArray().toVariantList().indexOf(drive));
 }
 
 /// The data server's reply on a drive; empty when it does not know it.
@@ -185,13 +181,13 @@ void tst_DiskKeys_linux::showsAllDrives()
 
 void tst_DiskKeys_linux::loopsOverTheDrives()
 {
-    const int drives =
+    const auto drives =
         m_host->settings(key).constLast().value(QStringLiteral("DriveNames")).toArray().size();
     change({{QStringLiteral("diskMode"), QStringLiteral("Disk_Loop")},
             {QStringLiteral("switchFrequency"), 1},
             {QStringLiteral("showVolumeName"), true}});
-    const int before = m_host->titles(key).size();
-    const int picturesBefore = m_host->images(key).size();
+    const auto before = m_host->titles(key).size();
+    const auto picturesBefore = m_host->images(key).size();
     // Each step and each pass sends one.
     QVERIFY(m_host->waitForMessages(QStringLiteral("setTitle"), key, before + 2 * drives + 2));
     QSet<QString> shown;
@@ -224,7 +220,7 @@ void tst_DiskKeys_linux::loopsAtMostOnceASecond()
     QFETCH(int, seconds);
     change({{QStringLiteral("diskMode"), QStringLiteral("Disk_Loop")},
             {QStringLiteral("switchFrequency"), seconds}});
-    const int before = m_host->titles(key).size();
+    const auto before = m_host->titles(key).size();
     QElapsedTimer timer;
     timer.start();
     QVERIFY(m_host->waitForMessages(QStringLiteral("setTitle"), key, before + 3));
@@ -280,7 +276,7 @@ void tst_DiskKeys_linux::forgetsADriveThatVanishes()
     QVERIFY(m_folder->run(QStringLiteral("umount small")));
     QTRY_PATIENTLY(drive(m_small).isEmpty());
     QVERIFY(!nextTitle().isEmpty());
-    const int before = m_host->titles(key).size();
+    const auto before = m_host->titles(key).size();
     QVERIFY(m_host->waitForMessages(QStringLiteral("setTitle"), key, before + 8));
     QVERIFY(m_host->titles(key).mid(before).filter(m_small + QStringLiteral("  ")).isEmpty());
     QVERIFY(!drive(m_large).isEmpty());

@@ -139,7 +139,7 @@ void tst_Faults::goesOnAfterAPause()
     QVERIFY(updates(plugin.host));
     // Like sleep of the machine, a stop halts the process but not the clock.
     plugin.process.freeze();
-    const int before = plugin.host.titles(key).size();
+    const auto before = plugin.host.titles(key).size();
     QVERIFY(!QTest::qWaitFor([&] { return plugin.host.titles(key).size() > before + 1; }, 4000));
     plugin.process.thaw();
     plugin.host.sendEvent(QStringLiteral("systemDidWakeUp"), QString(), QString());

@@ -196,7 +196,7 @@ void tst_Faults_linux::outlivesAClockThatIsSet()
     QVERIFY(updates(plugin.host));
 
     QVERIFY(set(offset));
-    const int before = plugin.host.titles(key).size();
+    const auto before = plugin.host.titles(key).size();
     QElapsedTimer timer;
     timer.start();
     QVERIFY(plugin.host.waitForMessages(QStringLiteral("setTitle"), key, before + 4));

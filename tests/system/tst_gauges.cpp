@@ -227,7 +227,7 @@ void tst_Gauges::showsExtremesAfterAPress()
         QVERIFY(!imageAt(context, QStringLiteral("T: %1°").arg(degrees)).isEmpty());
     }
     const QString present = nextImage(context);
-    const int before = m_host->images(context).size();
+    const auto before = m_host->images(context).size();
     press(event, context);
     // The first may have been on its way, and the present comes last.
     constexpr int passes = 11;

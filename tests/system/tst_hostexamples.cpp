@@ -58,6 +58,11 @@ private:
     QString closest(const QJsonObject &pattern) const;
     bool isWithoutSound(const QString &text) const;
 
+    const Example *endOfExamples() const
+    {
+        return m_page.examples().constData() + m_page.examples().size();
+    }
+
     HostPage m_page;
     std::unique_ptr<SoundServer> m_sound;
     bool m_hasSound = false;
@@ -67,7 +72,8 @@ private:
     DataServerClient m_panel;
     FakeHost *m_host = nullptr;
     int m_barriers = 0;
-    int m_since = 0; ///< What came before the last message to the plugin is not its effect.
+    QStringList::size_type m_since =
+        0; ///< What came before the last message to the plugin is not its effect.
 };
 
 namespace {
@@ -296,7 +302,7 @@ void tst_HostExamples::sendToPlugin(const Example &example)
     // Anything that is not marked as unanswered has its answer behind it.
     const Example *const next = &example + 1;
     QVERIFY(!example.option.isEmpty() ||
-            (next != m_page.examples().end() && next->kind == QLatin1String("plugin-to-host")));
+            (next != endOfExamples() && next->kind == QLatin1String("plugin-to-host")));
 
     m_since = m_host->texts().size();
     const QString port = message.value(QLatin1String("hwInfoPort")).toString();
@@ -322,7 +328,7 @@ void tst_HostExamples::sendPortChange(const QString &text, quint16 port)
 /// message after it.
 void tst_HostExamples::verifyNoAnswer(const QString &text)
 {
-    const int before = m_host->texts().size();
+    const auto before = m_host->texts().size();
     const QString uuid = keyuuid::prefix + QStringLiteral("barrier");
     const QString barrier = QStringLiteral("barrier %1").arg(++m_barriers);
     m_host->sendText(text);
@@ -340,7 +346,7 @@ void tst_HostExamples::verifyNoAnswer(const QString &text)
 /// Verifies that nothing comes for a key during two passes.
 void tst_HostExamples::verifySilence(const QString &context)
 {
-    const int before = m_host->events(context).size();
+    const auto before = m_host->events(context).size();
     const QString uuid = keyuuid::prefix + QStringLiteral("barrier");
     const QString barrier = QStringLiteral("barrier %1").arg(++m_barriers);
     m_host->appear(uuid, barrier);
@@ -379,7 +385,7 @@ QString tst_HostExamples::closest(const QJsonObject &pattern) const
 void tst_HostExamples::request(const Example &example)
 {
     const Example *const next = &example + 1;
-    QVERIFY(next != m_page.examples().end() && next->kind == QLatin1String("reply"));
+    QVERIFY(next != endOfExamples() && next->kind == QLatin1String("reply"));
     QVERIFY(!m_panel.ask(example.text.trimmed()).isEmpty());
 }
 
@@ -408,7 +414,7 @@ void tst_HostExamples::logAtStart(const Example &example)
 /// Ends the plugin by closing the link.
 void tst_HostExamples::logAtEnd(const Example &example)
 {
-    const int before = m_plugin->process.fileLog().size();
+    const auto before = m_plugin->process.fileLog().size();
     m_host->closeLink();
     QVERIFY(m_plugin->process.endsWithStatus(0));
     const QString log = QString::fromUtf8(m_plugin->process.content(QStringLiteral("log.txt")));
@@ -426,7 +432,7 @@ void tst_HostExamples::exitsWithOne(const Example &example)
     m_refused->launch(argumentsOf(example));
     QVERIFY(m_refused->endsWithStatus(1));
     const Example *const next = &example + 1;
-    QVERIFY(next != m_page.examples().end() && next->kind == QLatin1String("standard-error"));
+    QVERIFY(next != endOfExamples() && next->kind == QLatin1String("standard-error"));
 }
 
 void tst_HostExamples::standardError(const Example &example)

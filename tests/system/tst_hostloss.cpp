@@ -33,7 +33,7 @@ bool tellsOfTheLoss(const QStringList &fileLog)
 {
     static const QRegularExpression disconnected(
         QStringLiteral("\\ADisonnected-serverPort: \\d+\\z"));
-    const int last = fileLog.size() - 1;
+    const auto last = fileLog.size() - 1;
     return last >= 1 && disconnected.match(fileLog.at(last - 1)).hasMatch() &&
            fileLog.at(last).startsWith(QStringLiteral("Socket disconnected: "));
 }

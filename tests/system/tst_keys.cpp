@@ -416,7 +416,7 @@ void tst_Keys::forgetsDisappearedKeys()
     // The reply comes after the messages before it have been handled.
     m_host->appear(cpu, staying);
     QVERIFY(m_host->waitForMessages(setSettings, staying, 2));
-    const int events = m_host->events(going).size();
+    const auto events = m_host->events(going).size();
 
     QVERIFY(!nextTitle(staying).isEmpty());
     QVERIFY(!nextTitle(staying).isEmpty());

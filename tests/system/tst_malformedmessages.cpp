@@ -140,7 +140,7 @@ void tst_MalformedMessages::changeNothing()
     QFETCH(QString, text);
     FakeHost &host = m_plugin->host;
     const auto replies = [&host](const QString &context) { return host.settings(context).size(); };
-    const int toKey = replies(key);
+    const auto toKey = replies(key);
     host.sendText(text);
     QVERIFY(answers());
     QCOMPARE(replies(key), toKey);

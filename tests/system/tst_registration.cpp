@@ -52,7 +52,7 @@ void tst_Registration::registersAndWritesTheFileLog()
     const QByteArray log = plugin.process.content(QStringLiteral("log.txt"));
     const QList<QByteArray> expected{"ws://127.0.0.1:" + port, registration.toUtf8(),
                                      "Connect-serverPort: " + port};
-    int start = 0;
+    QByteArray::size_type start = 0;
     for (const QByteArray &message : expected) {
         const QByteArray line = log.mid(start, log.indexOf('\n', start) + 1 - start);
         const QByteArray stamp = line.left(21);

@@ -1,7 +1,7 @@
 #include "sensors/machine/drives.h"
-#include "tests/support/Display.h"
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/KeyUuids.h"
+#include "tests/support/TestDisplay.h"
 
 #include <QColor>
 #include <QDir>
@@ -36,7 +36,7 @@ private:
     {
         return m_folder->filePath(QString::fromLatin1(name));
     }
-    void run(const QStringList &arguments, const Display *display = nullptr);
+    void run(const QStringList &arguments, const TestDisplay *display = nullptr);
 
     // The plugin waits long for one where the simulator's cannot be found.
     FakeHardwareService m_service;
@@ -122,10 +122,10 @@ QMap<QString, QString> titlesIn(const QString &output)
 {
     QMap<QString, QString> titles;
     const QStringList lines = output.split(QLatin1Char('\n'));
-    const int header = lines.indexOf(QRegularExpression(QStringLiteral("^Title +Key .*$")));
+    const auto header = lines.indexOf(QRegularExpression(QStringLiteral("^Title +Key .*$")));
     if (header < 0)
         return titles;
-    const int column = lines.at(header).indexOf(QLatin1String("Key"));
+    const auto column = lines.at(header).indexOf(QLatin1String("Key"));
     const QRegularExpression picture(QStringLiteral(" +\\d+x\\d+ .*$"));
     for (const QString &line : lines.mid(header)) {
         if (line.contains(picture))
@@ -143,7 +143,7 @@ void tst_Simulator::init()
     QVERIFY(m_folder->isValid());
 }
 
-void tst_Simulator::run(const QStringList &arguments, const Display *display)
+void tst_Simulator::run(const QStringList &arguments, const TestDisplay *display)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
@@ -206,7 +206,7 @@ void tst_Simulator::showsEveryKindOfKey()
 
 void tst_Simulator::showsTheWindow()
 {
-    const Display display;
+    const TestDisplay display;
     if (!display.isThere())
         QSKIP("There is no display to open a window on (Debian package xvfb)");
     QFile file(path("deck.json"));

@@ -171,7 +171,7 @@ void tst_Strangers::takeLittleTogether()
         crowd.push_back(std::make_unique<Stranger>(attack, reads));
     let(warmUp);
 
-    const int titlesBefore = host.titles(key).size();
+    const auto titlesBefore = host.titles(key).size();
     const qint64 printedBefore = process.bytesPrinted();
     const Meter meter(process);
     qint64 memory = 0;
@@ -183,7 +183,7 @@ void tst_Strangers::takeLittleTogether()
     }
     const double share = meter.shareOfACore();
     const qint64 logged = (process.bytesPrinted() - printedBefore) * 1000 / window;
-    const int titles = host.titles(key).size() - titlesBefore;
+    const auto titles = host.titles(key).size() - titlesBefore;
 
     // Like a second instance that looks for this one, for a second and a half.
     QElapsedTimer probing;

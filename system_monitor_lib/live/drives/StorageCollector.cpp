@@ -28,7 +28,7 @@ std::vector<StorageDrive> StorageCollector::inOrder()
             m_told += drive.place;
     }
     const auto rank = [this](const StorageDrive &drive) {
-        const int index = m_told.indexOf(drive.place);
+        const auto index = m_told.indexOf(drive.place);
         return index < 0 ? m_told.size() : index;
     };
     std::vector<StorageDrive> drives = m_drives;

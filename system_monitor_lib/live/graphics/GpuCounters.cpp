@@ -23,8 +23,8 @@ std::optional<Part> partOf(const QString &instance)
         return std::nullopt;
     constexpr int hexadecimal = 16;
     constexpr unsigned bitsOfHalf = 32;
-    const quint64 high = match.capturedRef(1).toUInt(nullptr, hexadecimal);
-    const quint64 low = match.capturedRef(2).toUInt(nullptr, hexadecimal);
+    const quint64 high = match.captured(1).toUInt(nullptr, hexadecimal);
+    const quint64 low = match.captured(2).toUInt(nullptr, hexadecimal);
     return Part{high << bitsOfHalf | low, match.captured(3)};
 }
 

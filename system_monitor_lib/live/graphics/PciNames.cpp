@@ -7,7 +7,7 @@ namespace {
 QString soldAs(const QByteArray &entry)
 {
     QString name = QString::fromUtf8(entry).simplified();
-    const int open = name.lastIndexOf(QLatin1Char('['));
+    const auto open = name.lastIndexOf(QLatin1Char('['));
     if (open < 0 || !name.endsWith(QLatin1Char(']')))
         return name;
     return name.mid(open + 1, name.size() - open - 2);

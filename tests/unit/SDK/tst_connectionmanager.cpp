@@ -267,7 +267,7 @@ void tst_ConnectionManager::dropsPicturesWhileTheHostDoesNotRead()
 
     QTRY_VERIFY(m_received.constLast().contains(QStringLiteral("kept")));
     // The registration, the settings, and pictures between them; the system buffers some as well.
-    const int pictures = m_received.size() - 2;
+    const auto pictures = m_received.size() - 2;
     QVERIFY2(pictures >= 32 && pictures <= 64, qPrintable(QString::number(pictures)));
     QVERIFY(m_received.filter(QStringLiteral("dropped")).isEmpty());
     QCOMPARE(m_directory->content(QStringLiteral("log.txt"))
@@ -299,7 +299,7 @@ void tst_ConnectionManager::dropsSettingsWhileTheHostDoesNotRead()
     };
     QTRY_VERIFY_WITH_TIMEOUT(resend(), 20000);
     // The system buffers some as well.
-    const int taken = m_received.filter(QStringLiteral("AAAA")).size();
+    const auto taken = m_received.filter(QStringLiteral("AAAA")).size();
     QVERIFY2(taken >= 64 && taken <= 128, qPrintable(QString::number(taken)));
     QVERIFY(m_received.filter(QStringLiteral("dropped")).isEmpty());
 }

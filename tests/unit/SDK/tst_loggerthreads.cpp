@@ -40,7 +40,7 @@ QByteArray readLines(int pipe, int lines)
         const auto size = static_cast<int>(::read(pipe, piece.data(), std::size_t(piece.size())));
         if (size <= 0)
             break;
-        found += piece.left(size).count('\n');
+        found += static_cast<int>(piece.left(size).count('\n'));
         all.append(piece.constData(), size);
     }
     return all;

@@ -71,7 +71,7 @@ public:
     bool isConnected() const { return m_socket.state() == QAbstractSocket::ConnectedState; }
     void ask(const QString &request) { m_socket.sendTextMessage(request); }
     void close() { m_socket.close(); }
-    int replyCount() const { return m_replies.size(); }
+    int replyCount() const { return static_cast<int>(m_replies.size()); }
     QString reply(int index) const { return m_replies.at(index).at(0).toString(); }
     QWebSocket &socket() { return m_socket; }
 
@@ -81,7 +81,7 @@ private:
 };
 
 /// How many clients the server has let go. Who does not read need not notice it.
-int dropped()
+QStringList::size_type dropped()
 {
     return MessageCapture::messages().filter(QStringLiteral("Connection disconnected")).size();
 }

@@ -114,7 +114,7 @@ void tst_DiskLoop::eachTickSendsThePictureAndTheTitle()
     QTRY_COMPARE(m_received.size(), 2);
     normalAction &key = *m_plugin->FindAction(disk, context);
     for (const char *const text : {"/  10% Used  10G Free", "/home  20% Used  20G Free"}) {
-        const int before = m_received.size();
+        const int before = static_cast<int>(m_received.size());
         QMetaObject::invokeMethod(&key.switchTimer, "timeout");
         QTRY_COMPARE(m_received.size(), before + 2);
         QCOMPARE(eventsSince(before),

@@ -176,26 +176,40 @@ void tst_SystemMonitorPlugin::startsWithoutALibrary()
 
 void tst_SystemMonitorPlugin::tellsTheWindowsVersion_data()
 {
-    QTest::addColumn<int>("version");
+    using System = QOperatingSystemVersion;
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("major");
+    QTest::addColumn<int>("minor");
+    QTest::addColumn<int>("build");
     QTest::addColumn<bool>("newer");
-    QTest::newRow("no Windows") << 0 << false;
-    QTest::newRow("Windows 7") << 144 << false;
-    QTest::newRow("next") << 145 << true;
-    QTest::newRow("Windows 10") << 0xa0 << true;
+    QTest::newRow("unknown") << int{System::Unknown} << 10 << 0 << 0 << false;
+    QTest::newRow("no Windows") << int{System::Android} << 10 << 0 << 0 << false;
+    QTest::newRow("Windows Vista") << int{System::Windows} << 6 << 0 << 6002 << false;
+    QTest::newRow("Windows 7") << int{System::Windows} << 6 << 1 << 7601 << false;
+    QTest::newRow("Windows 8") << int{System::Windows} << 6 << 2 << 9200 << true;
+    QTest::newRow("Windows 10") << int{System::Windows} << 10 << 0 << 19045 << true;
+    QTest::newRow("Windows 11") << int{System::Windows} << 10 << 0 << 22631 << true;
 }
 
 void tst_SystemMonitorPlugin::tellsTheWindowsVersion()
 {
-    QFETCH(int, version);
-    QTEST(isNewerThanWindows7(version), "newer");
+    QFETCH(int, type);
+    QFETCH(int, major);
+    QFETCH(int, minor);
+    QFETCH(int, build);
+    const QOperatingSystemVersion system(static_cast<QOperatingSystemVersion::OSType>(type), major,
+                                         minor, build);
+    QTEST(isNewerThanWindows7(system), "newer");
 }
 
 void tst_SystemMonitorPlugin::tellsTheLibraryTheWindowsVersion()
 {
-    for (const int version : {144, 145}) {
-        InMemoryLibrary::lastInitFlag = version == 144;
-        m_plugin = std::make_unique<SystemMonitorPlugin>(nullptr, version);
-        QCOMPARE(InMemoryLibrary::lastInitFlag, version == 145);
+    for (const bool isNewer : {false, true}) {
+        const QOperatingSystemVersion system =
+            isNewer ? QOperatingSystemVersion::Windows8 : QOperatingSystemVersion::Windows7;
+        InMemoryLibrary::lastInitFlag = !isNewer;
+        m_plugin = std::make_unique<SystemMonitorPlugin>(nullptr, system);
+        QCOMPARE(InMemoryLibrary::lastInitFlag, isNewer);
     }
 }
 

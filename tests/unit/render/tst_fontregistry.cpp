@@ -108,7 +108,7 @@ QByteArray withOldNames(QByteArray font)
     const auto number = [&font](int offset) {
         return qFromBigEndian<quint16>(font.constData() + offset);
     };
-    const int entry = font.indexOf("name");
+    const auto entry = font.indexOf("name");
     const auto table = static_cast<int>(qFromBigEndian<quint32>(font.constData() + entry + 8));
     for (int i = 0; i < number(table + 2); ++i) {
         const int nameId = table + 6 + 12 * i + 6;
@@ -342,7 +342,8 @@ void tst_FontRegistry::survivesTruncatedFonts()
         QCOMPARE(listedSpecs(), QStringList());
     }
     normalAction key(nullptr, QString(), QStringLiteral("ctx"));
-    for (const int size : {20000, font.size() / 2, font.size() - 1000}) {
+    const QByteArray::size_type few = 20000;
+    for (const auto size : {few, font.size() / 2, font.size() - 1000}) {
         loadFont(write(QStringLiteral("truncated%1.ttf").arg(size), font.left(size)));
         key.setFontFromSpec(QStringLiteral("Cutcut|Bold"));
         key.font.setPixelSize(24);

@@ -498,9 +498,10 @@ void tst_Gauge::groundIsBehindEverything()
             const QColor over = without.pixelColor(x, y);
             const QColor pixel = with.pixelColor(x, y);
             QCOMPARE(pixel.alpha(), 255);
-            const double left = 1 - over.alphaF();
-            QVERIFY(std::abs(pixel.red() - (over.red() * over.alphaF() + 0x20 * left)) <= 1.5);
-            QVERIFY(std::abs(pixel.blue() - (over.blue() * over.alphaF() + 0x50 * left)) <= 1.5);
+            const double alpha = over.alphaF();
+            const double left = 1 - alpha;
+            QVERIFY(std::abs(pixel.red() - (over.red() * alpha + 0x20 * left)) <= 1.5);
+            QVERIFY(std::abs(pixel.blue() - (over.blue() * alpha + 0x50 * left)) <= 1.5);
         }
     }
     look.ground = QColor(0, 0, 0, 0);

@@ -183,7 +183,7 @@ int colorsOf(const QImage &picture)
         for (int x = 0; x < picture.width(); ++x)
             colors.insert(picture.pixel(x, y));
     }
-    return colors.size();
+    return static_cast<int>(colors.size());
 }
 
 constexpr int paletteSize = 256;
@@ -219,7 +219,7 @@ void tst_GaugePictures::paintsAsKept()
     const int colors = colorsOf(picture);
     QVERIFY2(colors <= paletteSize, qPrintable(QString::number(colors)));
     if (qEnvironmentVariableIsSet("GAUGE_FIGURES"))
-        qInfo("%d colours, %d bytes", colors, encodedPng(picture).size());
+        qInfo("%d colours, %d bytes", colors, static_cast<int>(encodedPng(picture).size()));
 }
 
 QTEST_MAIN(tst_GaugePictures)

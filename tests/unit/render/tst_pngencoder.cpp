@@ -209,8 +209,8 @@ void tst_PngEncoder::isSmallerThanQts()
     const QRect line(0, 0, shaped.width(), QFontMetrics(font).height());
     const PaintedPicture picture =
         paintPicture(line.size(), {{line, &shaped}}, {font, color, 1.0, Qt::AlignCenter});
-    const int bytes = encodedPng(picture.image, picture.pixels).size();
-    const int qtBytes = qtPng(picture.image).size();
+    const auto bytes = encodedPng(picture.image, picture.pixels).size();
+    const auto qtBytes = qtPng(picture.image).size();
     QVERIFY2(bytes * 10 <= qtBytes * 7,
              qPrintable(QStringLiteral("%1 bytes, Qt %2").arg(bytes).arg(qtBytes)));
 }

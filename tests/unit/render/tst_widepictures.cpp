@@ -70,8 +70,8 @@ QVector<QRect> rectsOf(const QStringList &lines, const QFont &font)
     const QFontMetrics metrics(font);
     QVector<QRect> rects;
     for (const QString &line : lines)
-        rects.append({0, rects.size() * metrics.height(), metrics.horizontalAdvance(line),
-                      metrics.height()});
+        rects.append({0, static_cast<int>(rects.size()) * metrics.height(),
+                      metrics.horizontalAdvance(line), metrics.height()});
     return rects;
 }
 
@@ -276,7 +276,7 @@ void tst_WidePictures::costOfTheLargest()
     const int memory = mostResident() - memoryBefore;
     QVERIFY(url.size() > dataUrl.size());
     qInfo("%d x %d: %.2f s, %d MiB, %d kB", key.imageWidth, key.imageHeight, seconds, memory,
-          url.size() / 1024);
+          static_cast<int>(url.size() / 1024));
     QVERIFY2(seconds < (hasSlowEncoder() ? 15 : 3), qPrintable(QString::number(seconds)));
     QVERIFY2(!countsMemory || memory < 200, qPrintable(QString::number(memory)));
 }

@@ -142,7 +142,7 @@ void tst_ApplicationBootstrap::endsLeftoversWhenNobodyServes()
     QVERIFY(longerName.isRunning());
 
     const QStringList messages = MessageCapture::messages();
-    const int start = messages.indexOf(
+    const auto start = messages.indexOf(
         quoted(QStringLiteral("Connect to PROT: 24509 Failed, try to killProcess and Running..")));
     QVERIFY(start > 0);
     QCOMPARE(messages.at(start - 1), quoted(QStringLiteral("Connection failed or timed out.")));

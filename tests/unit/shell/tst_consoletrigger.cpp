@@ -40,7 +40,7 @@ void tst_ConsoleTrigger::survivesAStormOfSignals()
     for (int i = 0; i < 100000; ++i)
         std::raise(SIGUSR1);
     QTRY_VERIFY(!pressed.isEmpty());
-    const int afterTheStorm = pressed.size();
+    const auto afterTheStorm = pressed.size();
     std::raise(SIGUSR1);
     QTRY_COMPARE(pressed.size(), afterTheStorm + 1);
 }

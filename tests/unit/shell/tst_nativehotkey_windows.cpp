@@ -1,3 +1,4 @@
+#include "qt/QtVersions.h"
 #include "shell/NativeHotKey.h"
 
 #include <QApplication>
@@ -41,7 +42,7 @@ public:
     QVector<quint64> identifiers;
 
 protected:
-    bool nativeEvent(const QByteArray &eventType, void *message, long *result) override
+    bool nativeEvent(const QByteArray &eventType, void *message, NativeEventResult *result) override
     {
         const auto identifier = hotKeyIdentifier(eventType, message);
         if (identifier)

@@ -125,9 +125,9 @@ void tst_QtSystemMonitor::otherNativeMessagesGoToTheWidget()
     };
     Window window;
     const MessageCapture capture;
-    long result = 7;
+    NativeEventResult result = 7;
     QVERIFY(!window.nativeEvent("xcb_generic_event_t", nullptr, &result));
-    QCOMPARE(result, 7L);
+    QCOMPARE(result, NativeEventResult{7});
     QCOMPARE(MessageCapture::messages(), QStringList());
 }
 

@@ -1,3 +1,4 @@
+#include "qt/QtVersions.h"
 #include "shell/ConsoleLog.h"
 #include "shell/QtSystemMonitor.h"
 #include "tests/support/MessageCapture.h"
@@ -31,7 +32,7 @@ struct HotKey
 {
     quint64 identifier;
     bool handled;
-    long result;
+    NativeEventResult result;
 };
 
 /// Keeps what became of the hot keys.
@@ -41,9 +42,9 @@ public:
     QVector<HotKey> hotKeys;
 
 protected:
-    bool nativeEvent(const QByteArray &eventType, void *message, long *result) override
+    bool nativeEvent(const QByteArray &eventType, void *message, NativeEventResult *result) override
     {
-        long given = -1;
+        NativeEventResult given = -1;
         const bool handled = QtSystemMonitor::nativeEvent(eventType, message, &given);
         const auto *const native = static_cast<const MSG *>(message);
         if (native->message == WM_HOTKEY)

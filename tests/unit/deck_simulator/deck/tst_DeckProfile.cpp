@@ -83,8 +83,8 @@ void tst_DeckProfile::showsSettingsAndFonts()
 {
     const QStringList specs{QStringLiteral("Foo|Bold"), QStringLiteral("Foo|Italic")};
     const DeckProfile deck = settingsDeck(4, specs);
-    const int others = deck.keys.size() - specs.size();
-    QCOMPARE(deck.grid, QSize(4, (deck.keys.size() + 3) / 4));
+    const auto others = deck.keys.size() - specs.size();
+    QCOMPARE(deck.grid, QSize(4, static_cast<int>(deck.keys.size() + 3) / 4));
     QSet<QString> contexts;
     QSet<QString> distinct;
     for (const DeckKey &key : deck.keys) {

@@ -355,7 +355,7 @@ void tst_DeckGrid::dragsAKeyWithTheMouse()
 
 void tst_DeckGrid::refusesStrangeDrops()
 {
-    const int keys = m_model->entries().size();
+    const auto keys = m_model->entries().size();
     auto *text = new QMimeData;
     text->setText(QStringLiteral("0,0,0"));
     QVERIFY(!drag(text, {2, 2}));

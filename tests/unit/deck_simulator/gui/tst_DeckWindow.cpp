@@ -190,7 +190,7 @@ void tst_DeckWindow::showsAndKeepsADeck()
     QVERIFY(m_window->grid()->cell({0, 0})->isOccupied());
     QCOMPARE(m_window->grid()->cell({0, 0})->face().caption, QStringLiteral("CPU usage"));
     QVERIFY2(status().contains(QLatin1String("stopped")), qPrintable(status()));
-    const int keys = m_window->model()->entries().size();
+    const auto keys = m_window->model()->entries().size();
     m_window->model()->move({0, 0}, {7, 3});
     m_window->close();
     reopen();
@@ -297,7 +297,7 @@ void tst_DeckWindow::putsOnTheFirstFreeKey()
     QVERIFY(m_window->model()->at(free) != nullptr);
     QVERIFY(m_window->grid()->current() == free);
     m_window->model()->setGrid({1, 1});
-    const int keys = m_window->model()->entries().size();
+    const auto keys = m_window->model()->entries().size();
     Q_EMIT m_window->actionList()->actionChosen(keyuuid::allData);
     QCOMPARE(m_window->model()->entries().size(), keys);
     QVERIFY(m_window->messages()->message().contains(QLatin1String("No key is free")));
@@ -934,8 +934,11 @@ void tst_DeckWindow::hasColoursThatCanBeRead()
     QFETCH(const bool, isDark);
     reopen();
     applyColors(name);
+    const auto window = [this] {
+        return m_window->actionList()->palette().color(QPalette::Window).rgb();
+    };
+    QTRY_COMPARE(qGray(window()) < 128, isDark);
     const QPalette palette = m_window->actionList()->palette();
-    QCOMPARE(qGray(palette.color(QPalette::Window).rgb()) < 128, isDark);
     const QVector<QPair<QPalette::ColorRole, QPalette::ColorRole>> pairs{
         {QPalette::WindowText, QPalette::Window},
         {QPalette::Text, QPalette::Base},

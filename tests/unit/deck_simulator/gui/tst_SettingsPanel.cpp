@@ -397,7 +397,7 @@ void tst_SettingsPanel::searchesSensors()
     QTest::keyClick(picker->searchField(), Qt::Key_Return);
     QCOMPARE(last().selectValue, QStringLiteral("Load"));
     // A click on a group chooses nothing.
-    const int edits = m_edits->count();
+    const auto edits = m_edits->count();
     QTest::mouseClick(picker->view()->viewport(), Qt::LeftButton, {},
                       picker->view()->visualRect(model.index(0, 0)).center());
     QCOMPARE(m_edits->count(), edits);
@@ -454,7 +454,7 @@ void tst_SettingsPanel::leavesFieldsToTheWheelOnlyWhenTheyAreUsed()
     for (QWidget *field : fields) {
         field->setFocus();
         QTRY_VERIFY(field->hasFocus());
-        const int edits = m_edits->count();
+        const auto edits = m_edits->count();
         turn(field);
         QCOMPARE(m_edits->count(), edits + 1);
     }

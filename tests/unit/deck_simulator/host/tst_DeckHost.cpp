@@ -315,7 +315,7 @@ void tst_DeckHost::takesTheKeysOffAtTheEnd()
 void tst_DeckHost::putsAndRemovesKeysWhileItRuns()
 {
     registerPlugin();
-    const int keys = m_host->keys().size();
+    const auto keys = m_host->keys().size();
     m_received->clear();
     DeckKey another(QStringLiteral("Another"), QStringLiteral("an.action"), QStringLiteral("new"),
                     {{QStringLiteral("set"), 1}});

@@ -41,7 +41,7 @@ int countOf(const gauge::Trace &trace)
 {
     int count = 0;
     for (const auto &run : trace)
-        count += run.size();
+        count += static_cast<int>(run.size());
     return count;
 }
 

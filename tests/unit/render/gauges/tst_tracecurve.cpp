@@ -159,7 +159,7 @@ void tst_TraceCurve::hasNoMorePointsThanColumns()
             QVERIFY(area.adjusted(0, 0, 1e-6, 1e-6).contains(curve.at(i)));
             QVERIFY(i == 0 || curve.at(i).x() > curve.at(i - 1).x());
         }
-        points += curve.size();
+        points += static_cast<int>(curve.size());
     }
     QVERIFY2(points <= 61, qPrintable(QString::number(points)));
 }

@@ -90,7 +90,7 @@ void tst_PoolSpace::addsUpDataSets()
 {
     QFETCH(QVector<DriveSpace>, dataSets);
     QFETCH(DriveSpace, pool);
-    mount(dataSets.size());
+    mount(static_cast<int>(dataSets.size()));
     for (int index = 0; index < dataSets.size(); ++index)
         m_answers[placeOf(index)] = dataSets.at(index);
     const DriveSpace space = refresh();

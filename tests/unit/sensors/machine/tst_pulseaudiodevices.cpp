@@ -172,7 +172,7 @@ void tst_PulseAudioDevices::comesBackAfterTheServer()
         QTRY_COMPARE_WITH_TIMEOUT(m_devices->deviceNames().size(), 2, patience);
     }
     QVERIFY(control("set-sink-volume speakers 25%"));
-    const int speakers = m_devices->deviceNames().indexOf(bothDevices.at(0));
+    const int speakers = static_cast<int>(m_devices->deviceNames().indexOf(bothDevices.at(0)));
     QTRY_PATIENTLY(isVolume(speakers, 25.0F));
 }
 

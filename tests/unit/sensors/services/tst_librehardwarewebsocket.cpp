@@ -304,7 +304,7 @@ void tst_LibreHardwareWebSocket::takesALongReply()
 {
     LibreHardwareWebSocket client(false);
     const QString frame = QStringLiteral(R"({"result":{"a":"%1"}})");
-    const int letters = longestReply - frame.size() + 2;
+    const auto letters = longestReply - frame.size() + 2;
     m_service->replies = QStringList{frame.arg(QString(letters, QLatin1Char('x')))};
     QCOMPARE(m_service->replies.constFirst().size(), longestReply);
     QCOMPARE(client.request(request).value(QLatin1String("a")).toString().size(), letters);

@@ -14,7 +14,8 @@ QByteArray bytes(std::string_view text)
 
 int openDescriptors()
 {
-    return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System).size();
+    const QDir folder(QStringLiteral("/proc/self/fd"));
+    return static_cast<int>(folder.entryList(QDir::AllEntries | QDir::System).size());
 }
 
 } // namespace

@@ -60,7 +60,7 @@ void AdapterAnswersTest::questionsHaveTheSizesOfTheirAnswers()
     const QByteArray asked = question(static_cast<Topic>(topic), 3);
     QCOMPARE(asked.size(), answer.size());
     QCOMPARE(asked.left(4), isOfNode ? bytes<quint32>(3) : gap(4));
-    QCOMPARE(asked.mid(4), gap(asked.size() - 4));
+    QCOMPARE(asked.mid(4), gap(static_cast<int>(asked.size()) - 4));
 }
 
 void AdapterAnswersTest::findsTheAddress_data()

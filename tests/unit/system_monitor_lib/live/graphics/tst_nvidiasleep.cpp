@@ -73,7 +73,7 @@ private:
         for (; m_now <= time * second; m_now += second) {
             labels.clear();
             for (const GpuState &state : m_gpus->read(m_now))
-                labels += state.labels.size();
+                labels += static_cast<int>(state.labels.size());
         }
         return labels;
     }

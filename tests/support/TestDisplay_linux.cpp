@@ -1,15 +1,15 @@
-#include "tests/support/Display.h"
+#include "tests/support/TestDisplay.h"
 
 #include <QProcess>
 #include <QProcessEnvironment>
 
-struct Display::Server
+struct TestDisplay::Server
 {
     QProcess process;
     QString name;
 };
 
-Display::Display()
+TestDisplay::TestDisplay()
     : m_server(std::make_unique<Server>())
 {
     QProcess &server = m_server->process;
@@ -24,7 +24,7 @@ Display::Display()
         m_server->name = QLatin1Char(':') + QString::fromLatin1(server.readLine().trimmed());
 }
 
-Display::~Display()
+TestDisplay::~TestDisplay()
 {
     QProcess &server = m_server->process;
     server.terminate();
@@ -34,12 +34,12 @@ Display::~Display()
     }
 }
 
-bool Display::isThere() const
+bool TestDisplay::isThere() const
 {
     return !m_server->name.isEmpty();
 }
 
-void Display::addTo(QProcessEnvironment &environment) const
+void TestDisplay::addTo(QProcessEnvironment &environment) const
 {
     environment.insert(QStringLiteral("DISPLAY"), m_server->name);
 }

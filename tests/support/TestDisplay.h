@@ -8,12 +8,12 @@ class QProcessEnvironment;
 
 /// Where programs can open windows: on Linux an X server of its own, which lives as long as this
 /// object; on Windows the desktop that this program runs on.
-class Display
+class TestDisplay
 {
 public:
-    Display();
-    ~Display();
-    Q_DISABLE_COPY(Display)
+    TestDisplay();
+    ~TestDisplay();
+    Q_DISABLE_COPY(TestDisplay)
 
     bool isThere() const;
 

@@ -1,15 +1,15 @@
-#include "tests/support/Display.h"
+#include "tests/support/TestDisplay.h"
 
 #include <windows.h>
 
-struct Display::Server
+struct TestDisplay::Server
 {
 };
 
-Display::Display() = default;
-Display::~Display() = default;
+TestDisplay::TestDisplay() = default;
+TestDisplay::~TestDisplay() = default;
 
-bool Display::isThere() const
+bool TestDisplay::isThere() const
 {
     // Without one, windows can be made and not found.
     const wchar_t *const title = L"probe for a display";
@@ -20,4 +20,4 @@ bool Display::isThere() const
     return found;
 }
 
-void Display::addTo(QProcessEnvironment & /*environment*/) const {}
+void TestDisplay::addTo(QProcessEnvironment & /*environment*/) const {}
