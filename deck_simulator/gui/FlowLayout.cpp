@@ -22,7 +22,7 @@ void FlowLayout::addItem(QLayoutItem *item)
 
 int FlowLayout::count() const
 {
-    return m_items.size();
+    return static_cast<int>(m_items.size());
 }
 
 QLayoutItem *FlowLayout::itemAt(int index) const
