@@ -47,6 +47,10 @@ inline void scaleWindowsForHighDpi()
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 
+/// What the raster paint engine adds to the horizontal place of a glyph, in 64ths of a pixel,
+/// before it cuts it off to a part of a pixel.
+constexpr int addedToGlyphPlaces = 0;
+
 #else
 
 using NativeEventResult = qintptr;
@@ -54,6 +58,8 @@ using EnterEvent = QEnterEvent;
 using ModifiedProcess = QProcess;
 
 inline void scaleWindowsForHighDpi() {}
+
+constexpr int addedToGlyphPlaces = 1;
 
 #endif
 

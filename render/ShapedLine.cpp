@@ -1,5 +1,6 @@
 #include "render/ShapedLine.h"
 
+#include "qt/QtVersions.h"
 #include "render/CoverageCanvas.h"
 #include "render/GlyphShapes.h"
 
@@ -68,7 +69,7 @@ bool coverRun(CoverageCanvas &canvas, const QGlyphRun &run, const QPoint &place,
     const QVector<QPointF> positions = run.positions();
     for (int i = 0; i < glyphs.size(); ++i) {
         const int position = place.x() + fixedPoint(positions.at(i).x());
-        const auto [x, part] = split(position);
+        const auto [x, part] = split(position + addedToGlyphPlaces);
         const GlyphShape *const shape =
             shapes.find(glyphs.at(i), position == 0 ? GlyphShapes::edge : part);
         if (!shape)
@@ -138,11 +139,12 @@ void ShapedLine::drawCentred(QPainter &painter, const QRect &rect) const
 
 bool ShapedLine::consistsOfGlyphs(int alignment) const
 {
-    // The painter caches glyphs of less than 64 pixels.
+    // The painter caches glyphs of less than 64 pixels. Those that are not smooth it puts on whole
+    // pixels in a way of their own.
     constexpr int largest = 48;
     return m_layout.lineCount() > 0 && alignment == Qt::AlignCenter && m_font.pixelSize() > 0 &&
            m_font.pixelSize() <= largest && !m_font.underline() && !m_font.overline() &&
-           !m_font.strikeOut();
+           !m_font.strikeOut() && (m_font.styleStrategy() & QFont::NoAntialias) == 0;
 }
 
 bool ShapedLine::cover(CoverageCanvas &canvas, const QRect &rect) const

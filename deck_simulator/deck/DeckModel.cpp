@@ -19,6 +19,11 @@ EntrySettings newSettings(const QString &action, const QString &language)
     return settings;
 }
 
+DeckEntry newEntry(const DeckPlace &place, const QString &action, const EntrySettings &settings)
+{
+    return {QUuid::createUuid().toString(QUuid::WithoutBraces), action, place, settings};
+}
+
 } // namespace
 
 DeckModel::DeckModel(QObject *parent)
@@ -109,7 +114,8 @@ bool DeckModel::put(const DeckPlace &place, const QString &action, const EntrySe
 {
     if (!contains(place) || action.isEmpty() || indexAt(place) >= 0)
         return false;
-    add(place, action, settings);
+    m_entries.append(newEntry(place, action, settings));
+    announceLayout();
     return true;
 }
 
@@ -123,17 +129,13 @@ bool DeckModel::replace(const DeckPlace &place, const QString &action,
 {
     if (!contains(place) || action.isEmpty())
         return false;
+    const DeckEntry entry = newEntry(place, action, settings);
     const int index = indexAt(place);
     if (index >= 0)
-        m_entries.removeAt(index);
-    add(place, action, settings);
-    return true;
-}
-
-void DeckModel::add(const DeckPlace &place, const QString &action, const EntrySettings &settings)
-{
-    m_entries.append({QUuid::createUuid().toString(QUuid::WithoutBraces), action, place, settings});
+        m_entries.removeAt(index); // what the caller gave may be a part of it
+    m_entries.append(entry);
     announceLayout();
+    return true;
 }
 
 bool DeckModel::remove(const DeckPlace &place)
@@ -150,11 +152,14 @@ bool DeckModel::move(const DeckPlace &from, const DeckPlace &to)
 {
     if (from == to || !contains(to) || indexAt(from) < 0)
         return false;
+    // The caller's may be those of the entries that change.
+    const DeckPlace left = from;
+    const DeckPlace taken = to;
     for (DeckEntry &entry : m_entries) {
-        if (entry.place == from)
-            entry.place = to;
-        else if (entry.place == to)
-            entry.place = from;
+        if (entry.place == left)
+            entry.place = taken;
+        else if (entry.place == taken)
+            entry.place = left;
     }
     announceLayout();
     return true;
@@ -171,20 +176,22 @@ bool DeckModel::replaceSettings(const QString &context, const EntrySettings &set
 
 bool DeckModel::changeSettings(const QString &context, const EntrySettings &settings)
 {
-    if (replaceSettings(context, settings)) {
-        Q_EMIT settingsChanged(context);
+    const QString key = context; // an entry's own may go when listeners drop old states
+    if (replaceSettings(key, settings)) {
+        Q_EMIT settingsChanged(key);
         Q_EMIT changed();
     }
-    return indexOf(context) >= 0;
+    return indexOf(key) >= 0;
 }
 
 bool DeckModel::adoptSettings(const QString &context, const EntrySettings &settings)
 {
-    if (replaceSettings(context, settings)) {
-        Q_EMIT settingsAdopted(context);
+    const QString key = context; // an entry's own may go when listeners drop old states
+    if (replaceSettings(key, settings)) {
+        Q_EMIT settingsAdopted(key);
         Q_EMIT changed();
     }
-    return indexOf(context) >= 0;
+    return indexOf(key) >= 0;
 }
 
 void DeckModel::clear()

@@ -80,7 +80,6 @@ private:
     [[nodiscard]] int indexAt(const DeckPlace &place) const;
     [[nodiscard]] int indexOf(const QString &context) const;
     bool replaceSettings(const QString &context, const EntrySettings &settings);
-    void add(const DeckPlace &place, const QString &action, const EntrySettings &settings);
     void applyTo(const EntryChange &change, QStringList &changedSettings);
     void announceLayout();
 

@@ -235,7 +235,8 @@ StoredProfile profileWith(const DeckProfile &deck)
         DeckEntry entry;
         entry.context = QUuid::createUuid().toString(QUuid::WithoutBraces);
         entry.action = key.action();
-        entry.place = {profile.entries.size() % columns, profile.entries.size() / columns};
+        const int number = static_cast<int>(profile.entries.size());
+        entry.place = {number % columns, number / columns};
         entry.settings = settingsFrom(key.settings(), {});
         profile.entries.append(entry);
     }

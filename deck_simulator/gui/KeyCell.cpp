@@ -20,8 +20,8 @@ const QColor captionColor(0xa8, 0xac, 0xb4);
 const QColor plusColor(0x6a, 0x6e, 0x76);
 
 constexpr qreal dimmedOpacity = 0.35;
-constexpr qreal dropMarkOpacity = 0.4;
-constexpr int holdTime = 200; // milliseconds
+constexpr int dropMarkOpacity = 102; // of 255
+constexpr int holdTime = 200;        // milliseconds
 
 QString toolTipOf(const KeyFace &face)
 {
@@ -89,7 +89,7 @@ void KeyCell::paintEvent(QPaintEvent *event)
     paintGround(painter);
     if (m_dropTarget) {
         QColor mark = palette().color(QPalette::Highlight);
-        mark.setAlphaF(dropMarkOpacity);
+        mark.setAlpha(dropMarkOpacity);
         painter.fillRect(screenRect(), mark);
     }
     if (m_current) {

@@ -58,6 +58,7 @@ bool LiveSource::sample(qint64 nowNs)
     for (const auto &collector : m_collectors)
         readable = collector->collect(nowNs, trees) || readable;
     m_trees = trees;
-    m_sampledNs = nowNs;
+    // Slow devices do not make the sample an old one.
+    m_sampledNs = m_clock();
     return readable;
 }

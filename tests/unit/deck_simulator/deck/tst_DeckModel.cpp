@@ -33,6 +33,7 @@ private Q_SLOTS:
     void finds();
     void moves();
     void exchanges();
+    void takesPartsOfItsOwnEntries();
     void removes();
     void keepsKeysOutsideOfASmallerGrid();
     void boundsTheDeck();
@@ -149,6 +150,31 @@ void tst_DeckModel::exchanges()
     QVERIFY(model.move({0, 0}, {1, 1}));
     QCOMPARE(model.at({0, 0})->action, memoryAction());
     QCOMPARE(model.at({1, 1})->action, cpuAction());
+}
+
+// Callers hand on what at() has given them.
+void tst_DeckModel::takesPartsOfItsOwnEntries()
+{
+    DeckModel model;
+    model.put({0, 0}, cpuAction());
+    model.put({1, 0}, memoryAction());
+    DeckState seen = model.state();
+    connect(&model, &DeckModel::changed, &model, [&] { seen = model.state(); });
+
+    EntrySettings settings;
+    settings.fontSize = 31;
+    QVERIFY(model.changeSettings(model.at({0, 0})->context, settings));
+    settings.fontSize = 32;
+    QVERIFY(model.adoptSettings(model.at({0, 0})->context, settings));
+    QVERIFY(model.move(model.at({0, 0})->place, model.at({1, 0})->place));
+    QCOMPARE(model.at({0, 0})->action, memoryAction());
+    QCOMPARE(model.at({1, 0})->action, cpuAction());
+
+    seen = {};
+    const DeckEntry &replaced = *model.at({0, 0});
+    QVERIFY(model.replace(replaced.place, replaced.action, replaced.settings));
+    QCOMPARE(model.at({0, 0})->action, memoryAction());
+    QCOMPARE(model.at({1, 0})->settings.fontSize, 32);
 }
 
 void tst_DeckModel::removes()

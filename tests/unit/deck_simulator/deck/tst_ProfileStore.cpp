@@ -333,7 +333,7 @@ void tst_ProfileStore::beginsWithAnotherDeck()
 {
     const StoredProfile fresh = profileWith(kindsDeck(8));
     QCOMPARE(fresh.entries.size(), deckActions().size());
-    QCOMPARE(fresh.grid, QSize(8, (deckActions().size() + 7) / 8));
+    QCOMPARE(fresh.grid, QSize(8, (static_cast<int>(deckActions().size()) + 7) / 8));
     QCOMPARE(fresh.entries.at(9).action, deckActions().at(9).uuid);
     QVERIFY(fresh.entries.at(9).place == (DeckPlace{1, 1}));
     QCOMPARE(fresh.entries.at(9).settings.text, deckActions().at(9).caption);

@@ -448,7 +448,7 @@ void tst_DeckWindow::pastesNothingStrange()
 {
     reopen();
     QClipboard *clipboard = QApplication::clipboard();
-    const int keys = m_window->model()->entries().size();
+    const auto keys = m_window->model()->entries().size();
     for (const char *text : {"", "{broken", "{}", "[1]", "{\"action\": 5}"}) {
         auto *data = new QMimeData;
         data->setData(QStringLiteral("application/x-deck-key"), text);
@@ -1031,7 +1031,7 @@ void tst_DeckWindow::keepsDecksByName()
     QCOMPARE(deckNames(), QStringList({QStringLiteral("default"), QStringLiteral("R&&D*")}));
     QVERIFY(m_window->windowTitle().contains(QLatin1String("R&D")));
     QVERIFY(QFile::exists(deckFile("R&D")));
-    const int keys = m_window->model()->entries().size();
+    const auto keys = m_window->model()->entries().size();
     press(Qt::Key_Delete);
     m_window->deckMenu()->deckAction(QStringLiteral("default"))->trigger();
     QCOMPARE(m_window->deckName(), QStringLiteral("default"));

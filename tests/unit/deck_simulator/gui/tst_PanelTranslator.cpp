@@ -111,7 +111,7 @@ void tst_PanelTranslator::keepsPlaceholders()
         QVERIFY2(translated.contains(chinese), qPrintable(text));
         for (const char *mark : {"%1", "%2", "%3"})
             QCOMPARE(translated.count(QLatin1String(mark)), text.count(QLatin1String(mark)));
-        const int ampersand = text.indexOf(QLatin1Char('&'));
+        const auto ampersand = text.indexOf(QLatin1Char('&'));
         if (ampersand >= 0) // the key stays the same
             QVERIFY2(
                 translated.contains(QStringLiteral("(&%1)").arg(text.at(ampersand + 1).toUpper())),

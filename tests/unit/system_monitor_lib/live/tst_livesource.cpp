@@ -106,6 +106,7 @@ private Q_SLOTS:
     void otherQueriesAreEmpty();
 
     void queriesOfOneTickShareASample();
+    void slowSampleIsSharedToo();
     void sampleIsRenewedByAnyQuery();
     void clockGoingBackRenewsTheSample();
 
@@ -289,6 +290,22 @@ void LiveSourceTest::queriesOfOneTickShareASample()
     QCOMPARE(value(m_source->tree(Query::SystemInfo), memoryLoad), 75.0);
 }
 
+void LiveSourceTest::slowSampleIsSharedToo()
+{
+    // The clock advances by 15 ms with each query, so all collectors together look slow.
+    LiveSource source(m_machine->roots(), [this] { return m_machine->now += 15 * millisecond; });
+    QVERIFY(source.open());
+    m_machine->now += second;
+    QVERIFY(m_machine->setMemory(8192000, 2048000));
+    const qint64 before = m_machine->now;
+    QCOMPARE(value(source.tree(Query::SystemInfo), memoryLoad), 75.0);
+    QVERIFY(m_machine->now - before > LiveSource::freshness.count());
+    QVERIFY(m_machine->setMemory(8192000, 4096000));
+    QCOMPARE(value(source.tree(Query::SystemInfo), memoryLoad), 75.0);
+    m_machine->now += second;
+    QCOMPARE(value(source.tree(Query::SystemInfo), memoryLoad), 50.0);
+}
+
 void LiveSourceTest::sampleIsRenewedByAnyQuery()
 {
     QVERIFY(m_source->open());
@@ -314,6 +331,7 @@ void LiveSourceTest::slowReadingsAreNotAskedForAgainAtOnce()
     // The clock advances by 100 ms with each query, so every collector looks slow.
     LiveSource source(m_machine->roots(), [this] { return m_machine->now += 100 * millisecond; });
     QVERIFY(source.open());
+    m_machine->now += second;
     source.tree(Query::SystemInfo);
     QVERIFY(m_machine->setMemory(8192000, 2048000));
     m_machine->now += second;
