@@ -1,5 +1,6 @@
-// The least that a plugin made with Qt takes: it registers, paints one text with the host's font and
-// sends it once a second. No readings, no settings, no sound, no log. The meter runs it like the plugin.
+// The least that a plugin made with Qt takes: it registers, paints one text with the host's font
+// and sends it once a second. No readings, no settings, no sound, no log. The meter runs it like
+// the plugin.
 
 #include "json/ParseJson.h"
 
@@ -34,8 +35,7 @@ void loadFonts()
     const QJsonArray fonts =
         parseJson(valueOf("-info").toUtf8()).object().value(QLatin1String("fonts")).toArray();
     for (const QJsonValue font : fonts)
-        QFontDatabase::addApplicationFont(
-            font.toObject().value(QLatin1String("url")).toString());
+        QFontDatabase::addApplicationFont(font.toObject().value(QLatin1String("url")).toString());
 }
 
 QString pictureOf(const QString &text)

@@ -121,8 +121,8 @@ void tst_Registration::sendsAPictureInTheFirstPass()
                           QStringLiteral("setTitle")}));
     QVERIFY(FakeHost::hasInk(plugin.host.images(context).constFirst()));
 
-    const QString painted = PluginProcess::quoted(
-        QStringLiteral("get_operator->GetAction(): ") + keyuuid::cpu);
+    const QString painted =
+        PluginProcess::quoted(QStringLiteral("get_operator->GetAction(): ") + keyuuid::cpu);
     QTRY_PATIENTLY(plugin.process.lines().contains(painted));
     const QStringList lines = plugin.process.lines();
     const auto appeared =

@@ -1,5 +1,5 @@
-#include "render/normalAction.h"
 #include "render/GlyphShapes.h"
+#include "render/normalAction.h"
 #include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
 

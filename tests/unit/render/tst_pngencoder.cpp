@@ -197,8 +197,8 @@ void tst_PngEncoder::numbersThatPaintingTells()
     font.setPixelSize(24);
     const ShapedLine shaped(QStringLiteral("CPU usage rate: 37%"), font);
     const QRect line(0, 0, shaped.width(), QFontMetrics(font).height());
-    PaintedPicture picture =
-        paintPicture(line.size(), {{line, &shaped}}, {font, QStringLiteral("#2060c0"), 1.0, Qt::AlignCenter});
+    PaintedPicture picture = paintPicture(line.size(), {{line, &shaped}},
+                                          {font, QStringLiteral("#2060c0"), 1.0, Qt::AlignCenter});
     QCOMPARE(picture.pixels.rows.size(), (line.width() + 1) * line.height());
     QCOMPARE(difference(picture), QString());
 
