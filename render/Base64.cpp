@@ -50,7 +50,7 @@ QString withBase64(QLatin1String prefix, const QByteArray &bytes)
     constexpr std::ptrdiff_t twoGroups = 6;
     constexpr int byteBits = 8;
     constexpr int wordSize = sizeof(quint64);
-    const int length = (bytes.size() + group - 1) / group * 4;
+    const auto length = (bytes.size() + group - 1) / group * 4;
     QString text(prefix.size() + length, Qt::Uninitialized);
     ushort *out =
         std::transform(prefix.begin(), prefix.end(), reinterpret_cast<ushort *>(text.data()),

@@ -88,7 +88,7 @@ bool renumber(QRgb pixel, const Numbers &numberOf, QVector<QRgb> &colors, uchar 
     number = numberOf[static_cast<std::size_t>(qAlpha(pixel))];
     if (colors.at(number) == pixel)
         return true;
-    int place = colors.indexOf(pixel);
+    auto place = colors.indexOf(pixel);
     if (place < 0) {
         place = colors.size();
         colors.append(pixel);
