@@ -1,20 +1,14 @@
 #include "bench/BenchDeck.h"
-#include "bench/BenchReadings.h"
 #include "plugin/KeyGauges.h"
 #include "plugin/KeyPass.h"
 #include "render/Gauge.h"
 #include "render/KeyPicture.h"
 #include "render/normalAction.h"
-#include "sensors/VqSystemMonitorLib.h"
-#include "sensors/readings/SensorRefresh.h"
 #include "tests/support/SampleGauges.h"
-
-#include <QGuiApplication>
 
 #include <benchmark/benchmark.h>
 
 #include <array>
-#include <cstdlib>
 #include <memory>
 #include <vector>
 
@@ -98,17 +92,3 @@ BENCHMARK_CAPTURE(gaugeKey, pair, gauge::Style::Pair)
     ->Unit(benchmark::kMicrosecond);
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    prepareEnvironment();
-    const QGuiApplication application(argc, argv);
-    if (!registerDeckFont())
-        return EXIT_FAILURE;
-    writeReadings(1);
-    VqSystemMonitorLib library(false, nullptr);
-    refreshSystemInfor(&library, 0);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return EXIT_SUCCESS;
-}

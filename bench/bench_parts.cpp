@@ -1,6 +1,5 @@
 #include "SDK/HostMessages.h"
 #include "bench/BenchDeck.h"
-#include "bench/BenchReadings.h"
 #include "bench/PlainQt.h"
 #include "plugin/KeyGauges.h"
 #include "plugin/KeyPass.h"
@@ -14,12 +13,10 @@
 #include "tests/support/InMemoryLibrary.h"
 
 #include <QFontMetrics>
-#include <QGuiApplication>
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 #include <vector>
 
@@ -165,17 +162,3 @@ void plainMessage(benchmark::State &state)
 BENCHMARK(plainMessage)->Name("message/plain")->Unit(benchmark::kMicrosecond);
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    prepareEnvironment();
-    const QGuiApplication application(argc, argv);
-    if (!registerDeckFont())
-        return EXIT_FAILURE;
-    writeReadings(1);
-    VqSystemMonitorLib library(false, nullptr);
-    refreshSystemInfor(&library, 0);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return EXIT_SUCCESS;
-}

@@ -175,6 +175,17 @@ void SystemMonitorPlugin::WillAppearForAction(const QString &action, const QStri
     logKeyEvent(QStringLiteral("WillAppearForAction"), action, context);
     normalAction *const key = getOrCreateKey(action, context);
     answerSettings(*key, payload, SettingsOccasion::WillAppear);
+    if (!m_isPrepared)
+        QTimer::singleShot(0, this, &SystemMonitorPlugin::prepareFirstPass);
+}
+
+/// The fonts of a deck are mostly one, and nothing else happens until the timer starts a pass.
+void SystemMonitorPlugin::prepareFirstPass()
+{
+    if (m_isPrepared || m_actions.isEmpty())
+        return;
+    m_isPrepared = true;
+    m_actions.constFirst()->prepareToPaint();
 }
 
 void SystemMonitorPlugin::DidReceiveSettings(const QString &action, const QString &context,

@@ -77,6 +77,7 @@ private:
     void updateKeys();
     void updateKey(normalAction &key, KeyPass &pass);
     void onCommitData();
+    void prepareFirstPass();
     void applyDiskMode(normalAction &key);
     void showDriveAndMoveOn(normalAction &key);
     void pressOrRelease(const QString &action, const QString &context, bool isPressed);
@@ -86,6 +87,7 @@ private:
     QMutex m_listLock;               ///< Held during a pass, on insertion and on removal.
     QList<normalAction *> m_actions; ///< In the order in which the keys first appeared.
     KeyGauges m_gauges;
+    bool m_isPrepared = false;           ///< For the first pass over keys.
     VqSystemMonitorLib *m_library;       ///< Null when it could not be created.
     VqSystemMonitorLib *m_unusedLibrary; ///< Kept beside the first, never initialised nor read.
     PerfDataSource *m_perfDataSource;

@@ -3,6 +3,7 @@
 #include <QRawFont>
 
 #include <bitset>
+#include <cstddef>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -41,6 +42,8 @@ public:
     const GlyphShape *find(quint32 glyph, int part);
 
     [[nodiscard]] const QRawFont &font() const { return m_font; }
+    /// How many glyphs it knows, each part of a pixel by itself.
+    [[nodiscard]] std::size_t count() const { return m_shapes.size(); }
 
     /// The shapes of \a font; those of a font that was not asked for lately are forgotten.
     static GlyphShapes &of(const QRawFont &font);

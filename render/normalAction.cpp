@@ -96,6 +96,14 @@ QString normalAction::normalPainting(const QString &textToDraw)
     return pngDataUrl(picture, "normalAction::normalPainting");
 }
 
+void normalAction::prepareToPaint() const
+{
+    const ShapedLine line(titled(titleText, QStringLiteral("0123456789.%°")), font);
+    const QRect rect(0, 0, line.width(), QFontMetrics(font).height());
+    const PaintedPicture picture = paintPicture(rect.size(), {{rect, &line}}, pictureStyle());
+    encodedPng(picture.image, picture.pixels);
+}
+
 QStringList normalAction::composeTwoLines(const QString &uploadText, const QString &downloadText)
 {
     if (GetAction() != actionuuid::netWork || !isTwoLines())

@@ -35,6 +35,10 @@ public:
     /// an empty text and keeps the picture.
     QString paintingTwoLines(const QString &uploadText, const QString &downloadText);
 
+    /// Does what the first painting would otherwise have to: loads the font and the shapes of usual
+    /// glyphs, makes the encoder's tables. The key stays as it is.
+    void prepareToPaint() const;
+
     /// The line that normalPainting paints becomes `displayedText`; nothing is painted.
     void composeLine(const QString &text);
 

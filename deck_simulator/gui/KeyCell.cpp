@@ -37,11 +37,13 @@ QString toolTipOf(const KeyFace &face)
 KeyCell::KeyCell(const DeckPlace &place, QWidget *parent)
     : QWidget(parent)
     , m_place(place)
+    , m_releaseTimer(this)
 {
     setAcceptDrops(true);
     m_holdTimer.setSingleShot(true);
     m_holdTimer.setInterval(holdTime);
     connect(&m_holdTimer, &QTimer::timeout, this, &KeyCell::press);
+    m_releaseTimer.setObjectName(QStringLiteral("releaseTimer"));
     m_releaseTimer.setSingleShot(true);
     m_releaseTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_releaseTimer, &QTimer::timeout, this, &KeyCell::release);

@@ -26,6 +26,12 @@ const QString platform = QStringLiteral("QT_QPA_PLATFORM");
 const QString noDisplay = QStringLiteral(":4711");
 const QString noWaylandDisplay = QStringLiteral("wayland-of-nobody");
 
+QByteArray mapsOf(qint64 process)
+{
+    QFile maps(QStringLiteral("/proc/%1/maps").arg(process));
+    return maps.open(QIODevice::ReadOnly) ? maps.readAll() : QByteArray();
+}
+
 } // namespace
 
 void tst_Platform_linux::startsWithoutADisplay_data()
@@ -95,6 +101,9 @@ void tst_Platform_linux::usesADisplay()
     QVERIFY(plugin.start());
     QVERIFY(plugin.process.platforms().contains(QStringLiteral("xcb")));
     QVERIFY(!plugin.process.platforms().contains(QStringLiteral("offscreen")));
+    const QByteArray loaded = mapsOf(plugin.process.processId());
+    QVERIFY(loaded.contains("libqxcb.so"));
+    QVERIFY(!loaded.contains("/xcbglintegrations/"));
 }
 
 QTEST_GUILESS_MAIN(tst_Platform_linux)

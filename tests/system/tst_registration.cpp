@@ -21,6 +21,7 @@ private Q_SLOTS:
     void registersAndWritesTheFileLog();
     void takesItsTime();
     void startsUpInOrder();
+    void sendsAPictureInTheFirstPass();
     void loadsFontsOfAnyPath();
     void choosesItsPlatform_data();
     void choosesItsPlatform();
@@ -105,6 +106,32 @@ void tst_Registration::startsUpInOrder()
                      "Unable to open file :/JsonLanguage/[a-zA-Z_]+\\.json, error info: ")))
                  .size(),
              11);
+}
+
+/// Counted in passes, which a busy machine delays but does not add to.
+void tst_Registration::sendsAPictureInTheFirstPass()
+{
+    const QString context = QStringLiteral("key");
+    RunningPlugin plugin;
+    QVERIFY(plugin.start());
+    plugin.host.appear(keyuuid::cpu, context);
+    QVERIFY(plugin.host.waitForUpdate(context));
+    QCOMPARE(plugin.host.events(context).mid(0, 3),
+             (QStringList{QStringLiteral("setSettings"), QStringLiteral("setImage"),
+                          QStringLiteral("setTitle")}));
+    QVERIFY(FakeHost::hasInk(plugin.host.images(context).constFirst()));
+
+    const QString painted =
+        PluginProcess::quoted(QStringLiteral("get_operator->GetAction(): ") + keyuuid::cpu);
+    QTRY_PATIENTLY(plugin.process.lines().contains(painted));
+    const QStringList lines = plugin.process.lines();
+    const auto appeared =
+        lines.indexOf(PluginProcess::quoted(QStringLiteral("WillAppearForAction")));
+    const auto begun =
+        lines.indexOf(PluginProcess::quoted(QStringLiteral("updateImages")), appeared);
+    QVERIFY(appeared >= 0);
+    QCOMPARE(lines.value(begun + 1), painted);
+    QCOMPARE(lines.mid(appeared, begun - appeared).filter(QStringLiteral("textToDraw")).size(), 0);
 }
 
 void tst_Registration::loadsFontsOfAnyPath()

@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QLocale>
+#include <QLoggingCategory>
 #include <QRegularExpression>
 #include <QtTest>
 
@@ -34,6 +35,9 @@ private Q_SLOTS:
     void keepsLinesOfSeveralThreadsWhole();
     void debugSinkQuotesOneItem_data();
     void debugSinkQuotesOneItem();
+    void debugSinkQuotesAsTheStreamDoes_data();
+    void debugSinkQuotesAsTheStreamDoes();
+    void debugSinkCanBeSilenced();
     void labelsAValue();
 
 private:
@@ -193,6 +197,40 @@ void tst_Logger::debugSinkQuotesOneItem()
     LogDebug(message);
     QCOMPARE(MessageCapture::messages(), QStringList(printed));
     QVERIFY(log().isEmpty());
+}
+
+void tst_Logger::debugSinkQuotesAsTheStreamDoes_data()
+{
+    QTest::addColumn<QString>("message");
+    for (ushort character = 0; character < 0x180; ++character)
+        QTest::addRow("U+%04x", character) << QString(QChar(character));
+    for (const int character : {0x200b, 0x4e2d, 0xd83e, 0xdd8a, 0xe000, 0xfeff, 0xffff})
+        QTest::addRow("U+%04x", character) << QString(QChar(character));
+    QTest::newRow("amid others") << QStringLiteral("up\tto \"down\" in C:\\x");
+    QTest::newRow("beyond the basic plane") << QString::fromUtf8("a\U0001F98Ab");
+}
+
+void tst_Logger::debugSinkQuotesAsTheStreamDoes()
+{
+    QFETCH(QString, message);
+    const MessageCapture capture;
+    qDebug() << message;
+    LogDebug(message);
+    const QStringList messages = MessageCapture::messages();
+    QCOMPARE(messages.size(), 2);
+    QCOMPARE(messages.at(1), messages.at(0));
+}
+
+void tst_Logger::debugSinkCanBeSilenced()
+{
+    const MessageCapture capture;
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
+    LogDebug(QStringLiteral("plain"));
+    LogDebug(QStringLiteral("插件启动"));
+    QLoggingCategory::setFilterRules(QString());
+    QCOMPARE(MessageCapture::messages(), QStringList());
+    LogDebug(QStringLiteral("plain"));
+    QCOMPARE(MessageCapture::messages(), QStringList(QStringLiteral("\"plain\"")));
 }
 
 void tst_Logger::labelsAValue()

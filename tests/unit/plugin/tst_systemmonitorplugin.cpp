@@ -1,5 +1,6 @@
 #include "plugin/SystemMonitorPlugin.h"
 
+#include "render/GlyphShapes.h"
 #include "render/normalAction.h"
 #include "sensors/services/PerfDataSource.h"
 #include "sensors/systemInfor.h"
@@ -8,6 +9,7 @@
 #include "tests/support/InMemoryMachine.h"
 #include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
+#include "tests/support/Waits.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -80,6 +82,7 @@ private Q_SLOTS:
     void settingsStartTheLoopAnew();
     void endsTheLoopInAnotherMode();
     void passWithoutAHostOnlyRefreshes();
+    void preparesForTheFirstPass();
     void passesRunEverySecond();
     void passesRunPrecisely();
     void sessionEndStopsTheLibraryAndTheProcess_data();
@@ -428,6 +431,30 @@ void tst_SystemMonitorPlugin::passWithoutAHostOnlyRefreshes()
              (QStringList{quoted("updateImages"),
                           quoted("-------------------updateImages over---------------------")}));
     QVERIFY(plugin().FindAction(uuid, context)->keyImage.isNull());
+}
+
+/// Without a host no pass paints, so that the glyphs can only come from the preparation.
+void tst_SystemMonitorPlugin::preparesForTheFirstPass()
+{
+    m_plugin = std::make_unique<SystemMonitorPlugin>();
+    plugin().WillAppearForAction(uuid, QStringLiteral("gone"), {}, QString());
+    plugin().WillDisappearForAction(uuid, QStringLiteral("gone"), {}, QString());
+    // A size that no other test uses, so that no glyph is known.
+    const QJsonObject title{{QStringLiteral("fontSize"), 37}};
+    plugin().WillAppearForAction(
+        uuid, context,
+        {{QStringLiteral("settings"), QJsonObject{{QStringLiteral("titleParameters"), title}}}},
+        QString());
+    const normalAction *const key = plugin().FindAction(uuid, context);
+    QVERIFY(key);
+    const GlyphShapes &glyphs = GlyphShapes::of(QRawFont::fromFont(key->font));
+    QCOMPARE(glyphs.count(), std::size_t(0));
+    QTRY_PATIENTLY(glyphs.count() > 0);
+    QVERIFY(key->keyImage.isNull());
+    QCOMPARE(key->displayedText, QString());
+    QCOMPARE(key->imageWidth, 0);
+    for (const QString &message : MessageCapture::messages())
+        QVERIFY2(!message.contains(QLatin1String("textToDraw")), qPrintable(message));
 }
 
 void tst_SystemMonitorPlugin::passesRunEverySecond()

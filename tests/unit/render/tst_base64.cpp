@@ -11,6 +11,7 @@ private Q_SLOTS:
     void isQts_data();
     void isQts();
     void everyPairOfDigits();
+    void keepsThePrefix();
 };
 
 void tst_Base64::isQts_data()
@@ -42,6 +43,16 @@ void tst_Base64::everyPairOfDigits()
             bytes.append(static_cast<char>(both >> shift & 0xffU));
     }
     QCOMPARE(withBase64(QLatin1String(), bytes), QString::fromLatin1(bytes.toBase64()));
+}
+
+void tst_Base64::keepsThePrefix()
+{
+    QByteArray all;
+    for (int character = 1; character < 0x100; ++character)
+        all.append(static_cast<char>(character));
+    const QLatin1String prefix(all.constData(), all.size());
+    QCOMPARE(withBase64(prefix, "abc"), QString(prefix) + QStringLiteral("YWJj"));
+    QCOMPARE(withBase64(prefix, {}), QString(prefix));
 }
 
 QTEST_APPLESS_MAIN(tst_Base64)

@@ -1,3 +1,4 @@
+#include "render/GlyphShapes.h"
 #include "render/normalAction.h"
 #include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void stopsItsTimer();
     void composesWithoutPainting();
     void composesTwoLinesWithoutPainting();
+    void preparesWithoutATrace();
     void paintsAGauge();
     void paintsLettersInAnotherColor();
 };
@@ -398,6 +400,29 @@ void tst_normalAction::composesTwoLinesWithoutPainting()
              (QStringList{QStringLiteral("上传: 1"), QStringLiteral("下载: 2")}));
     QCOMPARE(key.displayedText, QStringLiteral("上传: 1\n下载: 2"));
     QVERIFY(key.keyImage.isNull());
+}
+
+void tst_normalAction::preparesWithoutATrace()
+{
+    constexpr int pixelSize = 37; // no other test's, so that no glyph is known
+    normalAction key(nullptr, keyuuid::cpu, QStringLiteral("ctx"));
+    key.font.setPixelSize(pixelSize);
+    const GlyphShapes &glyphs = GlyphShapes::of(QRawFont::fromFont(key.font));
+    QCOMPARE(glyphs.count(), std::size_t(0));
+    const MessageCapture capture;
+    key.prepareToPaint();
+    QCOMPARE(MessageCapture::messages(), QStringList());
+    QVERIFY(key.keyImage.isNull());
+    QCOMPARE(key.imageWidth, 0);
+    QCOMPARE(key.displayedText, QString());
+
+    const std::size_t prepared = glyphs.count();
+    QVERIFY(prepared > 0);
+    const QString picture = key.normalPainting(QStringLiteral("%"));
+    QVERIFY(glyphs.count() - prepared < prepared);
+    normalAction other(nullptr, keyuuid::cpu, QStringLiteral("ctx"));
+    other.font.setPixelSize(pixelSize);
+    QCOMPARE(other.normalPainting(QStringLiteral("%")), picture);
 }
 
 void tst_normalAction::paintsAGauge()

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void initTestCase();
     void keyPictures_data();
     void keyPictures();
+    void numbersThatPaintingTells();
     void isSmallerThanQts_data();
     void isSmallerThanQts();
     void sizesOfNoise_data();
@@ -185,6 +186,38 @@ void tst_PngEncoder::keyPictures()
             }
         }
     }
+}
+
+/// The pixels of the file are those that painting has told, not ones that the encoder looks up.
+void tst_PngEncoder::numbersThatPaintingTells()
+{
+    if (isQtsOwn())
+        QSKIP("Qt's own encoder stands in for a faster one");
+    QFont font(QStringLiteral("Roboto"));
+    font.setPixelSize(24);
+    const ShapedLine shaped(QStringLiteral("CPU usage rate: 37%"), font);
+    const QRect line(0, 0, shaped.width(), QFontMetrics(font).height());
+    PaintedPicture picture = paintPicture(line.size(), {{line, &shaped}},
+                                          {font, QStringLiteral("#2060c0"), 1.0, Qt::AlignCenter});
+    QCOMPARE(picture.pixels.rows.size(), (line.width() + 1) * line.height());
+    QCOMPARE(difference(picture), QString());
+
+    const QRgb fullCoverage = qRgb(0x20, 0x60, 0xc0);
+    const auto place = picture.pixels.colors.indexOf(fullCoverage);
+    QVERIFY(place >= 0);
+    const QRgb other = qRgb(1, 2, 3);
+    picture.pixels.colors[place] = other;
+    const QImage file = decoded(encodedPng(picture.image, picture.pixels));
+    QCOMPARE(file.size(), picture.image.size());
+    int replaced = 0;
+    for (int y = 0; y < file.height(); ++y) {
+        for (int x = 0; x < file.width(); ++x) {
+            const QRgb painted = picture.image.pixel(x, y);
+            QCOMPARE(file.pixel(x, y), painted == fullCoverage ? other : painted);
+            replaced += painted == fullCoverage ? 1 : 0;
+        }
+    }
+    QVERIFY(replaced > 0);
 }
 
 void tst_PngEncoder::isSmallerThanQts_data()

@@ -9,6 +9,7 @@ class tst_Desktop : public QObject
 private Q_SLOTS:
     void choosesThePlatform_data();
     void choosesThePlatform();
+    void doesWithoutOpenGL();
 };
 
 void tst_Desktop::choosesThePlatform_data()
@@ -47,6 +48,19 @@ void tst_Desktop::choosesThePlatform()
 
     desktop::choosePlatform();
     QTEST(qgetenv("QT_QPA_PLATFORM"), "after");
+}
+
+void tst_Desktop::doesWithoutOpenGL()
+{
+    const char *const integration = "QT_XCB_GL_INTEGRATION";
+    QVERIFY(qunsetenv(integration));
+    desktop::choosePlatform();
+    QCOMPARE(qgetenv(integration), QByteArray("none"));
+    for (const char *chosen : {"xcb_egl", ""}) {
+        QVERIFY(qputenv(integration, chosen));
+        desktop::choosePlatform();
+        QCOMPARE(qgetenv(integration), QByteArray(chosen));
+    }
 }
 
 QTEST_APPLESS_MAIN(tst_Desktop)
