@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
+#include <functional>
 
 namespace {
 
@@ -26,15 +28,24 @@ QJsonObject united(QJsonObject first, const QJsonObject &second)
 
 QJsonArray reading(double value, const QString &units)
 {
-    // Only a few units exist, and a copy costs less than a new object.
-    static QHash<QString, QJsonObject> prototypes;
-    static const QString valueKey = QStringLiteral("value");
-    QJsonObject &prototype = prototypes[units];
-    if (prototype.isEmpty())
-        prototype = {{valueKey, 0}, {QStringLiteral("units"), units}};
-    QJsonObject object = prototype;
-    object.insert(valueKey, value);
-    return {object};
+    struct Known
+    {
+        double value = 0;
+        QString units;
+        QJsonArray reading;
+    };
+    // Most sensors have the same reading as in the last pass, and finding one costs less than
+    // making it. These are more than there are sensors.
+    constexpr std::size_t count = 1024;
+    static std::vector<Known> all(count);
+    Known &known = all[(std::hash<double>{}(value) ^ qHash(units)) % count];
+    const bool isEqual =
+        std::memcmp(&known.value, &value, sizeof value) == 0 && known.units == units;
+    if (!isEqual || known.reading.isEmpty())
+        known = {value,
+                 units,
+                 {QJsonObject{{QStringLiteral("value"), value}, {QStringLiteral("units"), units}}}};
+    return known.reading;
 }
 
 void addReading(QJsonObject &labels, const QString &label, std::optional<double> value,
@@ -100,7 +111,13 @@ void SensorTrees::addGroup(const SensorGroup &added, const QJsonObject &tree)
 
 QJsonObject SensorTrees::allSensors() const
 {
-    return withDistinctLabels(tree(Query::AllSensorsData), m_groups);
+    DistinctLabels labels;
+    return allSensors(labels);
+}
+
+QJsonObject SensorTrees::allSensors(DistinctLabels &labels) const
+{
+    return labels.apply(tree(Query::AllSensorsData), m_groups);
 }
 
 void SensorTrees::addDevice(Query query, const QString &device, const QJsonObject &tree)

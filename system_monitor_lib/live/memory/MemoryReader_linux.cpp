@@ -54,12 +54,12 @@ private:
         m_hasZswap = m_zswap.word() == QLatin1String("Y");
         // Most machines have none, and this costs less than a listing.
         QStringList names = QFileInfo::exists(m_blocks + QStringLiteral("zram0"))
-                                ? QDir(m_blocks).entryList({QStringLiteral("zram*")},
-                                                           QDir::Dirs | QDir::NoDotAndDotDot)
+                                ? QDir(m_blocks).entryList(QDir::Dirs | QDir::NoDotAndDotDot)
                                 : QStringList();
         const auto isUnused = [this](const QString &name) {
-            return attributeWord(m_blocks + name + QStringLiteral("/initstate")) ==
-                   QLatin1String("0");
+            return !name.startsWith(QLatin1String("zram")) ||
+                   attributeWord(m_blocks + name + QStringLiteral("/initstate")) ==
+                       QLatin1String("0");
         };
         names.erase(std::remove_if(names.begin(), names.end(), isUnused), names.end());
         if (names == m_zramNames)
