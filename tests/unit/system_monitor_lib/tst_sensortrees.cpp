@@ -8,6 +8,7 @@ class SensorTreesTest : public QObject
 
 private Q_SLOTS:
     void readingHasValueAndUnits();
+    void readingsAreNotMistakenForEachOther();
     void startsEmpty();
     void collectorsShareATree();
     void collectorsShareADevice();
@@ -20,6 +21,21 @@ void SensorTreesTest::readingHasValueAndUnits()
     const QJsonObject expected{{QStringLiteral("value"), 45.5},
                                {QStringLiteral("units"), QStringLiteral("°C")}};
     QCOMPARE(array, QJsonArray{expected});
+}
+
+void SensorTreesTest::readingsAreNotMistakenForEachOther()
+{
+    // Twice, because readings are remembered; too many for all of them to be.
+    for (int pass = 0; pass < 2; ++pass) {
+        for (int value = 0; value < 2000; ++value) {
+            for (const char *const units : {"", "%", "MB", "MHz"}) {
+                const QString text = QString::fromLatin1(units);
+                const QJsonObject object = reading(value, text).at(0).toObject();
+                QCOMPARE(object.value(QStringLiteral("value")).toDouble(-1), double(value));
+                QCOMPARE(object.value(QStringLiteral("units")).toString(QStringLiteral("x")), text);
+            }
+        }
+    }
 }
 
 void SensorTreesTest::startsEmpty()

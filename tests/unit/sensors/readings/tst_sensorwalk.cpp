@@ -16,6 +16,7 @@ private Q_SLOTS:
     void objectsAreNoPumpsAndNoFans();
     void writesSixDigits_data();
     void writesSixDigits();
+    void textsAreNotMistakenForEachOther();
     void walksDeepTrees();
     void turnsPairsIntoATree_data();
     void turnsPairsIntoATree();
@@ -111,6 +112,21 @@ void tst_SensorWalk::writesSixDigits()
     QTEST(sensorText(
               {{QStringLiteral("value"), value}, {QStringLiteral("units"), QStringLiteral("°C")}}),
           "text");
+}
+
+void tst_SensorWalk::textsAreNotMistakenForEachOther()
+{
+    const QStringList allUnits{QString(), QStringLiteral("%"), QStringLiteral("MB"),
+                               QString(40, QLatin1Char('x'))};
+    // Twice, because texts are remembered; too many for all of them to be.
+    for (int pass = 0; pass < 2; ++pass) {
+        for (int value = 0; value < 2000; ++value) {
+            for (const QString &units : allUnits)
+                QCOMPARE(sensorText({{QStringLiteral("value"), value},
+                                     {QStringLiteral("units"), units}}),
+                         QString::number(value) + units);
+        }
+    }
 }
 
 void tst_SensorWalk::walksDeepTrees()
