@@ -1,5 +1,7 @@
 #include "system_monitor_lib/DistinctLabels.h"
 
+#include "system_monitor_lib/ListedNames.h"
+
 #include <QHash>
 #include <QSet>
 
@@ -37,7 +39,7 @@ QStringList renamed(const QStringList &labels, const SensorGroup &group, const Q
         for (const QString &start : {prefix, group.name}) {
             if (take(owners, label, group))
                 break;
-            label = QStringLiteral("%1 %2").arg(start, sensor);
+            label = labelOfDevice(start, sensor);
         }
         result += label;
     }

@@ -86,6 +86,8 @@ private:
     std::vector<std::unique_ptr<PolledFile>> m_zrams;
 };
 
+const std::chrono::nanoseconds MemoryReader::detailsPeriod = std::chrono::seconds(2);
+
 MemoryReader::MemoryReader(const MachineRoots &roots)
     : d(std::make_unique<Private>(roots))
 {

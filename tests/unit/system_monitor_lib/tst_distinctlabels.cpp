@@ -221,11 +221,9 @@ void DistinctLabelsTest::knownLabelsAreThoseOfAFreshList_data()
     row("a device is renamed", {one, two}, {one, device("B", "Three", "2", {}, {temperature})});
     row("two devices get one name", {one, two},
         {one, device("B", "One", "2", {temperature}, {temperature})});
-    row("a device has another place",
-        {one, device("B", "One", "2", {temperature}, {temperature})},
+    row("a device has another place", {one, device("B", "One", "2", {temperature}, {temperature})},
         {one, device("B", "One", "3", {temperature}, {temperature})});
-    row("the first device may have one more label",
-        {device("A", "One", "1", {}, {fan}), two},
+    row("the first device may have one more label", {device("A", "One", "1", {}, {fan}), two},
         {device("A", "One", "1", {temperature}, {fan}), two});
     row("the first device may have another label",
         {device("A", "One", "1", {load}, {}), device("B", "Two", "2", {}, {load, temperature})},

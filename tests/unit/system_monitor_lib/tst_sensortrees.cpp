@@ -27,12 +27,14 @@ void SensorTreesTest::readingsAreNotMistakenForEachOther()
 {
     // Twice, because readings are remembered; too many for all of them to be.
     for (int pass = 0; pass < 2; ++pass) {
-        for (int value = 0; value < 2000; ++value) {
-            for (const char *const units : {"", "%", "MB", "MHz"}) {
-                const QString text = QString::fromLatin1(units);
-                const QJsonObject object = reading(value, text).at(0).toObject();
+        for (int number = 0; number < 4000; ++number) {
+            const QString name = QString::number(number);
+            for (const auto &[value, units] : {std::pair(number, QStringLiteral("%")),
+                                               std::pair(number, QString()), std::pair(0, name)}) {
+                const QJsonObject object = reading(value, units).at(0).toObject();
                 QCOMPARE(object.value(QStringLiteral("value")).toDouble(-1), double(value));
-                QCOMPARE(object.value(QStringLiteral("units")).toString(QStringLiteral("x")), text);
+                QCOMPARE(object.value(QStringLiteral("units")).toString(QStringLiteral("x")),
+                         units);
             }
         }
     }

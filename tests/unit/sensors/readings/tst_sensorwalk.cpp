@@ -116,14 +116,16 @@ void tst_SensorWalk::writesSixDigits()
 
 void tst_SensorWalk::textsAreNotMistakenForEachOther()
 {
-    const QStringList allUnits{QString(), QStringLiteral("%"), QStringLiteral("MB"),
-                               QString(40, QLatin1Char('x'))};
+    const QString longUnits(40, QLatin1Char('x'));
     // Twice, because texts are remembered; too many for all of them to be.
     for (int pass = 0; pass < 2; ++pass) {
-        for (int value = 0; value < 2000; ++value) {
-            for (const QString &units : allUnits)
-                QCOMPARE(sensorText({{QStringLiteral("value"), value},
-                                     {QStringLiteral("units"), units}}),
+        for (int number = 0; number < 4000; ++number) {
+            const QString name = QStringLiteral("u%1").arg(number);
+            for (const auto &[value, units] :
+                 {std::pair(number, QStringLiteral("%")), std::pair(number, QString()),
+                  std::pair(number, longUnits), std::pair(0, name)})
+                QCOMPARE(sensorText(
+                             {{QStringLiteral("value"), value}, {QStringLiteral("units"), units}}),
                          QString::number(value) + units);
         }
     }

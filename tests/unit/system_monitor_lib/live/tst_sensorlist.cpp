@@ -33,6 +33,7 @@ private Q_SLOTS:
 
     void keepsItsRules_data();
     void keepsItsRules();
+    void keepsItsRulesWhateverDevicesAreCalled();
     void isTheSameInEveryPass();
     void isThatOfAFreshLibraryWhateverComesAndGoes();
     void isQuickWithManyCores();
@@ -44,6 +45,7 @@ private:
     [[nodiscard]] bool open(const QString &machine);
     [[nodiscard]] bool addDrive(const char *name, const char *model) const;
     [[nodiscard]] bool addAdapter(const char *name) const;
+    [[nodiscard]] bool addBattery(const char *name) const;
     [[nodiscard]] bool remove(const char *folder) const;
     /// Takes samples until the machine's devices have been looked for again.
     void passSomeTime();
@@ -158,6 +160,31 @@ void SensorListTest::keepsItsRules()
     checkOtherTrees();
 }
 
+void SensorListTest::keepsItsRulesWhateverDevicesAreCalled()
+{
+    for (const auto &[drive, model] : {std::pair("sdw", "CPU GPU Fan"),
+                                       std::pair("sdx", "AIO Pump"), std::pair("sdy", "AIO Pump")})
+        QVERIFY(addDrive(drive, model));
+    for (const char *const name : {"CPU Fan", "GPU AIO Pump"})
+        QVERIFY(addAdapter(name) && addBattery(name));
+    QVERIFY(writeFile(path(QStringLiteral("proc/net/wireless")),
+                      "Inter-| sta-|   Quality        |   Discarded packets\n"
+                      " face | tus | link level noise |  nwid  crypt   frag\n"
+                      " fanCPU: 0000   60.  -50.  -256        0      0      0\n"
+                      " GPUw: 0000   60.  -50.  -256        0      0      0\n"));
+    QVERIFY(open(QStringLiteral("intel-desktop")));
+    const QJsonObject all = list();
+    for (const char *const group :
+         {"Battery: processor Fan", "Battery: graphics AIO-Pump", "Drive: processor graphics Fan",
+          "Drive: AIO-Pump (slot of sdx)", "Drive: AIO-Pump (slot of sdy)",
+          "Network: processor Fan", "Network: graphics AIO-Pump", "Network: fanprocessor",
+          "Network: graphicsw"})
+        QVERIFY2(!all.value(QLatin1String(group)).toObject().isEmpty(), group);
+    checkGroups(all);
+    checkLabels(all);
+    checkOtherTrees();
+}
+
 void SensorListTest::isTheSameInEveryPass()
 {
     QVERIFY(open(QStringLiteral("hybrid-laptop")));
@@ -193,6 +220,15 @@ bool SensorListTest::addAdapter(const char *name) const
     return writeFile(folder + QStringLiteral("device/uevent"), "DRIVER=e1000e\n") &&
            writeFile(folder + QStringLiteral("statistics/rx_bytes"), "1000\n") &&
            writeFile(folder + QStringLiteral("statistics/tx_bytes"), "1000\n");
+}
+
+bool SensorListTest::addBattery(const char *name) const
+{
+    const QString folder =
+        path(QStringLiteral("sys/class/power_supply/%1/").arg(QLatin1String(name)));
+    return writeFile(folder + QStringLiteral("uevent"),
+                     "POWER_SUPPLY_TYPE=Battery\nPOWER_SUPPLY_PRESENT=1\n"
+                     "POWER_SUPPLY_CAPACITY=50\n");
 }
 
 bool SensorListTest::remove(const char *folder) const
