@@ -53,9 +53,10 @@ private:
     {
         m_hasZswap = m_zswap.word() == QLatin1String("Y");
         // Most machines have none, and this costs less than a listing.
-        QStringList names = QFileInfo::exists(m_blocks + QStringLiteral("zram0"))
-                                ? QDir(m_blocks).entryList(QDir::Dirs | QDir::NoDotAndDotDot)
-                                : QStringList();
+        QStringList names =
+            QFileInfo::exists(m_blocks + QStringLiteral("zram0"))
+                ? QDir(m_blocks).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+                : QStringList();
         const auto isUnused = [this](const QString &name) {
             return !name.startsWith(QLatin1String("zram")) ||
                    attributeWord(m_blocks + name + QStringLiteral("/initstate")) ==

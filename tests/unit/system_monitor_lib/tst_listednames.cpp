@@ -86,9 +86,8 @@ void ListedNamesTest::prefixMakesNoPumpAndNoFan_data()
     QTest::addColumn<QString>("label");
     QTest::addColumn<QString>("full");
     const auto row = [](const char *name, const char *label, const char *full) {
-        QTest::addRow("%s %s", name, label) << QString::fromLatin1(name)
-                                            << QString::fromLatin1(label)
-                                            << QString::fromLatin1(full);
+        QTest::addRow("%s %s", name, label)
+            << QString::fromLatin1(name) << QString::fromLatin1(label) << QString::fromLatin1(full);
     };
     row("Disk", "Drive Busy", "Disk Drive Busy");
     row("CPU Disk", "Drive Busy", "CPU Disk Drive Busy");
