@@ -24,6 +24,19 @@ QJsonObject united(QJsonObject first, const QJsonObject &second)
     return first;
 }
 
+QJsonArray newReading(double value, const QString &units)
+{
+    // Only a few units exist, and a copy costs less than a new object.
+    static QHash<QString, QJsonObject> prototypes;
+    static const QString valueKey = QStringLiteral("value");
+    QJsonObject &prototype = prototypes[units];
+    if (prototype.isEmpty())
+        prototype = {{valueKey, 0}, {QStringLiteral("units"), units}};
+    QJsonObject object = prototype;
+    object.insert(valueKey, value);
+    return {object};
+}
+
 } // namespace
 
 QJsonArray reading(double value, const QString &units)
@@ -42,9 +55,7 @@ QJsonArray reading(double value, const QString &units)
     const bool isEqual =
         std::memcmp(&known.value, &value, sizeof value) == 0 && known.units == units;
     if (!isEqual || known.reading.isEmpty())
-        known = {value,
-                 units,
-                 {QJsonObject{{QStringLiteral("value"), value}, {QStringLiteral("units"), units}}}};
+        known = {value, units, newReading(value, units)};
     return known.reading;
 }
 
