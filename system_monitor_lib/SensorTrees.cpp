@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <functional>
 
 namespace {
@@ -52,8 +51,7 @@ QJsonArray reading(double value, const QString &units)
     constexpr std::size_t count = 1024;
     static std::vector<Known> all(count);
     Known &known = all[(std::hash<double>{}(value) ^ qHash(units)) % count];
-    const bool isEqual =
-        std::memcmp(&known.value, &value, sizeof value) == 0 && known.units == units;
+    const bool isEqual = known.value == value && known.units == units;
     if (!isEqual || known.reading.isEmpty())
         known = {value, units, newReading(value, units)};
     return known.reading;

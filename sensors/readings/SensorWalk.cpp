@@ -9,7 +9,6 @@
 #include <QStringMatcher>
 #include <QVector>
 
-#include <cstring>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -47,8 +46,7 @@ QString textOf(const Reading<double> &number)
         return readingtext::general(number.value, number.units);
     const std::size_t hash = std::hash<double>{}(number.value) ^ qHash(number.units);
     Known &known = all[hash % count];
-    const bool isEqual = std::memcmp(&known.value, &number.value, sizeof number.value) == 0 &&
-                         known.units == number.units;
+    const bool isEqual = known.value == number.value && known.units == number.units;
     if (!isEqual || known.text.isEmpty())
         known = {number.value, number.units, readingtext::general(number.value, number.units)};
     return known.text;
