@@ -1,18 +1,27 @@
 #include "bench/SteppingLibrary.h"
 #include "sensors/VqSystemMonitorLib.h"
 #include "system_monitor_lib/live/LiveSource.h"
+#include "tests/support/CapturedMachine.h"
+
+#include <QTemporaryDir>
 
 namespace {
 
 qint64 now = 0;
 
-/// This machine, or the captured one whose folder BENCH_MACHINE names.
+/// This machine, or the one of tests/fixtures/machines that BENCH_MACHINE names.
 MachineRoots machine()
 {
-    const QString folder = qEnvironmentVariable("BENCH_MACHINE");
-    if (folder.isEmpty())
+    const QString name = qEnvironmentVariable("BENCH_MACHINE");
+    if (name.isEmpty())
         return thisMachine();
-    return {folder + QStringLiteral("/proc"), folder + QStringLiteral("/sys")};
+    static const QTemporaryDir folder;
+    if (!unpackMachine(name, QString(), folder.path()))
+        qFatal("The machine %s cannot be unpacked", qPrintable(name));
+    MachineRoots roots{folder.filePath(QStringLiteral("proc")),
+                       folder.filePath(QStringLiteral("sys"))};
+    roots.run = folder.filePath(QStringLiteral("run"));
+    return roots;
 }
 
 } // namespace

@@ -31,6 +31,14 @@ using Collectors = std::vector<std::unique_ptr<Collector>>;
 
 const QString group = QStringLiteral("CPU [#0]: processor");
 
+/// So that two runs under an instruction counter differ only in the number of passes.
+void choosePasses(benchmark::internal::Benchmark *added)
+{
+    const int passes = qEnvironmentVariableIntValue("BENCH_PASSES");
+    if (passes > 0)
+        added->Iterations(passes);
+}
+
 void refresh(benchmark::State &state)
 {
     VqSystemMonitorLib library(false, nullptr);
@@ -40,7 +48,7 @@ void refresh(benchmark::State &state)
         refreshSystemInfor(&library, 0);
     }
 }
-BENCHMARK(refresh)->Unit(benchmark::kMicrosecond);
+BENCHMARK(refresh)->Unit(benchmark::kMicrosecond)->Apply(choosePasses);
 
 /// The part of the refresh that turns an existing sample into readings.
 void mapping(benchmark::State &state)

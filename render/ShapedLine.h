@@ -31,7 +31,7 @@ public:
     void draw(QPainter &painter, const QRect &rect, int alignment) const;
 
     /// Whether draw() draws nothing but glyphs from the painter's cache: no large letters, no lines
-    /// under or through them, and no text that is left to the painter.
+    /// under or through them, no edges that are not smooth, and no text left to the painter.
     [[nodiscard]] bool consistsOfGlyphs(int alignment) const;
     /// Adds these glyphs to \a canvas; false when one is not drawn in a single colour.
     [[nodiscard]] bool cover(CoverageCanvas &canvas, const QRect &rect) const;

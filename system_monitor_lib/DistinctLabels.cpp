@@ -1,7 +1,11 @@
 #include "system_monitor_lib/DistinctLabels.h"
 
+#include "system_monitor_lib/ListedNames.h"
+
 #include <QHash>
 #include <QSet>
+
+#include <algorithm>
 
 namespace {
 
@@ -26,49 +30,93 @@ QString prefixOf(const SensorGroup &group, bool isFirstOfName)
                : QStringLiteral("%1 (%2)").arg(group.device, group.place);
 }
 
-QJsonObject renamed(const QJsonObject &labels, const SensorGroup &group, const QString &prefix,
+QStringList renamed(const QStringList &labels, const SensorGroup &group, const QString &prefix,
                     Owners &owners)
 {
-    QJsonObject result;
-    for (auto sensor = labels.begin(); sensor != labels.end(); ++sensor) {
-        QString label = sensor.key();
+    QStringList result;
+    for (const QString &sensor : labels) {
+        QString label = sensor;
         for (const QString &start : {prefix, group.name}) {
             if (take(owners, label, group))
                 break;
-            label = QStringLiteral("%1 %2").arg(start, sensor.key());
+            label = labelOfDevice(start, sensor);
         }
-        result.insert(label, sensor.value());
+        result += label;
     }
+    return result;
+}
+
+QJsonObject relabelled(const QJsonObject &tree, const QStringList &labels)
+{
+    QJsonObject result;
+    auto label = labels.begin();
+    for (auto sensor = tree.begin(); sensor != tree.end(); ++sensor, ++label)
+        result.insert(*label, sensor.value());
     return result;
 }
 
 } // namespace
 
-QJsonObject withDistinctLabels(const QJsonObject &sensors, const std::vector<SensorGroup> &groups)
+bool DistinctLabels::holds(const Chosen &chosen, const SensorGroup &group,
+                           const QJsonObject &sensors)
 {
-    constexpr int usualCount = 256;
+    const SensorGroup &known = chosen.group;
+    if (known.name != group.name || known.device != group.device || known.place != group.place ||
+        known.labels != group.labels)
+        return false;
+    const QJsonObject tree = sensors.value(group.name).toObject();
+    if (tree.size() != chosen.labels.size())
+        return false;
+    auto label = chosen.labels.begin();
+    for (auto sensor = tree.begin(); sensor != tree.end(); ++sensor, ++label) {
+        if (sensor.key() != *label)
+            return false;
+    }
+    return true;
+}
+
+void DistinctLabels::choose(const QJsonObject &sensors, const std::vector<SensorGroup> &groups)
+{
     Owners owners;
-    owners.reserve(usualCount);
     QSet<const SensorGroup *> shares;
+    m_chosen.clear();
     for (const SensorGroup &group : groups) {
         for (const QString &label : group.labels)
             take(owners, label, group);
-        const QJsonObject labels = sensors.value(group.name).toObject();
-        for (auto sensor = labels.begin(); sensor != labels.end(); ++sensor) {
-            if (!take(owners, sensor.key(), group))
+        m_chosen.push_back({group, sensors.value(group.name).toObject().keys()});
+        for (const QString &label : qAsConst(m_chosen.back().labels)) {
+            if (!take(owners, label, group))
                 shares.insert(&group);
         }
     }
-    QJsonObject result = sensors;
     // The place of the first device with that name, which may have several groups.
     QHash<QString, QString> first;
-    for (const SensorGroup &group : groups) {
+    for (std::size_t index = 0; index < groups.size(); ++index) {
+        const SensorGroup &group = groups[index];
         if (!first.contains(group.device))
             first.insert(group.device, group.place);
         const bool isFirst = first.value(group.device) == group.place;
+        Chosen &chosen = m_chosen[index];
         if (shares.contains(&group))
-            result.insert(group.name, renamed(sensors.value(group.name).toObject(), group,
-                                              prefixOf(group, isFirst), owners));
+            chosen.distinct = renamed(chosen.labels, group, prefixOf(group, isFirst), owners);
+    }
+}
+
+QJsonObject DistinctLabels::apply(const QJsonObject &sensors,
+                                  const std::vector<SensorGroup> &groups)
+{
+    const bool stillHolds =
+        std::equal(m_chosen.begin(), m_chosen.end(), groups.begin(), groups.end(),
+                   [&sensors](const Chosen &chosen, const SensorGroup &group) {
+                       return holds(chosen, group, sensors);
+                   });
+    if (!stillHolds)
+        choose(sensors, groups);
+    QJsonObject result = sensors;
+    for (const Chosen &chosen : m_chosen) {
+        const QString &name = chosen.group.name;
+        if (!chosen.distinct.isEmpty())
+            result.insert(name, relabelled(sensors.value(name).toObject(), chosen.distinct));
     }
     return result;
 }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -22,9 +23,7 @@ QJsonObject united(QJsonObject first, const QJsonObject &second)
     return first;
 }
 
-} // namespace
-
-QJsonArray reading(double value, const QString &units)
+QJsonArray newReading(double value, const QString &units)
 {
     // Only a few units exist, and a copy costs less than a new object.
     static QHash<QString, QJsonObject> prototypes;
@@ -35,6 +34,27 @@ QJsonArray reading(double value, const QString &units)
     QJsonObject object = prototype;
     object.insert(valueKey, value);
     return {object};
+}
+
+} // namespace
+
+QJsonArray reading(double value, const QString &units)
+{
+    struct Known
+    {
+        double value = 0;
+        QString units;
+        QJsonArray reading;
+    };
+    // Most sensors have the same reading as in the last pass, and finding one costs less than
+    // making it. These are more than there are sensors.
+    constexpr std::size_t count = 1024;
+    static std::vector<Known> all(count);
+    Known &known = all[(std::hash<double>{}(value) ^ qHash(units)) % count];
+    const bool isEqual = known.value == value && known.units == units;
+    if (!isEqual || known.reading.isEmpty())
+        known = {value, units, newReading(value, units)};
+    return known.reading;
 }
 
 void addReading(QJsonObject &labels, const QString &label, std::optional<double> value,
@@ -100,7 +120,13 @@ void SensorTrees::addGroup(const SensorGroup &added, const QJsonObject &tree)
 
 QJsonObject SensorTrees::allSensors() const
 {
-    return withDistinctLabels(tree(Query::AllSensorsData), m_groups);
+    DistinctLabels labels;
+    return allSensors(labels);
+}
+
+QJsonObject SensorTrees::allSensors(DistinctLabels &labels) const
+{
+    return labels.apply(tree(Query::AllSensorsData), m_groups);
 }
 
 void SensorTrees::addDevice(Query query, const QString &device, const QJsonObject &tree)

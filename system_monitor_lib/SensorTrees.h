@@ -30,6 +30,8 @@ struct SensorGroup
     QStringList labels = {};
 };
 
+class DistinctLabels;
+
 /// The trees of all queries at one moment.
 class SensorTrees
 {
@@ -54,6 +56,8 @@ public:
     /// label, the one that was added first keeps it; the labels of the others are prefixed with the
     /// name of their device.
     [[nodiscard]] QJsonObject allSensors() const;
+    /// The same. \a labels knows what was chosen for the last moment, which saves time.
+    [[nodiscard]] QJsonObject allSensors(DistinctLabels &labels) const;
 
 private:
     SensorGroup &group(const QString &name);

@@ -3,23 +3,53 @@
 #include "sensors/readings/SensorTree.h"
 #include "values/ReadingText.h"
 
+#include <QHash>
 #include <QJsonArray>
 #include <QRegularExpression>
 #include <QStringMatcher>
 #include <QVector>
 
+#include <functional>
+#include <optional>
+#include <vector>
+
 using namespace sensortree;
 
 namespace {
 
-bool isReading(const QJsonObject &object)
+/// Nothing when the object is no reading.
+std::optional<Reading<double>> readingIn(const QJsonObject &object)
 {
-    return object.contains(QLatin1String("value")) && object.contains(QLatin1String("units"));
+    const auto value = object.constFind(QLatin1String("value"));
+    const auto units = object.constFind(QLatin1String("units"));
+    if (value == object.constEnd() || units == object.constEnd())
+        return std::nullopt;
+    const QJsonValue number = value.value();
+    return Reading<double>{number.toDouble(), units.value().toString(), !number.isDouble()};
 }
 
+/// The text of a number. Most sensors have the same number as in the last pass, and finding a text
+/// costs less than making it.
 QString textOf(const Reading<double> &number)
 {
-    return readingtext::general(number.value, number.units);
+    struct Known
+    {
+        double value = 0;
+        QString units;
+        QString text;
+    };
+    // More than there are sensors; which one has which place does not matter.
+    constexpr std::size_t count = 1024;
+    constexpr int longestUnits = 16;
+    static std::vector<Known> all(count);
+    if (number.units.size() > longestUnits)
+        return readingtext::general(number.value, number.units);
+    const std::size_t hash = std::hash<double>{}(number.value) ^ qHash(number.units);
+    Known &known = all[hash % count];
+    const bool isEqual = known.value == number.value && known.units == number.units;
+    if (!isEqual || known.text.isEmpty())
+        known = {number.value, number.units, readingtext::general(number.value, number.units)};
+    return known.text;
 }
 
 } // namespace
@@ -30,9 +60,8 @@ void SensorWalk::addSensor(const QString &label, const Reading<double> &number)
     sensorNumbers.append(number);
 }
 
-void SensorWalk::takeReading(const QString &label, const QJsonObject &reading)
+void SensorWalk::takeReading(const QString &label, const Reading<double> &number)
 {
-    const Reading<double> number = numberOf(reading, QString());
     // As containsLabel() does, but for each of many labels.
     static const QStringMatcher isPump(QStringLiteral("AIO Pump"), Qt::CaseInsensitive);
     if (isPump.indexIn(label) >= 0) {
@@ -55,11 +84,21 @@ void SensorWalk::visitArray(const QString &label, const QJsonArray &array,
         if (!element.isObject())
             continue;
         const QJsonObject object = element.toObject();
-        if (isReading(object))
-            takeReading(label, object);
+        if (const auto number = readingIn(object))
+            takeReading(label, *number);
         else
             groups.append(object);
     }
+}
+
+/// Takes \a object as a sensor, or puts it on \a groups.
+void SensorWalk::visitObject(const QString &label, const QJsonObject &object,
+                             QVector<QJsonObject> &groups)
+{
+    if (const auto number = readingIn(object))
+        addSensor(label, *number);
+    else
+        groups.append(object);
 }
 
 void SensorWalk::visit(const QJsonObject &tree)
@@ -72,10 +111,8 @@ void SensorWalk::visit(const QJsonObject &tree)
             const QJsonValue value = member.value();
             if (value.isArray())
                 visitArray(member.key(), value.toArray(), groups);
-            else if (value.isObject() && isReading(value.toObject()))
-                addSensor(member.key(), numberOf(value.toObject(), QString()));
             else if (value.isObject())
-                groups.append(value.toObject());
+                visitObject(member.key(), value.toObject(), groups);
         }
     }
 }

@@ -24,7 +24,8 @@ struct SensorWalk
 
 private:
     void visitArray(const QString &label, const QJsonArray &array, QVector<QJsonObject> &groups);
-    void takeReading(const QString &label, const QJsonObject &reading);
+    void visitObject(const QString &label, const QJsonObject &object, QVector<QJsonObject> &groups);
+    void takeReading(const QString &label, const Reading<double> &number);
     void addSensor(const QString &label, const Reading<double> &number);
 };
 

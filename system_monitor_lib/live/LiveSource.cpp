@@ -7,6 +7,8 @@
 #include "system_monitor_lib/live/processor/CpuLoadCollector.h"
 #include "system_monitor_lib/live/processor/CpuModel.h"
 
+#include <utility>
+
 namespace {
 
 /// The model follows ": ", where it is looked for. If it were missing, what follows in another
@@ -48,7 +50,7 @@ QJsonObject LiveSource::tree(Query query)
     const qint64 now = m_clock();
     if (now < m_sampledNs || now - m_sampledNs > freshness.count())
         sample(now);
-    return query == Query::AllSensorsData ? m_trees.allSensors() : m_trees.tree(query);
+    return query == Query::AllSensorsData ? m_trees.allSensors(m_labels) : m_trees.tree(query);
 }
 
 bool LiveSource::sample(qint64 nowNs)
@@ -57,7 +59,7 @@ bool LiveSource::sample(qint64 nowNs)
     bool readable = false;
     for (const auto &collector : m_collectors)
         readable = collector->collect(nowNs, trees) || readable;
-    m_trees = trees;
+    m_trees = std::move(trees);
     // Slow devices do not make the sample an old one.
     m_sampledNs = m_clock();
     return readable;

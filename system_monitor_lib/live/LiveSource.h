@@ -1,5 +1,6 @@
 #pragma once
 
+#include "system_monitor_lib/DistinctLabels.h"
 #include "system_monitor_lib/TreeSource.h"
 #include "system_monitor_lib/live/Collector.h"
 #include "system_monitor_lib/live/MachineRoots.h"
@@ -31,5 +32,6 @@ private:
     const MonotonicClock m_clock;
     std::vector<std::unique_ptr<Collector>> m_collectors;
     SensorTrees m_trees;
+    DistinctLabels m_labels;
     qint64 m_sampledNs = 0;
 };

@@ -46,6 +46,7 @@ private:
     };
 
     void look();
+    [[nodiscard]] BlockDrive find(const QString &name) const;
     [[nodiscard]] bool isDrive(const QString &name) const;
     static void measure(BlockDrive &drive, Counted &counted, qint64 nowNs);
 

@@ -12,22 +12,25 @@
 
 namespace {
 
-BlockDrive describe(const QString &folder, const QString &name)
+/// Empty if its maker has not named it.
+QString modelOf(const QString &device)
+{
+    const QString model = attributeWord(device + QStringLiteral("/model"));
+    return model.isEmpty() ? attributeWord(device + QStringLiteral("/name")) : model;
+}
+
+BlockDrive describe(const QString &name, const QString &device, const QString &model)
 {
     BlockDrive drive;
     drive.name = name;
-    drive.device = QFileInfo(folder + QStringLiteral("/device")).canonicalFilePath();
-    drive.order = orderOfDevice(folder + QStringLiteral("/device"));
-    for (const QString &file : {QStringLiteral("/model"), QStringLiteral("/name")}) {
-        if (drive.model.isEmpty())
-            drive.model = attributeWord(drive.device + file);
-    }
-    if (drive.model.isEmpty())
-        drive.model = name;
+    drive.device = device;
+    drive.order = orderOfDevice(device);
+    drive.model = model;
     // The number of an NVMe drive differs between boots, that of its slot does not.
     const bool isNvme = name.startsWith(QLatin1String("nvme"));
-    const QString slot = isNvme ? drive.device + QStringLiteral("/device") : drive.device;
-    drive.place = QFileInfo(QFileInfo(slot).canonicalFilePath()).fileName();
+    const QString slot =
+        isNvme ? QFileInfo(device + QStringLiteral("/device")).canonicalFilePath() : device;
+    drive.place = QFileInfo(slot).fileName();
     if (drive.place.isEmpty())
         drive.place = name;
     else if (isNvme && !name.endsWith(QLatin1String("n1")))
@@ -60,13 +63,27 @@ bool BlockDrives::isDrive(const QString &name) const
            attributeWord(folder + QStringLiteral("/size")) != QLatin1String("0");
 }
 
+/// Describes only what is new, because resolving links costs most of it.
+BlockDrive BlockDrives::find(const QString &name) const
+{
+    const QString device = QFileInfo(m_root + name + QStringLiteral("/device")).canonicalFilePath();
+    const QString told = modelOf(device);
+    const QString &model = told.isEmpty() ? name : told;
+    const auto known = std::find_if(m_drives.begin(), m_drives.end(), [&](const BlockDrive &drive) {
+        return drive.name == name && drive.device == device && drive.model == model;
+    });
+    return known != m_drives.end() ? *known : describe(name, device, model);
+}
+
 void BlockDrives::look()
 {
     constexpr std::size_t longestStat = 512;
     std::vector<BlockDrive> drives;
-    for (const QString &name : QDir(m_root).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    // All entries, because they are not asked what they are.
+    for (const QString &name :
+         QDir(m_root).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)) {
         if (isDrive(name))
-            drives.push_back(describe(m_root + name, name));
+            drives.push_back(find(name));
     }
     std::sort(drives.begin(), drives.end(), [](const BlockDrive &a, const BlockDrive &b) {
         return std::tie(a.order, a.name) < std::tie(b.order, b.name);

@@ -1,5 +1,7 @@
 #include "system_monitor_lib/live/drives/DriveActivityGroups.h"
 
+#include "system_monitor_lib/ListedNames.h"
+
 void DriveActivityGroups::add(const std::vector<Sample> &drives, qint64 nowNs, SensorTrees &trees)
 {
     QHash<QString, Past> samples;
@@ -11,8 +13,8 @@ void DriveActivityGroups::add(const std::vector<Sample> &drives, qint64 nowNs, S
         std::optional<DriveActivity> activity;
         if (past.counters && drive.counters)
             activity = driveActivity(*past.counters, *drive.counters, nowNs - past.timeNs);
-        trees.addGroup({QStringLiteral("Drive activity: %1").arg(drive.name.key), drive.name.model,
-                        drive.name.place, driveActivityLabelNames()},
+        trees.addGroup({deviceGroup(QStringLiteral("Drive activity"), drive.name.key),
+                        drive.name.model, drive.name.place, driveActivityLabelNames()},
                        activity ? driveActivityLabels(*activity) : QJsonObject());
         samples.insert(key, {drive.counters, nowNs});
     }

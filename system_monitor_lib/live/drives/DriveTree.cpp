@@ -1,12 +1,14 @@
 #include "system_monitor_lib/live/drives/DriveTree.h"
 
+#include "system_monitor_lib/ListedNames.h"
+
 #include <cmath>
 
 namespace {
 
 QString groupOf(const DriveName &name)
 {
-    return QStringLiteral("Drive: %1").arg(name.key);
+    return deviceGroup(QStringLiteral("Drive"), name.key);
 }
 
 /// What the list of all sensors has of it.

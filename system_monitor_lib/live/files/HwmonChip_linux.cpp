@@ -5,6 +5,26 @@
 #include <QDir>
 #include <QRegularExpression>
 
+namespace {
+
+/// The inputs of the temperatures whose labels \a isMeant accepts.
+template <typename Predicate>
+QStringList inputsOf(const HwmonChip &chip, const Predicate &isMeant)
+{
+    QStringList inputs;
+    const QDir directory(chip.directory);
+    for (const QString &name : directory.entryList(QDir::Files, QDir::Name)) {
+        if (!name.startsWith(QLatin1String("temp")) || !name.endsWith(QLatin1String("_label")) ||
+            !isMeant(attributeWord(directory.filePath(name))))
+            continue;
+        const QString sensor = name.left(name.indexOf(QLatin1Char('_')));
+        inputs += directory.filePath(sensor + QStringLiteral("_input"));
+    }
+    return inputs;
+}
+
+} // namespace
+
 std::vector<HwmonChip> hwmonChips(const MachineRoots &roots)
 {
     const QDir root(roots.sys + QStringLiteral("/class/hwmon"));
@@ -20,21 +40,11 @@ std::vector<HwmonChip> hwmonChips(const MachineRoots &roots)
 
 QString temperatureInput(const HwmonChip &chip, const QString &label)
 {
-    const QRegularExpression isLabel(
-        QRegularExpression::anchoredPattern(QRegularExpression::escape(label)));
-    return temperatureInputs(chip, isLabel).value(0);
+    return inputsOf(chip, [&label](const QString &word) { return word == label; }).value(0);
 }
 
 QStringList temperatureInputs(const HwmonChip &chip, const QRegularExpression &isMeant)
 {
-    QStringList inputs;
-    const QDir directory(chip.directory);
-    for (const QString &name :
-         directory.entryList({QStringLiteral("temp*_label")}, QDir::Files, QDir::Name)) {
-        if (!isMeant.match(attributeWord(directory.filePath(name))).hasMatch())
-            continue;
-        const QString sensor = name.left(name.indexOf(QLatin1Char('_')));
-        inputs += directory.filePath(sensor + QStringLiteral("_input"));
-    }
-    return inputs;
+    return inputsOf(chip,
+                    [&isMeant](const QString &label) { return isMeant.match(label).hasMatch(); });
 }

@@ -13,15 +13,12 @@ QJsonObject memoryLabels(const MemoryState &state);
 class MemoryCollector : public Collector
 {
 public:
-    /// How often the details are read.
-    static constexpr std::chrono::nanoseconds detailsPeriod = std::chrono::seconds(2);
-
     explicit MemoryCollector(const MachineRoots &roots);
 
     bool collect(qint64 nowNs, SensorTrees &trees) override;
 
 private:
     MemoryReader m_reader;
-    Pace m_reading{detailsPeriod};
+    Pace m_reading{MemoryReader::detailsPeriod};
     QJsonObject m_details;
 };

@@ -4,6 +4,7 @@
 #include "system_monitor_lib/live/memory/MemoryDetails.h"
 #include "system_monitor_lib/live/memory/MemoryState.h"
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -11,6 +12,9 @@
 class MemoryReader
 {
 public:
+    /// How often the details may be read, which some systems have to gather.
+    static const std::chrono::nanoseconds detailsPeriod;
+
     explicit MemoryReader(const MachineRoots &roots);
     ~MemoryReader();
     Q_DISABLE_COPY(MemoryReader)

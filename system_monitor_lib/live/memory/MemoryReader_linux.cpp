@@ -53,13 +53,14 @@ private:
     {
         m_hasZswap = m_zswap.word() == QLatin1String("Y");
         // Most machines have none, and this costs less than a listing.
-        QStringList names = QFileInfo::exists(m_blocks + QStringLiteral("zram0"))
-                                ? QDir(m_blocks).entryList({QStringLiteral("zram*")},
-                                                           QDir::Dirs | QDir::NoDotAndDotDot)
-                                : QStringList();
+        QStringList names =
+            QFileInfo::exists(m_blocks + QStringLiteral("zram0"))
+                ? QDir(m_blocks).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+                : QStringList();
         const auto isUnused = [this](const QString &name) {
-            return attributeWord(m_blocks + name + QStringLiteral("/initstate")) ==
-                   QLatin1String("0");
+            return !name.startsWith(QLatin1String("zram")) ||
+                   attributeWord(m_blocks + name + QStringLiteral("/initstate")) ==
+                       QLatin1String("0");
         };
         names.erase(std::remove_if(names.begin(), names.end(), isUnused), names.end());
         if (names == m_zramNames)
@@ -85,6 +86,8 @@ private:
     QStringList m_zramNames;
     std::vector<std::unique_ptr<PolledFile>> m_zrams;
 };
+
+const std::chrono::nanoseconds MemoryReader::detailsPeriod = std::chrono::seconds(2);
 
 MemoryReader::MemoryReader(const MachineRoots &roots)
     : d(std::make_unique<Private>(roots))

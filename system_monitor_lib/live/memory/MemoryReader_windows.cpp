@@ -1,6 +1,5 @@
 #include "system_monitor_lib/live/memory/MemoryReader.h"
 
-#include "system_monitor_lib/live/Pace.h"
 #include "system_monitor_lib/live/memory/MemoryPages.h"
 
 #include <windows.h>
@@ -8,19 +7,14 @@
 class MemoryReader::Private
 {
 public:
-    MemoryDetails details(qint64 nowNs)
-    {
-        if (m_reading.isDue(nowNs))
-            m_details = detailsOfPages(m_pages(nowNs));
-        return m_details;
-    }
+    MemoryDetails details(qint64 nowNs) { return detailsOfPages(m_pages(nowNs)); }
 
 private:
     const MemoryPagesReader m_pages = memoryPages();
-    /// Windows goes through its list of processes for them.
-    Pace m_reading{std::chrono::seconds(5)};
-    MemoryDetails m_details;
 };
+
+/// Windows goes through its list of processes for them.
+const std::chrono::nanoseconds MemoryReader::detailsPeriod = std::chrono::seconds(5);
 
 MemoryReader::MemoryReader(const MachineRoots & /*roots*/)
     : d(std::make_unique<Private>())

@@ -1,5 +1,6 @@
 #include "system_monitor_lib/live/network/NetworkCollector.h"
 
+#include "system_monitor_lib/ListedNames.h"
 #include "system_monitor_lib/live/Rates.h"
 
 #include <algorithm>
@@ -77,7 +78,7 @@ void NetworkCollector::add(const State &state, SensorTrees &trees)
     addRate(upLabel, state.figures.sentBytesPerSecond);
     addRate(downLabel, state.figures.receivedBytesPerSecond);
     trees.addDevice(Query::NetworkInfo, name, tree);
-    trees.addGroup({QStringLiteral("Network: %1").arg(name), name, {}, labels}, all);
+    trees.addGroup({deviceGroup(QStringLiteral("Network"), name), name, {}, labels}, all);
 }
 
 void NetworkCollector::measure(const State &previous, State &current) const

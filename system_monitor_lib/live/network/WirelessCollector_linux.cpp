@@ -1,5 +1,7 @@
 #include "system_monitor_lib/live/network/WirelessCollector.h"
 
+#include "system_monitor_lib/ListedNames.h"
+
 WirelessCollector::WirelessCollector(const MachineRoots &roots)
     : m_file(roots.proc + QStringLiteral("/net/wireless"))
 {
@@ -13,7 +15,7 @@ bool WirelessCollector::collect(qint64 nowNs, SensorTrees &trees)
             m_adapters.emplace_back(name, wirelessLabels(state));
     }
     for (const auto &[name, labels] : m_adapters)
-        trees.addGroup({QStringLiteral("Network: %1").arg(name), name, {}, wirelessLabelNames()},
-                       labels);
+        trees.addGroup(
+            {deviceGroup(QStringLiteral("Network"), name), name, {}, wirelessLabelNames()}, labels);
     return !m_adapters.empty();
 }

@@ -1,5 +1,7 @@
 #include "system_monitor_lib/live/network/WirelessLinksCollector.h"
 
+#include "system_monitor_lib/ListedNames.h"
+
 WirelessLinksCollector::WirelessLinksCollector(std::unique_ptr<WirelessLinks> links)
     : m_links(std::move(links))
 {
@@ -11,7 +13,7 @@ bool WirelessLinksCollector::collect(qint64 nowNs, SensorTrees &trees)
         m_known = m_links->read(nowNs);
     for (const WirelessLink &link : m_known) {
         if (!link.adapter.isEmpty())
-            trees.addGroup({QStringLiteral("Network: %1").arg(link.adapter),
+            trees.addGroup({deviceGroup(QStringLiteral("Network"), link.adapter),
                             link.adapter,
                             {},
                             wirelessLabelNames()},

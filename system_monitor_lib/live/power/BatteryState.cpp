@@ -1,5 +1,6 @@
 #include "system_monitor_lib/live/power/BatteryState.h"
 
+#include "system_monitor_lib/ListedNames.h"
 #include "system_monitor_lib/SensorTrees.h"
 
 #include <cmath>
@@ -46,7 +47,7 @@ QStringList batteryLabelNames()
 
 QString batteryGroup(const QString &name)
 {
-    return QStringLiteral("Battery: %1").arg(name);
+    return deviceGroup(QStringLiteral("Battery"), name);
 }
 
 QJsonObject mainsLabels(bool isPluggedIn)

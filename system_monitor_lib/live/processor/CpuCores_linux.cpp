@@ -11,12 +11,12 @@ std::vector<int> firstProcessors(const MachineRoots &roots)
 {
     std::vector<int> found;
     const QDir root(roots.sys + QStringLiteral("/devices/system/cpu"));
-    for (const QString &name :
-         root.entryList({QStringLiteral("cpu[0-9]*")}, QDir::Dirs | QDir::NoDotAndDotDot)) {
+    for (const QString &name : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
         bool isNumber = false;
         const int processor = name.mid(3).toInt(&isNumber);
         const QString entry = root.filePath(name);
-        if (!isNumber || attributeWord(entry + QStringLiteral("/online")) == QLatin1String("0"))
+        if (!isNumber || !name.startsWith(QLatin1String("cpu")) ||
+            attributeWord(entry + QStringLiteral("/online")) == QLatin1String("0"))
             continue;
         const QByteArray siblings =
             attributeWord(entry + QStringLiteral("/topology/thread_siblings_list")).toLatin1();

@@ -81,8 +81,9 @@ std::vector<Zone> thermalZones(const MachineRoots &roots, const Chips &chips)
     for (const HwmonChip &chip : chips)
         zones.push_back({chip.name, chip.directory + QStringLiteral("/temp1_input")});
     const QDir root(roots.sys + QStringLiteral("/class/thermal"));
-    for (const QString &name :
-         root.entryList({QStringLiteral("thermal_zone*")}, QDir::Dirs | QDir::NoDotAndDotDot)) {
+    for (const QString &name : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        if (!name.startsWith(QLatin1String("thermal_zone")))
+            continue;
         const QString zone = root.filePath(name);
         zones.push_back(
             {attributeWord(zone + QStringLiteral("/type")), zone + QStringLiteral("/temp")});

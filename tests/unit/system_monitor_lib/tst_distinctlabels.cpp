@@ -21,7 +21,26 @@ SensorGroup card(const QString &group, const QString &device, const QString &pla
     return {group, device, place, mayHave};
 }
 
+/// A device, and the labels for which it has readings.
+struct Device
+{
+    SensorGroup group;
+    QStringList has;
+};
+
+using Devices = std::vector<Device>;
+
+SensorTrees treesOf(const Devices &devices)
+{
+    SensorTrees trees;
+    for (const Device &device : devices)
+        trees.addGroup(device.group, tree(device.has));
+    return trees;
+}
+
 } // namespace
+
+Q_DECLARE_METATYPE(Devices)
 
 class DistinctLabelsTest : public QObject
 {
@@ -41,6 +60,8 @@ private Q_SLOTS:
     void groupWithoutDeviceLendsItsName();
     void samplesAreJoinedInTheirOrder();
     void groupAddedAgainMayHaveTheLabelsOfBoth();
+    void knownLabelsAreThoseOfAFreshList_data();
+    void knownLabelsAreThoseOfAFreshList();
 
 private:
     [[nodiscard]] QStringList labels(const QString &group) const
@@ -173,6 +194,63 @@ void DistinctLabelsTest::groupAddedAgainMayHaveTheLabelsOfBoth()
     const QStringList expected{QStringLiteral("Two GPU Fan"),
                                QStringLiteral("Two GPU Temperature")};
     QCOMPARE(labels(QStringLiteral("B")), expected);
+}
+
+void DistinctLabelsTest::knownLabelsAreThoseOfAFreshList_data()
+{
+    QTest::addColumn<Devices>("before");
+    QTest::addColumn<Devices>("after");
+    const QString load = QStringLiteral("GPU Load");
+    const auto device = [](const char *group, const char *name, const char *place,
+                           const QStringList &mayHave, const QStringList &has) {
+        return Device{card(QString::fromLatin1(group), QString::fromLatin1(name),
+                           QString::fromLatin1(place), mayHave),
+                      has};
+    };
+    const Device one = device("A", "One", "1", {temperature}, {temperature});
+    const Device two = device("B", "Two", "2", {temperature}, {temperature});
+    const auto row = [](const char *name, const Devices &before, const Devices &after) {
+        QTest::newRow(name) << before << after;
+    };
+    row("a device comes first", {two}, {one, two});
+    row("a device comes last", {one}, {one, two});
+    row("all devices come", {}, {one, two});
+    row("the order changes", {one, two}, {two, one});
+    row("a group is renamed", {one, device("B", "", "2", {}, {temperature})},
+        {one, device("C", "", "2", {}, {temperature})});
+    row("a device is renamed", {one, two}, {one, device("B", "Three", "2", {}, {temperature})});
+    row("two devices get one name", {one, two},
+        {one, device("B", "One", "2", {temperature}, {temperature})});
+    row("a device has another place", {one, device("B", "One", "2", {temperature}, {temperature})},
+        {one, device("B", "One", "3", {temperature}, {temperature})});
+    row("the first device may have one more label", {device("A", "One", "1", {}, {fan}), two},
+        {device("A", "One", "1", {temperature}, {fan}), two});
+    row("the first device may have another label",
+        {device("A", "One", "1", {load}, {}), device("B", "Two", "2", {}, {load, temperature})},
+        {device("A", "One", "1", {temperature}, {}),
+         device("B", "Two", "2", {}, {load, temperature})});
+    row("an equal label appears", {one, device("B", "Two", "2", {}, {fan})},
+        {one, device("B", "Two", "2", {}, {fan, temperature})});
+    row("an equal label takes another's place",
+        {device("A", "One", "1", {}, {fan}), device("B", "Two", "2", {}, {temperature})},
+        {device("A", "One", "1", {}, {temperature}), device("B", "Two", "2", {}, {temperature})});
+    row("a renamed label takes another's place",
+        {device("A", "One", "1", {fan, temperature}, {}), device("B", "Two", "2", {}, {fan})},
+        {device("A", "One", "1", {fan, temperature}, {}),
+         device("B", "Two", "2", {}, {temperature})});
+}
+
+void DistinctLabelsTest::knownLabelsAreThoseOfAFreshList()
+{
+    QFETCH(const Devices, before);
+    QFETCH(const Devices, after);
+    QVERIFY(treesOf(before).allSensors() != treesOf(after).allSensors());
+    DistinctLabels known;
+    // Back again as well; a second look finds what the first one knew.
+    for (const Devices *devices : {&before, &before, &after, &after, &before}) {
+        const SensorTrees trees = treesOf(*devices);
+        QCOMPARE(trees.allSensors(known), trees.allSensors());
+    }
 }
 
 QTEST_APPLESS_MAIN(DistinctLabelsTest)

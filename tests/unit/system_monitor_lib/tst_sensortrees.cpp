@@ -8,6 +8,7 @@ class SensorTreesTest : public QObject
 
 private Q_SLOTS:
     void readingHasValueAndUnits();
+    void readingsAreNotMistakenForEachOther();
     void startsEmpty();
     void collectorsShareATree();
     void collectorsShareADevice();
@@ -20,6 +21,23 @@ void SensorTreesTest::readingHasValueAndUnits()
     const QJsonObject expected{{QStringLiteral("value"), 45.5},
                                {QStringLiteral("units"), QStringLiteral("°C")}};
     QCOMPARE(array, QJsonArray{expected});
+}
+
+void SensorTreesTest::readingsAreNotMistakenForEachOther()
+{
+    // Twice, because readings are remembered; too many for all of them to be.
+    for (int pass = 0; pass < 2; ++pass) {
+        for (int number = 0; number < 4000; ++number) {
+            const QString name = QString::number(number);
+            for (const auto &[value, units] : {std::pair(number, QStringLiteral("%")),
+                                               std::pair(number, QString()), std::pair(0, name)}) {
+                const QJsonObject object = reading(value, units).at(0).toObject();
+                QCOMPARE(object.value(QStringLiteral("value")).toDouble(-1), double(value));
+                QCOMPARE(object.value(QStringLiteral("units")).toString(QStringLiteral("x")),
+                         units);
+            }
+        }
+    }
 }
 
 void SensorTreesTest::startsEmpty()

@@ -16,6 +16,7 @@ private Q_SLOTS:
     void objectsAreNoPumpsAndNoFans();
     void writesSixDigits_data();
     void writesSixDigits();
+    void textsAreNotMistakenForEachOther();
     void walksDeepTrees();
     void turnsPairsIntoATree_data();
     void turnsPairsIntoATree();
@@ -111,6 +112,23 @@ void tst_SensorWalk::writesSixDigits()
     QTEST(sensorText(
               {{QStringLiteral("value"), value}, {QStringLiteral("units"), QStringLiteral("°C")}}),
           "text");
+}
+
+void tst_SensorWalk::textsAreNotMistakenForEachOther()
+{
+    const QString longUnits(40, QLatin1Char('x'));
+    // Twice, because texts are remembered; too many for all of them to be.
+    for (int pass = 0; pass < 2; ++pass) {
+        for (int number = 0; number < 4000; ++number) {
+            const QString name = QStringLiteral("u%1").arg(number);
+            for (const auto &[value, units] :
+                 {std::pair(number, QStringLiteral("%")), std::pair(number, QString()),
+                  std::pair(number, longUnits), std::pair(0, name)})
+                QCOMPARE(sensorText(
+                             {{QStringLiteral("value"), value}, {QStringLiteral("units"), units}}),
+                         QString::number(value) + units);
+        }
+    }
 }
 
 void tst_SensorWalk::walksDeepTrees()

@@ -12,6 +12,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 
 namespace {
@@ -32,13 +33,22 @@ private Q_SLOTS:
 
     void keepsItsRules_data();
     void keepsItsRules();
+    void keepsItsRulesWhateverDevicesAreCalled();
     void isTheSameInEveryPass();
+    void isThatOfAFreshLibraryWhateverComesAndGoes();
     void isQuickWithManyCores();
 
 private:
     [[nodiscard]] QString path(const QString &name) const { return m_directory->filePath(name); }
+    [[nodiscard]] std::unique_ptr<LiveSource> makeSource() const;
     /// Opens the machine and takes two more samples.
     [[nodiscard]] bool open(const QString &machine);
+    [[nodiscard]] bool addDrive(const char *name, const char *model) const;
+    [[nodiscard]] bool addAdapter(const char *name) const;
+    [[nodiscard]] bool addBattery(const char *name) const;
+    [[nodiscard]] bool remove(const char *folder) const;
+    /// Takes samples until the machine's devices have been looked for again.
+    void passSomeTime();
     [[nodiscard]] bool makeManyCores(int cores, quint64 busy) const;
 
     QJsonObject list() { return m_source->tree(Query::AllSensorsData); }
@@ -55,10 +65,15 @@ void SensorListTest::init()
 {
     m_directory = std::make_unique<QTemporaryDir>();
     QVERIFY(m_directory->isValid());
+    m_now = second;
+    m_source = makeSource();
+}
+
+std::unique_ptr<LiveSource> SensorListTest::makeSource() const
+{
     MachineRoots roots{path(QStringLiteral("proc")), path(QStringLiteral("sys"))};
     roots.run = path(QStringLiteral("run"));
-    m_now = second;
-    m_source = std::make_unique<LiveSource>(roots, [this] { return m_now; });
+    return std::make_unique<LiveSource>(roots, [this] { return m_now; });
 }
 
 bool SensorListTest::open(const QString &machine)
@@ -145,6 +160,31 @@ void SensorListTest::keepsItsRules()
     checkOtherTrees();
 }
 
+void SensorListTest::keepsItsRulesWhateverDevicesAreCalled()
+{
+    for (const auto &[drive, model] : {std::pair("sdw", "CPU GPU Fan"),
+                                       std::pair("sdx", "AIO Pump"), std::pair("sdy", "AIO Pump")})
+        QVERIFY(addDrive(drive, model));
+    for (const char *const name : {"CPU Fan", "GPU AIO Pump"})
+        QVERIFY(addAdapter(name) && addBattery(name));
+    QVERIFY(writeFile(path(QStringLiteral("proc/net/wireless")),
+                      "Inter-| sta-|   Quality        |   Discarded packets\n"
+                      " face | tus | link level noise |  nwid  crypt   frag\n"
+                      " fanCPU: 0000   60.  -50.  -256        0      0      0\n"
+                      " GPUw: 0000   60.  -50.  -256        0      0      0\n"));
+    QVERIFY(open(QStringLiteral("intel-desktop")));
+    const QJsonObject all = list();
+    for (const char *const group :
+         {"Battery: processor Fan", "Battery: graphics AIO-Pump", "Drive: processor graphics Fan",
+          "Drive: AIO-Pump (slot of sdx)", "Drive: AIO-Pump (slot of sdy)",
+          "Network: processor Fan", "Network: graphics AIO-Pump", "Network: fanprocessor",
+          "Network: graphicsw"})
+        QVERIFY2(!all.value(QLatin1String(group)).toObject().isEmpty(), group);
+    checkGroups(all);
+    checkLabels(all);
+    checkOtherTrees();
+}
+
 void SensorListTest::isTheSameInEveryPass()
 {
     QVERIFY(open(QStringLiteral("hybrid-laptop")));
@@ -161,6 +201,89 @@ void SensorListTest::isTheSameInEveryPass()
         QVERIFY(writeFile(path(QStringLiteral("proc/stat")), "cpu  " + ticks + " 0 0 9100\n"));
         m_now += second;
         QCOMPARE(labels(), before);
+    }
+}
+
+bool SensorListTest::addDrive(const char *name, const char *model) const
+{
+    const QString block = path(QStringLiteral("sys/block/%1/").arg(QLatin1String(name)));
+    const QString device = QStringLiteral("../../devices/slot of ") + QLatin1String(name);
+    return writeFile(block + device + QStringLiteral("/model"), model) &&
+           QFile::link(device, block + QStringLiteral("device")) &&
+           writeFile(block + QStringLiteral("size"), "1000\n") &&
+           writeFile(block + QStringLiteral("stat"), "1 0 8 1 0 0 0 0 0 1 1\n");
+}
+
+bool SensorListTest::addAdapter(const char *name) const
+{
+    const QString folder = path(QStringLiteral("sys/class/net/%1/").arg(QLatin1String(name)));
+    return writeFile(folder + QStringLiteral("device/uevent"), "DRIVER=e1000e\n") &&
+           writeFile(folder + QStringLiteral("statistics/rx_bytes"), "1000\n") &&
+           writeFile(folder + QStringLiteral("statistics/tx_bytes"), "1000\n");
+}
+
+bool SensorListTest::addBattery(const char *name) const
+{
+    const QString folder =
+        path(QStringLiteral("sys/class/power_supply/%1/").arg(QLatin1String(name)));
+    return writeFile(folder + QStringLiteral("uevent"),
+                     "POWER_SUPPLY_TYPE=Battery\nPOWER_SUPPLY_PRESENT=1\n"
+                     "POWER_SUPPLY_CAPACITY=50\n");
+}
+
+bool SensorListTest::remove(const char *folder) const
+{
+    return QDir(path(QString::fromLatin1(folder))).removeRecursively();
+}
+
+void SensorListTest::passSomeTime()
+{
+    constexpr int seconds = 11;
+    for (int pass = 0; pass < seconds; ++pass) {
+        m_now += second;
+        list();
+    }
+}
+
+void SensorListTest::isThatOfAFreshLibraryWhateverComesAndGoes()
+{
+    const std::pair<const char *, std::function<bool()>> changes[] = {
+        {"two adapters", [this] { return addAdapter("eth8") && addAdapter("eth9"); }},
+        {"a drive of a model that is there", [this] { return addDrive("sdx", "Portable SSD T5"); }},
+        {"another drive", [this] { return addDrive("sdy", "A drive"); }},
+        {"a drive of another name",
+         [this] {
+             return writeFile(path(QStringLiteral("sys/devices/slot of sdy/model")), "Renamed");
+         }},
+        {"the first of two equal drives goes", [this] { return remove("sys/block/sdc"); }},
+        {"an adapter becomes another one",
+         [this] { return remove("sys/class/net/eth8") && addAdapter("eth7"); }},
+        {"readings go", [this] { return remove("proc/pressure"); }},
+        {"an adapter goes", [this] { return remove("sys/class/net/eth9"); }},
+        {"all added drives go",
+         [this] { return remove("sys/block/sdx") && remove("sys/block/sdy"); }}};
+    const auto lines = [](LiveSource &source) {
+        SensorWalk walk;
+        walk.visit(source.tree(Query::AllSensorsData));
+        QStringList all;
+        for (const auto &sensor : qAsConst(walk.sensors))
+            all += QStringLiteral("%1 = %2").arg(sensor.first, sensor.second);
+        return all;
+    };
+    QVERIFY(unpackMachine(QStringLiteral("intel-desktop"), QString(), m_directory->path()));
+    QVERIFY(m_source->open());
+    passSomeTime();
+    QStringList before = lines(*m_source);
+    for (const auto &[name, change] : changes) {
+        QVERIFY2(change(), name);
+        passSomeTime();
+        const std::unique_ptr<LiveSource> fresh = makeSource();
+        QVERIFY2(fresh->open(), name);
+        m_now += second;
+        const QStringList after = lines(*m_source);
+        QVERIFY2(after != before, name);
+        QCOMPARE(after, lines(*fresh));
+        before = after;
     }
 }
 
