@@ -237,6 +237,7 @@ void DeckWindow::restoreWindow()
     const QSize least = minimumSizeHint();
     if (least.width() > room.width() || least.height() > room.height())
         arrangeDocks(room);
+    layout()->activate(); // else the window stays as large as the docks were
     if (!isMaximized() && !isFullScreen())
         resize(size().boundedTo(room));
 }

@@ -213,7 +213,7 @@ void tst_SmallScreens::arrangesDocksThatDoNotFit()
     QVERIFY(!isBesides());
     const QSize screen = QGuiApplication::primaryScreen()->availableSize();
     QVERIFY(m_window->minimumSizeHint().width() <= screen.width());
-    QVERIFY(m_window->width() <= screen.width());
+    QVERIFY2(m_window->width() <= screen.width(), qPrintable(QString::number(m_window->width())));
 }
 
 void tst_SmallScreens::show(QDockWidget *dock)
