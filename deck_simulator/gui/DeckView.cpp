@@ -8,7 +8,7 @@ namespace deck {
 
 namespace {
 
-constexpr int keyMargin = 8; // pixels that remain beside the current key
+constexpr int keyMargin = 6; // pixels that remain beside the current key
 
 } // namespace
 
