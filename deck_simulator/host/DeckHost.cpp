@@ -2,15 +2,20 @@
 
 #include <QHostAddress>
 #include <QJsonDocument>
+#include <QTimer>
 #include <QUuid>
 #include <QWebSocket>
 #include <QWebSocketServer>
 
 #include <algorithm>
+#include <chrono>
 
 namespace deck {
 
 namespace {
+
+/// What a plugin has to read its last messages before the link ends.
+constexpr std::chrono::milliseconds readingTime{50};
 
 QString deviceId()
 {
@@ -83,7 +88,9 @@ void DeckHost::close()
         return;
     for (const DeckKey &key : qAsConst(m_deck.keys))
         sendMessage(keyEvent(QStringLiteral("willDisappear"), key));
-    m_link->close(QWebSocketProtocol::CloseCodeGoingAway);
+    // On Windows a plugin may lose what it has not read when the link ends.
+    QTimer::singleShot(readingTime, m_link,
+                       [link = m_link] { link->close(QWebSocketProtocol::CloseCodeGoingAway); });
 }
 
 void DeckHost::die()
