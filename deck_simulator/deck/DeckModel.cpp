@@ -176,22 +176,24 @@ bool DeckModel::replaceSettings(const QString &context, const EntrySettings &set
 
 bool DeckModel::changeSettings(const QString &context, const EntrySettings &settings)
 {
-    const QString key = context; // an entry's own may go when listeners drop old states
-    if (replaceSettings(key, settings)) {
-        Q_EMIT settingsChanged(key);
+    const bool isPresent = indexOf(context) >= 0;
+    if (replaceSettings(context, settings)) {
+        // An entry's own may go when listeners drop old states.
+        Q_EMIT settingsChanged(QString(context));
         Q_EMIT changed();
     }
-    return indexOf(key) >= 0;
+    return isPresent;
 }
 
 bool DeckModel::adoptSettings(const QString &context, const EntrySettings &settings)
 {
-    const QString key = context; // an entry's own may go when listeners drop old states
-    if (replaceSettings(key, settings)) {
-        Q_EMIT settingsAdopted(key);
+    const bool isPresent = indexOf(context) >= 0;
+    if (replaceSettings(context, settings)) {
+        // An entry's own may go when listeners drop old states.
+        Q_EMIT settingsAdopted(QString(context));
         Q_EMIT changed();
     }
-    return indexOf(key) >= 0;
+    return isPresent;
 }
 
 void DeckModel::clear()

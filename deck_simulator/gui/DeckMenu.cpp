@@ -14,7 +14,7 @@ DeckMenu::DeckMenu(const DeckShelf *shelf, QWidget *parent)
     , m_decks(new QActionGroup(this))
     , m_open(defaultDeckName())
 {
-    m_saveAs->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+    m_saveAs->setShortcut(QStringLiteral("Ctrl+Shift+S"));
     m_separator->setSeparator(true);
     addActions({m_separator, m_saveAs});
     connect(this, &QMenu::aboutToShow, this, &DeckMenu::renew);

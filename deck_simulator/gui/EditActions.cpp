@@ -26,7 +26,7 @@ EditActions::EditActions(DeckModel *model, DeckGrid *grid, QObject *parent)
     m_undo->setShortcut(QKeySequence::Undo);
     // Those of all desktops.
     m_redo->setShortcuts(
-        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+        {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
     connect(m_copy, &QAction::triggered, this, &EditActions::copy);
     connect(m_cut, &QAction::triggered, this, [this] {
         copy();

@@ -42,8 +42,8 @@ PluginBar::PluginBar(DeckRunner *runner, QWidget *parent)
 void PluginBar::addActions()
 {
     m_start->setShortcut(Qt::Key_F5);
-    m_restart->setShortcut(Qt::CTRL | Qt::Key_F5);
-    m_stop->setShortcut(Qt::SHIFT | Qt::Key_F5);
+    m_restart->setShortcut(QStringLiteral("Ctrl+F5"));
+    m_stop->setShortcut(QStringLiteral("Shift+F5"));
     m_start->setToolTip(tr("Start the plugin (F5)"));
     m_restart->setToolTip(tr("End the plugin and start it again (Ctrl+F5)"));
     m_stop->setToolTip(tr("Take the keys off and end the plugin (Shift+F5)"));
