@@ -63,10 +63,10 @@ QString withBase64(QLatin1String prefix, const QByteArray &bytes)
         out = write(value, out);
     }
     for (; end - in >= group; in += group)
-        out = write(in[0] << 2 * byteBits | in[1] << byteBits | in[2], out);
+        out = write(quint64{in[0]} << 2 * byteBits | quint64{in[1]} << byteBits | in[2], out);
     if (in != end) {
-        const int second = end - in > 1 ? in[1] : 0;
-        out = write(in[0] << 2 * byteBits | second << byteBits, out);
+        const quint64 second = end - in > 1 ? in[1] : 0;
+        out = write(quint64{in[0]} << 2 * byteBits | second << byteBits, out);
         const auto missing = group - (end - in);
         std::fill_n(out - missing, missing, ushort{'='});
     }
