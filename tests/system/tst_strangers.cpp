@@ -182,7 +182,7 @@ void tst_Strangers::takeLittleTogether()
         memory = qMax(memory, process.residentMemory());
     }
     const double share = meter.shareOfACore();
-    const qint64 logged = (process.bytesPrinted() - printedBefore) * 1000 / window;
+    const qint64 logged = (process.bytesPrinted() - printedBefore) * 1000 / time.elapsed();
     const auto titles = host.titles(key).size() - titlesBefore;
 
     // Like a second instance that looks for this one, for a second and a half.

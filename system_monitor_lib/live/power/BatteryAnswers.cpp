@@ -14,7 +14,7 @@ constexpr quint32 unknown = 0xffff'ffff;
 std::optional<quint32> countedAt(const QByteArray &answer, int offset)
 {
     const std::optional<quint32> number = numberAt<quint32>(answer, offset);
-    return number == quint32{0} || number == unknown ? std::nullopt : number;
+    return number.value_or(0) == 0 || number == unknown ? std::nullopt : number;
 }
 
 struct Information
