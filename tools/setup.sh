@@ -4,7 +4,7 @@ qt5_packages=(qtbase5-dev libqt5websockets5-dev)
 qt6_packages=(qt6-base-dev qt6-websockets-dev)
 qt_packages=("${qt5_packages[@]}")
 [ "${PRESET:-}" != qt6 ] || qt_packages=("${qt6_packages[@]}")
-build_packages=(cmake ninja-build g++ "${qt_packages[@]}" libsensors-dev libpulse-dev libisal-dev)
+build_packages=(cmake ninja-build g++ "${qt_packages[@]}" libsensors-dev libmnl-dev libpulse-dev libisal-dev)
 run_packages=(fonts-roboto-unhinted)
 test_packages=(fonts-dejavu-core fonts-wqy-microhei iproute2 util-linux pulseaudio pulseaudio-utils
     e2fsprogs btrfs-progs squashfs-tools procps faketime xvfb)

@@ -19,6 +19,8 @@ struct MachineRoots
     QString run = {};
     /// Whether the chips of the board are read. They are always those of this machine.
     bool boardChips = false;
+    /// Whether drivers are asked for their wireless links. They are always those of this machine.
+    bool wirelessLinks = false;
 };
 
 /// The first of \a paths that exists; empty when none does.

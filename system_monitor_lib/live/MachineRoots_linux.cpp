@@ -21,5 +21,6 @@ MachineRoots thisMachine()
     roots.nvidiaLibrary = QStringLiteral("libnvidia-ml.so.1");
     roots.run = QStringLiteral("/run");
     roots.boardChips = true;
+    roots.wirelessLinks = true;
     return roots;
 }

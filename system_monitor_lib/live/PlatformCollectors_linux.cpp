@@ -31,7 +31,8 @@ std::vector<std::unique_ptr<Collector>> platformCollectors(const MachineRoots &r
                                                            const MonotonicClock &stopwatch)
 {
     std::vector<std::unique_ptr<Collector>> collectors;
-    collectors.push_back(std::make_unique<WirelessCollector>(roots));
+    collectors.push_back(std::make_unique<WirelessCollector>(
+        roots, roots.wirelessLinks ? wirelessLinks() : nullptr));
     collectors.push_back(std::make_unique<CpuClockCollector>(roots, cpuGroup, stopwatch));
     collectors.push_back(std::make_unique<CpuTemperatureCollector>(roots, cpuGroup));
     collectors.push_back(std::make_unique<RaplCollector>(roots, cpuGroup));

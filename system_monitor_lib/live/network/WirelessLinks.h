@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-/// A wireless adapter of Windows, as the system describes it.
+/// A wireless adapter, as the system describes it.
 struct WirelessLink
 {
     /// The name of the adapter, which its group bears.
@@ -15,11 +15,12 @@ struct WirelessLink
     bool isConnected = false;
     /// Of its signal, if it is connected.
     std::optional<qint32> dbm;
-    /// Of its link; 0 when unknown.
+    /// Of its link, upwards; 0 when unknown.
     quint64 bitsPerSecond = 0;
 };
 
-/// The wireless adapters that Windows knows. The list is empty where its service does not run.
+/// The wireless adapters that the system knows. There are none where Windows' service for them does
+/// not run, or where Linux has no driver that describes them.
 class WirelessLinks
 {
 public:
@@ -30,7 +31,8 @@ public:
     virtual std::vector<WirelessLink> read(qint64 nowNs) = 0;
 };
 
-/// Those of this machine. Their library is loaded when it is first needed.
+/// Those of this machine. The library of Windows and the socket of Linux are opened when they are
+/// first needed.
 std::unique_ptr<WirelessLinks> wirelessLinks();
 
 /// Without what is implausible; nothing is known of an adapter that is not connected.
