@@ -34,7 +34,8 @@ std::vector<QByteArray> GenericNetlink::ask(QByteArray question)
     auto *const header = reinterpret_cast<nlmsghdr *>(question.data());
     header->nlmsg_seq = ++m_number;
     std::vector<QByteArray> messages;
-    int state = mnl_socket_sendto(m_socket, header, header->nlmsg_len) < 0 ? MNL_CB_ERROR : MNL_CB_OK;
+    int state =
+        mnl_socket_sendto(m_socket, header, header->nlmsg_len) < 0 ? MNL_CB_ERROR : MNL_CB_OK;
     std::array<char, longestPiece> piece; // NOLINT(cppcoreguidelines-pro-type-member-init)
     while (state == MNL_CB_OK) {
         const ssize_t size = mnl_socket_recvfrom(m_socket, piece.data(), piece.size());

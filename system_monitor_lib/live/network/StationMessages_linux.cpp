@@ -17,10 +17,10 @@ using Attributes = std::map<quint16, std::string_view>;
 
 int keepAttribute(const nlattr *attribute, void *attributes)
 {
-    static_cast<Attributes *>(attributes)->emplace(
-        mnl_attr_get_type(attribute),
-        std::string_view(static_cast<const char *>(mnl_attr_get_payload(attribute)),
-                         mnl_attr_get_payload_len(attribute)));
+    static_cast<Attributes *>(attributes)
+        ->emplace(mnl_attr_get_type(attribute),
+                  std::string_view(static_cast<const char *>(mnl_attr_get_payload(attribute)),
+                                   mnl_attr_get_payload_len(attribute)));
     return MNL_CB_OK;
 }
 
@@ -138,8 +138,7 @@ std::optional<WirelessStation> stationIn(const QByteArray &answer)
     const std::string_view text = name->second.substr(0, name->second.find('\0'));
     if (text.empty() || text.size() >= IFNAMSIZ)
         return std::nullopt;
-    return WirelessStation{*index,
-                           QString::fromUtf8(text.data(), static_cast<int>(text.size()))};
+    return WirelessStation{*index, QString::fromUtf8(text.data(), static_cast<int>(text.size()))};
 }
 
 QByteArray linksQuestion(quint16 protocol, quint32 adapter)

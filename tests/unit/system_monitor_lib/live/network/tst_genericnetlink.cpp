@@ -1,16 +1,18 @@
 #include "system_monitor_lib/live/network/GenericNetlink.h"
+#include "tests/unit/system_monitor_lib/bytes.h"
 #include "tests/unit/system_monitor_lib/live/network/netlinkmessages.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
+
+#include <linux/genetlink.h>
 
 namespace {
 
 QByteArray familyQuestion(const QByteArray &name)
 {
     return netlinkMessage(GENL_ID_CTRL, CTRL_CMD_GETFAMILY,
-                          attribute(CTRL_ATTR_FAMILY_NAME, name + '\0'),
-                          NLM_F_REQUEST | NLM_F_ACK);
+                          attribute(CTRL_ATTR_FAMILY_NAME, name + '\0'), NLM_F_REQUEST | NLM_F_ACK);
 }
 
 /// The protocol that describes all others, which every kernel has.
@@ -47,8 +49,8 @@ void GenericNetlinkTest::givesTheAnswer()
         const std::vector<QByteArray> answers = m_netlink.ask(familyQuestion(known));
         QCOMPARE(answers.size(), std::size_t{1});
         QVERIFY(answers.front().contains(attribute(CTRL_ATTR_FAMILY_NAME, known + '\0')));
-        QVERIFY(answers.front().contains(
-            attribute(CTRL_ATTR_FAMILY_ID, bytes<quint16>(GENL_ID_CTRL))));
+        QVERIFY(
+            answers.front().contains(attribute(CTRL_ATTR_FAMILY_ID, bytes<quint16>(GENL_ID_CTRL))));
     }
 }
 

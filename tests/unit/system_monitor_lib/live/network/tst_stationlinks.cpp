@@ -1,9 +1,13 @@
 #include "system_monitor_lib/live/network/StationLinks.h"
+#include "tests/unit/system_monitor_lib/bytes.h"
 #include "tests/unit/system_monitor_lib/live/network/netlinkmessages.h"
 
 #include <QtTest>
 
 #include <map>
+
+#include <linux/genetlink.h>
+#include <linux/nl80211.h>
 
 namespace {
 
@@ -88,7 +92,8 @@ void StationLinksTest::describesEachAdapter()
     m_kernel.links[4] = {linkMessage(signalOf(-10))};
     m_kernel.links[7] = {linkMessage(signalOf(-80) + oldRateOf(10))};
     const QStringList expected{QStringLiteral("wlan0 1 -60 866700000"),
-                               QStringLiteral("wlan1 1 -80 1000000"), QStringLiteral("wlan2 0 1 0")};
+                               QStringLiteral("wlan1 1 -80 1000000"),
+                               QStringLiteral("wlan2 0 1 0")};
     QCOMPARE(read(0), expected);
     m_kernel.links[3] = {};
     QCOMPARE(read(second).constFirst(), QStringLiteral("wlan0 0 1 0"));
@@ -96,9 +101,8 @@ void StationLinksTest::describesEachAdapter()
 
 void StationLinksTest::takesTheAccessPointOfSeveral()
 {
-    m_kernel.links[3] = {
-        linkMessage(signalOf(-20) + flagsOf(1U << NL80211_STA_FLAG_TDLS_PEER)),
-        linkMessage(signalOf(-60) + flagsOf(1U << NL80211_STA_FLAG_AUTHORIZED))};
+    m_kernel.links[3] = {linkMessage(signalOf(-20) + flagsOf(1U << NL80211_STA_FLAG_TDLS_PEER)),
+                         linkMessage(signalOf(-60) + flagsOf(1U << NL80211_STA_FLAG_AUTHORIZED))};
     QCOMPARE(read(0), QStringList(QStringLiteral("wlan0 1 -60 0")));
 }
 

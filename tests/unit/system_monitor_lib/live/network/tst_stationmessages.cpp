@@ -1,7 +1,11 @@
 #include "system_monitor_lib/live/network/StationMessages.h"
+#include "tests/unit/system_monitor_lib/bytes.h"
 #include "tests/unit/system_monitor_lib/live/network/netlinkmessages.h"
 
 #include <QtTest>
+
+#include <linux/genetlink.h>
+#include <linux/nl80211.h>
 
 using namespace stationmessages;
 
@@ -22,12 +26,12 @@ private Q_SLOTS:
 
 void StationMessagesTest::asks()
 {
-    QCOMPARE(protocolQuestion(), netlinkMessage(GENL_ID_CTRL, CTRL_CMD_GETFAMILY,
-                                                attribute(CTRL_ATTR_FAMILY_NAME,
-                                                          QByteArray("nl80211\0", 8)),
-                                                NLM_F_REQUEST | NLM_F_ACK));
-    QCOMPARE(adaptersQuestion(28), netlinkMessage(28, NL80211_CMD_GET_INTERFACE, {},
-                                                  NLM_F_REQUEST | NLM_F_DUMP));
+    QCOMPARE(protocolQuestion(),
+             netlinkMessage(GENL_ID_CTRL, CTRL_CMD_GETFAMILY,
+                            attribute(CTRL_ATTR_FAMILY_NAME, QByteArray("nl80211\0", 8)),
+                            NLM_F_REQUEST | NLM_F_ACK));
+    QCOMPARE(adaptersQuestion(28),
+             netlinkMessage(28, NL80211_CMD_GET_INTERFACE, {}, NLM_F_REQUEST | NLM_F_DUMP));
     QCOMPARE(linksQuestion(28, 3),
              netlinkMessage(28, NL80211_CMD_GET_STATION,
                             attribute(NL80211_ATTR_IFINDEX, bytes<quint32>(3)),
@@ -53,8 +57,8 @@ void StationMessagesTest::findsStations_data()
 
     QByteArray station = adapterMessage(3, NL80211_IFTYPE_STATION, {"wlan0\0", 6});
     QTest::newRow("station") << station << QStringLiteral("3 wlan0");
-    QTest::newRow("without an end") << adapterMessage(4, NL80211_IFTYPE_STATION, "wlp1s0")
-                                    << QStringLiteral("4 wlp1s0");
+    QTest::newRow("without an end")
+        << adapterMessage(4, NL80211_IFTYPE_STATION, "wlp1s0") << QStringLiteral("4 wlp1s0");
     QTest::newRow("of a phone") << adapterMessage(5, NL80211_IFTYPE_P2P_CLIENT, {"p2p0\0", 5})
                                 << QStringLiteral("5 p2p0");
     QTest::newRow("access point") << adapterMessage(3, NL80211_IFTYPE_AP, "wlan0") << QString();
@@ -64,11 +68,11 @@ void StationMessagesTest::findsStations_data()
                                 << QString();
     QTest::newRow("too long a name")
         << adapterMessage(3, NL80211_IFTYPE_STATION, QByteArray(16, 'w')) << QString();
-    QTest::newRow("no index") << netlinkMessage(28, NL80211_CMD_NEW_INTERFACE,
-                                                attribute(NL80211_ATTR_IFNAME, "wlan0") +
-                                                    attribute(NL80211_ATTR_IFTYPE,
-                                                              bytes<quint32>(
-                                                                  NL80211_IFTYPE_STATION)))
+    QTest::newRow("no index") << netlinkMessage(
+                                     28, NL80211_CMD_NEW_INTERFACE,
+                                     attribute(NL80211_ATTR_IFNAME, "wlan0") +
+                                         attribute(NL80211_ATTR_IFTYPE,
+                                                   bytes<quint32>(NL80211_IFTYPE_STATION)))
                               << QString();
     QTest::newRow("no kind") << netlinkMessage(28, NL80211_CMD_NEW_INTERFACE,
                                                attribute(NL80211_ATTR_IFINDEX, bytes<quint32>(3)) +
@@ -108,14 +112,15 @@ void StationMessagesTest::findsLinks_data()
     QTest::newRow("without a signal") << linkMessage(rateOf(10)) << QStringLiteral("- 1000000");
     QTest::newRow("signal in percent") << linkMessage(signalOf(15)) << QStringLiteral("- 0");
     QTest::newRow("without anything") << linkMessage({}) << QStringLiteral("- 0");
-    QTest::newRow("access point")
-        << linkMessage(signalOf(-60) + flagsOf(1U << NL80211_STA_FLAG_ASSOCIATED))
-        << QStringLiteral("-60 0");
-    QTest::newRow("neighbour")
-        << linkMessage(signalOf(-60) + flagsOf(1U << NL80211_STA_FLAG_TDLS_PEER)) << QString();
-    QTest::newRow("flags cut")
-        << linkMessage(signalOf(-60) + attribute(NL80211_STA_INFO_STA_FLAGS, bytes<quint32>(0)))
-        << QStringLiteral("-60 0");
+    QTest::newRow("access point") << linkMessage(signalOf(-60) +
+                                                 flagsOf(1U << NL80211_STA_FLAG_ASSOCIATED))
+                                  << QStringLiteral("-60 0");
+    QTest::newRow("neighbour") << linkMessage(signalOf(-60) +
+                                              flagsOf(1U << NL80211_STA_FLAG_TDLS_PEER))
+                               << QString();
+    QTest::newRow("flags cut") << linkMessage(signalOf(-60) + attribute(NL80211_STA_INFO_STA_FLAGS,
+                                                                        bytes<quint32>(0)))
+                               << QStringLiteral("-60 0");
     QTest::newRow("rate cut") << linkMessage(signalOf(-60) +
                                              attribute(NL80211_STA_INFO_TX_BITRATE,
                                                        attribute(NL80211_RATE_INFO_BITRATE32,
