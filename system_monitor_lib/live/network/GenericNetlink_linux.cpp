@@ -28,10 +28,10 @@ GenericNetlink::~GenericNetlink()
 
 std::vector<QByteArray> GenericNetlink::ask(QByteArray question)
 {
-    if (!mnl_nlmsg_ok(reinterpret_cast<const nlmsghdr *>(question.constData()), question.size()) ||
-        !open())
-        return {};
+    const auto length = static_cast<std::size_t>(question.size());
     auto *const header = reinterpret_cast<nlmsghdr *>(question.data());
+    if (length < sizeof *header || header->nlmsg_len != length || !open())
+        return {};
     header->nlmsg_seq = ++m_number;
     std::vector<QByteArray> messages;
     int state =

@@ -16,8 +16,8 @@ QByteArray adapterMessage(quint32 index, quint32 kind, const QByteArray &name);
 /// The answer that describes a link.
 QByteArray linkMessage(const QByteArray &station);
 
-/// What describes a station: its signal, the rate upwards in units of 100 kbit/s, as drivers of today
-/// and of old write it, and its flags.
+/// What describes a station: its signal, the rate upwards in units of 100 kbit/s, as drivers of
+/// today and of old write it, and its flags.
 QByteArray signalOf(qint8 dbm);
 QByteArray rateOf(quint32 units);
 QByteArray oldRateOf(quint16 units);
