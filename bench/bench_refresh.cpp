@@ -13,6 +13,7 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QDir>
 
 #include <benchmark/benchmark.h>
 
@@ -23,6 +24,8 @@
 #include <vector>
 
 #include <cxxabi.h>
+#include <fcntl.h>
+#include <unistd.h>
 
 /// The live refresh of this machine, and the part of each collector.
 namespace {
@@ -73,6 +76,28 @@ void playbackDevices(benchmark::State &state)
         benchmark::DoNotOptimize(readAudio(machineAudio(), 0));
 }
 BENCHMARK(playbackDevices)->Unit(benchmark::kMicrosecond);
+
+/// The least that a refresh can take: the kernel's text of the files without which there is no
+/// load, clock, memory or rate, into nothing.
+void files(benchmark::State &state)
+{
+    std::vector<int> opened;
+    for (const char *const path : {"/proc/stat", "/proc/cpuinfo", "/proc/meminfo"})
+        opened.push_back(open(path, O_RDONLY | O_CLOEXEC));
+    for (const QFileInfo &adapter : QDir(QStringLiteral("/sys/class/net")).entryInfoList()) {
+        for (const char *const counter : {"/statistics/rx_bytes", "/statistics/tx_bytes"})
+            opened.push_back(open((adapter.filePath().toLocal8Bit() + counter).constData(),
+                                  O_RDONLY | O_CLOEXEC));
+    }
+    std::vector<char> text(std::size_t{64} * 1024);
+    for (auto _ : state) {
+        for (const int file : opened)
+            benchmark::DoNotOptimize(pread(file, text.data(), text.size(), 0));
+    }
+    for (const int file : opened)
+        close(file);
+}
+BENCHMARK(files)->Unit(benchmark::kMicrosecond);
 
 void collect(benchmark::State &state, Collector &collector)
 {
