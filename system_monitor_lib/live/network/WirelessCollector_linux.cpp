@@ -1,7 +1,5 @@
 #include "system_monitor_lib/live/network/WirelessCollector.h"
 
-#include "system_monitor_lib/ListedNames.h"
-
 WirelessCollector::WirelessCollector(const MachineRoots &roots,
                                      std::unique_ptr<WirelessLinks> links)
     : m_links(std::move(links))
@@ -14,8 +12,7 @@ bool WirelessCollector::collect(qint64 nowNs, SensorTrees &trees)
     if (m_reading.isDue(nowNs))
         read(nowNs);
     for (const auto &[name, labels] : m_adapters)
-        trees.addGroup(
-            {deviceGroup(QStringLiteral("Network"), name), name, {}, wirelessLabelNames()}, labels);
+        addWirelessGroup(trees, name, labels);
     return !m_adapters.empty();
 }
 

@@ -1,6 +1,6 @@
 #include "system_monitor_lib/live/network/WirelessState.h"
 
-#include "system_monitor_lib/SensorTrees.h"
+#include "system_monitor_lib/ListedNames.h"
 
 #include <algorithm>
 
@@ -35,4 +35,11 @@ QStringList wirelessLabelNames()
 {
     static const QStringList names{signalLabel, levelLabel, rateLabel};
     return names;
+}
+
+void addWirelessGroup(SensorTrees &trees, const QString &adapter, const QJsonObject &labels)
+{
+    trees.addGroup(
+        {deviceGroup(QStringLiteral("Network"), adapter), adapter, {}, wirelessLabelNames()},
+        labels);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "system_monitor_lib/SensorTrees.h"
+
 #include <QJsonObject>
 #include <QStringList>
 
@@ -20,3 +22,6 @@ double signalPercent(double dbm);
 /// "Wireless Signal" (%), "Wireless Signal Level" (dBm) and "Wireless Bit Rate" (Mbit/s).
 QJsonObject wirelessLabels(const WirelessState &state);
 QStringList wirelessLabelNames();
+
+/// Adds \a labels, some of those above, to the adapter's group "Network: ADAPTER".
+void addWirelessGroup(SensorTrees &trees, const QString &adapter, const QJsonObject &labels);

@@ -1,3 +1,4 @@
+#include "system_monitor_lib/live/BinaryAnswer.h"
 #include "system_monitor_lib/live/network/StationLinks.h"
 #include "tests/unit/system_monitor_lib/bytes.h"
 #include "tests/unit/system_monitor_lib/live/network/netlinkmessages.h"
@@ -14,30 +15,21 @@ namespace {
 constexpr qint64 second = 1'000'000'000;
 constexpr quint16 protocol = 28;
 
-/// The number of a type that stands at \a offset.
-template <typename Number>
-Number numberIn(const QByteArray &question, int offset)
-{
-    Number number = 0;
-    memcpy(&number, question.constData() + offset, sizeof number);
-    return number;
-}
-
 /// A kernel with wireless adapters.
 struct Kernel
 {
     std::vector<QByteArray> answer(const QByteArray &question)
     {
         ++questions;
-        const quint16 asked = numberIn<quint16>(question, 4);
+        const auto asked = numberAt<quint16>(question, 4);
         if (asked == GENL_ID_CTRL && hasProtocol)
             return {netlinkMessage(GENL_ID_CTRL, CTRL_CMD_NEWFAMILY,
                                    attribute(CTRL_ATTR_FAMILY_ID, bytes(protocol)))};
         if (asked != protocol)
             return {};
-        if (numberIn<quint8>(question, 16) == NL80211_CMD_GET_INTERFACE)
+        if (numberAt<quint8>(question, 16) == NL80211_CMD_GET_INTERFACE)
             return adapters;
-        return links[numberIn<quint32>(question, 24)];
+        return links[numberAt<quint32>(question, 24).value()];
     }
 
     bool hasProtocol = true;

@@ -1,6 +1,7 @@
 #include "system_monitor_lib/live/network/WirelessCollector.h"
 #include "tests/unit/system_monitor_lib/files.h"
 #include "tests/unit/system_monitor_lib/labels.h"
+#include "tests/unit/system_monitor_lib/live/network/FakeLinks.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -8,20 +9,6 @@
 namespace {
 
 constexpr qint64 second = 1'000'000'000;
-
-class FakeLinks : public WirelessLinks
-{
-public:
-    explicit FakeLinks(std::vector<WirelessLink> &links)
-        : m_links(links)
-    {
-    }
-
-    std::vector<WirelessLink> read(qint64 /*nowNs*/) override { return m_links; }
-
-private:
-    std::vector<WirelessLink> &m_links;
-};
 
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "system_monitor_lib/live/network/WirelessLinksCollector.h"
 #include "tests/unit/system_monitor_lib/labels.h"
+#include "tests/unit/system_monitor_lib/live/network/FakeLinks.h"
 
 #include <QtTest>
 
@@ -9,20 +10,6 @@ namespace {
 
 constexpr qint64 second = 1'000'000'000;
 const QString name = QStringLiteral("WLAN");
-
-class FakeLinks : public WirelessLinks
-{
-public:
-    explicit FakeLinks(std::vector<WirelessLink> &links)
-        : m_links(links)
-    {
-    }
-
-    std::vector<WirelessLink> read(qint64 /*nowNs*/) override { return m_links; }
-
-private:
-    std::vector<WirelessLink> &m_links;
-};
 
 } // namespace
 
