@@ -30,6 +30,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <thread>
 
 using namespace std::chrono_literals;
 
@@ -40,13 +41,14 @@ constexpr std::chrono::milliseconds startUpWait = 1000ms;
 /// The playback device whose volume the volume key shows.
 constexpr int audioDevice = 0;
 
-/// The data sources settle meanwhile; nothing else may run on this thread.
+/// The data sources settle meanwhile; nothing else may run on this thread. Others that want the processor
+/// get it.
 void waitBusily(std::chrono::milliseconds duration)
 {
     QElapsedTimer timer;
     timer.start();
-    while (!timer.hasExpired(duration.count())) {
-    }
+    while (!timer.hasExpired(duration.count()))
+        std::this_thread::yield();
 }
 
 QString currentErrorText()
