@@ -88,12 +88,12 @@ drop_moved_build() {
     rm -rf "$1"
 }
 
-# build PRESET [TARGET...]: configures and builds.
+# build PRESET [TARGET...]: configures, with what $configure_options says beside the preset, and builds.
 build() {
     local preset=$1
     shift
     drop_moved_build "build/$preset"
     echo "Building preset $preset"
-    quietly cmake --preset "$preset" || return
+    quietly cmake --preset "$preset" ${configure_options:+"$configure_options"} || return
     NINJA_STATUS="[%f/%t] " counted "$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
 }

@@ -11,9 +11,9 @@ bool isChinese(const QString &language)
     return language == QLatin1String("zh_CN");
 }
 
-QString networkAction()
+bool isNetworkAction(const QString &uuid)
 {
-    return QStringLiteral("com.quellor.stream.system.NetWork");
+    return uuid == QLatin1String("com.quellor.stream.system.NetWork");
 }
 
 QString twoLineTitle(bool chinese)
@@ -133,7 +133,7 @@ QString newTitle(const QString &uuid, const QString &language)
 QString titleForLines(const QString &uuid, const QString &title, bool twoLines,
                       const QString &language)
 {
-    if (uuid != networkAction())
+    if (!isNetworkAction(uuid))
         return title;
     if (twoLines)
         return title.contains(QLatin1Char('/')) ? title : twoLineTitle(isChinese(language));

@@ -34,7 +34,7 @@ void take(const QJsonObject &object, const char *name, std::optional<double> &nu
         number = value.toDouble();
 }
 
-void take(const QJsonObject &object, const char *name, int &number, int least, int greatest)
+void takeWithin(const QJsonObject &object, const char *name, int &number, int least, int greatest)
 {
     std::optional<double> value;
     take(object, name, value);
@@ -128,7 +128,8 @@ DisplaySettings displayFrom(const QJsonObject &object)
           QStringLiteral("pair")},
          display.style);
     take(object, "shape", {QStringLiteral("wide")}, display.shape);
-    take(object, "size", display.size, DisplaySettings::smallestSize, DisplaySettings::largestSize);
+    takeWithin(object, "size", display.size, DisplaySettings::smallestSize,
+               DisplaySettings::largestSize);
     take(object, "minimum", display.minimum);
     take(object, "maximum", display.maximum);
     take(object, "warning", display.warning);
@@ -138,10 +139,11 @@ DisplaySettings displayFrom(const QJsonObject &object)
     takeColor(object, "warningColor", display.warningColor);
     takeColor(object, "criticalColor", display.criticalColor);
     takeColor(object, "ground", display.ground);
-    take(object, "span", display.span, DisplaySettings::shortestSpan, DisplaySettings::longestSpan);
-    take(object, "average", display.average, 1, DisplaySettings::longestAverage);
+    takeWithin(object, "span", display.span, DisplaySettings::shortestSpan,
+               DisplaySettings::longestSpan);
+    takeWithin(object, "average", display.average, 1, DisplaySettings::longestAverage);
     int decimals = -1;
-    take(object, "decimals", decimals, 0, DisplaySettings::mostDecimals);
+    takeWithin(object, "decimals", decimals, 0, DisplaySettings::mostDecimals);
     if (decimals >= 0)
         display.decimals = decimals;
     take(object, "rates", {QStringLiteral("bits")}, display.rates);

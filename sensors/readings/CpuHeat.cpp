@@ -1,15 +1,9 @@
 #include "sensors/readings/CpuHeat.h"
 
+#include "sensors/readings/Bounds.h"
 #include "sensors/readings/SensorTree.h"
 
 using namespace sensortree;
-
-namespace {
-
-constexpr unsigned highestTemperature = 150;
-constexpr double highestPower = 100000.0;
-
-} // namespace
 
 CpuHeat cpuHeat(const QJsonObject &dtsTree, const QJsonObject &tctlTree,
                 const QJsonObject &enhancedTree)

@@ -1,12 +1,11 @@
 #include "sensors/readings/CpuReadings.h"
 
+#include "sensors/readings/Bounds.h"
 #include "sensors/readings/SensorTree.h"
 
 using namespace sensortree;
 
 namespace {
-
-constexpr unsigned highestClock = 100000;
 
 struct Mean
 {

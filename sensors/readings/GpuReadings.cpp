@@ -1,5 +1,6 @@
 #include "sensors/readings/GpuReadings.h"
 
+#include "sensors/readings/Bounds.h"
 #include "sensors/readings/SensorTree.h"
 
 #include <QStringList>
@@ -12,11 +13,8 @@ using namespace sensortree;
 
 namespace {
 
-constexpr unsigned highestTemperature = 150;
-constexpr unsigned highestClock = 100000;
 constexpr unsigned highestLoad = 100;
 constexpr double highestUsage = 100.0;
-constexpr double highestPower = 100000.0;
 constexpr double unbounded = std::numeric_limits<double>::infinity();
 
 /// Where a metric is found: the labels in order of preference, and the label in the enhanced tree

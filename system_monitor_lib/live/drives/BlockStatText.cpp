@@ -22,7 +22,7 @@ enum Field {
 };
 
 constexpr quint64 bytesPerSector = 512;
-constexpr quint64 nanosecondsPerMillisecond = 1'000'000;
+constexpr quint64 nanosecondsPerMs = 1'000'000;
 constexpr quint64 timesWrapAtMs = quint64{1} << 32U;
 /// Of which products with the constants above do not overflow.
 constexpr quint64 largestNumber = quint64{1} << 43U;
@@ -44,8 +44,8 @@ std::optional<DriveCounters> parseBlockStat(std::string_view text)
     return DriveCounters{fields[SectorsRead] * bytesPerSector,
                          fields[SectorsWritten] * bytesPerSector,
                          fields[Reads] + fields[Writes],
-                         fields[ReadMs] * nanosecondsPerMillisecond,
-                         fields[WriteMs] * nanosecondsPerMillisecond,
-                         fields[BusyMs] * nanosecondsPerMillisecond,
-                         timesWrapAtMs * nanosecondsPerMillisecond};
+                         fields[ReadMs] * nanosecondsPerMs,
+                         fields[WriteMs] * nanosecondsPerMs,
+                         fields[BusyMs] * nanosecondsPerMs,
+                         timesWrapAtMs * nanosecondsPerMs};
 }
