@@ -41,8 +41,8 @@ constexpr std::chrono::milliseconds startUpWait = 1000ms;
 /// The playback device whose volume the volume key shows.
 constexpr int audioDevice = 0;
 
-/// The data sources settle meanwhile; nothing else may run on this thread. Others that want the processor
-/// get it.
+/// The data sources settle meanwhile; nothing else may run on this thread. Others that want the
+/// processor get it.
 void waitBusily(std::chrono::milliseconds duration)
 {
     QElapsedTimer timer;

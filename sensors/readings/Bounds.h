@@ -1,6 +1,7 @@
 #pragma once
 
-// What readings of both processors and graphics cards are held to: a sensor that says more is broken.
+// What readings of both processors and graphics cards are held to: a sensor that says more is
+// broken.
 
 /// Degrees Celsius.
 constexpr unsigned highestTemperature = 150;

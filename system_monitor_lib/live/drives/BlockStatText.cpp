@@ -41,11 +41,9 @@ std::optional<DriveCounters> parseBlockStat(std::string_view text)
             return std::nullopt;
         field = *number;
     }
-    return DriveCounters{fields[SectorsRead] * bytesPerSector,
-                         fields[SectorsWritten] * bytesPerSector,
-                         fields[Reads] + fields[Writes],
-                         fields[ReadMs] * nanosecondsPerMs,
-                         fields[WriteMs] * nanosecondsPerMs,
-                         fields[BusyMs] * nanosecondsPerMs,
-                         timesWrapAtMs * nanosecondsPerMs};
+    return DriveCounters{
+        fields[SectorsRead] * bytesPerSector, fields[SectorsWritten] * bytesPerSector,
+        fields[Reads] + fields[Writes],       fields[ReadMs] * nanosecondsPerMs,
+        fields[WriteMs] * nanosecondsPerMs,   fields[BusyMs] * nanosecondsPerMs,
+        timesWrapAtMs * nanosecondsPerMs};
 }
