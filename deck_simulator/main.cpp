@@ -11,6 +11,7 @@
 #include "deck_simulator/process/FontFiles.h"
 #include "deck_simulator/terminal/HeadlessRun.h"
 #include "deck_simulator/terminal/InterruptWatcher.h"
+#include "deck_simulator/terminal/PlayedProfile.h"
 #include "qt/QtVersions.h"
 
 #include <QApplication>
@@ -94,6 +95,22 @@ ParsedScript readScript(const QString &name)
     return script;
 }
 
+// A deck that is named is played instead.
+bool playsProfile(const SimulatorOptions &options)
+{
+    return !options.profileFile.isEmpty() && options.deckName.isEmpty();
+}
+
+void takeLaunchChoices(const LaunchChoices &launch, const SimulatorOptions &options,
+                       SessionSettings &settings)
+{
+    if (!options.languageGiven)
+        settings.language = launch.language;
+    settings.quoteStripped = launch.quoteStripped;
+    if (!launch.recording.isEmpty())
+        settings.recording = launch.recording;
+}
+
 int runHeadless(const SimulatorOptions &options, int &argc, char *argv[])
 {
     ParsedScript script;
@@ -108,10 +125,21 @@ int runHeadless(const SimulatorOptions &options, int &argc, char *argv[])
     }
     const QGuiApplication application(argc, argv);
     SessionSettings settings = sessionSettings(options);
+    DeckProfile deck = chosenDeck(options, options.columns, settings.fonts);
+    if (playsProfile(options)) {
+        const PlayedProfile profile = readPlayedProfile(options.profileFile);
+        if (!profile.error.isEmpty()) {
+            std::fputs(qPrintable(QStringLiteral("deck_simulator: %1\n").arg(profile.error)),
+                       stderr);
+            return 2;
+        }
+        deck = profile.deck;
+        takeLaunchChoices(profile.launch, options, settings);
+    }
     settings.changesRecording =
         std::any_of(script.steps.begin(), script.steps.end(),
                     [](const ScriptStep &step) { return step.kind == ScriptStep::Kind::Machine; });
-    DeckSession session(settings, chosenDeck(options, options.columns, settings.fonts));
+    DeckSession session(settings, deck);
     HeadlessRun run(options, &session);
     run.setScript(script.steps);
     const InterruptWatcher interrupts;

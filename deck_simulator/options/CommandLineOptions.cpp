@@ -33,7 +33,8 @@ const QCommandLineOption &profileOption()
     static const QCommandLineOption option(
         QStringLiteral("profile"),
         QStringLiteral("The file in which the window keeps its keys and their settings. Default: "
-                       "deck.json in the user's configuration folder."),
+                       "deck.json in the user's configuration folder. In the terminal, the file "
+                       "whose keys are played; it is not written."),
         QStringLiteral("FILE"));
     return option;
 }

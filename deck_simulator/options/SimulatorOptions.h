@@ -23,7 +23,9 @@ struct SimulatorOptions
     /// A run without a window is requested, explicitly or by an option that only makes sense there.
     bool headless = false;
     bool window = false; ///< The window is asked for by name.
-    QString profileFile; ///< The window's profile; empty: the user's own.
+    /// The window's profile; empty: the user's own. Without a window, its keys are the initial
+    /// deck.
+    QString profileFile;
     /// A picture of the window, after which it closes; empty: none.
     QString screenshotFile;
     QString colors;     ///< "light", "dark"; empty: the desktop's.

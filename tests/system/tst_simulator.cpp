@@ -29,6 +29,7 @@ private Q_SLOTS:
     void playsScripts_data();
     void playsScripts();
     void showsEveryKindOfKey();
+    void playsAProfileInTheTerminal();
     void showsTheWindow();
 
 private:
@@ -36,6 +37,7 @@ private:
     {
         return m_folder->filePath(QString::fromLatin1(name));
     }
+    [[nodiscard]] bool writeProfile() const;
     void run(const QStringList &arguments, const TestDisplay *display = nullptr);
 
     // The plugin waits long for one where the simulator's cannot be found.
@@ -53,9 +55,10 @@ QString recording()
     return QStringLiteral(RECORDINGS_FOLDER "/desktop.json");
 }
 
-// The window's profile: two keys on recorded readings.
+// A profile: two keys on the readings of a recorded machine, which is not that of the other tests.
 QByteArray profile()
 {
+    const QString hotMachine = QStringLiteral(RECORDINGS_FOLDER "/machine-hot.json");
     const auto key = [](const QString &action, int column) {
         const QJsonObject parameters{{QStringLiteral("showTitle"), false}};
         return QJsonObject{{QStringLiteral("action"), action},
@@ -65,11 +68,11 @@ QByteArray profile()
                             QJsonObject{{QStringLiteral("titleParameters"), parameters}}}};
     };
     const QJsonObject root{
-        {QStringLiteral("keys"), QJsonArray{key(keyuuid::cpu, 0), key(keyuuid::allData, 1)}},
+        {QStringLiteral("keys"), QJsonArray{key(keyuuid::cpu, 0), key(keyuuid::memory, 1)}},
         {QStringLiteral("grid"), QJsonObject{{QStringLiteral("columns"), 2},
                                              {QStringLiteral("rows"), 1},
                                              {QStringLiteral("dials"), 0}}},
-        {QStringLiteral("plugin"), QJsonObject{{QStringLiteral("recording"), recording()}}}};
+        {QStringLiteral("plugin"), QJsonObject{{QStringLiteral("recording"), hotMachine}}}};
     return QJsonDocument(root).toJson();
 }
 
@@ -204,15 +207,32 @@ void tst_Simulator::showsEveryKindOfKey()
     QVERIFY(sheet.width() > 8 * 144 && sheet.height() > 4 * 144);
 }
 
+void tst_Simulator::playsAProfileInTheTerminal()
+{
+    QVERIFY(writeProfile());
+    run({QStringLiteral("--headless"), QStringLiteral("--profile"), path("deck.json"),
+         QStringLiteral("--snapshot"), path("sheet.png")});
+    const QString table = QString::fromUtf8(m_simulator.readAllStandardOutput());
+    const QMap<QString, QString> expected{{QStringLiteral("CPU usage"), QStringLiteral("98%")},
+                                          {QStringLiteral("Memory load"), QStringLiteral("97%")}};
+    QVERIFY2(titlesIn(table) == expected, qPrintable(table));
+    QFile file(path("deck.json"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), profile());
+}
+
+bool tst_Simulator::writeProfile() const
+{
+    QFile file(path("deck.json"));
+    return file.open(QIODevice::WriteOnly) && file.write(profile()) > 0;
+}
+
 void tst_Simulator::showsTheWindow()
 {
     const TestDisplay display;
     if (!display.isThere())
         QSKIP("There is no display to open a window on (Debian package xvfb)");
-    QFile file(path("deck.json"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(profile());
-    file.close();
+    QVERIFY(writeProfile());
 
     run({QStringLiteral("--profile"), path("deck.json"), QStringLiteral("--screenshot"),
          path("window.png"), QStringLiteral("--colors=light")},

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void failsWithoutAScreenshot();
     void refusesAKeyThatTheDeckLacks();
     void opensADeckByItsName();
+    void refusesToPlayABrokenProfile();
     void warnsOfABrokenRecording();
     void takesEmptyPicturesForEmptyReadings();
     void endsByItself();
@@ -170,6 +171,32 @@ void tst_DeckSimulator::refusesAKeyThatTheDeckLacks()
                  !noise.contains(QLatin1String("propagateSizeHints")) &&
                  !noise.contains(QLatin1String("libpng")),
              qPrintable(noise));
+}
+
+void tst_DeckSimulator::refusesToPlayABrokenProfile()
+{
+    const QStringList arguments{QStringLiteral("--headless"), QStringLiteral("--profile"),
+                                path("deck.json")};
+    run("draw", arguments);
+    QCOMPARE(m_process.exitCode(), 2);
+    QString text = errors();
+    QVERIFY2(text.contains(QLatin1String("deck_simulator: There is no profile ")),
+             qPrintable(text));
+
+    QFile file(path("deck.json"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("{");
+    file.close();
+    run("draw", arguments);
+    QCOMPARE(m_process.exitCode(), 2);
+    text = errors();
+    QVERIFY2(text.contains(QLatin1String("is broken")), qPrintable(text));
+    QVERIFY(QFile::exists(path("deck.json")));
+    // A deck that is named is played instead.
+    run("draw", arguments + QStringList{QStringLiteral("--deck=readings"),
+                                        QStringLiteral("--seconds=0.5")});
+    text = errors();
+    QVERIFY2(m_process.exitCode() == 0, qPrintable(text));
 }
 
 void tst_DeckSimulator::opensADeckByItsName()
