@@ -46,7 +46,8 @@ DeckProfile deckOf(const StoredProfile &profile)
 PlayedProfile readPlayedProfile(const QString &file)
 {
     if (!QFileInfo::exists(file))
-        return {{}, {}, QStringLiteral("There is no profile %1.").arg(QDir::toNativeSeparators(file))};
+        return {
+            {}, {}, QStringLiteral("There is no profile %1.").arg(QDir::toNativeSeparators(file))};
     ProfileStore store(file, ProfileStore::Access::ReadOnly);
     const StoredProfile profile = store.load();
     return {deckOf(profile), profile.launch, store.message()};

@@ -82,8 +82,9 @@ void tst_PlayedProfile::hasTheKeysRowByRow()
     QCOMPARE(contexts.size(), 4);
     QVERIFY(profile.deck.keys.at(2).place() == DeckPlace({1, 1, false}));
     const QJsonObject settings = profile.deck.keys.first().settings();
-    QCOMPARE(settings.value(QLatin1String("titleParameters")).toObject().value(QLatin1String("text")),
-             QJsonValue(QStringLiteral("Title")));
+    QCOMPARE(
+        settings.value(QLatin1String("titleParameters")).toObject().value(QLatin1String("text")),
+        QJsonValue(QStringLiteral("Title")));
 }
 
 void tst_PlayedProfile::tellsKeysAndDialsTheirScreens()
@@ -98,7 +99,8 @@ void tst_PlayedProfile::hasTheLaunchChoices()
 {
     write(severalKeys);
     const PlayedProfile profile = readPlayedProfile(file());
-    QVERIFY(profile.launch == LaunchChoices({QStringLiteral("zh_CN"), true, QStringLiteral("r.json")}));
+    QVERIFY(profile.launch ==
+            LaunchChoices({QStringLiteral("zh_CN"), true, QStringLiteral("r.json")}));
 }
 
 void tst_PlayedProfile::reportsWhatCannotBePlayed_data()
@@ -107,9 +109,8 @@ void tst_PlayedProfile::reportsWhatCannotBePlayed_data()
     QTest::addColumn<QString>("reason");
     QTest::newRow("nothing") << QByteArray() << QStringLiteral("is broken: ");
     QTest::newRow("no JSON") << QByteArray("deck") << QStringLiteral("is broken: ");
-    QTest::newRow("a key without an action")
-        << QByteArray(R"({"keys": [{"column": 0, "row": 0}]})")
-        << QStringLiteral("key 1 has no action or no place");
+    QTest::newRow("a key without an action") << QByteArray(R"({"keys": [{"column": 0, "row": 0}]})")
+                                             << QStringLiteral("key 1 has no action or no place");
     QTest::newRow("no file") << QByteArray("missing") << QStringLiteral("There is no profile");
 }
 
