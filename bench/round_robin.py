@@ -111,7 +111,7 @@ def goals(figures):
          1 / 40),
         ('A second beside the pass of the loop', middle['cpu'], middle['pass32'] / 1000, 'ms',
          ratio['second'], 1.6),
-        ('Refresh beside psutil', middle['refresh'], middle['psutil'], 'µs', ratio['psutil'], 1 / 10),
+        ('Refresh beside psutil', middle['refresh'], middle['psutil'], 'µs', ratio['psutil'], 1 / 6),
         ('Resident memory beside Node', middle['memory'] / 1024, middle['node_memory'] / 1024, 'MiB',
          middle['memory'] / middle['node_memory'], 1 / 3),
         ('Bytes per key beside plain Qt', middle['bytes'], middle['plain_bytes'], 'B',
