@@ -77,6 +77,18 @@ ParsedOptions readCommandLine(int argc, char *argv[])
     return parseOptions(QCoreApplication::arguments(), defaultPlugin());
 }
 
+void complain(const QString &text)
+{
+    std::fputs(qPrintable(QStringLiteral("deck_simulator: %1\n").arg(text)), stderr);
+}
+
+// The exit status of wrong usage.
+int refuse(const QString &reason)
+{
+    complain(reason);
+    return 2;
+}
+
 constexpr qint64 longestScript = 1 << 20; // bytes
 
 ParsedScript readScript(const QString &name)
@@ -116,23 +128,16 @@ int runHeadless(const SimulatorOptions &options, int &argc, char *argv[])
     ParsedScript script;
     if (!options.scriptFile.isEmpty())
         script = readScript(options.scriptFile);
-    if (!script.error.isEmpty()) {
-        std::fputs(
-            qPrintable(QStringLiteral("deck_simulator: The script %1 cannot be played:\n%2\n")
-                           .arg(options.scriptFile, script.error)),
-            stderr);
-        return 2;
-    }
+    if (!script.error.isEmpty())
+        return refuse(QStringLiteral("The script %1 cannot be played:\n%2")
+                          .arg(options.scriptFile, script.error));
     const QGuiApplication application(argc, argv);
     SessionSettings settings = sessionSettings(options);
     DeckProfile deck = chosenDeck(options, options.columns, settings.fonts);
     if (playsProfile(options)) {
         const PlayedProfile profile = readPlayedProfile(options.profileFile);
-        if (!profile.error.isEmpty()) {
-            std::fputs(qPrintable(QStringLiteral("deck_simulator: %1\n").arg(profile.error)),
-                       stderr);
-            return 2;
-        }
+        if (!profile.error.isEmpty())
+            return refuse(profile.error);
         deck = profile.deck;
         takeLaunchChoices(profile.launch, options, settings);
     }
@@ -169,21 +174,18 @@ void chooseDeck(const SimulatorOptions &options, WindowSettings &settings)
 
 int refuseDeck(const QString &name)
 {
-    std::fputs(qPrintable(QStringLiteral("deck_simulator: The deck \"%1\" needs the window, and no "
-                                         "display can be seen. Use --window to open it anyway.\n")
-                              .arg(name)),
-               stderr);
-    return 2;
+    return refuse(
+        QStringLiteral("The deck \"%1\" needs the window, and no display can be seen. Use "
+                       "--window to open it anyway.")
+            .arg(name));
 }
 
 int refuseKey(const QSize &grid)
 {
-    std::fputs(qPrintable(QStringLiteral("deck_simulator: --select names no key of the deck, which "
-                                         "has %1 columns and %2 rows.\n")
-                              .arg(grid.width())
-                              .arg(grid.height())),
-               stderr);
-    return 2;
+    return refuse(QStringLiteral("--select names no key of the deck, which has %1 columns and %2 "
+                                 "rows.")
+                      .arg(grid.width())
+                      .arg(grid.height()));
 }
 
 int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
@@ -217,7 +219,7 @@ int runWindow(const SimulatorOptions &options, int &argc, char *argv[])
     const int status = QApplication::exec();
     if (window.failure().isEmpty())
         return status;
-    std::fputs(qPrintable(QStringLiteral("deck_simulator: %1\n").arg(window.failure())), stderr);
+    complain(window.failure());
     return 1;
 }
 

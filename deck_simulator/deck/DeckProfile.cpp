@@ -1,6 +1,7 @@
 #include "deck_simulator/deck/DeckProfile.h"
 
 #include "deck_simulator/deck/ActionList.h"
+#include "deck_simulator/deck/DeckModel.h"
 #include "deck_simulator/deck/EntrySettings.h"
 
 namespace deck {
@@ -128,6 +129,26 @@ QString contextOf(QVector<DeckKey>::size_type index)
 }
 
 } // namespace
+
+DeckKey keyOf(const DeckEntry &entry)
+{
+    DeckKey key(actionCaption(entry.action), entry.action, entry.context,
+                settingsMessage(entry.settings, screenPixels(entry.place.dial)));
+    key.setPlace(entry.place);
+    return key;
+}
+
+DeckProfile deckOf(const DeckModel &model)
+{
+    DeckProfile deck;
+    deck.name = QStringLiteral("Simulated deck");
+    deck.grid = model.grid();
+    for (const DeckEntry &entry : model.entries()) {
+        if (model.contains(entry.place))
+            deck.keys.append(keyOf(entry));
+    }
+    return deck;
+}
 
 QJsonObject keySettings(const QString &title, const QString &titleLines)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "deck_simulator/deck/DeckEntry.h"
 #include "deck_simulator/deck/DeckKey.h"
 
 #include <QJsonObject>
@@ -9,6 +10,8 @@
 #include <QVector>
 
 namespace deck {
+
+class DeckModel;
 
 /// Width and height of a key in pixels, as the host sends them to the plugin.
 constexpr int deckKeyPixels = 144;
@@ -27,6 +30,12 @@ struct DeckProfile
     QSize grid;
     QVector<DeckKey> keys;
 };
+
+/// The key of an entry before the plugin has drawn anything on it.
+DeckKey keyOf(const DeckEntry &entry);
+
+/// The keys of a model that lie on its deck, in the model's order.
+DeckProfile deckOf(const DeckModel &model);
 
 /// Complete settings of a key with the title \a title; \a titleLines is "单行显示" or "双行显示".
 QJsonObject keySettings(const QString &title, const QString &titleLines);

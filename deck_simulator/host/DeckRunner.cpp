@@ -1,6 +1,6 @@
 #include "deck_simulator/host/DeckRunner.h"
 
-#include "deck_simulator/deck/ActionList.h"
+#include "deck_simulator/deck/DeckProfile.h"
 
 namespace deck {
 
@@ -35,7 +35,7 @@ void DeckRunner::start()
     settings.language = m_launch.language;
     settings.quoteStripped = m_launch.quoteStripped;
     settings.recording = m_launch.recording;
-    m_session = new DeckSession(settings, deck(), this);
+    m_session = new DeckSession(settings, deckOf(*m_model), this);
     connect(m_session, &DeckSession::keysAppeared, this, &DeckRunner::onRegistered);
     connect(m_session, &DeckSession::ended, this, &DeckRunner::onSessionEnded);
     connect(m_session, &DeckSession::notice, this, &DeckRunner::notice);
@@ -157,25 +157,6 @@ QJsonObject DeckRunner::message(const DeckEntry &entry) const
     return settingsMessage(entry.settings, fills ? screen : shown->pictureSize());
 }
 
-DeckKey DeckRunner::makeKey(const DeckEntry &entry) const
-{
-    DeckKey key(actionCaption(entry.action), entry.action, entry.context, message(entry));
-    key.setPlace(entry.place);
-    return key;
-}
-
-DeckProfile DeckRunner::deck() const
-{
-    DeckProfile deck;
-    deck.name = QStringLiteral("Simulated deck");
-    deck.grid = m_model->grid();
-    for (const DeckEntry &entry : m_model->entries()) {
-        if (m_model->contains(entry.place))
-            deck.keys.append(makeKey(entry));
-    }
-    return deck;
-}
-
 void DeckRunner::onRegistered()
 {
     m_awaitedReplies.clear();
@@ -219,7 +200,7 @@ void DeckRunner::putOnNew()
     for (const DeckEntry &entry : m_model->entries()) {
         if (!m_model->contains(entry.place) || key(entry.context) != nullptr)
             continue;
-        m_session->host().putKey(makeKey(entry));
+        m_session->host().putKey(keyOf(entry));
         m_awaitedReplies.insert(entry.context, 1);
         m_unfitted.insert(entry.context, 0);
     }

@@ -77,8 +77,6 @@ Q_SIGNALS:
     void notice(const QString &text);
 
 private:
-    [[nodiscard]] DeckProfile deck() const;
-    [[nodiscard]] DeckKey makeKey(const DeckEntry &entry) const;
     [[nodiscard]] QJsonObject message(const DeckEntry &entry) const;
     void onRegistered();
     void onLayoutChanged();

@@ -1,6 +1,5 @@
 #include "deck_simulator/terminal/PlayedProfile.h"
 
-#include "deck_simulator/deck/ActionList.h"
 #include "deck_simulator/deck/ProfileStore.h"
 
 #include <QDir>
@@ -21,24 +20,12 @@ bool comesFirst(const DeckEntry &left, const DeckEntry &right)
     return order(left.place) < order(right.place);
 }
 
-DeckProfile deckOf(const StoredProfile &profile)
+DeckProfile playedDeck(StoredProfile profile)
 {
+    std::stable_sort(profile.entries.begin(), profile.entries.end(), comesFirst);
     DeckModel model;
     model.restore(profile.grid, profile.dials, profile.entries);
-    QVector<DeckEntry> entries = model.entries();
-    std::sort(entries.begin(), entries.end(), comesFirst);
-    DeckProfile deck;
-    deck.name = QStringLiteral("Simulated deck");
-    deck.grid = model.grid();
-    for (const DeckEntry &entry : qAsConst(entries)) {
-        if (!model.contains(entry.place))
-            continue;
-        DeckKey key(actionCaption(entry.action), entry.action, entry.context,
-                    settingsMessage(entry.settings, screenPixels(entry.place.dial)));
-        key.setPlace(entry.place);
-        deck.keys.append(key);
-    }
-    return deck;
+    return deckOf(model);
 }
 
 } // namespace
@@ -50,7 +37,7 @@ PlayedProfile readPlayedProfile(const QString &file)
             {}, {}, QStringLiteral("There is no profile %1.").arg(QDir::toNativeSeparators(file))};
     ProfileStore store(file, ProfileStore::Access::ReadOnly);
     const StoredProfile profile = store.load();
-    return {deckOf(profile), profile.launch, store.message()};
+    return {playedDeck(profile), profile.launch, store.message()};
 }
 
 } // namespace deck
