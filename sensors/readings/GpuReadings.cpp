@@ -5,7 +5,6 @@
 
 #include <QStringList>
 
-#include <initializer_list>
 #include <limits>
 #include <optional>
 
@@ -18,44 +17,60 @@ constexpr double highestUsage = 100.0;
 constexpr double unbounded = std::numeric_limits<double>::infinity();
 
 /// Where a metric is found: the labels in order of preference, and the label in the enhanced tree
-/// (null: none).
+/// (empty: none).
 struct Chain
 {
-    std::initializer_list<const char *> labels;
-    const char *enhancedLabel = nullptr;
-    const char *defaultUnits = "";
+    QStringList labels;
+    QString enhancedLabel;
+    QString defaultUnits;
 };
 
-const Chain temperatureChain{{"GPU Temperature", "GPU TS0 (DispIO)", "GPU Core Temperature",
-                              "GPU Global Temperature", "GPU Memory Temperature"},
-                             "CPU Package",
-                             "°C"};
-const Chain clockChain{{"GPU Clock"}, "GPU Clock", "MHz"};
-const Chain loadChain{{"GPU Core Load", "GPU D3D Usage"}, "GPU D3D Usage", "%"};
-const Chain memoryClockChain{{"GPU Memory Clock"}, "Imaging Unit (IMGU) Clock", "MHz"};
-const Chain memoryUsageChain{{"GPU Memory Usage"}, nullptr, "%"};
-const Chain memoryAllocatedChain{{"GPU Memory Allocated"}, "GPU D3D Memory Dynamic", "MB"};
-const Chain powerChain{
-    {"GPU Power (Total)", "GPU ASIC Power", "GPU Power", "Total GPU Power"}, "GT Cores Power", "W"};
-const Chain voltageChain{{"GPU Core Voltage", "GPU Core Voltage (VDDCR_GFX)"}, "iGPU VID", "V"};
+const Chain temperatureChain{{QStringLiteral("GPU Temperature"), QStringLiteral("GPU TS0 (DispIO)"),
+                              QStringLiteral("GPU Core Temperature"),
+                              QStringLiteral("GPU Global Temperature"),
+                              QStringLiteral("GPU Memory Temperature")},
+                             QStringLiteral("CPU Package"),
+                             QStringLiteral("°C")};
+const Chain clockChain{
+    {QStringLiteral("GPU Clock")}, QStringLiteral("GPU Clock"), QStringLiteral("MHz")};
+const Chain loadChain{{QStringLiteral("GPU Core Load"), QStringLiteral("GPU D3D Usage")},
+                      QStringLiteral("GPU D3D Usage"),
+                      QStringLiteral("%")};
+const Chain memoryClockChain{{QStringLiteral("GPU Memory Clock")},
+                             QStringLiteral("Imaging Unit (IMGU) Clock"),
+                             QStringLiteral("MHz")};
+const Chain memoryUsageChain{{QStringLiteral("GPU Memory Usage")}, QString(), QStringLiteral("%")};
+const Chain memoryAllocatedChain{{QStringLiteral("GPU Memory Allocated")},
+                                 QStringLiteral("GPU D3D Memory Dynamic"),
+                                 QStringLiteral("MB")};
+const Chain powerChain{{QStringLiteral("GPU Power (Total)"), QStringLiteral("GPU ASIC Power"),
+                        QStringLiteral("GPU Power"), QStringLiteral("Total GPU Power")},
+                       QStringLiteral("GT Cores Power"),
+                       QStringLiteral("W")};
+const Chain voltageChain{
+    {QStringLiteral("GPU Core Voltage"), QStringLiteral("GPU Core Voltage (VDDCR_GFX)")},
+    QStringLiteral("iGPU VID"),
+    QStringLiteral("V")};
+const QStringList memorySizeLabels{QStringLiteral("GPU Memory Available"),
+                                   QStringLiteral("GPU Memory Total"),
+                                   QStringLiteral("GPU D3D Memory Dedicated")};
 
 /// Of the first label that \a gpuTree has, if any.
 std::optional<Reading<double>> ownReading(const Chain &chain, const QJsonObject &gpuTree)
 {
-    for (const char *const label : chain.labels) {
-        if (const auto key = findLabel(gpuTree, QString::fromUtf8(label)))
-            return numberOf(firstReading(gpuTree.value(*key)),
-                            QString::fromUtf8(chain.defaultUnits));
+    for (const QString &label : chain.labels) {
+        if (const auto key = findLabel(gpuTree, label))
+            return numberOf(firstReading(gpuTree.value(*key)), chain.defaultUnits);
     }
     return std::nullopt;
 }
 
 Reading<double> enhancedReading(const Chain &chain, const QJsonObject &enhancedTree)
 {
-    const QJsonObject reading =
-        chain.enhancedLabel ? readingOf(enhancedTree, QString::fromUtf8(chain.enhancedLabel))
-                            : QJsonObject();
-    return numberOf(reading, QString::fromUtf8(chain.defaultUnits));
+    const QJsonObject reading = chain.enhancedLabel.isEmpty()
+                                    ? QJsonObject()
+                                    : readingOf(enhancedTree, chain.enhancedLabel);
+    return numberOf(reading, chain.defaultUnits);
 }
 
 Reading<double> temperatureReading(const QJsonObject &gpuTree, const QJsonObject &enhancedTree)
@@ -69,9 +84,8 @@ Reading<double> temperatureReading(const QJsonObject &gpuTree, const QJsonObject
 
 double memorySize(const QJsonObject &gpuTree)
 {
-    for (const char *const label :
-         {"GPU Memory Available", "GPU Memory Total", "GPU D3D Memory Dedicated"}) {
-        if (const auto key = findLabel(gpuTree, QString::fromUtf8(label)))
+    for (const QString &label : memorySizeLabels) {
+        if (const auto key = findLabel(gpuTree, label))
             return valueOf(firstReading(gpuTree.value(*key)));
     }
     return 0.0;

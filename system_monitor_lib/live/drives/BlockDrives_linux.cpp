@@ -3,8 +3,9 @@
 #include "system_monitor_lib/live/drives/BlockStatText.h"
 #include "system_monitor_lib/live/files/Attribute.h"
 #include "system_monitor_lib/live/files/DeviceOrder.h"
+#include "system_monitor_lib/live/files/FolderNames.h"
 
-#include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -79,9 +80,7 @@ void BlockDrives::look()
 {
     constexpr std::size_t longestStat = 512;
     std::vector<BlockDrive> drives;
-    // All entries, because they are not asked what they are.
-    for (const QString &name :
-         QDir(m_root).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)) {
+    for (const QString &name : folderNames(m_root)) {
         if (isDrive(name))
             drives.push_back(find(name));
     }

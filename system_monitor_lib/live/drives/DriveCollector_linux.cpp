@@ -3,10 +3,11 @@
 #include "system_monitor_lib/live/DistinctName.h"
 #include "system_monitor_lib/live/drives/DriveTree.h"
 #include "system_monitor_lib/live/files/DeviceOrder.h"
+#include "system_monitor_lib/live/files/FolderNames.h"
 #include "system_monitor_lib/live/files/HwmonChip.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
 
-#include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -15,9 +16,9 @@ namespace {
 /// The folder of the block device below a SCSI device; empty when there is none.
 QString blockDevice(const QString &device)
 {
-    const QDir blocks(device + QStringLiteral("/block"));
-    const QStringList names = blocks.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    return names.isEmpty() ? QString() : blocks.filePath(names.first());
+    const QString blocks = device + QStringLiteral("/block/");
+    const QStringList names = folderNames(blocks);
+    return names.isEmpty() ? QString() : blocks + names.first();
 }
 
 bool isNvme(const HwmonChip &chip)
@@ -35,10 +36,9 @@ bool isDrive(const HwmonChip &chip)
 QString driveFolder(const HwmonChip &chip)
 {
     const QString device = chip.directory + QStringLiteral("/device");
-    const QDir drives(device + QStringLiteral("/nvme"));
-    const QStringList names =
-        isNvme(chip) ? drives.entryList(QDir::Dirs | QDir::NoDotAndDotDot) : QStringList();
-    return names.isEmpty() ? device : drives.filePath(names.first());
+    const QString drives = device + QStringLiteral("/nvme/");
+    const QStringList names = isNvme(chip) ? folderNames(drives) : QStringList();
+    return names.isEmpty() ? device : drives + names.first();
 }
 
 /// The name of the folder, one above for NVMe, whose own number differs between boots.

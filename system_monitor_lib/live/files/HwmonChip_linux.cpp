@@ -1,8 +1,9 @@
 #include "system_monitor_lib/live/files/HwmonChip.h"
 
 #include "system_monitor_lib/live/files/Attribute.h"
+#include "system_monitor_lib/live/files/FolderNames.h"
 
-#include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 namespace {
@@ -12,13 +13,13 @@ template <typename Predicate>
 QStringList inputsOf(const HwmonChip &chip, const Predicate &isMeant)
 {
     QStringList inputs;
-    const QDir directory(chip.directory);
-    for (const QString &name : directory.entryList(QDir::Files, QDir::Name)) {
+    const QString folder = chip.directory + QLatin1Char('/');
+    for (const QString &name : folderNames(folder)) {
         if (!name.startsWith(QLatin1String("temp")) || !name.endsWith(QLatin1String("_label")) ||
-            !isMeant(attributeWord(directory.filePath(name))))
+            !isMeant(attributeWord(folder + name)))
             continue;
         const QString sensor = name.left(name.indexOf(QLatin1Char('_')));
-        inputs += directory.filePath(sensor + QStringLiteral("_input"));
+        inputs += folder + sensor + QStringLiteral("_input");
     }
     return inputs;
 }
@@ -27,10 +28,10 @@ QStringList inputsOf(const HwmonChip &chip, const Predicate &isMeant)
 
 std::vector<HwmonChip> hwmonChips(const MachineRoots &roots)
 {
-    const QDir root(roots.sys + QStringLiteral("/class/hwmon"));
+    const QString root = roots.sys + QStringLiteral("/class/hwmon/");
     std::vector<HwmonChip> chips;
-    for (const QFileInfo &entry : root.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        const QString directory = entry.canonicalFilePath();
+    for (const QString &entry : folderNames(root)) {
+        const QString directory = QFileInfo(root + entry).canonicalFilePath();
         const QString name = attributeWord(directory + QStringLiteral("/name"));
         if (!directory.isEmpty() && !name.isEmpty())
             chips.push_back({name, directory});

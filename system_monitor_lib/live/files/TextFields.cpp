@@ -4,7 +4,10 @@
 
 namespace {
 
-constexpr std::string_view blanks = " \t";
+bool isBlank(char character)
+{
+    return character == ' ' || character == '\t';
+}
 
 } // namespace
 
@@ -21,21 +24,21 @@ std::optional<std::string_view> takeLine(std::string_view &text)
 std::optional<quint64> takeNumber(std::string_view &line)
 {
     line = trimmed(line);
-    const std::size_t length = line.find_first_of(blanks);
-    const std::string_view field = line.substr(0, length);
-    const char *const end = field.data() + field.size();
+    const char *const end = line.data() + line.size();
     quint64 number = 0;
-    const auto [stop, error] = std::from_chars(field.data(), end, number);
-    if (error != std::errc() || stop != end || number > largestPlausibleNumber)
+    const auto [stop, error] = std::from_chars(line.data(), end, number);
+    const bool isWhole = stop == end || isBlank(*stop);
+    if (error != std::errc() || !isWhole || number > largestPlausibleNumber)
         return std::nullopt;
-    line.remove_prefix(field.size());
+    line.remove_prefix(static_cast<std::size_t>(stop - line.data()));
     return number;
 }
 
 std::string_view trimmed(std::string_view text)
 {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
 }

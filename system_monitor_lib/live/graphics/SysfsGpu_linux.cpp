@@ -1,6 +1,7 @@
 #include "system_monitor_lib/live/graphics/SysfsGpu.h"
 
 #include "system_monitor_lib/SensorTrees.h"
+#include "system_monitor_lib/live/files/FolderNames.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
 #include "system_monitor_lib/live/graphics/AmdNames.h"
 #include "system_monitor_lib/live/graphics/GraphicsDetails.h"
@@ -8,7 +9,7 @@
 #include "system_monitor_lib/live/graphics/PciNames.h"
 #include "system_monitor_lib/live/graphics/SysfsGpuTable.h"
 
-#include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -22,10 +23,10 @@ const QString loadLabel = QStringLiteral("GPU Core Load");
 QString uncoreZone(const MachineRoots &roots)
 {
     QStringList zones;
-    const QDir root(roots.sys + QStringLiteral("/class/powercap"));
-    for (const QFileInfo &entry : root.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        const QString directory = entry.canonicalFilePath();
-        if (!entry.fileName().startsWith(QLatin1String("intel-rapl-mmio")) &&
+    const QString root = roots.sys + QStringLiteral("/class/powercap/");
+    for (const QString &name : folderNames(root)) {
+        const QString directory = QFileInfo(root + name).canonicalFilePath();
+        if (!name.startsWith(QLatin1String("intel-rapl-mmio")) &&
             attributeWord(directory + QStringLiteral("/name")) == QLatin1String("uncore"))
             zones += directory;
     }
@@ -34,10 +35,9 @@ QString uncoreZone(const MachineRoots &roots)
 
 QString hwmonOf(const QString &card)
 {
-    const QDir chips(card + QStringLiteral("/device/hwmon"));
-    const QStringList names =
-        chips.entryList({QStringLiteral("hwmon*")}, QDir::Dirs | QDir::NoDotAndDotDot);
-    return names.isEmpty() ? QString() : chips.filePath(names.first());
+    const QString chips = card + QStringLiteral("/device/hwmon/");
+    const QStringList names = folderNames(chips).filter(QStringLiteral("hwmon"));
+    return names.isEmpty() ? QString() : chips + names.first();
 }
 
 /// Its retail name, or a name made from its number.

@@ -1,9 +1,10 @@
 #include "system_monitor_lib/live/graphics/SysfsGpus.h"
 
+#include "system_monitor_lib/live/files/FolderNames.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
 #include "system_monitor_lib/live/graphics/SysfsGpu.h"
 
-#include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -21,11 +22,11 @@ void SysfsGpus::look()
     static const QRegularExpression isCard(QStringLiteral("^card\\d+$"));
     constexpr std::size_t longestUevent = 4096;
     std::vector<std::unique_ptr<SysfsGpu>> gpus;
-    const QDir root(m_roots.sys + QStringLiteral("/class/drm"));
-    for (const QFileInfo &entry : root.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        if (!isCard.match(entry.fileName()).hasMatch())
+    const QString root = m_roots.sys + QStringLiteral("/class/drm/");
+    for (const QString &name : folderNames(root)) {
+        if (!isCard.match(name).hasMatch())
             continue;
-        const QString card = entry.canonicalFilePath();
+        const QString card = QFileInfo(root + name).canonicalFilePath();
         PolledFile uevent(card + QStringLiteral("/device/uevent"), longestUevent);
         const QString driver = parseUevent(uevent.read(), "DRIVER");
         if (!SysfsGpu::isKnown(driver))

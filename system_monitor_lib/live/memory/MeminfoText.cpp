@@ -47,11 +47,16 @@ void takeOver(std::string_view line, Lines &lines)
     }
 }
 
-Lines allLines(std::string_view text)
+/// All lines up to the one after which \a isEnough.
+template <typename Predicate>
+Lines linesOf(std::string_view text, const Predicate &isEnough)
 {
     Lines lines;
-    while (const std::optional<std::string_view> line = takeLine(text))
+    while (const std::optional<std::string_view> line = takeLine(text)) {
         takeOver(*line, lines);
+        if (isEnough(lines))
+            break;
+    }
     return lines;
 }
 
@@ -59,7 +64,8 @@ Lines allLines(std::string_view text)
 
 std::optional<MemoryState> parseMeminfo(std::string_view text)
 {
-    Lines lines = allLines(text);
+    // They are among the first lines.
+    Lines lines = linesOf(text, [](const Lines &found) { return found.total && found.available; });
     if (!lines.available && lines.free && lines.buffers && lines.cached)
         lines.available = *lines.free + *lines.buffers + *lines.cached;
     if (!lines.total || !lines.available || *lines.total == 0 || *lines.available > *lines.total)
@@ -69,7 +75,7 @@ std::optional<MemoryState> parseMeminfo(std::string_view text)
 
 MemoryDetails parseMeminfoDetails(std::string_view text)
 {
-    const Lines lines = allLines(text);
+    const Lines lines = linesOf(text, [](const Lines &) { return false; });
     MemoryDetails details;
     details.cached = lines.cached;
     details.dirty = lines.dirty;

@@ -2,10 +2,9 @@
 
 #include "system_monitor_lib/live/Pace.h"
 #include "system_monitor_lib/live/files/Attribute.h"
+#include "system_monitor_lib/live/files/FolderNames.h"
 #include "system_monitor_lib/live/memory/ArcText.h"
 #include "system_monitor_lib/live/memory/MeminfoText.h"
-
-#include <QDir>
 
 #include <algorithm>
 #include <vector>
@@ -52,11 +51,7 @@ private:
     void look()
     {
         m_hasZswap = m_zswap.word() == QLatin1String("Y");
-        // Most machines have none, and this costs less than a listing.
-        QStringList names =
-            QFileInfo::exists(m_blocks + QStringLiteral("zram0"))
-                ? QDir(m_blocks).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
-                : QStringList();
+        QStringList names = folderNames(m_blocks);
         const auto isUnused = [this](const QString &name) {
             return !name.startsWith(QLatin1String("zram")) ||
                    attributeWord(m_blocks + name + QStringLiteral("/initstate")) ==

@@ -2,6 +2,7 @@
 
 #include "system_monitor_lib/live/files/Attribute.h"
 #include "system_monitor_lib/live/files/DeviceOrder.h"
+#include "system_monitor_lib/live/files/Directory.h"
 #include "system_monitor_lib/live/files/PolledFile.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
 #include "system_monitor_lib/live/network/AdapterKind.h"
@@ -14,18 +15,10 @@
 #include <string>
 #include <unordered_map>
 
-#include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
-
-struct DirectoryCloser
-{
-    void operator()(DIR *directory) const { ::closedir(directory); }
-};
-
-using Directory = std::unique_ptr<DIR, DirectoryCloser>;
 
 /// False when the directory was removed; another one may have its name by now.
 bool isInPlace(DIR &directory)

@@ -1,9 +1,8 @@
 #include "system_monitor_lib/live/power/PowerCollector.h"
 
 #include "system_monitor_lib/live/files/Attribute.h"
+#include "system_monitor_lib/live/files/FolderNames.h"
 #include "system_monitor_lib/live/files/PolledFile.h"
-
-#include <QDir>
 
 PowerCollector::PowerCollector(const MachineRoots &roots)
     : m_root(roots.sys + QStringLiteral("/class/power_supply"))
@@ -14,8 +13,7 @@ void PowerCollector::read()
 {
     std::optional<bool> isPluggedIn;
     m_batteries.clear();
-    for (const QString &name :
-         QDir(m_root).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
+    for (const QString &name : folderNames(m_root)) {
         const QString folder = QStringLiteral("%1/%2").arg(m_root, name);
         // The uevent file of a mouse would be asked of the mouse itself.
         if (attributeWord(folder + QStringLiteral("/scope")) == QLatin1String("Device"))

@@ -11,7 +11,7 @@
 
 /// "Core N Clock" (MHz) of each physical core, counted from 0 without gaps, for the CPU query and
 /// the processor's group: from cpufreq/scaling_cur_freq, or, if no core has that, from
-/// /proc/cpuinfo.
+/// /proc/cpuinfo, rarely where the clocks in it cannot change.
 class CpuClockCollector : public Collector
 {
 public:

@@ -79,9 +79,10 @@ QJsonObject CpuClockCollector::frequencies()
 QJsonObject CpuClockCollector::cpuInfoClocks()
 {
     const qint64 start = m_stopwatch();
-    const std::map<int, double> byProcessor = parseCpuClocks(m_cpuInfo.read());
-    const bool isSlow = m_stopwatch() - start > slow.count();
-    m_reading.setPeriod(isSlow ? slowPeriod : std::chrono::nanoseconds(0));
+    const std::string_view text = m_cpuInfo.read();
+    const std::map<int, double> byProcessor = parseCpuClocks(text);
+    const bool isRare = m_stopwatch() - start > slow.count() || !hasChangingClocks(text);
+    m_reading.setPeriod(isRare ? slowPeriod : std::chrono::nanoseconds(0));
     QJsonObject clocks;
     std::size_t core = 0;
     if (m_cores.empty()) {

@@ -1,20 +1,19 @@
 #include "system_monitor_lib/live/processor/CpuCores.h"
 
 #include "system_monitor_lib/live/files/Attribute.h"
+#include "system_monitor_lib/live/files/FolderNames.h"
 #include "system_monitor_lib/live/files/SysfsText.h"
-
-#include <QDir>
 
 #include <algorithm>
 
 std::vector<int> firstProcessors(const MachineRoots &roots)
 {
     std::vector<int> found;
-    const QDir root(roots.sys + QStringLiteral("/devices/system/cpu"));
-    for (const QString &name : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    const QString root = roots.sys + QStringLiteral("/devices/system/cpu/");
+    for (const QString &name : folderNames(root)) {
         bool isNumber = false;
         const int processor = name.mid(3).toInt(&isNumber);
-        const QString entry = root.filePath(name);
+        const QString entry = root + name;
         if (!isNumber || !name.startsWith(QLatin1String("cpu")) ||
             attributeWord(entry + QStringLiteral("/online")) == QLatin1String("0"))
             continue;

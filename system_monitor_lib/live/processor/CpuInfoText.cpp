@@ -2,6 +2,8 @@
 
 #include "system_monitor_lib/live/files/TextFields.h"
 
+#include <string>
+
 namespace {
 
 QString name(std::string_view value)
@@ -62,6 +64,18 @@ std::map<int, double> parseCpuClocks(std::string_view text)
         }
     }
     return clocks;
+}
+
+bool hasChangingClocks(std::string_view text)
+{
+    while (const std::optional<std::string_view> line = takeLine(text)) {
+        const std::size_t colon = line->find(':');
+        if (colon == std::string_view::npos || trimmed(line->substr(0, colon)) != "flags")
+            continue;
+        const std::string flags = ' ' + std::string(line->substr(colon + 1)) + ' ';
+        return flags.find(" aperfmperf ") != std::string::npos;
+    }
+    return true;
 }
 
 bool isPlausibleClock(double megahertz)

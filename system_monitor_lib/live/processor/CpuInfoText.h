@@ -14,5 +14,10 @@ QString parseCpuModel(std::string_view text);
 /// architectures have them.
 std::map<int, double> parseCpuClocks(std::string_view text);
 
+/// Whether these clocks can change. Without the counters of its cycles ("aperfmperf" among "flags")
+/// and without cpufreq, an x86 processor has the clock that was measured when it started, as in
+/// most virtual machines (arch_freq_get_on_cpu() in arch/x86/kernel/cpu/aperfmperf.c of Linux).
+bool hasChangingClocks(std::string_view text);
+
 /// Whether a processor can run at \a megahertz.
 bool isPlausibleClock(double megahertz);

@@ -1,9 +1,10 @@
 #include "system_monitor_lib/live/processor/CpuTemperatureChoice.h"
 
 #include "system_monitor_lib/live/files/Attribute.h"
+#include "system_monitor_lib/live/files/FolderNames.h"
 #include "system_monitor_lib/live/files/HwmonChip.h"
 
-#include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 namespace {
@@ -80,11 +81,11 @@ std::vector<Zone> thermalZones(const MachineRoots &roots, const Chips &chips)
     std::vector<Zone> zones;
     for (const HwmonChip &chip : chips)
         zones.push_back({chip.name, chip.directory + QStringLiteral("/temp1_input")});
-    const QDir root(roots.sys + QStringLiteral("/class/thermal"));
-    for (const QString &name : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    const QString root = roots.sys + QStringLiteral("/class/thermal/");
+    for (const QString &name : folderNames(root)) {
         if (!name.startsWith(QLatin1String("thermal_zone")))
             continue;
-        const QString zone = root.filePath(name);
+        const QString zone = root + name;
         zones.push_back(
             {attributeWord(zone + QStringLiteral("/type")), zone + QStringLiteral("/temp")});
     }

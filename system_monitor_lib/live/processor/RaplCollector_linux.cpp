@@ -1,8 +1,9 @@
 #include "system_monitor_lib/live/processor/RaplCollector.h"
 
 #include "system_monitor_lib/live/files/Attribute.h"
+#include "system_monitor_lib/live/files/FolderNames.h"
 
-#include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -14,12 +15,12 @@ namespace {
 QStringList packageZones(const MachineRoots &roots)
 {
     static const QRegularExpression package(QStringLiteral("^package-\\d+(-die-\\d+)?$"));
-    const QDir root(roots.sys + QStringLiteral("/class/powercap"));
+    const QString root = roots.sys + QStringLiteral("/class/powercap/");
     QStringList zones;
-    for (const QFileInfo &entry : root.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        if (entry.fileName().startsWith(QLatin1String("intel-rapl-mmio")))
+    for (const QString &name : folderNames(root)) {
+        if (name.startsWith(QLatin1String("intel-rapl-mmio")))
             continue;
-        const QString directory = entry.canonicalFilePath();
+        const QString directory = QFileInfo(root + name).canonicalFilePath();
         if (package.match(attributeWord(directory + QStringLiteral("/name"))).hasMatch())
             zones += directory;
     }

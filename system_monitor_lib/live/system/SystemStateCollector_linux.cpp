@@ -1,5 +1,6 @@
 #include "system_monitor_lib/live/system/SystemStateCollector.h"
 
+#include "system_monitor_lib/live/files/Directory.h"
 #include "system_monitor_lib/live/system/SystemText.h"
 
 #include <QDir>
@@ -7,16 +8,8 @@
 
 #include <algorithm>
 #include <cstring>
-#include <memory>
-
-#include <dirent.h>
 
 namespace {
-
-struct DirectoryCloser
-{
-    void operator()(DIR *directory) const { ::closedir(directory); }
-};
 
 bool isNumber(const char *name)
 {
@@ -27,8 +20,7 @@ bool isNumber(const char *name)
 /// Without looking at a single one.
 std::optional<quint64> countProcesses(const QString &proc)
 {
-    const std::unique_ptr<DIR, DirectoryCloser> directory(
-        ::opendir(QFile::encodeName(proc).constData()));
+    const Directory directory(::opendir(QFile::encodeName(proc).constData()));
     quint64 count = 0;
     // readdir is safe here, because no one else uses this stream.
     while (const dirent *const entry =

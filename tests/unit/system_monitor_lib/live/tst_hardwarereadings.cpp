@@ -51,6 +51,7 @@ private Q_SLOTS:
     void powerIsNotTakenForATemperature();
 
     void slowClocksAreAskedRarely();
+    void clocksThatCannotChangeAreReadRarely();
     void coreThatGoesOffLineIsLeftOut();
 
     void brokenGpuAttributeCostsOneLabel_data();
@@ -343,6 +344,30 @@ void HardwareReadingsTest::slowClocksAreAskedRarely()
     QCOMPARE(quick.size(), 4);
     QVERIFY(put(file, "2100000\n"));
     QCOMPARE(value(clocks(11 * second), first), 2100.0);
+}
+
+void HardwareReadingsTest::clocksThatCannotChangeAreReadRarely()
+{
+    const QString file = QStringLiteral("proc/cpuinfo");
+    const QByteArray cycles = " fpu aperfmperf\n";
+    CpuClockCollector collector({path(QStringLiteral("proc")), path(QStringLiteral("sys"))},
+                                QStringLiteral("CPU"), [] { return 0; });
+    const auto clock = [&collector](qint64 now) {
+        SensorTrees trees;
+        collector.collect(now, trees);
+        return value(trees.tree(Query::CpuInfo), QStringLiteral("Core 0 Clock"));
+    };
+    const auto cpuInfo = [](int megahertz, const QByteArray &flags) {
+        return "processor\t: 0\ncpu MHz\t\t: " + QByteArray::number(megahertz) +
+               "\nflags\t\t:" + flags + '\n';
+    };
+    QVERIFY(put(file, cpuInfo(2600, " fpu\n")));
+    QCOMPARE(clock(0), 2600.0);
+    QVERIFY(put(file, cpuInfo(2700, cycles)));
+    QCOMPARE(clock(9 * second), 2600.0);
+    QCOMPARE(clock(10 * second), 2700.0);
+    QVERIFY(put(file, cpuInfo(2800, cycles)));
+    QCOMPARE(clock(11 * second), 2800.0);
 }
 
 void HardwareReadingsTest::coreThatGoesOffLineIsLeftOut()

@@ -46,6 +46,7 @@ void BlockStatTextTest::refusesMalformedText_data()
     QTest::newRow("cut") << QByteArray("1 2 3 4 5 6 7 8 9 10 11");
     QTest::newRow("nine numbers") << QByteArray("1 2 3 4 5 6 7 8 9\n");
     QTest::newRow("letters") << QByteArray("1 2 3 4 5 six 7 8 9 10 11\n");
+    QTest::newRow("letters after the last digits") << QByteArray("1 2 3 4 5 6 7 8 9 10x 11\n");
     QTest::newRow("negative") << QByteArray("1 2 3 4 5 6 7 8 9 -10 11\n");
     QTest::newRow("a product that would overflow")
         << QByteArray("1 2 3 4 5 6 7 8 9 8796093022209 11\n");

@@ -86,7 +86,8 @@ void MeminfoTextTest::parsesDetails_data()
     QTest::addColumn<QStringList>("expected");
 
     const QByteArray swap("SwapTotal: 2097152 kB\nSwapFree: 1048576 kB\n");
-    QTest::newRow("all") << swap +
+    const QByteArray load("MemTotal: 4096 kB\nMemFree: 1024 kB\nMemAvailable: 2048 kB\n");
+    QTest::newRow("all") << load + swap +
                                 "Cached: 1024 kB\nDirty: 512 kB\nZswap: 5 kB\nZswapped: 2048 kB\n"
                          << texts({"t | Memory Cached = 1 MB", "t | Memory Compressed = 2 MB",
                                    "t | Memory Dirty = 0.5 MB", "t | Swap Total = 2048 MB",

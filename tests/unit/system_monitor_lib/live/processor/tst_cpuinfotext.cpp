@@ -13,6 +13,8 @@ private Q_SLOTS:
     void findsModel();
     void findsArmCores_data();
     void findsArmCores();
+    void knowsWhetherClocksChange_data();
+    void knowsWhetherClocksChange();
 };
 
 void CpuInfoTextTest::findsModel_data()
@@ -83,6 +85,28 @@ void CpuInfoTextTest::findsArmCores()
 {
     QFETCH(const QByteArray, text);
     QTEST(armCores(view(text)), "cores");
+}
+
+void CpuInfoTextTest::knowsWhetherClocksChange_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<bool>("change");
+    QTest::newRow("virtual machine")
+        << fixture(QStringLiteral("proc/virtual-machine-epyc/cpuinfo")) << false;
+    QTest::newRow("no flags") << fixture(QStringLiteral("proc/linux-2.6.32-server/cpuinfo"))
+                              << true;
+    QTest::newRow("first flag") << QByteArray("flags\t\t:aperfmperf fpu\n") << true;
+    QTest::newRow("last flag") << QByteArray("flags\t\t: fpu aperfmperf\n") << true;
+    QTest::newRow("part of a flag") << QByteArray("flags\t\t: fpu noaperfmperf2\n") << false;
+    QTest::newRow("no flags of that name") << QByteArray("vmx flags\t: vnmi\n") << true;
+    QTest::newRow("cut") << QByteArray("flags\t\t: fpu") << true;
+    QTest::newRow("empty") << QByteArray() << true;
+}
+
+void CpuInfoTextTest::knowsWhetherClocksChange()
+{
+    QFETCH(const QByteArray, text);
+    QTEST(hasChangingClocks(view(text)), "change");
 }
 
 QTEST_APPLESS_MAIN(CpuInfoTextTest)
