@@ -68,6 +68,9 @@ void PluginProcess::stop(std::chrono::milliseconds patience, std::chrono::millis
         if (!isRunning())
             return;
         m_forced = true;
+        // Until it runs the plugin, the new process has this one's signal handlers.
+        if (m_process->state() == QProcess::Starting)
+            m_process->waitForStarted(killLimit);
         m_process->terminate();
         QTimer::singleShot(killAfter, this, &PluginProcess::kill);
     });
