@@ -1,22 +1,42 @@
 #include "json/ParseJson.h"
 
-#include <QHash>
 #include <QJsonArray>
 #include <QString>
 #include <QVector>
 
 #include <algorithm>
+#include <deque>
 #include <iterator>
 #include <map>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <vector>
 
 namespace {
 
 /// The framework rejects texts that are nested deeper.
 constexpr int deepest = 1024;
 
+/// A name as the framework understands it, as UTF-8, or, where it has none, as the numbers of its
+/// characters behind a mark that no other name contains. \a inside is what is between the marks.
+std::string decoded(std::string_view inside)
+{
+    const QByteArray literal(inside.data(), static_cast<int>(inside.size()));
+    const QString name = QJsonDocument::fromJson("[\"" + literal + "\"]").array().at(0).toString();
+    const QByteArray utf8 = name.toUtf8();
+    if (QString::fromUtf8(utf8) == name)
+        return utf8.toStdString();
+    std::string numbers = "\"";
+    for (const QChar character : name)
+        numbers += std::to_string(character.unicode()) + ' ';
+    return numbers;
+}
+
 /// From behind the mark before a member to behind its comma; \a end is 0 before that.
 struct Member
 {
+    std::string_view name;
     int begin = 0;
     int end = 0;
 };
@@ -25,19 +45,10 @@ struct Member
 struct Level
 {
     bool isObject = false;
-    bool isAtName = false; ///< Whether a text that comes next is a name.
-    int begin = 0;         ///< Of the present member.
-    QString name;          ///< Of the present member.
-    QHash<QString, Member> members;
+    bool isAtName = false;       ///< Whether a text that comes next is a name.
+    int begin = 0;               ///< Of the present member.
+    std::size_t firstMember = 0; ///< Of an object's; they are the last ones of all members.
 };
-
-QString nameIn(const QByteArray &literal)
-{
-    // Used as a whole, a byte array would end at a zero byte.
-    if (!literal.contains('\\'))
-        return QString::fromUtf8(literal.constData() + 1, literal.size() - 2);
-    return QJsonDocument::fromJson('[' + literal + ']').array().at(0).toString();
-}
 
 /// The parts of a text that count as blank. An added part is either separate from the others or
 /// contains some of them.
@@ -77,7 +88,8 @@ private:
 };
 
 /// Blanks the members of a text whose name occurs again in the same object. It stops where the text
-/// is not JSON, so that the parser still finds the error: an invalid member is not blanked.
+/// is not JSON, so that the parser still finds the error: an invalid member is not blanked. The
+/// framework skips members where an object ends, so those of an object without an end may stay.
 class RepeatedMembers
 {
 public:
@@ -116,16 +128,14 @@ private:
 
     bool open(bool isObject)
     {
-        m_levels.append({isObject, isObject, m_at + 1, {}, {}});
+        m_levels.append({isObject, isObject, m_at + 1, m_members.size()});
         return m_levels.size() <= deepest;
     }
 
     bool close(bool isObject)
     {
         const bool matches = !m_levels.isEmpty() && m_levels.constLast().isObject == isObject;
-        if (matches)
-            m_levels.removeLast();
-        return matches;
+        return matches && endLevel();
     }
 
     bool endMember()
@@ -138,7 +148,7 @@ private:
         if (level.isAtName)
             return false;
         level.begin = m_at + 1;
-        level.members[level.name].end = level.begin;
+        m_members.back().end = level.begin;
         level.isAtName = true;
         return true;
     }
@@ -146,24 +156,49 @@ private:
     /// Goes to the text's closing mark.
     bool takeText()
     {
-        const int begin = m_at++;
-        while (m_at < m_text.size() && m_text.at(m_at) != '"')
-            m_at += m_text.at(m_at) == '\\' ? 2 : 1;
+        const int begin = ++m_at;
+        bool isPlain = true;
+        while (m_at < m_text.size() && m_text.at(m_at) != '"') {
+            const bool isEscape = m_text.at(m_at) == '\\';
+            isPlain = isPlain && !isEscape;
+            m_at += isEscape ? 2 : 1;
+        }
         if (m_at >= m_text.size() || m_levels.isEmpty())
             return false;
-        return !m_levels.constLast().isAtName || beginMember(m_text.mid(begin, m_at + 1 - begin));
+        Level &level = m_levels.last();
+        if (level.isAtName) {
+            level.isAtName = false;
+            m_members.push_back({nameAt(begin, isPlain), level.begin, 0});
+        }
+        return true;
     }
 
-    bool beginMember(const QByteArray &name)
+    /// The name from \a begin to the present place.
+    std::string_view nameAt(int begin, bool isPlain)
     {
-        Level &level = m_levels.last();
-        level.isAtName = false;
-        level.name = nameIn(name);
-        Member &member = level.members[level.name];
-        if (member.end > 0 && !blank(member))
-            return false;
-        member = {level.begin, 0};
-        return true;
+        const std::string_view inside(m_text.constData() + begin,
+                                      static_cast<std::size_t>(m_at - begin));
+        return isPlain ? inside : m_decoded.emplace_back(decoded(inside));
+    }
+
+    /// False if the framework will find an error in a repeated member.
+    bool endLevel()
+    {
+        const auto first = m_members.begin() + static_cast<std::ptrdiff_t>(
+                                                   m_levels.constLast().firstMember);
+        // Of equal names, the one that counts comes last.
+        std::sort(first, m_members.end(), [](const Member &a, const Member &b) {
+            return std::tie(a.name, a.begin) < std::tie(b.name, b.begin);
+        });
+        bool isGood = true;
+        for (auto member = first; member != m_members.end(); ++member) {
+            const auto next = std::next(member);
+            if (next != m_members.end() && next->name == member->name)
+                isGood = isGood && blank(*member);
+        }
+        m_members.erase(first, m_members.end());
+        m_levels.removeLast();
+        return isGood;
     }
 
     /// Each character is parsed at most once: after that it is blank.
@@ -179,6 +214,8 @@ private:
     const QByteArray m_text;
     Blanks m_blanks;
     QVector<Level> m_levels;
+    std::vector<Member> m_members; ///< Of all levels that are open.
+    std::deque<std::string> m_decoded;
     int m_at = 0;
 };
 

@@ -13,6 +13,8 @@ private Q_SLOTS:
     void readsLikeTheFramework();
     void lastOfOneNameCounts_data();
     void lastOfOneNameCounts();
+    void keepsNothingOfBrokenTexts_data();
+    void keepsNothingOfBrokenTexts();
     void readsManyMembersOfOneName();
     void readsManyLevels_data();
     void readsManyLevels();
@@ -97,6 +99,13 @@ void tst_ParseJson::lastOfOneNameCounts_data()
         R"({"a":{"b":[3]}})");
     row("escaped", R"({"a":[1],"\u0061":[2]})", R"({"a":[2]})");
     row("escaped first", R"({"\u0061":[1],"a":[2]})", R"({"a":[2]})");
+    row("half a character", R"({"\ud800":[1],"\ud801":[2],"\uD800":[3]})",
+        R"({"\ud800":[3],"\ud801":[2]})");
+    row("a zero", R"({"a\u0000":[1],"a":[2],"a\u0000b":[3],"a\u0000":[4]})",
+        R"({"a\u0000":[4],"a":[2],"a\u0000b":[3]})");
+    row("more than a few", R"({"h":[1],"g":[2],"f":[3],"e":[4],"d":[5],"c":[6],"b":[7],"a":[8],
+                               "h":[9],"d":[10],"a":[11],"h":[12]})",
+        R"({"h":[12],"g":[2],"f":[3],"e":[4],"d":[10],"c":[6],"b":[7],"a":[11]})");
     row("blanks between", "{ \"a\" : [ 1 ] , \"b\" : 1 ,\n\"a\" : [ 2 ] }", R"({"a":[2],"b":1})");
     row("marks in it", R"({"a":["},]\"",{"x":"{"}],"a":2})", R"({"a":2})");
 }
@@ -110,6 +119,28 @@ void tst_ParseJson::lastOfOneNameCounts()
     QCOMPARE(error.error, QJsonParseError::NoError);
     QVERIFY(!document.isEmpty());
     QCOMPARE(document, QJsonDocument::fromJson(same));
+}
+
+void tst_ParseJson::keepsNothingOfBrokenTexts_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    const auto row = [](const char *name, const char *text) {
+        QTest::newRow(name) << QByteArray(text);
+    };
+    row("cut", R"({"a":[1],"a":[2],"b":1)");
+    row("cut inside", R"({"a":[1],"a":[2],"b":{"c":[3],"c":[4])");
+    row("broken behind an object", R"({"b":{"a":[1],"a":[2]},"c":x})");
+    row("another mark", R"([{"a":[1],"a":[2]],1])");
+    row("broken behind", R"({"a":[1],"a":[2],"b":x})");
+    row("broken inside", R"({"a":[1],"a":[2],"b":{"c":[x],"c":[4]}})");
+    row("broken in a name", R"({"a":[1],"a":[2],"\u":[4]})");
+}
+
+/// What the framework does not free, the address sanitizer's search for leaks finds.
+void tst_ParseJson::keepsNothingOfBrokenTexts()
+{
+    QFETCH(QByteArray, text);
+    QVERIFY(parseJson(text).isNull());
 }
 
 void tst_ParseJson::readsManyMembersOfOneName()
