@@ -184,8 +184,8 @@ private:
     /// False if the framework will find an error in a repeated member.
     bool endLevel()
     {
-        const auto first = m_members.begin() + static_cast<std::ptrdiff_t>(
-                                                   m_levels.constLast().firstMember);
+        const auto first =
+            m_members.begin() + static_cast<std::ptrdiff_t>(m_levels.constLast().firstMember);
         // Of equal names, the one that counts comes last.
         std::sort(first, m_members.end(), [](const Member &a, const Member &b) {
             return std::tie(a.name, a.begin) < std::tie(b.name, b.begin);

@@ -120,13 +120,13 @@ void tst_CommandLine::accepts()
     QCOMPARE(json(host.texts().constFirst().toUtf8()),
              json(R"({"event": "register me", "uuid": "u 1"})"));
 
-    QTRY_PATIENTLY(process.hasLogged(QStringLiteral("args0: ") +
-                                     QDir::toNativeSeparators(PluginProcess::executable())));
+    QTRY_VERIFY(process.hasLogged(QStringLiteral("args0: ") +
+                                  QDir::toNativeSeparators(PluginProcess::executable())));
     for (int i = 0; i < arguments.size(); ++i) {
-        QTRY_PATIENTLY(process.hasLogged(
+        QTRY_VERIFY(process.hasLogged(
             QStringLiteral("args%1: %2").arg(QString::number(i + 1), arguments.at(i))));
     }
-    QTRY_PATIENTLY(process.hasLoggedInOrder(
+    QTRY_VERIFY(process.hasLoggedInOrder(
         {QStringLiteral("Language:") + tablesLanguage, QStringLiteral("初始化翻译"),
          QStringLiteral("尝试启动插件"), QStringLiteral("language: ") + launchLanguage,
          QStringLiteral("尝试启动插件成功")}));
@@ -150,7 +150,7 @@ void tst_CommandLine::readsFontsFromTheLastArgument()
     RunningPlugin plugin;
     const QString info = QStringLiteral("{'fonts':[{'name':'F','url':'/no/such/font.ttf'},7,{}]}");
     QVERIFY(plugin.start(info));
-    QTRY_PATIENTLY(plugin.process.hasLoggedInOrder(
+    QTRY_VERIFY(plugin.process.hasLoggedInOrder(
         {QStringLiteral("尝试启动插件成功"), QStringLiteral("加载字体..."),
          QStringLiteral("fontJson: ") + info, QStringLiteral("/no/such/font.ttf loaded failed"),
          QStringLiteral(" loaded failed")}));

@@ -128,8 +128,8 @@ void tst_DataServer::countsItsClients()
     const PluginProcess &process = m_plugin->process;
     const auto printed = [&process](const QString &line) { return process.lines().count(line); };
     // Clients of earlier tests may still be disconnecting.
-    QTRY_PATIENTLY(printed(QStringLiteral("New connection established. Total connections: 2")) ==
-                   printed(remainingOne));
+    QTRY_VERIFY(printed(QStringLiteral("New connection established. Total connections: 2")) ==
+                printed(remainingOne));
 
     const auto before = printed(remainingOne);
     DataServerClient other;
@@ -165,7 +165,7 @@ void tst_DataServer::outlivesRudeClients()
     RawPanel noWebSocket(DataServerClient::port, QByteArray(1024 * 1024, 'x'));
 
     RawPanel silent(DataServerClient::port, QByteArray());
-    QTRY_PATIENTLY(silent.isConnected());
+    QTRY_VERIFY(silent.isConnected());
     QElapsedTimer sinceSilence;
     sinceSilence.start();
 
@@ -183,8 +183,8 @@ void tst_DataServer::outlivesRudeClients()
     }
     QCOMPARE(m_panel->ask(QStringLiteral("nothing")), QStringLiteral("{}"));
 
-    QTRY_PATIENTLY(noWebSocket.isGone());
-    QTRY_PATIENTLY(silent.isGone());
+    QTRY_VERIFY(noWebSocket.isGone());
+    QTRY_VERIFY(silent.isGone());
     // Three seconds; Qt by itself would wait for ten.
     QVERIFY2(sinceSilence.elapsed() < 8000, qPrintable(QString::number(sinceSilence.elapsed())));
     QVERIFY(m_plugin->process.isRunning());
@@ -193,12 +193,12 @@ void tst_DataServer::outlivesRudeClients()
 void tst_DataServer::refusesAHugeFrame()
 {
     RawPanel client(DataServerClient::port);
-    QTRY_PATIENTLY(client.isServed());
+    QTRY_VERIFY(client.isServed());
     // A masked text frame of 100 MB, by its header; some of it follows.
     QByteArray header("\x81\xff", 2);
     header += QByteArray::fromHex("0000000006400000") + QByteArray(4, '\0');
     client.send(header + QByteArray(1024 * 1024, 'x'));
-    QTRY_PATIENTLY(client.isGone());
+    QTRY_VERIFY(client.isGone());
     QVERIFY(!m_panel->ask(QStringLiteral("Cpu Usage")).isEmpty());
 }
 

@@ -46,7 +46,7 @@ void tst_DebugConsole_linux::init()
     m_plugin = std::make_unique<RunningPlugin>();
     QVERIFY(m_plugin->start());
     // From here on it is in its event loop.
-    QTRY_PATIENTLY(m_plugin->process.hasLogged(updated));
+    QTRY_VERIFY(m_plugin->process.hasLogged(updated));
 }
 
 void tst_DebugConsole_linux::cleanup()
@@ -69,10 +69,10 @@ void tst_DebugConsole_linux::opensOnTheHotKey()
     PluginProcess &process = m_plugin->process;
     QVERIFY(console().isNull());
     process.pressConsoleHotKey();
-    QTRY_PATIENTLY(consoleHas(opened));
-    QTRY_PATIENTLY(
+    QTRY_VERIFY(consoleHas(opened));
+    QTRY_VERIFY(
         process.hasLoggedInOrder({QStringLiteral("outPutName: output.txt"), pressed, opening}));
-    QTRY_PATIENTLY(consoleHas(updated));
+    QTRY_VERIFY(consoleHas(updated));
 
     // All of standard error goes there.
     const QStringList lines = process.lines();
@@ -87,10 +87,10 @@ void tst_DebugConsole_linux::opensOnce()
 {
     PluginProcess &process = m_plugin->process;
     process.pressConsoleHotKey();
-    QTRY_PATIENTLY(consoleHas(opened));
+    QTRY_VERIFY(consoleHas(opened));
     process.pressConsoleHotKey();
-    QTRY_PATIENTLY(consoleHas(pressed));
-    QTRY_PATIENTLY(consoleHas(updated));
+    QTRY_VERIFY(consoleHas(pressed));
+    QTRY_VERIFY(consoleHas(updated));
     QVERIFY(!consoleHas(opening));
     QVERIFY(!consoleHas(opened, 2));
 }
@@ -101,7 +101,7 @@ void tst_DebugConsole_linux::outlivesItsClosing()
     FakeHost &host = m_plugin->host;
     const QString key = QStringLiteral("key");
     process.pressConsoleHotKey();
-    QTRY_PATIENTLY(consoleHas(opened));
+    QTRY_VERIFY(consoleHas(opened));
     ::kill(static_cast<pid_t>(process.processId()), SIGHUP);
 
     // An update after the closing leaves no trace in the console.
@@ -112,9 +112,9 @@ void tst_DebugConsole_linux::outlivesItsClosing()
     QCOMPARE(console(), left);
 
     process.pressConsoleHotKey();
-    QTRY_PATIENTLY(consoleHas(opened, 2));
+    QTRY_VERIFY(consoleHas(opened, 2));
     QVERIFY(host.waitForUpdate(key));
-    QTRY_PATIENTLY(console().size() > left.size() && console().endsWith('\n'));
+    QTRY_VERIFY(console().size() > left.size() && console().endsWith('\n'));
     QVERIFY(process.isRunning());
 }
 
@@ -127,11 +127,11 @@ void tst_DebugConsole_linux::opensOnAPressDuringTheStart()
     m_plugin = std::make_unique<RunningPlugin>();
     PluginProcess &process = m_plugin->process;
     process.launch(m_plugin->host.arguments());
-    QTRY_PATIENTLY(silent.hasPendingConnections());
+    QTRY_VERIFY(silent.hasPendingConnections());
     process.pressConsoleHotKey();
-    QTRY_PATIENTLY(consoleHas(opened));
-    QTRY_PATIENTLY(process.timesLogged(pressed) == 1);
-    QTRY_PATIENTLY(consoleHas(QStringLiteral("尝试启动插件成功")));
+    QTRY_VERIFY(consoleHas(opened));
+    QTRY_VERIFY(process.timesLogged(pressed) == 1);
+    QTRY_VERIFY(consoleHas(QStringLiteral("尝试启动插件成功")));
 }
 
 void tst_DebugConsole_linux::opensWithoutStandardStreams()
@@ -151,9 +151,9 @@ void tst_DebugConsole_linux::opensWithoutStandardStreams()
     QVERIFY(console().isNull());
 
     process.pressConsoleHotKey();
-    QTRY_PATIENTLY(consoleHas(opened));
+    QTRY_VERIFY(consoleHas(opened));
     QVERIFY(host.waitForUpdate(key));
-    QTRY_PATIENTLY(consoleHas(updated));
+    QTRY_VERIFY(consoleHas(updated));
     QVERIFY(!consoleHas(pressed));
     QVERIFY(!consoleHas(opened, 2));
     QVERIFY(process.isRunning());

@@ -34,9 +34,9 @@ void tst_DebugConsole_windows::takesStandardErrorOver()
     FakeHost &host = plugin.host;
     const QString key = QStringLiteral("key");
     QVERIFY(plugin.start());
-    QTRY_PATIENTLY(process.hasLogged(updated));
+    QTRY_VERIFY(process.hasLogged(updated));
     process.pressConsoleHotKey();
-    QTRY_PATIENTLY(process.hasLoggedInOrder(
+    QTRY_VERIFY(process.hasLoggedInOrder(
         {QStringLiteral("outPutName: output.txt"), pressed, opening, shown, place}));
 
     host.appear(keyuuid::cpu, key);

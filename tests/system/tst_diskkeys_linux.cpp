@@ -131,7 +131,7 @@ void tst_DiskKeys_linux::listsTheDrives()
     QVERIFY(indexOf(m_large) > index);
     const QJsonArray names = reply.value(QStringLiteral("VolumeNames")).toArray();
     QCOMPARE(names.at(index).toString(), QStringLiteral("Small one"));
-    QTRY_PATIENTLY(m_plugin->process.hasLoggedInOrder(
+    QTRY_VERIFY(m_plugin->process.hasLoggedInOrder(
         {QStringLiteral("处理硬盘操作"),
          QStringLiteral("driveName: %1 VolumeName: Small one").arg(m_small),
          QStringLiteral("currentOperator->diskMode;: Single_Disk")}));
@@ -274,7 +274,7 @@ void tst_DiskKeys_linux::forgetsADriveThatVanishes()
             {QStringLiteral("switchFrequency"), 1},
             {QStringLiteral("showVolumeName"), true}});
     QVERIFY(m_folder->run(QStringLiteral("umount small")));
-    QTRY_PATIENTLY(drive(m_small).isEmpty());
+    QTRY_VERIFY(drive(m_small).isEmpty());
     QVERIFY(!nextTitle().isEmpty());
     const auto before = m_host->titles(key).size();
     QVERIFY(m_host->waitForMessages(QStringLiteral("setTitle"), key, before + 8));

@@ -81,9 +81,9 @@ void tst_Faults::endsWhenItsHostIsKilled()
 {
     HostProcess host(0);
     PluginProcess plugin;
-    QTRY_PATIENTLY(!host.arguments().isEmpty());
+    QTRY_VERIFY(!host.arguments().isEmpty());
     plugin.launch(host.arguments());
-    QTRY_PATIENTLY(host.hasRegistered());
+    QTRY_VERIFY(host.hasRegistered());
     host.kill();
     QVERIFY(plugin.endsWithStatus(0));
     QVERIFY(plugin.content(QStringLiteral("log.txt")).contains("Disonnected-serverPort: "));
@@ -95,10 +95,10 @@ void tst_Faults::outlivesAHostThatIsStopped()
     constexpr qint64 backlog = 32LL * 1024 * 1024;
     HostProcess host(keys);
     PluginProcess plugin;
-    QTRY_PATIENTLY(!host.arguments().isEmpty());
+    QTRY_VERIFY(!host.arguments().isEmpty());
     plugin.launch(host.arguments());
-    QTRY_PATIENTLY(host.hasRegistered());
-    QTRY_PATIENTLY(host.pictures() >= 2 * keys);
+    QTRY_VERIFY(host.hasRegistered());
+    QTRY_VERIFY(host.pictures() >= 2 * keys);
     const qint64 before = plugin.residentMemory();
 
     host.stop();
@@ -107,7 +107,7 @@ void tst_Faults::outlivesAHostThatIsStopped()
     QTRY_VERIFY_WITH_TIMEOUT(log().contains(line), 5 * patience);
     // A few more passes.
     const int passes = plugin.timesLogged(passEnd);
-    QTRY_PATIENTLY(plugin.timesLogged(passEnd) >= passes + 5);
+    QTRY_VERIFY(plugin.timesLogged(passEnd) >= passes + 5);
     const qint64 meanwhile = plugin.residentMemory();
     constexpr int most = 3;
     QVERIFY2(hasHeapOfItsOwn || meanwhile < before + most * backlog,
@@ -116,7 +116,7 @@ void tst_Faults::outlivesAHostThatIsStopped()
     host.goOn();
     const int read = host.pictures();
     // More than can have been waiting.
-    QTRY_PATIENTLY(host.pictures() >= read + 10 * keys);
+    QTRY_VERIFY(host.pictures() >= read + 10 * keys);
     QCOMPARE(log().count(line), 1);
 }
 

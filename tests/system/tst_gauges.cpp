@@ -252,15 +252,15 @@ void tst_Gauges::resetsThemWhenHeld()
     const QString present = imageAt(context, QStringLiteral("T: 45°"));
     press(dialPress, context);
     QString minimum = nextImage(context);
-    QTRY_PATIENTLY((minimum = nextImage(context)) != present);
+    QTRY_VERIFY((minimum = nextImage(context)) != present);
     // Other settings show the present again.
     appear(heat, context, ring);
-    QTRY_PATIENTLY(nextImage(context) == present);
+    QTRY_VERIFY(nextImage(context) == present);
     press(dialPress, context, 1200);
     QCOMPARE(nextImage(context), present);
     press(dialPress, context);
     QString anew;
-    QTRY_PATIENTLY((anew = nextImage(context)) != present);
+    QTRY_VERIFY((anew = nextImage(context)) != present);
     QVERIFY(anew != minimum);
     m_host->disappear(heat, context);
 }

@@ -152,8 +152,8 @@ void tst_HostLoss::waitsForASilentHost()
 
     PluginProcess process;
     process.launch(argumentsFor(QString::number(server.serverPort())));
-    QTRY_PATIENTLY(server.hasPendingConnections());
-    QTRY_PATIENTLY(process.timesLogged(updated) >= 2);
+    QTRY_VERIFY(server.hasPendingConnections());
+    QTRY_VERIFY(process.timesLogged(updated) >= 2);
     DataServerClient panel;
     QVERIFY(panel.open());
     QVERIFY(!panel.ask(QStringLiteral("Cpu Usage")).isEmpty());
@@ -166,10 +166,10 @@ void tst_HostLoss::outlivesAPortThatCannotBe()
 {
     PluginProcess process;
     process.launch(argumentsFor(QStringLiteral("99999")));
-    QTRY_PATIENTLY(process.fileLog().size() >= 2);
+    QTRY_VERIFY(process.fileLog().size() >= 2);
     QCOMPARE(process.fileLog().at(0), QStringLiteral("ws://127.0.0.1:99999"));
     QVERIFY(process.fileLog().at(1).startsWith(QStringLiteral("Socket error: ")));
-    QTRY_PATIENTLY(process.timesLogged(updated) >= 2);
+    QTRY_VERIFY(process.timesLogged(updated) >= 2);
     QVERIFY(process.isRunning());
 }
 

@@ -69,10 +69,10 @@ void tst_InstanceGuard::leavesAServingInstanceAlone()
 
     RunningPlugin second;
     QVERIFY(second.start());
-    QTRY_PATIENTLY(second.process.hasLogged(answeredProbe));
+    QTRY_VERIFY(second.process.hasLogged(answeredProbe));
     QVERIFY(!second.process.hasLogged(failedProbe));
     QVERIFY(!second.process.hasPrinted(ended));
-    QTRY_PATIENTLY(second.process.hasPrinted(notServing));
+    QTRY_VERIFY(second.process.hasPrinted(notServing));
 
     // Both serve their hosts; only the first serves the port.
     for (RunningPlugin *const plugin : {&first, &second}) {
@@ -95,8 +95,7 @@ void tst_InstanceGuard::endsAFrozenInstanceAndServes()
     QVERIFY(first.process.waitForEnd());
     // It had no chance to end by itself.
     QVERIFY(!first.process.content(QStringLiteral("log.txt")).contains("Disonnected"));
-    QTRY_PATIENTLY(
-        second.process.hasLoggedInOrder({failedProbe, ownName, ended + firstId, endedAll}));
+    QTRY_VERIFY(second.process.hasLoggedInOrder({failedProbe, ownName, ended + firstId, endedAll}));
     QCOMPARE(second.process.lines().filter(ended).size(), 1);
 
     QVERIFY(!second.process.hasPrinted(notServing));
@@ -129,7 +128,7 @@ void tst_InstanceGuard::endsProcessesOfItsNameOnly()
                  qPrintable(name));
         QVERIFY2(same || process->state() == QProcess::Running, qPrintable(name));
     }
-    QTRY_PATIENTLY(plugin.process.hasLoggedInOrder({failedProbe, ownName, endedAll}));
+    QTRY_VERIFY(plugin.process.hasLoggedInOrder({failedProbe, ownName, endedAll}));
     QCOMPARE(plugin.process.lines().filter(ended).size(), sameNames.size());
 }
 
@@ -147,8 +146,8 @@ void tst_InstanceGuard::takesASilentListenerForAHungInstance()
     constexpr qint64 waits = 100 + 1500 + 1000;
     constexpr qint64 longest = 10000;
     QVERIFY2(taken >= waits && taken < longest, qPrintable(QString::number(taken)));
-    QTRY_PATIENTLY(plugin.process.hasLoggedInOrder({failedProbe, ownName, endedAll}));
-    QTRY_PATIENTLY(plugin.process.hasPrinted(notServing));
+    QTRY_VERIFY(plugin.process.hasLoggedInOrder({failedProbe, ownName, endedAll}));
+    QTRY_VERIFY(plugin.process.hasPrinted(notServing));
     plugin.host.appear(cpu, key);
     QVERIFY(plugin.host.waitForUpdate(key));
 }
@@ -162,8 +161,8 @@ void tst_InstanceGuard::takesAnyAnsweringServerForAnInstance()
 
     RunningPlugin plugin;
     QVERIFY(plugin.start());
-    QTRY_PATIENTLY(plugin.process.hasLogged(answeredProbe));
-    QTRY_PATIENTLY(plugin.process.hasPrinted(notServing));
+    QTRY_VERIFY(plugin.process.hasLogged(answeredProbe));
+    QTRY_VERIFY(plugin.process.hasPrinted(notServing));
     QCOMPARE(sameName.state(), QProcess::Running);
 
     const std::unique_ptr<QWebSocket> probe(server.nextPendingConnection());

@@ -246,7 +246,7 @@ void tst_Keys::answersAnAppearingKeyWithItsSettings()
     QVERIFY(!nextTitle(context).isEmpty());
     m_host->appear(cpu, context, settings);
     QVERIFY(m_host->waitForMessages(setSettings, context, 2));
-    QTRY_PATIENTLY(m_plugin->process.hasLogged(QStringLiteral("已存在的动作")));
+    QTRY_VERIFY(m_plugin->process.hasLogged(QStringLiteral("已存在的动作")));
     const QImage picture = FakeHost::picture(m_host->images(context).constFirst());
     const QJsonObject size = geometry(m_host->settings(context).constLast());
     QCOMPARE(size.value(QLatin1String("height")).toInt(), picture.height());
@@ -263,7 +263,7 @@ void tst_Keys::answersNewSettings()
     m_host->appear(cpu, context, FakeHost::keySettings(json(R"({"text": "Before"})")));
     QVERIFY(nextTitle(context).startsWith(QStringLiteral("Before: ")));
     QCOMPARE(m_host->settings(context).size(), 1);
-    QTRY_PATIENTLY(m_plugin->process.hasLogged(QStringLiteral("action 操作句柄无效..")));
+    QTRY_VERIFY(m_plugin->process.hasLogged(QStringLiteral("action 操作句柄无效..")));
 
     m_host->sendEvent(didReceive, cpu, context, changed);
     QVERIFY(m_host->waitForMessages(setSettings, context, 2));

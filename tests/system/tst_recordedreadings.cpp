@@ -166,7 +166,7 @@ void tst_RecordedReadings::logsEachKeyOfAPass()
 {
     QVERIFY(!titleOf(context("CPU fan")).isEmpty());
     const QString key = QStringLiteral("get_operator->GetAction(): ");
-    QTRY_PATIENTLY(m_plugin->process.hasLoggedInOrder(
+    QTRY_VERIFY(m_plugin->process.hasLoggedInOrder(
         {QStringLiteral("updateImages"), key + keyuuid::cpu, key + keyuuid::pumpSpeed,
          QStringLiteral("updateImages PumpSpeed"), key + keyuuid::cpuFan,
          QStringLiteral("updateImages CPUFan"),

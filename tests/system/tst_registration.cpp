@@ -86,8 +86,8 @@ void tst_Registration::startsUpInOrder()
 {
     RunningPlugin plugin;
     QVERIFY(plugin.start());
-    QTRY_PATIENTLY(plugin.process.hasPrinted(QStringLiteral("updateImages over")));
-    QTRY_PATIENTLY(plugin.process.hasLoggedInOrder(
+    QTRY_VERIFY(plugin.process.hasPrinted(QStringLiteral("updateImages over")));
+    QTRY_VERIFY(plugin.process.hasLoggedInOrder(
         {QStringLiteral("初始化翻译"),
          QStringLiteral("Attempting to connect to") + QStringLiteral("ws://localhost:24509"),
          QStringLiteral("Connection failed or timed out."),
@@ -99,7 +99,7 @@ void tst_Registration::startsUpInOrder()
          QStringLiteral("尝试启动插件成功"), QStringLiteral("加载字体..."),
          QStringLiteral("updateImages"),
          QStringLiteral("-------------------updateImages over---------------------")}));
-    QTRY_PATIENTLY(plugin.process.hasPrinted(QStringLiteral("WebSocket server started on port")));
+    QTRY_VERIFY(plugin.process.hasPrinted(QStringLiteral("WebSocket server started on port")));
     // One line for each language without a table.
     QCOMPARE(plugin.process.lines()
                  .filter(QRegularExpression(QStringLiteral(
@@ -123,7 +123,7 @@ void tst_Registration::sendsAPictureInTheFirstPass()
 
     const QString painted =
         PluginProcess::quoted(QStringLiteral("get_operator->GetAction(): ") + keyuuid::cpu);
-    QTRY_PATIENTLY(plugin.process.lines().contains(painted));
+    QTRY_VERIFY(plugin.process.lines().contains(painted));
     const QStringList lines = plugin.process.lines();
     const auto appeared =
         lines.indexOf(PluginProcess::quoted(QStringLiteral("WillAppearForAction")));
@@ -198,7 +198,7 @@ void tst_Registration::runsOnWhenItsPortIsTaken()
     QVERIFY(other.listen(QHostAddress::Any, DataServerClient::port));
     RunningPlugin plugin;
     QVERIFY(plugin.start());
-    QTRY_PATIENTLY(
+    QTRY_VERIFY(
         plugin.process.lines().contains(QStringLiteral("WebSocket server failed to start!")));
     plugin.host.appear(keyuuid::cpu, QStringLiteral("key"));
     QVERIFY(plugin.host.waitForUpdate(QStringLiteral("key")));

@@ -2,6 +2,7 @@
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/KeyUuids.h"
 #include "tests/support/TestDisplay.h"
+#include "tests/support/Waits.h"
 
 #include <QColor>
 #include <QDir>
@@ -47,8 +48,6 @@ private:
 };
 
 namespace {
-
-constexpr int patience = 60000; // milliseconds
 
 QString recording()
 {
@@ -160,7 +159,7 @@ void tst_Simulator::run(const QStringList &arguments, const TestDisplay *display
     m_simulator.setProcessEnvironment(environment);
     m_simulator.start(QStringLiteral(DECK_SIMULATOR),
                       QStringList{QStringLiteral("--work-dir"), path("work")} + arguments);
-    QTRY_VERIFY_WITH_TIMEOUT(m_simulator.state() == QProcess::NotRunning, patience);
+    QTRY_VERIFY(m_simulator.state() == QProcess::NotRunning);
     const QByteArray errors = m_simulator.readAllStandardError();
     QCOMPARE(m_simulator.exitStatus(), QProcess::NormalExit);
     QVERIFY2(m_simulator.exitCode() == 0, errors.constData());

@@ -1,5 +1,6 @@
 #include "deck_simulator/deck/ContactSheet.h"
 #include "tests/support/Interrupt.h"
+#include "tests/support/Waits.h"
 
 #include <QDir>
 #include <QImage>

@@ -1,4 +1,5 @@
 #include "inspector_server/ClientSocket.h"
+#include "tests/support/Waits.h"
 
 #include <QHostAddress>
 #include <QTcpServer>

@@ -1,4 +1,5 @@
 #include "inspector_server/TurnTimer.h"
+#include "tests/support/Waits.h"
 
 #include <QElapsedTimer>
 #include <QtTest>

@@ -9,6 +9,7 @@
 #include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
 #include "tests/support/TemporaryWorkingDirectory.h"
+#include "tests/support/Waits.h"
 
 #include <QPointer>
 #include <QTimer>

@@ -449,7 +449,7 @@ void tst_SystemMonitorPlugin::preparesForTheFirstPass()
     QVERIFY(key);
     const GlyphShapes &glyphs = GlyphShapes::of(QRawFont::fromFont(key->font));
     QCOMPARE(glyphs.count(), std::size_t(0));
-    QTRY_PATIENTLY(glyphs.count() > 0);
+    QTRY_VERIFY(glyphs.count() > 0);
     QVERIFY(key->keyImage.isNull());
     QCOMPARE(key->displayedText, QString());
     QCOMPARE(key->imageWidth, 0);

@@ -2,6 +2,7 @@
 #include "render/normalAction.h"
 #include "tests/support/KeyUuids.h"
 #include "tests/support/MessageCapture.h"
+#include "tests/support/Waits.h"
 
 #include <QFontMetrics>
 #include <QJsonDocument>

@@ -1,4 +1,5 @@
 #include "shell/ConsoleTrigger.h"
+#include "tests/support/Waits.h"
 
 #include <QSignalSpy>
 #include <QSocketNotifier>

@@ -1,5 +1,6 @@
 #include "qt/QtVersions.h"
 #include "shell/NativeHotKey.h"
+#include "tests/support/Waits.h"
 
 #include <QApplication>
 #include <QWidget>

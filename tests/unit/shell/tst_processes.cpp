@@ -1,4 +1,5 @@
 #include "shell/processes.h"
+#include "tests/support/Waits.h"
 
 #include <QCoreApplication>
 #include <QFile>

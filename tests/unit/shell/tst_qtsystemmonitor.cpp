@@ -6,6 +6,7 @@
 #include "tests/support/FakeHardwareService.h"
 #include "tests/support/MessageCapture.h"
 #include "tests/support/TemporaryWorkingDirectory.h"
+#include "tests/support/Waits.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -1,4 +1,5 @@
 #include "sensors/VqSystemMonitorLib.h"
+#include "tests/support/Waits.h"
 #include "tests/unit/system_monitor_lib/files.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 

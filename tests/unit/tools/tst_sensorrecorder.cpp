@@ -1,4 +1,5 @@
 #include "system_monitor_lib/recorded/RecordedSource.h"
+#include "tests/support/Waits.h"
 #include "tools/sensor_recorder/SensorRecorder.h"
 
 #include <QSignalSpy>

@@ -1,6 +1,7 @@
 #include "deck_simulator/gui/DeckGrid.h"
 #include "deck_simulator/gui/DeckMime.h"
 #include "tests/support/KeyUuids.h"
+#include "tests/support/Waits.h"
 
 #include <QApplication>
 #include <QCursor>

@@ -13,6 +13,7 @@
 #include "deck_simulator/gui/SettingsPanel.h"
 #include "deck_simulator/gui/WindowStyle.h"
 #include "tests/support/KeyUuids.h"
+#include "tests/support/Waits.h"
 
 #include <QAbstractButton>
 #include <QApplication>

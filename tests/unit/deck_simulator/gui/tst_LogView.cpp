@@ -1,4 +1,5 @@
 #include "deck_simulator/gui/LogView.h"
+#include "tests/support/Waits.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>

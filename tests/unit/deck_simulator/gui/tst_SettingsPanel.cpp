@@ -4,6 +4,7 @@
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
 #include "tests/support/KeyUuids.h"
+#include "tests/support/Waits.h"
 
 #include <QApplication>
 #include <QCheckBox>

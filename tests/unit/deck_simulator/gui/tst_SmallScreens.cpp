@@ -8,6 +8,7 @@
 #include "deck_simulator/gui/SettingsForm.h"
 #include "deck_simulator/gui/SettingsPanel.h"
 #include "deck_simulator/gui/WindowStyle.h"
+#include "tests/support/Waits.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>

@@ -1,6 +1,7 @@
 #include "deck_simulator/deck/DeckProfile.h"
 #include "deck_simulator/host/DeckRunner.h"
 #include "tests/support/KeyUuids.h"
+#include "tests/support/Waits.h"
 
 #include <QDir>
 #include <QFile>

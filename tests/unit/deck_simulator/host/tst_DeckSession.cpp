@@ -1,4 +1,5 @@
 #include "deck_simulator/host/DeckSession.h"
+#include "tests/support/Waits.h"
 
 #include <QDir>
 #include <QRegularExpression>

@@ -1,4 +1,5 @@
 #include "deck_simulator/host/HardwareService.h"
+#include "tests/support/Waits.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -1,4 +1,5 @@
 #include "deck_simulator/panel/InspectorClient.h"
+#include "tests/support/Waits.h"
 
 #include <QHostAddress>
 #include <QSignalSpy>

@@ -1,4 +1,5 @@
 #include "deck_simulator/process/PluginLog.h"
+#include "tests/support/Waits.h"
 
 #include <QFile>
 #include <QSignalSpy>

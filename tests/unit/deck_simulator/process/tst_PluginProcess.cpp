@@ -1,4 +1,5 @@
 #include "deck_simulator/process/PluginProcess.h"
+#include "tests/support/Waits.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>

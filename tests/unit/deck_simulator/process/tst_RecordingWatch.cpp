@@ -1,4 +1,5 @@
 #include "deck_simulator/process/RecordingWatch.h"
+#include "tests/support/Waits.h"
 
 #include <QFile>
 #include <QSignalSpy>

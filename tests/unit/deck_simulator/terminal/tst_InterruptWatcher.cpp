@@ -1,4 +1,5 @@
 #include "deck_simulator/terminal/InterruptWatcher.h"
+#include "tests/support/Waits.h"
 
 #include <QSignalSpy>
 #include <QtTest>

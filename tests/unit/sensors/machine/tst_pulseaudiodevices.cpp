@@ -67,7 +67,7 @@ void tst_PulseAudioDevices::init()
     QVERIFY2(m_server->start(), qPrintable(m_server->reason()));
     QVERIFY(control("set-default-sink speakers"));
     m_devices = std::make_unique<PulseAudioDevices>();
-    QTRY_COMPARE_WITH_TIMEOUT(m_devices->deviceNames(), bothDevices, patience);
+    QTRY_COMPARE(m_devices->deviceNames(), bothDevices);
 }
 
 void tst_PulseAudioDevices::cleanup()
@@ -98,35 +98,34 @@ void tst_PulseAudioDevices::tellsTheVolume()
     QFETCH(float, percent);
     // From another value, so that there is a change even if the volume ends as it began.
     QVERIFY(control("set-sink-volume phones 77%"));
-    QTRY_PATIENTLY(isVolume(1, 77.0F));
+    QTRY_VERIFY(isVolume(1, 77.0F));
     QVERIFY(
         m_server->control({QStringLiteral("set-sink-volume"), QStringLiteral("phones"), setting}));
-    QTRY_PATIENTLY(isVolume(1, percent));
+    QTRY_VERIFY(isVolume(1, percent));
     QCOMPARE(m_devices->volume(0), 100.0F);
 }
 
 void tst_PulseAudioDevices::tellsTheLoudestChannel()
 {
     QVERIFY(control("set-sink-volume speakers 20% 40%"));
-    QTRY_PATIENTLY(isVolume(0, 40.0F));
+    QTRY_VERIFY(isVolume(0, 40.0F));
     QVERIFY(control("set-sink-mute speakers 1"));
     QVERIFY(control("set-sink-volume speakers 20% 60%"));
-    QTRY_PATIENTLY(isVolume(0, 60.0F));
+    QTRY_VERIFY(isVolume(0, 60.0F));
 }
 
 void tst_PulseAudioDevices::followsTheDefaultDevice()
 {
     QVERIFY(control("set-default-sink phones"));
-    QTRY_COMPARE_WITH_TIMEOUT(m_devices->deviceNames(),
-                              (QStringList{bothDevices.at(1), bothDevices.at(0)}), patience);
+    QTRY_COMPARE(m_devices->deviceNames(), (QStringList{bothDevices.at(1), bothDevices.at(0)}));
 }
 
 void tst_PulseAudioDevices::followsDevicesThatComeAndGo()
 {
     QVERIFY(control("load-module module-null-sink sink_name=third"));
-    QTRY_COMPARE_WITH_TIMEOUT(m_devices->deviceNames().size(), 3, patience);
+    QTRY_COMPARE(m_devices->deviceNames().size(), 3);
     QVERIFY(control("unload-module module-null-sink"));
-    QTRY_VERIFY_WITH_TIMEOUT(!m_devices->deviceNames().contains(bothDevices.at(0)), patience);
+    QTRY_VERIFY(!m_devices->deviceNames().contains(bothDevices.at(0)));
 }
 
 void tst_PulseAudioDevices::failsPastTheLastDevice_data()
@@ -148,7 +147,7 @@ void tst_PulseAudioDevices::failsPastTheLastDevice()
 void tst_PulseAudioDevices::failsWithoutAServer()
 {
     m_server->kill();
-    QTRY_PATIENTLY(m_devices->deviceNames().isEmpty());
+    QTRY_VERIFY(m_devices->deviceNames().isEmpty());
     const MessageCapture capture;
     QCOMPARE(m_devices->volume(0), -1.0F);
     QCOMPARE(MessageCapture::messages(), QStringList{noServer});
@@ -160,20 +159,20 @@ void tst_PulseAudioDevices::findsAServerThatStartsLater()
     PulseAudioDevices early;
     QVERIFY(early.deviceNames().isEmpty());
     QVERIFY(m_server->start());
-    QTRY_COMPARE_WITH_TIMEOUT(early.deviceNames().size(), 2, patience);
+    QTRY_COMPARE(early.deviceNames().size(), 2);
 }
 
 void tst_PulseAudioDevices::comesBackAfterTheServer()
 {
     for (int restart = 0; restart < 2; ++restart) {
         m_server->kill();
-        QTRY_PATIENTLY(m_devices->deviceNames().isEmpty());
+        QTRY_VERIFY(m_devices->deviceNames().isEmpty());
         QVERIFY(m_server->start());
-        QTRY_COMPARE_WITH_TIMEOUT(m_devices->deviceNames().size(), 2, patience);
+        QTRY_COMPARE(m_devices->deviceNames().size(), 2);
     }
     QVERIFY(control("set-sink-volume speakers 25%"));
     const int speakers = static_cast<int>(m_devices->deviceNames().indexOf(bothDevices.at(0)));
-    QTRY_PATIENTLY(isVolume(speakers, 25.0F));
+    QTRY_VERIFY(isVolume(speakers, 25.0F));
 }
 
 void tst_PulseAudioDevices::doesNotWaitForAServerThatHangs()
@@ -192,7 +191,7 @@ void tst_PulseAudioDevices::doesNotWaitForAServerThatHangs()
     QCOMPARE(m_devices->volume(0), 100.0F);
     m_server->thaw();
     QVERIFY(control("set-sink-volume speakers 30%"));
-    QTRY_PATIENTLY(isVolume(0, 30.0F));
+    QTRY_VERIFY(isVolume(0, 30.0F));
 }
 
 QTEST_GUILESS_MAIN(tst_PulseAudioDevices)

@@ -3,6 +3,7 @@
 #include "tests/support/PeakMemory.h"
 #include "tests/support/RawWebSocketService.h"
 #include "tests/support/Sanitizers.h"
+#include "tests/support/Waits.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>

@@ -4,6 +4,7 @@
 #include "tests/support/PeakMemory.h"
 #include "tests/support/RawWebSocketService.h"
 #include "tests/support/Sanitizers.h"
+#include "tests/support/Waits.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -12,6 +12,7 @@
 #include "system_monitor_lib/live/processor/CpuModel.h"
 #include "system_monitor_lib/live/processor/CpuTimesReader.h"
 #include "system_monitor_lib/live/system/SystemStateReader.h"
+#include "tests/support/Waits.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QDir>

@@ -1,4 +1,5 @@
 #include "system_monitor_lib/live/files/PolledFile.h"
+#include "tests/support/Waits.h"
 #include "tests/unit/system_monitor_lib/files.h"
 
 #include <QProcess>

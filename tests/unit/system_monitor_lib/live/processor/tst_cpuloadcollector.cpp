@@ -1,4 +1,5 @@
 #include "system_monitor_lib/live/processor/CpuLoadCollector.h"
+#include "tests/support/Waits.h"
 #include "tests/unit/system_monitor_lib/labels.h"
 
 #include <QtTest>
