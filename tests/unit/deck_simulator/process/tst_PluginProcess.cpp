@@ -1,4 +1,5 @@
 #include "deck_simulator/process/PluginProcess.h"
+#include "deck_simulator/terminal/InterruptWatcher.h"
 #include "tests/support/Waits.h"
 
 #include <QSignalSpy>
@@ -22,6 +23,7 @@ private Q_SLOTS:
     void runsOutsideTheTerminalsSession();
     void waitsForAnOrderlyEnd();
     void terminatesAProcessThatStays();
+    void terminatesOnlyThatProcess();
     void killsAProcessThatIgnoresTermination();
     void killsAtDestruction();
 };
@@ -146,6 +148,24 @@ void tst_PluginProcess::terminatesAProcessThatStays()
     QTRY_COMPARE(ended.count(), 1);
     QVERIFY(process.wasForced());
     QVERIFY(!process.endedWell());
+}
+
+/// A process that has not begun to run its program yet would report an interrupt as the
+/// simulator's.
+void tst_PluginProcess::terminatesOnlyThatProcess()
+{
+    const QTemporaryDir folder;
+    const InterruptWatcher watcher;
+    QSignalSpy interrupted(&watcher, &InterruptWatcher::interrupted);
+    for (int attempt = 0; attempt < 20; ++attempt) {
+        PluginProcess process;
+        QSignalSpy ended(&process, &PluginProcess::ended);
+        process.start(shell(folder, "exec sleep 1000"));
+        process.stop(0ms, 10min);
+        QTRY_COMPARE(ended.count(), 1);
+        QCOMPARE(process.exitText(), QStringLiteral("signal 15 (Terminated)"));
+    }
+    QCOMPARE(interrupted.count(), 0);
 }
 
 void tst_PluginProcess::killsAProcessThatIgnoresTermination()
