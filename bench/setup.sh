@@ -1,8 +1,8 @@
 # Sourced by the scripts of this folder: builds the benchmarks and installs what they need.
 . tools/setup.sh
 
-bench_programs=(bare_plugin bench_gauges bench_parts bench_pass bench_recording bench_refresh
-    plugin_meter QtSystemMonitor)
+bench_programs=(bare_plugin bare_plugin_with_libraries bench_gauges bench_parts bench_pass
+    bench_recording bench_refresh plugin_meter QtSystemMonitor)
 
 prepare_benchmarks() {
     install_packages "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}" libbenchmark-dev
